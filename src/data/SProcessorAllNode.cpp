@@ -1,0 +1,5 @@
+#include "data/SProcessorAllNode.h"
+
+#include "data/EnNodeType.h"
+
+SProcessorAllNode::SProcessorAllNode() : SNode(QStringLiteral("All processors"), NodeAll) { }

@@ -1,0 +1,20 @@
+#pragma once
+
+class CObserver;
+
+/// The running state of the processors. The panel only listens to it. All
+/// operations may be called on any thread.
+///
+/// The order of the virtual operations is part of the contract.
+class IPrcRuntimeControl
+{
+public:
+    /// As IPrcBasicControl::Attach.
+    virtual void Attach(CObserver* pObserver) = 0;
+
+    /// As IPrcBasicControl::Detach.
+    virtual void Detach(CObserver* pObserver) = 0;
+
+protected:
+    ~IPrcRuntimeControl() = default;
+};

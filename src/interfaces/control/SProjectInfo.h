@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QUuid>
+
+#include <string>
+
+/// The open project. The caller builds the record with its defaults, the control library overwrites
+/// what it knows.
+///
+/// The caller sets the time fields to its local time at the moment of the call.
+struct SProjectInfo
+{
+    QUuid idProject;
+    std::string strName; ///< UTF-8; empty when no project is open
+    quint64 nReserved1 = 0;
+    qint32 nYear = 0;  ///< full year, 2026
+    qint32 nMonth = 0; ///< 1 to 12
+    qint32 nDay = 0;   ///< 1 to 31
+    qint32 nHour = 0;
+    qint32 nMinute = 0;
+    qint32 nSecond = 0;
+    quint64 nReserved2 = 0;
+    quint64 nReserved3 = 0;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QtGlobal>
+
+/// What to add to the Simulator pane.
+struct SSimulatorRequest
+{
+    /// Processor type, in the numbering of IPrcBasicControl::GetTypeName.
+    qint32 nType = 0xFF00;
+
+    /// How many simulators to add, 1 or 2.
+    qint32 nCount = 0;
+
+    /// Kind of output: 1 "1G port", 2 "5G port", 3 "10G fiber".
+    qint32 nOutput = 3;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+class QWidget;
+
+/// What a host offers to the panels that it loads. The panel uses it once, while it is created, and
+/// keeps no pointer to it.
+class IUIManagement
+{
+public:
+    /// The widget that is to be the parent of the panel; must not be null. The panel copies its style
+    /// sheet. GUI thread; the host keeps owning the widget.
+    virtual QWidget* GetParentWidget() = 0;
+
+protected:
+    ~IUIManagement() = default;
+};

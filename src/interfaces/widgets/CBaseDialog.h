@@ -1,0 +1,59 @@
+#pragma once
+
+#include "interfaces/widgets/CommonComponentGlobal.h"
+
+#include <QDialog>
+#include <QMap>
+#include <QScopedPointer>
+
+class QBoxLayout;
+class QPushButton;
+
+/// A modal dialog with the host's title bar (which drags the window and closes it by its cross), a
+/// layout for the contents and a row of buttons. Escape and the cross reject it.
+class COMMONCOMPONENT_EXPORT CBaseDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Which buttons the dialog has, and their keys in mapButton.
+    enum EnButton
+    {
+        ButtonsNone = 0,     ///< no row of buttons
+        ButtonsOkCancel = 1, ///< KeyAccept, which is the default button, and KeyReject
+        ButtonsOk = 2,       ///< KeyAccept only
+    };
+    Q_ENUM(EnButton)
+
+    enum EnButtonKey
+    {
+        KeyAccept = 1,
+        KeyReject = 2,
+    };
+    Q_ENUM(EnButtonKey)
+
+    /// bStayOnTop keeps the dialog above all windows, not only above its parent.
+    CBaseDialog(QWidget* parent, const QString& strTitle, bool bStayOnTop, EnButton buttons);
+    ~CBaseDialog() override;
+
+    /// False fixes the size to that of the contents.
+    void SetCanResize(bool bCanResize);
+
+    /// Dims the parent's window while the dialog is open.
+    void SetTransparentMask();
+
+    /// Fades the dialog in when it is shown.
+    void SetTransitionAnimate();
+
+protected:
+    /// The layout that takes the contents, vertical, between the title bar and the buttons. Owned by
+    /// the dialog.
+    QBoxLayout* GetContentLayout() const;
+
+    /// The buttons by EnButtonKey. Owned by the dialog.
+    QMap<int, QPushButton*> mapButton;
+
+private:
+    class CPrivate;
+    QScopedPointer<CPrivate> d;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "interfaces/widgets/CBaseDialog.h"
+
+#include <QIcon>
+
+/// A dialog that offers a few ways to go on, one large button a way. exec() gives the 1-based number of
+/// the option that was chosen, in the order of AddOption, and 0 for none.
+class COMMONCOMPONENT_EXPORT CCommonOptionDlg : public CBaseDialog
+{
+    Q_OBJECT
+
+public:
+    CCommonOptionDlg(QWidget* parent, const QString& strTitle);
+    ~CCommonOptionDlg() override;
+
+    /// Adds an option. False, and nothing is added, for an empty text.
+    bool AddOption(const QIcon& icon, const QString& strText);
+
+private:
+    class CPrivate;
+    QScopedPointer<CPrivate> d;
+};

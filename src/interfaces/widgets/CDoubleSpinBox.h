@@ -1,0 +1,15 @@
+#pragma once
+
+#include "interfaces/widgets/CommonComponentGlobal.h"
+
+#include <QDoubleSpinBox>
+
+/// A spin box in the look of the host.
+class COMMONCOMPONENT_EXPORT CDoubleSpinBox : public QDoubleSpinBox
+{
+    Q_OBJECT
+
+public:
+    explicit CDoubleSpinBox(QWidget* parent);
+    ~CDoubleSpinBox() override;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "interfaces/widgets/CommonComponentGlobal.h"
+
+#include <QList>
+#include <QScopedPointer>
+#include <QWidget>
+
+/// A field for an IPv4 address: four numbers of 0 to 255 with dots between them. Addresses are in host
+/// order, the form of QHostAddress(quint32).
+class COMMONCOMPONENT_EXPORT CIPEdit : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CIPEdit(QWidget* parent);
+    ~CIPEdit() override;
+
+    void SetAddress(quint32 nIP);
+
+    /// Gives the address in nIP; a place that is empty counts as 0. False when a place is empty.
+    bool GetAddress(quint32& nIP) const;
+
+    /// The addresses that may not be taken.
+    void SetLimitIP(const QList<quint32>& listIP);
+
+signals:
+    /// The address has come into (true) or has left (false) the state in which it cannot be taken,
+    /// being forbidden or incomplete. Emitted when that state changes.
+    void ExistError(bool bExist);
+
+private:
+    class CPrivate;
+    QScopedPointer<CPrivate> d;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+/// Listens to the control library. The library calls Notify on a thread of its own.
+class CObserver
+{
+public:
+    /// One number an event, without further data. Any thread; must return quickly and must not call
+    /// back into the library.
+    virtual void Notify(int nMessage) = 0;
+
+protected:
+    ~CObserver() = default;
+};
