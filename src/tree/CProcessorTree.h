@@ -1,0 +1,133 @@
+#pragma once
+
+#include <QDrag>
+#include <QMap>
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <QTreeView>
+#include <QUuid>
+
+class CProcessorTreeDelegate;
+class CProcessorTreeModel;
+class CScrollBar;
+struct SProcessorGroupNode;
+
+/// The tree of one pane: shows the nodes of the store and turns the user's gestures into commands of
+/// the control library. No gesture changes a row; rows change when the store has changed and
+/// RefreshTree() is called. GUI thread only.
+///
+/// Everything here works on the store's current pane, so the owner calls the operations below on the
+/// tree of that pane only.
+class CProcessorTree : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    /// bDiscoveredPane: true Discovered, false Simulator.
+    CProcessorTree(QWidget* parent, bool bDiscoveredPane);
+    ~CProcessorTree() override;
+
+    /// Builds all rows anew from the store, expanded and selected as the store says. Nothing of it is
+    /// reported to the library, but for a pane without a recorded selection, which gets its root. Filter
+    /// and current row are gone afterwards.
+    void RefreshTree();
+
+    /// Selects the rows that the store names. Outside of RefreshTree() each row that it selects is
+    /// reported, with the rows selected before it.
+    void RestoreSelection();
+
+    /// Brings a single selected processor from the store to the rows, without a report.
+    void UpdateCurrentNode();
+
+    /// Hides the rows that do not match; an empty text shows all.
+    void SetSearchText(const QString& strText);
+
+    /// Command of the host's menu bar. Only 18, select all, with a true value and while the tree has the
+    /// focus.
+    void DealMenuBar(int nId, QVariant value);
+
+    /// Deletes what the store names as selected, on a thread of its own that nobody waits for. bAsk
+    /// false asks nothing and takes groups with their processors. Does nothing while deletion is blocked.
+    void DeleteNode(bool bAsk);
+
+protected slots:
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void verticalScrollbarValueChanged(int nValue) override;
+    void closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint) override;
+
+protected:
+    bool event(QEvent* pEvent) override;
+    void mousePressEvent(QMouseEvent* pEvent) override;
+    void mouseReleaseEvent(QMouseEvent* pEvent) override;
+    void mouseMoveEvent(QMouseEvent* pEvent) override;
+    void wheelEvent(QWheelEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* pEvent) override;
+    void leaveEvent(QEvent* pEvent) override;
+    void resizeEvent(QResizeEvent* pEvent) override;
+    void contextMenuEvent(QContextMenuEvent* pEvent) override;
+    void dragEnterEvent(QDragEnterEvent* pEvent) override;
+    void dragMoveEvent(QDragMoveEvent* pEvent) override;
+    void dropEvent(QDropEvent* pEvent) override;
+    void showEvent(QShowEvent* pEvent) override;
+    void changeEvent(QEvent* pEvent) override;
+    void drawRow(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+    /// Runs a command of the menu; nAction is an EnTreeAction, any other number does nothing.
+    void DealAction(int nAction);
+
+    /// The node to select when the selected rows are about to go: the one just above the first of them,
+    /// null for the root.
+    QUuid GetNodeAboveSelection();
+
+private:
+    void InitWidget();
+    void InitView();
+    void InitScrollBars();
+    void SetConnection();
+    QString GetActionText(int nAction);
+    void UpdateText();
+    void UpdateScrollBars();
+
+    void DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
+    void SelectRowQuietly(const QModelIndex& index);
+
+    void DealArrowKey(QKeyEvent* pEvent);
+    void DealDeleteKey(QKeyEvent* pEvent);
+
+    void Rename();
+    void Group();
+    void Ungroup();
+    void RemoveFromGroup();
+    void MoveToGroup(const SProcessorGroupNode& group);
+    void MoveSelectedProcessors(const QUuid& idGroup);
+
+    bool IsPressOnSelection(const QPoint& pos) const;
+    void StartDrag(const QPoint& pos);
+    void ScrollWhileDragging();
+
+    QPoint GetMousePosition() const;
+    void UpdateHover(QMouseEvent* pEvent);
+    void UpdateToolTip(bool bDelay);
+    bool IsHot(const QModelIndex& index) const;
+    void DrawNodeShape(QPainter* pPainter, QRectF rcRow, const QModelIndex& index, int nType) const;
+    void DrawInfoShape(QPainter* pPainter, const QRectF& rcRow, const QModelIndex& index) const;
+
+    CProcessorTreeModel* pModel = nullptr;
+    CProcessorTreeDelegate* pDelegate = nullptr;
+    CScrollBar* pHorizontalBar = nullptr; ///< laid over the view, which keeps its own bars hidden
+    CScrollBar* pVerticalBar = nullptr;
+    mutable QPersistentModelIndex indexHover; ///< row under the mouse; painting the row sets it again
+    QMap<int, QAction*> mapAction;            ///< by EnTreeAction
+    bool bDiscovered = false;
+    bool bHover = false; ///< indexHover is to be shown
+    QPoint ptPress;      ///< of the press that may start a drag
+    bool bDragArmed = false;
+    bool bDragging = false;
+    QPointer<QDrag> pDrag;
+    bool bRebuilding = false;        ///< RefreshTree() runs: selection changes are nobody's doing
+    bool bSuppressSelection = false; ///< a rename or a grouping runs: selection changes are not reported
+    QTimer* pScrollTimer = nullptr;
+    bool bScrollUp = false;
+    bool bScrollDown = false;
+    QObject* pRenameEditor = nullptr; ///< open editor of Rename; compared, never called
+};
