@@ -1,0 +1,32 @@
+#pragma once
+
+#include "interfaces/widgets/CBaseThread.h"
+
+/// Keeps the store fresh. The control library's messages are filed on whatever thread brings them; the
+/// loop, on a thread of its own, runs one refresh of the store for each.
+///
+/// Attached to seven control objects from its construction to its destruction. Created on the GUI
+/// thread without a parent, then moved to its thread, on which it is destroyed.
+class CProcessorTreeThread : public CBaseThread
+{
+    Q_OBJECT
+
+public:
+    explicit CProcessorTreeThread(QObject* parent = nullptr);
+    ~CProcessorTreeThread() override;
+
+    /// Files the number of an interesting message and wakes the loop. Any thread. Takes no lock for a
+    /// message that is dropped.
+    void Notify(int nMessage) override;
+
+public slots:
+    /// The loop. Paces itself: at least 10 ms between two messages that were waiting together.
+    void ThreadStart() override;
+
+signals:
+    /// Message 59 has come. Emitted on the worker's thread; the panel itself does not listen.
+    void UpdateToolBar();
+
+private:
+    void Deal(int nMessage);
+};

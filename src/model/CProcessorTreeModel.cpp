@@ -1,0 +1,144 @@
+#include "model/CProcessorTreeModel.h"
+
+#include "data/CProcessorTreeData.h"
+#include "data/EnNodeType.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "model/CProcessorItem.h"
+#include "model/EnItemRole.h"
+#include "tree/CProcessorTree.h"
+
+namespace
+{
+bool Matches(SProcessorNode node, const QString& strText)
+{
+    return node.MatchText(strText);
+}
+} // namespace
+
+CProcessorTreeModel::CProcessorTreeModel(CProcessorTree* parent)
+    : QStandardItemModel(parent), pRootItem(new CProcessorItem(NodeAll)), pTree(parent)
+{
+    pRootItem->SetNodeId(QUuid());
+    insertRow(0, pRootItem);
+}
+
+CProcessorTreeModel::~CProcessorTreeModel() = default;
+
+QModelIndex CProcessorTreeModel::GetRootIndex() const
+{
+    return indexFromItem(pRootItem);
+}
+
+QModelIndex CProcessorTreeModel::GetIndexById(const QUuid& id) const
+{
+    const auto it = mapIndex.constFind(id);
+    return it == mapIndex.constEnd() ? GetRootIndex() : it.value();
+}
+
+void CProcessorTreeModel::DealExpanded(const QModelIndex& index)
+{
+    SetExpanded(index, true);
+}
+
+void CProcessorTreeModel::DealCollapsed(const QModelIndex& index)
+{
+    SetExpanded(index, false);
+}
+
+void CProcessorTreeModel::SetExpanded(const QModelIndex& index, bool bExpanded)
+{
+    if (!index.isValid()) {
+        return;
+    }
+    const QUuid id = index.data(RoleNodeId).toUuid();
+    g_pProcessorTreeData->SetExpanded(id, bExpanded);
+    g_pPrcListControl->SetExpanded(id, bExpanded);
+}
+
+void CProcessorTreeModel::RebuildFromStore()
+{
+    SProcessorAllNode node;
+    g_pProcessorTreeData->GetCurrentTree(node);
+    pRootItem->UpdateChildren();
+    pTree->setExpanded(GetRootIndex(), true);
+    FillMap(node);
+    RestoreExpansion(node);
+}
+
+void CProcessorTreeModel::FillMap(const SProcessorAllNode& node)
+{
+    mapIndex.clear();
+    const QModelIndex indexRoot = GetRootIndex();
+    mapIndex.insert(QUuid(), indexRoot);
+    int nRow = 0;
+    for (const SProcessorGroupNode& group : node.listGroup) {
+        const QModelIndex indexGroup = index(nRow++, 0, indexRoot);
+        mapIndex.insert(group.idNode, indexGroup);
+        FillMap(group.listProcessor, indexGroup, 0);
+    }
+    FillMap(node.listProcessor, indexRoot, nRow);
+}
+
+void CProcessorTreeModel::FillMap(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent, int nFirstRow)
+{
+    int nRow = nFirstRow;
+    for (const SProcessorNode& processor : listProcessor) {
+        mapIndex.insert(processor.idNode, index(nRow++, 0, indexParent));
+    }
+}
+
+void CProcessorTreeModel::RestoreExpansion(const SProcessorAllNode& node)
+{
+    const QModelIndex indexRoot = GetRootIndex();
+    int nRow = 0;
+    for (const SProcessorGroupNode& group : node.listGroup) {
+        const QModelIndex indexGroup = index(nRow++, 0, indexRoot);
+        pTree->setExpanded(indexGroup, group.bExpanded);
+        RestoreExpansion(group.listProcessor, indexGroup, 0);
+    }
+    RestoreExpansion(node.listProcessor, indexRoot, nRow);
+}
+
+void CProcessorTreeModel::RestoreExpansion(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent,
+                                           int nFirstRow)
+{
+    int nRow = nFirstRow;
+    for (const SProcessorNode& processor : listProcessor) {
+        pTree->setExpanded(index(nRow++, 0, indexParent), processor.bExpanded);
+    }
+}
+
+void CProcessorTreeModel::SetSearchText(const QString& strText)
+{
+    SProcessorAllNode node;
+    g_pProcessorTreeData->GetCurrentTree(node);
+    for (const SProcessorGroupNode& group : std::as_const(node.listGroup)) {
+        FilterGroup(group, strText);
+    }
+    for (const SProcessorNode& processor : std::as_const(node.listProcessor)) {
+        HideRow(processor.idNode, !Matches(processor, strText));
+    }
+}
+
+void CProcessorTreeModel::FilterGroup(const SProcessorGroupNode& group, const QString& strText)
+{
+    const bool bNameMatches = group.strName.contains(strText, Qt::CaseInsensitive);
+    bool bShown = bNameMatches;
+    for (const SProcessorNode& member : group.listProcessor) {
+        const bool bMatches = Matches(member, strText);
+        bShown = bShown || bMatches;
+        HideRow(member.idNode, !bMatches && !bNameMatches);
+    }
+    HideRow(group.idNode, !bShown);
+}
+
+void CProcessorTreeModel::HideRow(const QUuid& id, bool bHide)
+{
+    // The store may already know a node whose row is still to come. It must not fall back to the root,
+    // which is never hidden.
+    const QModelIndex indexRow = mapIndex.value(id);
+    if (indexRow.isValid()) {
+        pTree->setRowHidden(indexRow.row(), indexRow.parent(), bHide);
+    }
+}
