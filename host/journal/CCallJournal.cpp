@@ -1,0 +1,61 @@
+#include "journal/CCallJournal.h"
+
+#include <QDateTime>
+#include <QMutexLocker>
+
+#include <algorithm>
+#include <atomic>
+
+namespace
+{
+/// A small number for the calling thread, the same for its whole life.
+int NumberOfThisThread()
+{
+    static std::atomic<int> nNext{ 1 };
+    thread_local const int nNumber = nNext++;
+    return nNumber;
+}
+} // namespace
+
+CCallJournal::CCallJournal(int nCapacity, QObject* parent)
+    : QObject(parent), nFirstThread(NumberOfThisThread()), vecRecord(static_cast<size_t>(std::max(1, nCapacity)))
+{ }
+
+void CCallJournal::Write(EnCallKind kind, const char* pObject, const QString& strText)
+{
+    const qint64 nTime = QDateTime::currentMSecsSinceEpoch();
+    const int nThread = GetThreadNumber();
+    bool bAnnounce = false;
+    {
+        const QMutexLocker locker(&mutex);
+        ++nLast;
+        vecRecord[nLast % vecRecord.size()] = { nLast, nTime, nThread, kind, pObject, strText };
+        bAnnounce = !bAnnounced;
+        bAnnounced = true;
+    }
+    if (bAnnounce)
+        emit RecordsWaiting();
+}
+
+std::vector<SCallRecord> CCallJournal::ReadAfter(quint64 nAfter)
+{
+    const QMutexLocker locker(&mutex);
+    bAnnounced = false;
+    const quint64 nKept = std::min<quint64>(nLast, vecRecord.size());
+    std::vector<SCallRecord> vecResult;
+    for (quint64 n = std::max(nAfter, nLast - nKept) + 1; n <= nLast; ++n)
+        vecResult.push_back(vecRecord[n % vecRecord.size()]);
+    return vecResult;
+}
+
+quint64 CCallJournal::GetLastNumber() const
+{
+    const QMutexLocker locker(&mutex);
+    return nLast;
+}
+
+int CCallJournal::GetThreadNumber() const
+{
+    const int nThread = NumberOfThisThread();
+    return nThread == nFirstThread ? 0 : nThread;
+}

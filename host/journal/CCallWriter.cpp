@@ -1,0 +1,61 @@
+#include "journal/CCallWriter.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace
+{
+constexpr size_t g_nIdsShown = 3;
+constexpr int g_nDigitsShown = 8;
+constexpr int g_nTextShown = 80;
+} // namespace
+
+CCallWriter::CCallWriter(CCallJournal& callJournal, const char* pObjectName) : journal(callJournal), pObject(pObjectName) { }
+
+void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
+{
+    const QString strText = QStringLiteral("%1 came back after %2 ms").arg(QLatin1String(pOperation)).arg(nMilliseconds);
+    journal.Write(CallCommand, pObject, strText);
+}
+
+void CCallWriter::Message(int nMessage) const
+{
+    journal.Write(CallMessage, pObject, QStringLiteral("message %1").arg(nMessage));
+}
+
+QString CCallWriter::GetText(bool bValue)
+{
+    return bValue ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+QString CCallWriter::GetText(int nValue)
+{
+    return QString::number(nValue);
+}
+
+QString CCallWriter::GetText(const QString& strValue)
+{
+    const bool bLong = strValue.size() > g_nTextShown;
+    return QLatin1Char('"') + (bLong ? strValue.left(g_nTextShown) + QChar(0x2026) : strValue) + QLatin1Char('"');
+}
+
+QString CCallWriter::GetText(const QUuid& idValue)
+{
+    return idValue.isNull() ? QStringLiteral("null") : idValue.toString(QUuid::WithoutBraces).left(g_nDigitsShown);
+}
+
+QString CCallWriter::GetText(const std::vector<QUuid>& vecValue)
+{
+    QStringList listText;
+    for (size_t n = 0; n < std::min(vecValue.size(), g_nIdsShown); ++n)
+        listText.append(GetText(vecValue[n]));
+    if (vecValue.size() > g_nIdsShown)
+        listText.append(QStringLiteral("%1 more").arg(vecValue.size() - g_nIdsShown));
+    return QLatin1Char('[') + listText.join(QLatin1String(", ")) + QLatin1Char(']');
+}
+
+QString CCallWriter::GetCall(const char* pOperation, const QStringList& listArgument)
+{
+    return QLatin1String(pOperation) + QLatin1Char('(') + listArgument.join(QLatin1String(", ")) + QLatin1Char(')');
+}

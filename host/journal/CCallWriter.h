@@ -1,0 +1,49 @@
+#pragma once
+
+#include "journal/CCallJournal.h"
+
+#include <QUuid>
+
+#include <vector>
+
+/// Writes the calls of one control object into the journal: one short text an argument.
+class CCallWriter
+{
+public:
+    /// pObject is a literal: the name of the object in the journal.
+    CCallWriter(CCallJournal& callJournal, const char* pObjectName);
+
+    template <typename... Args> void Command(const char* pOperation, const Args&... args) const
+    {
+        journal.Write(CallCommand, pObject, GetCall(pOperation, { GetText(args)... }));
+    }
+
+    template <typename Result, typename... Args>
+    void Read(const char* pOperation, const Result& result, const Args&... args) const
+    {
+        journal.Write(CallRead, pObject, GetCall(pOperation, { GetText(args)... }) + QLatin1String(" = ") + GetText(result));
+    }
+
+    /// The result of a command that was written before it was carried out.
+    template <typename Result> void Returned(const char* pOperation, const Result& result) const
+    {
+        journal.Write(CallRead, pObject, QLatin1String(pOperation) + QLatin1String(" returned ") + GetText(result));
+    }
+
+    /// A command that took its time has come back.
+    void Finished(const char* pOperation, qint64 nMilliseconds) const;
+
+    void Message(int nMessage) const;
+
+    static QString GetText(bool bValue);
+    static QString GetText(int nValue);
+    static QString GetText(const QString& strValue);
+    static QString GetText(const QUuid& idValue);               ///< its first eight digits, or "null"
+    static QString GetText(const std::vector<QUuid>& vecValue); ///< the first three, and how many more
+
+private:
+    static QString GetCall(const char* pOperation, const QStringList& listArgument);
+
+    CCallJournal& journal;
+    const char* pObject;
+};

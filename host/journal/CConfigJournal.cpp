@@ -1,0 +1,17 @@
+#include "journal/CConfigJournal.h"
+
+CConfigJournal::CConfigJournal(IConfigControl& control, CCallJournal& journal) : inner(control), writer(journal, "ConfigControl")
+{ }
+
+void CConfigJournal::GetReservedIPs(QList<uint>& listIP)
+{
+    inner.GetReservedIPs(listIP);
+    writer.Read("GetReservedIPs", listIP.size());
+}
+
+QString CConfigJournal::GetListFilePath()
+{
+    const QString result = inner.GetListFilePath();
+    writer.Read("GetListFilePath", result);
+    return result;
+}

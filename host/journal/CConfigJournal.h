@@ -1,0 +1,19 @@
+#pragma once
+
+#include "interfaces/control/IConfigControl.h"
+#include "journal/CCallWriter.h"
+
+/// Writes down every call on the settings of the installation, then carries it out. Owns neither of the objects it is given.
+class CConfigJournal : public IConfigControl
+{
+public:
+    CConfigJournal(IConfigControl& control, CCallJournal& journal);
+    virtual ~CConfigJournal() = default;
+
+    void GetReservedIPs(QList<uint>& listIP) override;
+    QString GetListFilePath() override;
+
+private:
+    IConfigControl& inner;
+    const CCallWriter writer;
+};

@@ -1,0 +1,76 @@
+#include "journal/CPrcBasicJournal.h"
+
+#include "journal/CBusyMonitor.h"
+#include "journal/CSlowCall.h"
+
+#include <QHostAddress>
+
+CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor)
+    : inner(control), writer(journal, "PrcBasicControl"), monitor(busyMonitor)
+{ }
+
+void CPrcBasicJournal::Attach(CObserver* pObserver)
+{
+    writer.Command("Attach");
+    inner.Attach(pObserver);
+}
+
+void CPrcBasicJournal::Detach(CObserver* pObserver)
+{
+    writer.Command("Detach");
+    inner.Detach(pObserver);
+}
+
+void CPrcBasicJournal::RefreshProcessors()
+{
+    writer.Command("RefreshProcessors");
+    const CSlowCall call(monitor, writer, "RefreshProcessors");
+    inner.RefreshProcessors();
+}
+
+void CPrcBasicJournal::AddSimulators(SSimulatorRequest request)
+{
+    writer.Command("AddSimulators", request.nType, request.nCount, request.nOutput);
+    inner.AddSimulators(request);
+}
+
+void CPrcBasicJournal::AddProcessor(quint32 nIP)
+{
+    writer.Command("AddProcessor", QHostAddress(nIP).toString());
+    const CSlowCall call(monitor, writer, "AddProcessor");
+    inner.AddProcessor(nIP);
+}
+
+void CPrcBasicJournal::RenameProcessor(QUuid idProcessor, QString strName)
+{
+    writer.Command("RenameProcessor", idProcessor, strName);
+    inner.RenameProcessor(idProcessor, strName);
+}
+
+QString CPrcBasicJournal::GetTypeName(qint32 nType)
+{
+    const QString result = inner.GetTypeName(nType);
+    writer.Read("GetTypeName", result, nType);
+    return result;
+}
+
+SLocalAddress CPrcBasicJournal::GetLocalAddress()
+{
+    const SLocalAddress result = inner.GetLocalAddress();
+    writer.Read("GetLocalAddress", QHostAddress(result.nIP).toString());
+    return result;
+}
+
+bool CPrcBasicJournal::IsListLocked()
+{
+    const bool result = inner.IsListLocked();
+    writer.Read("IsListLocked", result);
+    return result;
+}
+
+bool CPrcBasicJournal::IsRefreshBlocked()
+{
+    const bool result = inner.IsRefreshBlocked();
+    writer.Read("IsRefreshBlocked", result);
+    return result;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "interfaces/control/IPrcBasicControl.h"
+#include "journal/CCallWriter.h"
+
+class CBusyMonitor;
+
+/// Writes down every call on the processors as devices, then carries it out. Owns neither of the objects it is given.
+class CPrcBasicJournal : public IPrcBasicControl
+{
+public:
+    CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor);
+    virtual ~CPrcBasicJournal() = default;
+
+    void Attach(CObserver* pObserver) override;
+    void Detach(CObserver* pObserver) override;
+    void RefreshProcessors() override;
+    void AddSimulators(SSimulatorRequest request) override;
+    void AddProcessor(quint32 nIP) override;
+    void RenameProcessor(QUuid idProcessor, QString strName) override;
+    QString GetTypeName(qint32 nType) override;
+    SLocalAddress GetLocalAddress() override;
+    bool IsListLocked() override;
+    bool IsRefreshBlocked() override;
+
+private:
+    IPrcBasicControl& inner;
+    const CCallWriter writer;
+    CBusyMonitor& monitor;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "interfaces/control/IPrcRuntimeControl.h"
+#include "journal/CCallWriter.h"
+
+/// Writes down every call on the running state of the processors, then carries it out. Owns neither of the objects it is given.
+class CPrcRuntimeJournal : public IPrcRuntimeControl
+{
+public:
+    CPrcRuntimeJournal(IPrcRuntimeControl& control, CCallJournal& journal);
+    virtual ~CPrcRuntimeJournal() = default;
+
+    void Attach(CObserver* pObserver) override;
+    void Detach(CObserver* pObserver) override;
+
+private:
+    IPrcRuntimeControl& inner;
+    const CCallWriter writer;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "interfaces/control/IProjectManageControl.h"
+#include "journal/CCallWriter.h"
+
+/// Writes down every call on the open project, then carries it out. Owns neither of the objects it is given.
+class CProjectManageJournal : public IProjectManageControl
+{
+public:
+    CProjectManageJournal(IProjectManageControl& control, CCallJournal& journal);
+    virtual ~CProjectManageJournal() = default;
+
+    void Attach(CObserver* pObserver) override;
+    void Detach(CObserver* pObserver) override;
+    void GetProjectInfo(SProjectInfo& info) override;
+
+private:
+    IProjectManageControl& inner;
+    const CCallWriter writer;
+};

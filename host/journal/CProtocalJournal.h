@@ -1,0 +1,19 @@
+#pragma once
+
+#include "interfaces/control/IProtocalControl.h"
+#include "journal/CCallWriter.h"
+
+/// Writes down every call on the protocol, then carries it out. Owns neither of the objects it is given.
+class CProtocalJournal : public IProtocalControl
+{
+public:
+    CProtocalJournal(IProtocalControl& control, CCallJournal& journal);
+    virtual ~CProtocalJournal() = default;
+
+    void Attach(CObserver* pObserver) override;
+    void Detach(CObserver* pObserver) override;
+
+private:
+    IProtocalControl& inner;
+    const CCallWriter writer;
+};
