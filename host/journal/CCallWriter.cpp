@@ -19,9 +19,10 @@ void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
     journal.Write(CallCommand, pObject, strText);
 }
 
-void CCallWriter::Message(int nMessage) const
+void CCallWriter::Message(int nMessage, const QString& strName) const
 {
-    journal.Write(CallMessage, pObject, QStringLiteral("message %1").arg(nMessage));
+    const QString strText = QStringLiteral("message %1 %2").arg(nMessage).arg(strName);
+    journal.Write(CallMessage, pObject, strText.trimmed());
 }
 
 QString CCallWriter::GetText(bool bValue)

@@ -33,7 +33,8 @@ public:
     /// A command that took its time has come back.
     void Finished(const char* pOperation, qint64 nMilliseconds) const;
 
-    void Message(int nMessage) const;
+    /// strName may be empty.
+    void Message(int nMessage, const QString& strName) const;
 
     static QString GetText(bool bValue);
     static QString GetText(int nValue);

@@ -2,16 +2,16 @@
 
 #include "interfaces/control/CorvidControl.h"
 
-CControlJournal::CControlJournal(CCallJournal& journal, CBusyMonitor& monitor)
+CControlJournal::CControlJournal(CCallJournal& journal, MessageNamer pNamer)
     : config(*g_pConfigControl), prcBasic(*g_pPrcBasicControl), prcList(*g_pPrcListControl), prcRuntime(*g_pPrcRuntimeControl),
       preference(*g_pPreferenceControl), projectManage(*g_pProjectManageControl), protocal(*g_pProtocalControl),
-      runtime(*g_pRuntimeControl), configJournal(config, journal), prcBasicJournal(prcBasic, journal, monitor),
-      prcListJournal(prcList, journal, monitor), prcRuntimeJournal(prcRuntime, journal), preferenceJournal(preference, journal),
-      projectManageJournal(projectManage, journal), protocalJournal(protocal, journal), runtimeJournal(runtime, journal, monitor),
-      prcBasicMessages(journal, "PrcBasicControl"), prcListMessages(journal, "PrcListControl"),
-      prcRuntimeMessages(journal, "PrcRuntimeControl"), preferenceMessages(journal, "PreferenceControl"),
-      projectManageMessages(journal, "ProjectManageControl"), protocalMessages(journal, "ProtocalControl"),
-      runtimeMessages(journal, "RuntimeControl")
+      runtime(*g_pRuntimeControl), configJournal(config, journal), prcBasicJournal(prcBasic, journal),
+      prcListJournal(prcList, journal), prcRuntimeJournal(prcRuntime, journal), preferenceJournal(preference, journal),
+      projectManageJournal(projectManage, journal), protocalJournal(protocal, journal), runtimeJournal(runtime, journal),
+      prcBasicMessages(journal, "PrcBasicControl", pNamer), prcListMessages(journal, "PrcListControl", pNamer),
+      prcRuntimeMessages(journal, "PrcRuntimeControl", pNamer), preferenceMessages(journal, "PreferenceControl", pNamer),
+      projectManageMessages(journal, "ProjectManageControl", pNamer), protocalMessages(journal, "ProtocalControl", pNamer),
+      runtimeMessages(journal, "RuntimeControl", pNamer)
 {
     Listen();
     Install();

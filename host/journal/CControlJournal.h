@@ -1,6 +1,5 @@
 #pragma once
 
-#include "journal/CBusyMonitor.h"
 #include "journal/CCallJournal.h"
 #include "journal/CConfigJournal.h"
 #include "journal/CMessageJournal.h"
@@ -20,7 +19,8 @@
 class CControlJournal
 {
 public:
-    CControlJournal(CCallJournal& journal, CBusyMonitor& monitor);
+    /// pNamer names the messages in the journal.
+    CControlJournal(CCallJournal& journal, MessageNamer pNamer);
     ~CControlJournal();
     Q_DISABLE_COPY(CControlJournal)
 

@@ -1,8 +1,10 @@
 #include "journal/CMessageJournal.h"
 
-CMessageJournal::CMessageJournal(CCallJournal& journal, const char* pObjectName) : writer(journal, pObjectName) { }
+CMessageJournal::CMessageJournal(CCallJournal& journal, const char* pObjectName, MessageNamer pNamer)
+    : writer(journal, pObjectName)
+{ }
 
 void CMessageJournal::Notify(int nMessage)
 {
-    writer.Message(nMessage);
+    writer.Message(nMessage, pGetName(nMessage));
 }

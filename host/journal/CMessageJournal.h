@@ -3,15 +3,19 @@
 #include "interfaces/widgets/CObserver.h"
 #include "journal/CCallWriter.h"
 
+/// Gives a message number a name, or an empty text. Called on any thread.
+using MessageNamer = QString (*)(int nMessage);
+
 /// An observer of one control object that writes its messages down.
 class CMessageJournal : public CObserver
 {
 public:
-    CMessageJournal(CCallJournal& journal, const char* pObjectName);
+    CMessageJournal(CCallJournal& journal, const char* pObjectName, MessageNamer pNamer);
     virtual ~CMessageJournal() = default;
 
     void Notify(int nMessage) override;
 
 private:
     const CCallWriter writer;
+    const MessageNamer pGetName;
 };

@@ -1,12 +1,11 @@
 #include "journal/CPrcBasicJournal.h"
 
-#include "journal/CBusyMonitor.h"
 #include "journal/CSlowCall.h"
 
 #include <QHostAddress>
 
-CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor)
-    : inner(control), writer(journal, "PrcBasicControl"), monitor(busyMonitor)
+CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal)
+    : inner(control), writer(journal, "PrcBasicControl")
 { }
 
 void CPrcBasicJournal::Attach(CObserver* pObserver)
@@ -24,7 +23,7 @@ void CPrcBasicJournal::Detach(CObserver* pObserver)
 void CPrcBasicJournal::RefreshProcessors()
 {
     writer.Command("RefreshProcessors");
-    const CSlowCall call(monitor, writer, "RefreshProcessors");
+    const CSlowCall call(writer, "RefreshProcessors");
     inner.RefreshProcessors();
 }
 
@@ -37,7 +36,7 @@ void CPrcBasicJournal::AddSimulators(SSimulatorRequest request)
 void CPrcBasicJournal::AddProcessor(quint32 nIP)
 {
     writer.Command("AddProcessor", QHostAddress(nIP).toString());
-    const CSlowCall call(monitor, writer, "AddProcessor");
+    const CSlowCall call(writer, "AddProcessor");
     inner.AddProcessor(nIP);
 }
 

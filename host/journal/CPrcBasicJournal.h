@@ -3,13 +3,11 @@
 #include "interfaces/control/IPrcBasicControl.h"
 #include "journal/CCallWriter.h"
 
-class CBusyMonitor;
-
 /// Writes down every call on the processors as devices, then carries it out. Owns neither of the objects it is given.
 class CPrcBasicJournal : public IPrcBasicControl
 {
 public:
-    CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor);
+    CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal);
     virtual ~CPrcBasicJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -26,5 +24,4 @@ public:
 private:
     IPrcBasicControl& inner;
     const CCallWriter writer;
-    CBusyMonitor& monitor;
 };

@@ -1,7 +1,6 @@
 #include "journal/CPrcListJournal.h"
 
 #include "data/SProcessorAllNode.h"
-#include "journal/CBusyMonitor.h"
 #include "journal/CSlowCall.h"
 
 namespace
@@ -16,8 +15,8 @@ QString GetSize(const SProcessorAllNode& node)
 }
 } // namespace
 
-CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor)
-    : inner(control), writer(journal, "PrcListControl"), monitor(busyMonitor)
+CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallJournal& journal)
+    : inner(control), writer(journal, "PrcListControl")
 { }
 
 void CPrcListJournal::Attach(CObserver* pObserver)
@@ -69,14 +68,14 @@ void CPrcListJournal::AddGroup(SProcessorGroupNode node, bool bEmpty)
 void CPrcListJournal::DeleteGroup(QUuid idGroup, bool bWithProcessors)
 {
     writer.Command("DeleteGroup", idGroup, bWithProcessors);
-    const CSlowCall call(monitor, writer, "DeleteGroup");
+    const CSlowCall call(writer, "DeleteGroup");
     inner.DeleteGroup(idGroup, bWithProcessors);
 }
 
 void CPrcListJournal::DeleteProcessor(QUuid idProcessor, bool bOption)
 {
     writer.Command("DeleteProcessor", idProcessor, bOption);
-    const CSlowCall call(monitor, writer, "DeleteProcessor");
+    const CSlowCall call(writer, "DeleteProcessor");
     inner.DeleteProcessor(idProcessor, bOption);
 }
 

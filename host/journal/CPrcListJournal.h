@@ -3,13 +3,11 @@
 #include "interfaces/control/IPrcListControl.h"
 #include "journal/CCallWriter.h"
 
-class CBusyMonitor;
-
 /// Writes down every call on the list of processors, then carries it out. Owns neither of the objects it is given.
 class CPrcListJournal : public IPrcListControl
 {
 public:
-    CPrcListJournal(IPrcListControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor);
+    CPrcListJournal(IPrcListControl& control, CCallJournal& journal);
     virtual ~CPrcListJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -33,5 +31,4 @@ public:
 private:
     IPrcListControl& inner;
     const CCallWriter writer;
-    CBusyMonitor& monitor;
 };

@@ -1,9 +1,7 @@
 #include "journal/CRuntimeJournal.h"
 
-#include "journal/CBusyMonitor.h"
-
-CRuntimeJournal::CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor)
-    : inner(control), writer(journal, "RuntimeControl"), monitor(busyMonitor)
+CRuntimeJournal::CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal)
+    : inner(control), writer(journal, "RuntimeControl")
 { }
 
 void CRuntimeJournal::Attach(CObserver* pObserver)
@@ -76,6 +74,5 @@ bool CRuntimeJournal::IsNodeInUse(QUuid idNode)
 void CRuntimeJournal::SetBusy(bool bBusy)
 {
     writer.Command("SetBusy", bBusy);
-    monitor.SetFlag(bBusy);
     inner.SetBusy(bBusy);
 }

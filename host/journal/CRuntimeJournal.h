@@ -3,13 +3,11 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "journal/CCallWriter.h"
 
-class CBusyMonitor;
-
 /// Writes down every call on the host at run time, then carries it out. Owns neither of the objects it is given.
 class CRuntimeJournal : public IRuntimeControl
 {
 public:
-    CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal, CBusyMonitor& busyMonitor);
+    CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal);
     virtual ~CRuntimeJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -27,5 +25,4 @@ public:
 private:
     IRuntimeControl& inner;
     const CCallWriter writer;
-    CBusyMonitor& monitor;
 };

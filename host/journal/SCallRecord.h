@@ -8,6 +8,7 @@ enum EnCallKind
     CallCommand = 0, ///< a call that asks for a change; written before it is carried out
     CallRead = 1,    ///< a call that only reads; written with its result
     CallMessage = 2, ///< a message of the control library to its observers
+    CallNote = 3,    ///< what the host has to add: a refusal, a step of a scenario
 };
 
 /// One line of the journal.
