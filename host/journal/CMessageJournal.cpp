@@ -1,7 +1,7 @@
 #include "journal/CMessageJournal.h"
 
 CMessageJournal::CMessageJournal(CCallJournal& journal, const char* pObjectName, MessageNamer pNamer)
-    : writer(journal, pObjectName)
+    : writer(journal, pObjectName), pGetName(pNamer)
 { }
 
 void CMessageJournal::Notify(int nMessage)

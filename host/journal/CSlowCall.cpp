@@ -2,8 +2,7 @@
 
 #include "journal/CCallWriter.h"
 
-CSlowCall::CSlowCall(const CCallWriter& callWriter, const char* pOperationName)
-    : monitor(busyMonitor), writer(callWriter), pOperation(pOperationName)
+CSlowCall::CSlowCall(const CCallWriter& callWriter, const char* pOperationName) : writer(callWriter), pOperation(pOperationName)
 {
     timer.start();
 }
