@@ -1,0 +1,97 @@
+#include "CLeftoverGuard.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QThreadPool>
+#include <QWidget>
+#include <QtTest>
+
+#include <cstdio>
+
+namespace
+{
+constexpr int c_nPatience = 5000; // milliseconds; a job or thread that takes longer is lost
+
+QStringList ThreadIds()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+}
+
+QString ThreadName(const QString& strThread)
+{
+    QFile file(QStringLiteral("/proc/self/task/%1/comm").arg(strThread));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+}
+
+/// Threads that Qt or a sanitizer starts when first needed and keeps for the process.
+bool IsKeptByLibrary(const QString& strThread)
+{
+    static const QStringList listName{ QStringLiteral("QDBusConnection"), QStringLiteral("QXcbEventQueue"), QString() };
+    return listName.contains(ThreadName(strThread));
+}
+
+QStringList NewThreads(const QStringList& listAtStart)
+{
+    QStringList listNew;
+    for (const QString& strThread : ThreadIds()) {
+        if (!listAtStart.contains(strThread) && !IsKeptByLibrary(strThread)) {
+            listNew.append(strThread);
+        }
+    }
+    return listNew;
+}
+
+/// Qt's own windows: the desktop and the label of tool tips.
+bool IsOfQt(const QWidget* pWidget)
+{
+    return pWidget->windowType() == Qt::Desktop || pWidget->inherits("QTipLabel");
+}
+
+int Leftover(const char* pKind, const QString& strName)
+{
+    std::fprintf(stderr, "FAIL!  : left over: %s %s\n", pKind, qPrintable(strName));
+    return 1;
+}
+} // namespace
+
+CLeftoverGuard::CLeftoverGuard() : listThreadAtStart(ThreadIds()) { }
+
+int CLeftoverGuard::Report()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return ReportJobs() + ReportThreads() + ReportWidgets();
+}
+
+int CLeftoverGuard::ReportWidgets() const
+{
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+        return 0;
+    }
+    int nLeft = 0;
+    for (const QWidget* pWidget : QApplication::topLevelWidgets()) {
+        if (!IsOfQt(pWidget)) {
+            nLeft += Leftover("widget",
+                              QLatin1String(pWidget->metaObject()->className()) + QLatin1Char(' ') + pWidget->objectName());
+        }
+    }
+    return nLeft;
+}
+
+int CLeftoverGuard::ReportJobs() const
+{
+    // Also ends the pool's idle threads, which would count as left over otherwise.
+    return QThreadPool::globalInstance()->waitForDone(c_nPatience) ? 0 : Leftover("job", QStringLiteral("in the global pool"));
+}
+
+int CLeftoverGuard::ReportThreads() const
+{
+    if (QTest::qWaitFor([this] { return NewThreads(listThreadAtStart).isEmpty(); }, c_nPatience)) {
+        return 0;
+    }
+    int nLeft = 0;
+    for (const QString& strThread : NewThreads(listThreadAtStart)) {
+        nLeft += Leftover("thread", ThreadName(strThread));
+    }
+    return nLeft;
+}

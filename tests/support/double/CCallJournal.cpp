@@ -1,0 +1,129 @@
+#include "double/CCallJournal.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <algorithm>
+#include <chrono>
+#include <typeinfo>
+
+namespace
+{
+bool Names(const QString& strName, const QString& strOperation)
+{
+    return strName == strOperation || strOperation.endsWith(QLatin1Char('.') + strName);
+}
+
+/// Which of the panel's threads this is. Pool threads and threads that Qt did not start are told by
+/// their class, which Qt keeps private.
+QString ThreadTag()
+{
+    QThread* pThread = QThread::currentThread();
+    const QCoreApplication* pApplication = QCoreApplication::instance();
+    if (pApplication != nullptr && pThread == pApplication->thread()) {
+        return QStringLiteral("gui");
+    }
+    const QLatin1String strClass(typeid(*pThread).name());
+    if (strClass.contains(QLatin1String("QThreadPoolThread"))) {
+        return QStringLiteral("pool");
+    }
+    return strClass.contains(QLatin1String("QAdoptedThread")) ? QStringLiteral("other") : QStringLiteral("worker");
+}
+} // namespace
+
+CCallJournal::CCallGuard::~CCallGuard()
+{
+    pJournal->Leave();
+}
+
+void CCallJournal::WaitForEnd()
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    condition.wait(lock, [this] { return nUnderWay == 0; });
+}
+
+CCallJournal::CCallGuard CCallJournal::Enter(EnCallKind kind, const QString& strOperation, const QString& strArguments)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    ++nUnderWay;
+    listCall.append({ kind, strOperation, strArguments, ThreadTag() });
+    listWaiting.append(strOperation);
+    condition.notify_all();
+    condition.wait(lock, [this, &strOperation] { return !IsHeld(strOperation); });
+    listWaiting.removeOne(strOperation);
+    return CCallGuard(*this);
+}
+
+void CCallJournal::Leave()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    --nUnderWay;
+    condition.notify_all();
+}
+
+QList<SCall> CCallJournal::Calls() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return listCall;
+}
+
+void CCallJournal::Clear()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    listCall.clear();
+}
+
+void CCallJournal::Hold(const QString& strOperation)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    setHeld.insert(strOperation);
+}
+
+void CCallJournal::Release(const QString& strOperation)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    setHeld.remove(strOperation);
+    condition.notify_all();
+}
+
+void CCallJournal::ReleaseAll()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    setHeld.clear();
+    condition.notify_all();
+}
+
+int CCallJournal::CallCount(const QString& strOperation) const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return CountCalls(strOperation);
+}
+
+bool CCallJournal::WaitForCall(const QString& strOperation, int nCount, int nTimeout)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    return condition.wait_for(lock, std::chrono::milliseconds(nTimeout), [&] { return CountCalls(strOperation) >= nCount; });
+}
+
+bool CCallJournal::WaitForHeld(const QString& strOperation, int nTimeout)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const auto fnStands = [&] {
+        return IsHeld(strOperation) && std::any_of(listWaiting.cbegin(), listWaiting.cend(), [&](const QString& strWaiting) {
+                   return Names(strOperation, strWaiting);
+               });
+    };
+    return condition.wait_for(lock, std::chrono::milliseconds(nTimeout), fnStands);
+}
+
+bool CCallJournal::IsHeld(const QString& strOperation) const
+{
+    return std::any_of(setHeld.cbegin(), setHeld.cend(),
+                       [&strOperation](const QString& strHeld) { return Names(strHeld, strOperation); });
+}
+
+int CCallJournal::CountCalls(const QString& strOperation) const
+{
+    return int(std::count_if(listCall.cbegin(), listCall.cend(),
+                             [&strOperation](const SCall& call) { return Names(strOperation, call.strOperation); }));
+}

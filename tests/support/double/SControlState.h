@@ -1,0 +1,14 @@
+#pragma once
+
+#include "double/CCallJournal.h"
+#include "double/CObserverHub.h"
+#include "double/SControlAnswers.h"
+
+/// What the eight doubled objects share.
+struct SControlState
+{
+    CCallJournal journal;
+    std::mutex mutex; ///< guards answers; never held while a call waits at its gate
+    SControlAnswers answers;
+    CObserverHub hub; ///< last: its thread ends before the others go
+};
