@@ -12,10 +12,10 @@ CProcessorBuilder::CProcessorBuilder(const QString& strName)
 
 CProcessorBuilder& CProcessorBuilder::Id(const QString& strIdName)
 {
-    return Id(ProcessorId(strIdName));
+    return NodeId(ProcessorId(strIdName));
 }
 
-CProcessorBuilder& CProcessorBuilder::Id(const QUuid& id)
+CProcessorBuilder& CProcessorBuilder::NodeId(const QUuid& id)
 {
     node.idNode = id;
     return *this;
@@ -101,10 +101,10 @@ CGroupBuilder::CGroupBuilder(const QString& strName, const QList<SProcessorNode>
 
 CGroupBuilder& CGroupBuilder::Id(const QString& strIdName)
 {
-    return Id(GroupId(strIdName));
+    return NodeId(GroupId(strIdName));
 }
 
-CGroupBuilder& CGroupBuilder::Id(const QUuid& id)
+CGroupBuilder& CGroupBuilder::NodeId(const QUuid& id)
 {
     node.idNode = id;
     return *this;

@@ -16,7 +16,7 @@ public:
     explicit CProcessorBuilder(const QString& strName);
 
     CProcessorBuilder& Id(const QString& strIdName);
-    CProcessorBuilder& Id(const QUuid& id);
+    CProcessorBuilder& NodeId(const QUuid& id);
     CProcessorBuilder& Aux(const QUuid& id);
     CProcessorBuilder& Online(bool bOnline = true);
     CProcessorBuilder& Expanded(bool bExpanded = true);
@@ -46,7 +46,7 @@ public:
     CGroupBuilder(const QString& strName, const QList<SProcessorNode>& listProcessor);
 
     CGroupBuilder& Id(const QString& strIdName);
-    CGroupBuilder& Id(const QUuid& id);
+    CGroupBuilder& NodeId(const QUuid& id);
     CGroupBuilder& Expanded(bool bExpanded = true);
     CGroupBuilder& Chief(const QString& strProcessor); ///< the processor of that name is the Chief
     CGroupBuilder& Aux(const QSet<int>& setAux);
