@@ -6,14 +6,14 @@
 namespace
 {
 /// How long a stop can be late when its first wake-up fell into the gap before the wait.
-constexpr std::chrono::milliseconds REPEAT_INTERVAL{1};
-}
+constexpr std::chrono::milliseconds REPEAT_INTERVAL{ 1 };
+} // namespace
 
 /// Repeats the wake-up of a stop until the loop has ended.
 class CBaseThread::CStopHelper
 {
 public:
-    explicit CStopHelper(std::condition_variable& condLoop) : condWake(condLoop) {}
+    explicit CStopHelper(std::condition_variable& condLoop) : condWake(condLoop) { }
 
     ~CStopHelper()
     {
@@ -55,7 +55,7 @@ private:
     bool bFinished = false;
 };
 
-CBaseThread::CBaseThread(QObject* parent) : QObject(parent), pStopHelper(new CStopHelper(condWake)) {}
+CBaseThread::CBaseThread(QObject* parent) : QObject(parent), pStopHelper(new CStopHelper(condWake)) { }
 
 CBaseThread::~CBaseThread() = default;
 

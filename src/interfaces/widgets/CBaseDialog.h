@@ -36,7 +36,8 @@ public:
     CBaseDialog(QWidget* parent, const QString& strTitle, bool bStayOnTop, EnButton buttons);
     ~CBaseDialog() override;
 
-    /// False fixes the size to that of the contents.
+    /// False fixes the size to that of the contents; an edge that is fixed already, as by setFixedWidth,
+    /// keeps its length.
     void SetCanResize(bool bCanResize);
 
     /// Dims the parent's window while the dialog is open.
@@ -45,7 +46,11 @@ public:
     /// Fades the dialog in when it is shown.
     void SetTransitionAnimate();
 
+    void setVisible(bool bVisible) override;
+
 protected:
+    bool event(QEvent* event) override;
+
     /// The layout that takes the contents, vertical, between the title bar and the buttons. Owned by
     /// the dialog.
     QBoxLayout* GetContentLayout() const;

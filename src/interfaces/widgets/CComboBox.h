@@ -7,9 +7,11 @@
 #include <QWidget>
 
 class CMenu;
+class QStyleOptionComboBox;
 
 /// A button that shows one entry of a menu and lets the user choose another. Entries are the menu's
-/// actions, known by their data.
+/// actions, known by their data. Space, F4, Alt+Down or a press opens the menu; Up, Down, Home, End and
+/// the first letter choose without it.
 class COMMONCOMPONENT_EXPORT CComboBox : public QWidget
 {
     Q_OBJECT
@@ -32,11 +34,24 @@ public:
     /// Data of the selected entry; invalid when there is none.
     QVariant GetCurSelData() const;
 
+    /// Text of the selected entry, without the mark of its mnemonic; empty when there is none.
+    QString GetCurSelText() const;
+
+    QSize sizeHint() const override;
+
 signals:
     /// The user chose another entry; id is its data.
     void SelectChanged(const QVariant& id);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    void InitStyleOption(QStyleOptionComboBox& option) const;
+    void ChooseByLetter(QKeyEvent* event);
+
     class CPrivate;
     QScopedPointer<CPrivate> d;
 };

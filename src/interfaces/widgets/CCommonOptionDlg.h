@@ -14,10 +14,7 @@ public:
     CCommonOptionDlg(QWidget* parent, const QString& strTitle);
     ~CCommonOptionDlg() override;
 
-    /// Adds an option. False, and nothing is added, for an empty text.
+    /// Adds an option; its button is in mapButton by its number. The first one has the focus when the
+    /// dialog opens. False, and nothing is added, for an empty text.
     bool AddOption(const QIcon& icon, const QString& strText);
-
-private:
-    class CPrivate;
-    QScopedPointer<CPrivate> d;
 };

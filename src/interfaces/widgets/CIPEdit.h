@@ -7,7 +7,8 @@
 #include <QWidget>
 
 /// A field for an IPv4 address: four numbers of 0 to 255 with dots between them. Addresses are in host
-/// order, the form of QHostAddress(quint32).
+/// order, the form of QHostAddress(quint32). An edit that is empty at start is in error without having
+/// said so. The state shows as the property "Error", a mark at the right end and a tool tip that says why.
 class COMMONCOMPONENT_EXPORT CIPEdit : public QWidget
 {
     Q_OBJECT
@@ -28,6 +29,10 @@ signals:
     /// The address has come into (true) or has left (false) the state in which it cannot be taken,
     /// being forbidden or incomplete. Emitted when that state changes.
     void ExistError(bool bExist);
+
+protected:
+    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     class CPrivate;

@@ -14,7 +14,7 @@ public:
     explicit CIconButton(QWidget* parent);
     ~CIconButton() override;
 
-    /// Adds one form of the icon, from an image file or resource.
+    /// Adds one form of the icon, from an image file or resource. An empty path adds nothing.
     void AddIcon(const QString& strPath, QIcon::Mode mode, QIcon::State state);
 
     /// Both edges of the icon in pixels, as QAbstractButton::setIconSize(QSize).
@@ -23,4 +23,9 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+
+private:
+    void TakeNameFromToolTip();
+
+    QString strTakenName; ///< the accessible name that came from the tool tip; another one is the user's
 };

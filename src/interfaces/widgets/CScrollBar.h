@@ -2,10 +2,11 @@
 
 #include "interfaces/widgets/CommonComponentGlobal.h"
 
+#include <QPointer>
 #include <QScrollBar>
 
 /// A slim scroll bar that is laid over a view and moves with the view's own, hidden bar. Its thickness
-/// is 8 pixels, whatever the style says.
+/// is 8 pixels, whatever the style says. Where it lies is the view's business.
 class COMMONCOMPONENT_EXPORT CScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -14,9 +15,27 @@ public:
     CScrollBar(Qt::Orientation orientation, QWidget* parent);
     ~CScrollBar() override;
 
-    /// Ties this bar to pSystemBar, both ways: range, steps and value. pSystemBar stays owned by its
-    /// view and must not be null. One call an object.
+    /// Ties this bar to pSystemBar, both ways: range, steps and value. Steps of the system bar are taken
+    /// over when its range or value changes, when its view paints and before this bar takes input.
+    /// When the range changes the bar shows itself if there is something to scroll and its place lies
+    /// within its parent, and hides itself otherwise. pSystemBar stays owned by its view and must not be
+    /// null. One call an object.
     void ConnectSystem(QScrollBar* pSystemBar);
 
     QSize sizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    void sliderChange(SliderChange change) override;
+
+private:
+    void SetConnection();
+    void TakeSteps();
+    void TakeRange(int nMinimum, int nMaximum);
+    void TakeValue(int nValue);
+    void ShowWhenUseful();
+
+    QPointer<QScrollBar> pSystem; ///< null before ConnectSystem and after the view has gone
+    bool bTakingSteps = false;    ///< the steps come from pSystem and need not go back
 };

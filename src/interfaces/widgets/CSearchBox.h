@@ -5,7 +5,10 @@
 #include <QScopedPointer>
 #include <QWidget>
 
-/// A line to type a search text into, with a magnifier and a clear button. Escape clears the text.
+class QKeyEvent;
+
+/// A line to type a search text into, with a magnifier and a clear button. Escape clears the text, and is
+/// left to the parent when there is none.
 class COMMONCOMPONENT_EXPORT CSearchBox : public QWidget
 {
     Q_OBJECT
@@ -27,7 +30,14 @@ signals:
     /// The text has changed, at every key stroke.
     void SignalSearch(const QString& strText);
 
+protected:
+    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
+    bool TakeEscape(const QKeyEvent* event);
+
     class CPrivate;
     QScopedPointer<CPrivate> d;
 };

@@ -1,0 +1,222 @@
+#include "interfaces/widgets/CBaseDialog.h"
+
+#include "CDialogMask.h"
+#include "CDialogTitleBar.h"
+
+#include <QBoxLayout>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QPropertyAnimation>
+#include <QPushButton>
+#include <QStyle>
+#include <QVariant>
+
+namespace
+{
+constexpr int BORDER = 1; ///< room for the border of the style sheet
+constexpr int BUTTON_MARGIN = 16;
+constexpr int BUTTON_SPACING = 8;
+constexpr int BUTTON_MINIMUM_WIDTH = 72;
+constexpr int FADE_MILLISECONDS = 120;
+
+/// Other platforms print a warning when they are asked for an opacity.
+bool HasWindowOpacity()
+{
+    static const QStringList listPlatform = { QStringLiteral("xcb"), QStringLiteral("windows"), QStringLiteral("cocoa") };
+    return listPlatform.contains(QGuiApplication::platformName());
+}
+
+bool IsAcceptsTab(const QWidget* pWidget)
+{
+    return pWidget->focusPolicy() & Qt::TabFocus;
+}
+} // namespace
+
+class CBaseDialog::CPrivate
+{
+public:
+    explicit CPrivate(CBaseDialog* pOwner) : pDialog(pOwner) { }
+
+    void InitLayout(EnButton buttons);
+    void AddButton(QBoxLayout* pLayout, int nKey, const QString& strName, const QString& strText);
+    void SetConnection(CDialogTitleBar* pTitleBar);
+    void MoveButtonsToTabEnd();
+    void FocusContents();
+    void FitToContents();
+    void ShowMask();
+    void FadeIn();
+
+    CBaseDialog* pDialog;
+    QVBoxLayout* pContent = nullptr;
+    QPointer<CDialogMask> pMask; ///< child of the parent's window
+    QSize sizeFitted;            ///< the size that FitToContents gave; another fixed one is the user's
+    bool bCanResize = true;
+    bool bMask = false;
+    bool bFade = false;
+};
+
+void CBaseDialog::CPrivate::InitLayout(EnButton buttons)
+{
+    auto* pLayout = new QVBoxLayout(pDialog);
+    pLayout->setContentsMargins(BORDER, BORDER, BORDER, BORDER);
+    pLayout->setSpacing(0);
+    auto* pTitleBar = new CDialogTitleBar(pDialog);
+    pLayout->addWidget(pTitleBar);
+    pContent = new QVBoxLayout;
+    pLayout->addLayout(pContent, 1);
+    SetConnection(pTitleBar);
+    if (buttons == ButtonsNone) {
+        return;
+    }
+    auto* pRow = new QHBoxLayout;
+    pRow->setContentsMargins(BUTTON_MARGIN, 0, BUTTON_MARGIN, BUTTON_MARGIN);
+    pRow->setSpacing(BUTTON_SPACING);
+    pRow->addStretch(1);
+    AddButton(pRow, KeyAccept, QStringLiteral("DialogAccept"), tr("&OK"));
+    if (buttons == ButtonsOkCancel) {
+        AddButton(pRow, KeyReject, QStringLiteral("DialogReject"), tr("&Cancel"));
+    }
+    pLayout->addLayout(pRow);
+    pDialog->mapButton[KeyAccept]->setDefault(true);
+}
+
+void CBaseDialog::CPrivate::AddButton(QBoxLayout* pLayout, int nKey, const QString& strName, const QString& strText)
+{
+    auto* pButton = new QPushButton(strText, pDialog);
+    pButton->setObjectName(strName);
+    pButton->setProperty("DialogButton", true);
+    pButton->setMinimumWidth(BUTTON_MINIMUM_WIDTH);
+    pLayout->addWidget(pButton);
+    pDialog->mapButton[nKey] = pButton;
+    connect(pButton, &QPushButton::clicked, pDialog, nKey == KeyAccept ? &QDialog::accept : &QDialog::reject);
+}
+
+void CBaseDialog::CPrivate::SetConnection(CDialogTitleBar* pTitleBar)
+{
+    connect(pTitleBar, &CDialogTitleBar::SignalClose, pDialog, &QDialog::reject);
+    connect(pDialog, &QWidget::windowTitleChanged, pTitleBar, &CDialogTitleBar::SetTitle);
+    connect(pDialog, &QDialog::finished, pDialog, [this] { delete pMask; });
+}
+
+void CBaseDialog::CPrivate::MoveButtonsToTabEnd()
+{
+    QWidget* pLast = pDialog;
+    for (QWidget* pNext = pDialog->nextInFocusChain(); pNext != pDialog; pNext = pNext->nextInFocusChain()) {
+        const bool bButton = pNext->property("DialogButton").toBool();
+        if (!bButton && pDialog->isAncestorOf(pNext)) {
+            pLast = pNext;
+        }
+    }
+    for (QPushButton* pButton : std::as_const(pDialog->mapButton)) {
+        QWidget::setTabOrder(pLast, pButton);
+        pLast = pButton;
+    }
+}
+
+void CBaseDialog::CPrivate::FocusContents()
+{
+    if (pDialog->focusWidget()) {
+        return;
+    }
+    for (QWidget* pNext = pDialog->nextInFocusChain(); pNext != pDialog; pNext = pNext->nextInFocusChain()) {
+        if (IsAcceptsTab(pNext) && pNext->isEnabled() && pNext->isVisibleTo(pDialog)) {
+            pNext->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
+void CBaseDialog::CPrivate::FitToContents()
+{
+    if (bCanResize) {
+        return;
+    }
+    const QLayout* pLayout = pDialog->layout();
+    const QSize sizeHint = pLayout->totalSizeHint();
+    const bool bOwnWidth = pDialog->minimumWidth() == pDialog->maximumWidth() && pDialog->minimumWidth() != sizeFitted.width();
+    const int nWidth = bOwnWidth ? pDialog->minimumWidth() : sizeHint.width();
+    const int nHeight = pLayout->hasHeightForWidth() ? pLayout->totalHeightForWidth(nWidth) : sizeHint.height();
+    sizeFitted = QSize(bOwnWidth ? 0 : nWidth, nHeight);
+    pDialog->setFixedSize(nWidth, nHeight);
+}
+
+void CBaseDialog::CPrivate::ShowMask()
+{
+    QWidget* pParent = pDialog->parentWidget();
+    if (bMask && pParent && !pMask) {
+        pMask = new CDialogMask(pParent->window());
+        pMask->show();
+    }
+}
+
+void CBaseDialog::CPrivate::FadeIn()
+{
+    if (!bFade || !HasWindowOpacity()
+        || pDialog->style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, pDialog) == 0) {
+        return;
+    }
+    auto* pAnimation = new QPropertyAnimation(pDialog, "windowOpacity", pDialog);
+    pAnimation->setDuration(FADE_MILLISECONDS);
+    pAnimation->setStartValue(0.0);
+    pAnimation->setEndValue(1.0);
+    pAnimation->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+CBaseDialog::CBaseDialog(QWidget* parent, const QString& strTitle, bool bStayOnTop, EnButton buttons)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), d(new CPrivate(this))
+{
+    setWindowFlag(Qt::WindowStaysOnTopHint, bStayOnTop);
+    setAttribute(Qt::WA_StyledBackground);
+    setModal(true);
+    d->InitLayout(buttons);
+    setWindowTitle(strTitle);
+}
+
+CBaseDialog::~CBaseDialog()
+{
+    delete d->pMask;
+}
+
+void CBaseDialog::SetCanResize(bool bCanResize)
+{
+    d->bCanResize = bCanResize;
+    setSizeGripEnabled(bCanResize);
+}
+
+void CBaseDialog::SetTransparentMask()
+{
+    d->bMask = true;
+}
+
+void CBaseDialog::SetTransitionAnimate()
+{
+    d->bFade = true;
+}
+
+QBoxLayout* CBaseDialog::GetContentLayout() const
+{
+    return d->pContent;
+}
+
+void CBaseDialog::setVisible(bool bVisible)
+{
+    if (bVisible && !isVisible()) {
+        d->MoveButtonsToTabEnd();
+        ensurePolished();
+        d->FitToContents();
+        d->ShowMask();
+        d->FocusContents();
+        d->FadeIn();
+    }
+    QDialog::setVisible(bVisible);
+}
+
+bool CBaseDialog::event(QEvent* event)
+{
+    const bool bResult = QDialog::event(event);
+    if (event->type() == QEvent::LayoutRequest && isVisible()) {
+        d->FitToContents();
+    }
+    return bResult;
+}

@@ -1,0 +1,19 @@
+#include "CDialogMask.h"
+
+#include <QEvent>
+
+CDialogMask::CDialogMask(QWidget* pWindow) : QWidget(pWindow)
+{
+    setObjectName(QStringLiteral("DialogMask"));
+    setAttribute(Qt::WA_StyledBackground);
+    setGeometry(pWindow->rect());
+    pWindow->installEventFilter(this);
+}
+
+bool CDialogMask::eventFilter(QObject* pWatched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize) {
+        setGeometry(parentWidget()->rect());
+    }
+    return QWidget::eventFilter(pWatched, event);
+}

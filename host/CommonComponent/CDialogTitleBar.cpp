@@ -1,0 +1,65 @@
+#include "CDialogTitleBar.h"
+
+#include "StyleHooks.h"
+#include "interfaces/widgets/CIconButton.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMouseEvent>
+
+namespace
+{
+constexpr int BAR_HEIGHT = 32;
+constexpr int TITLE_MARGIN = 16;
+constexpr int CLOSE_SIZE = 32;
+constexpr int CLOSE_ICON_SIZE = 20;
+} // namespace
+
+CDialogTitleBar::CDialogTitleBar(QWidget* pDialog) : QWidget(pDialog), pTitle(new QLabel(this))
+{
+    setObjectName(QStringLiteral("DialogTitleBar"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedHeight(BAR_HEIGHT);
+    pTitle->setObjectName(QStringLiteral("DialogTitle"));
+    pTitle->setTextFormat(Qt::PlainText);
+    pTitle->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* pClose = new CIconButton(this);
+    pClose->setObjectName(QStringLiteral("DialogClose"));
+    pClose->setIcon(LoadWidgetIcon(QStringLiteral(":/image/control/close/close.svg"), QStyle::SP_TitleBarCloseButton, this));
+    pClose->setFixedSize(CLOSE_SIZE, CLOSE_SIZE);
+    pClose->setIconSize(CLOSE_ICON_SIZE, CLOSE_ICON_SIZE);
+    pClose->setFocusPolicy(Qt::NoFocus);
+    pClose->setToolTip(tr("Close"));
+    auto* pLayout = new QHBoxLayout(this);
+    pLayout->setContentsMargins(TITLE_MARGIN, 0, 0, 0);
+    pLayout->addWidget(pTitle, 1);
+    pLayout->addWidget(pClose);
+    connect(pClose, &CIconButton::clicked, this, &CDialogTitleBar::SignalClose);
+}
+
+void CDialogTitleBar::SetTitle(const QString& strTitle)
+{
+    pTitle->setText(strTitle);
+}
+
+void CDialogTitleBar::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        bDragging = true;
+        ptGrip = event->globalPos() - window()->pos();
+    }
+}
+
+void CDialogTitleBar::mouseMoveEvent(QMouseEvent* event)
+{
+    if (bDragging) {
+        window()->move(event->globalPos() - ptGrip);
+    }
+}
+
+void CDialogTitleBar::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        bDragging = false;
+    }
+}

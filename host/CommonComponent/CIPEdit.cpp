@@ -1,0 +1,226 @@
+#include "interfaces/widgets/CIPEdit.h"
+
+#include "CIPField.h"
+#include "StyleHooks.h"
+
+#include <QClipboard>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+constexpr int FIELDS = 4;
+constexpr int BITS = 8;
+constexpr int MARGIN = 4;
+constexpr int MARK_SIZE = 16;
+} // namespace
+
+class CIPEdit::CPrivate
+{
+public:
+    explicit CPrivate(CIPEdit* pOwner);
+
+    void InitLayout();
+    void SetConnection();
+    void ConnectField(int nField);
+    void SetAddress(quint32 nIP);
+    void GoTo(int nField, int nDirection);
+    void GoNext(int nField);
+    void Erase(int nField, int nDirection);
+    void CopyAddress() const;
+    QString FindError() const;
+    void UpdateError();
+
+    CIPEdit* pEdit;
+    std::array<CIPField*, FIELDS> fields{};
+    QLabel* pMark;
+    QList<quint32> listLimit;
+    bool bError = true;    ///< a new edit is empty, which is incomplete
+    bool bSetting = false; ///< several places change; the state is that after the last one
+};
+
+CIPEdit::CPrivate::CPrivate(CIPEdit* pOwner) : pEdit(pOwner)
+{
+    for (int i = 0; i < FIELDS; ++i) {
+        fields[i] = new CIPField(pEdit);
+        fields[i]->setAccessibleName(tr("Part %1 of 4 of the address").arg(i + 1));
+        fields[i]->installEventFilter(pEdit);
+    }
+    pMark = new QLabel(pEdit);
+    pMark->setObjectName(QStringLiteral("IPErrorMark"));
+    const QIcon icon = LoadWidgetIcon(QStringLiteral(":/image/control/ipEdit/error.svg"), QStyle::SP_MessageBoxWarning, pEdit);
+    pMark->setPixmap(icon.pixmap(pEdit->windowHandle(), QSize(MARK_SIZE, MARK_SIZE)));
+    QSizePolicy policy = pMark->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    pMark->setSizePolicy(policy);
+    pMark->hide();
+}
+
+void CIPEdit::CPrivate::InitLayout()
+{
+    auto* pLayout = new QHBoxLayout(pEdit);
+    pLayout->setContentsMargins(MARGIN, 1, MARGIN, 1);
+    pLayout->setSpacing(0);
+    for (int i = 0; i < FIELDS; ++i) {
+        if (i > 0) {
+            auto* pDot = new QLabel(QStringLiteral("."), pEdit);
+            pDot->setObjectName(QStringLiteral("IPDot"));
+            pLayout->addWidget(pDot);
+        }
+        pLayout->addWidget(fields[i], 1);
+    }
+    pLayout->addWidget(pMark);
+}
+
+void CIPEdit::CPrivate::SetConnection()
+{
+    for (int i = 0; i < FIELDS; ++i) {
+        ConnectField(i);
+    }
+}
+
+void CIPEdit::CPrivate::ConnectField(int nField)
+{
+    const CIPField* pField = fields[nField];
+    connect(pField, &QLineEdit::textChanged, pEdit, [this] { UpdateError(); });
+    connect(pField, &CIPField::SignalNext, pEdit, [this, nField] { GoNext(nField); });
+    connect(pField, &CIPField::SignalStep, pEdit, [this, nField](int nDirection) { GoTo(nField, nDirection); });
+    connect(pField, &CIPField::SignalErase, pEdit, [this, nField](int nDirection) { Erase(nField, nDirection); });
+    connect(pField, &CIPField::SignalPasteAddress, pEdit, [this](quint32 nIP) {
+        SetAddress(nIP);
+        fields[FIELDS - 1]->setFocus();
+        fields[FIELDS - 1]->end(false);
+    });
+    connect(pField, &CIPField::SignalCopyAddress, pEdit, [this] { CopyAddress(); });
+}
+
+void CIPEdit::CPrivate::SetAddress(quint32 nIP)
+{
+    bSetting = true;
+    for (int i = 0; i < FIELDS; ++i) {
+        fields[i]->SetValue(nIP >> (BITS * (FIELDS - 1 - i)) & 0xFF);
+    }
+    bSetting = false;
+    UpdateError();
+}
+
+void CIPEdit::CPrivate::GoTo(int nField, int nDirection)
+{
+    const int nTarget = nField + nDirection;
+    if (nTarget >= 0 && nTarget < FIELDS) {
+        fields[nTarget]->setFocus();
+        nDirection > 0 ? fields[nTarget]->home(false) : fields[nTarget]->end(false);
+    }
+}
+
+void CIPEdit::CPrivate::GoNext(int nField)
+{
+    if (nField + 1 < FIELDS) {
+        fields[nField + 1]->setFocus();
+        fields[nField + 1]->selectAll();
+    }
+}
+
+void CIPEdit::CPrivate::Erase(int nField, int nDirection)
+{
+    const int nTarget = nField + nDirection;
+    GoTo(nField, nDirection);
+    if (nTarget >= 0 && nTarget < FIELDS) {
+        nDirection > 0 ? fields[nTarget]->del() : fields[nTarget]->backspace();
+    }
+}
+
+void CIPEdit::CPrivate::CopyAddress() const
+{
+    QStringList listPart;
+    for (const CIPField* pField : fields) {
+        listPart.append(pField->text());
+    }
+    QGuiApplication::clipboard()->setText(listPart.join(QLatin1Char('.')));
+}
+
+QString CIPEdit::CPrivate::FindError() const
+{
+    quint32 nIP = 0;
+    if (!pEdit->GetAddress(nIP)) {
+        return tr("The address is incomplete.");
+    }
+    return listLimit.contains(nIP) ? tr("This address is in use or reserved.") : QString();
+}
+
+void CIPEdit::CPrivate::UpdateError()
+{
+    if (bSetting) {
+        return;
+    }
+    const QString strError = FindError();
+    const bool bNow = !strError.isEmpty();
+    pMark->setVisible(bNow);
+    pEdit->setToolTip(strError);
+    pEdit->setAccessibleDescription(strError);
+    SetStyleProperty(pEdit, "Error", bNow);
+    if (bNow != bError) {
+        bError = bNow;
+        emit pEdit->ExistError(bNow);
+    }
+}
+
+CIPEdit::CIPEdit(QWidget* parent) : QWidget(parent), d(new CPrivate(this))
+{
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setFocusProxy(d->fields[0]);
+    setAccessibleName(tr("IP address"));
+    d->InitLayout();
+    d->SetConnection();
+}
+
+CIPEdit::~CIPEdit() = default;
+
+void CIPEdit::SetAddress(quint32 nIP)
+{
+    d->SetAddress(nIP);
+}
+
+bool CIPEdit::GetAddress(quint32& nIP) const
+{
+    nIP = 0;
+    bool bComplete = true;
+    for (const CIPField* pField : d->fields) {
+        quint32 nValue = 0;
+        bComplete = pField->GetValue(nValue) && bComplete;
+        nIP = nIP << BITS | nValue;
+    }
+    return bComplete;
+}
+
+void CIPEdit::SetLimitIP(const QList<quint32>& listIP)
+{
+    d->listLimit = listIP;
+    d->UpdateError();
+}
+
+bool CIPEdit::eventFilter(QObject* pWatched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        SetStyleProperty(this, "Focus", event->type() == QEvent::FocusIn);
+    }
+    return QWidget::eventFilter(pWatched, event);
+}
+
+void CIPEdit::paintEvent(QPaintEvent*)
+{
+    QStyleOptionFrame option;
+    option.initFrom(this);
+    option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, this);
+    option.state.setFlag(QStyle::State_Sunken);
+    option.state.setFlag(QStyle::State_HasFocus, property("Focus").toBool());
+    QStylePainter(this).drawPrimitive(QStyle::PE_PanelLineEdit, option);
+}

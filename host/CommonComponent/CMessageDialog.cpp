@@ -1,0 +1,107 @@
+#include "CMessageDialog.h"
+
+#include "StyleHooks.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QVariant>
+
+namespace
+{
+constexpr int MARGIN = 16;
+constexpr int SPACING = 12;
+constexpr int BUTTON_SPACING = 8;
+constexpr int BUTTON_MINIMUM_WIDTH = 72;
+constexpr int ICON_SIZE = 32;
+constexpr int TEXT_MAXIMUM_WIDTH = 400;
+constexpr int TEXT_MINIMUM_WIDTH = 200;
+
+struct SButtonText
+{
+    CMessageBox::StandardButton button;
+    const char* szName;
+    const char* szText;
+};
+
+constexpr SButtonText BUTTON_TEXTS[] = {
+    { CMessageBox::ButtonOk, "ButtonOk", QT_TRANSLATE_NOOP("CMessageBox", "&OK") },
+    { CMessageBox::ButtonYes, "ButtonYes", QT_TRANSLATE_NOOP("CMessageBox", "&Yes") },
+    { CMessageBox::ButtonNo, "ButtonNo", QT_TRANSLATE_NOOP("CMessageBox", "&No") },
+};
+} // namespace
+
+CMessageDialog::CMessageDialog(QWidget* parent, const QString& strTitle, const QString& strText,
+                               CMessageBox::StandardButtons buttons, CMessageBox::StandardButton defaultButton)
+    : CBaseDialog(parent, strTitle, false, ButtonsNone)
+{
+    setObjectName(QStringLiteral("MessageBox"));
+    setAccessibleDescription(strText);
+    SetCanResize(false);
+    SetTransparentMask();
+    GetContentLayout()->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
+    GetContentLayout()->setSpacing(MARGIN);
+    InitContents(strText);
+    InitButtons(buttons ? buttons : CMessageBox::StandardButtons(CMessageBox::ButtonOk), defaultButton);
+}
+
+void CMessageDialog::InitContents(const QString& strText)
+{
+    pIcon = new QLabel(this);
+    pIcon->setObjectName(QStringLiteral("MessageIcon"));
+    auto* pText = new QLabel(strText, this);
+    pText->setObjectName(QStringLiteral("MessageText"));
+    pText->setTextFormat(Qt::PlainText);
+    pText->ensurePolished();
+    const int nWidth = pText->sizeHint().width();
+    pText->setWordWrap(nWidth > TEXT_MAXIMUM_WIDTH);
+    pText->setFixedWidth(qBound(TEXT_MINIMUM_WIDTH, nWidth, TEXT_MAXIMUM_WIDTH));
+    auto* pRow = new QHBoxLayout;
+    pRow->setSpacing(SPACING);
+    pRow->addWidget(pIcon, 0, Qt::AlignTop);
+    pRow->addWidget(pText, 1, Qt::AlignVCenter);
+    GetContentLayout()->addLayout(pRow);
+}
+
+void CMessageDialog::InitButtons(CMessageBox::StandardButtons buttons, CMessageBox::StandardButton defaultButton)
+{
+    auto* pRow = new QHBoxLayout;
+    pRow->setSpacing(BUTTON_SPACING);
+    pRow->addStretch(1);
+    for (const SButtonText& entry : BUTTON_TEXTS) {
+        if (buttons.testFlag(entry.button)) {
+            AddButton(pRow, entry.button, QLatin1String(entry.szName), QCoreApplication::translate("CMessageBox", entry.szText));
+        }
+    }
+    GetContentLayout()->addLayout(pRow);
+    QPushButton* pDefault = mapButton.value(defaultButton, mapButton.first());
+    pDefault->setDefault(true);
+    pDefault->setFocus();
+    answer = buttons.testFlag(CMessageBox::ButtonNo) ? CMessageBox::ButtonNo : CMessageBox::ButtonNone;
+}
+
+void CMessageDialog::AddButton(QBoxLayout* pRow, CMessageBox::StandardButton button, const QString& strName,
+                               const QString& strText)
+{
+    auto* pButton = new QPushButton(strText, this);
+    pButton->setObjectName(strName);
+    pButton->setProperty("DialogButton", true);
+    pButton->setMinimumWidth(BUTTON_MINIMUM_WIDTH);
+    pRow->addWidget(pButton);
+    mapButton[button] = pButton;
+    connect(pButton, &QPushButton::clicked, this, [this, button] {
+        answer = button;
+        accept();
+    });
+}
+
+void CMessageDialog::SetIcon(const QString& strPath, QStyle::StandardPixmap fallback)
+{
+    pIcon->setPixmap(LoadWidgetIcon(strPath, fallback, this).pixmap(window()->windowHandle(), QSize(ICON_SIZE, ICON_SIZE)));
+}
+
+CMessageBox::StandardButton CMessageDialog::GetAnswer() const
+{
+    return answer;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "interfaces/widgets/CBaseDialog.h"
+#include "interfaces/widgets/CMessageBox.h"
+
+#include <QStyle>
+
+class QLabel;
+
+/// The dialog behind CMessageBox. Its buttons are in mapButton by their StandardButton.
+class CMessageDialog : public CBaseDialog
+{
+    Q_OBJECT
+
+public:
+    CMessageDialog(QWidget* parent, const QString& strTitle, const QString& strText, CMessageBox::StandardButtons buttons,
+                   CMessageBox::StandardButton defaultButton);
+
+    void SetIcon(const QString& strPath, QStyle::StandardPixmap fallback);
+
+    /// What the user pressed; what closing the box counts as, while nothing was pressed.
+    CMessageBox::StandardButton GetAnswer() const;
+
+private:
+    void InitContents(const QString& strText);
+    void InitButtons(CMessageBox::StandardButtons buttons, CMessageBox::StandardButton defaultButton);
+    void AddButton(QBoxLayout* pRow, CMessageBox::StandardButton button, const QString& strName, const QString& strText);
+
+    QLabel* pIcon = nullptr;
+    CMessageBox::StandardButton answer = CMessageBox::ButtonNone;
+};

@@ -1,0 +1,113 @@
+#include "interfaces/widgets/CScrollBar.h"
+
+#include <QAbstractScrollArea>
+#include <QEvent>
+
+namespace
+{
+constexpr int THICKNESS = 8;
+
+/// The view that a bar belongs to; null for a bar that stands alone.
+QAbstractScrollArea* FindScrollArea(QWidget* pWidget)
+{
+    QWidget* pParent = pWidget->parentWidget();
+    while (pParent && !qobject_cast<QAbstractScrollArea*>(pParent)) {
+        pParent = pParent->parentWidget();
+    }
+    return qobject_cast<QAbstractScrollArea*>(pParent);
+}
+} // namespace
+
+CScrollBar::CScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent)
+{
+    orientation == Qt::Horizontal ? setFixedHeight(THICKNESS) : setFixedWidth(THICKNESS);
+}
+
+CScrollBar::~CScrollBar() = default;
+
+void CScrollBar::ConnectSystem(QScrollBar* pSystemBar)
+{
+    pSystem = pSystemBar;
+    TakeSteps();
+    setRange(pSystem->minimum(), pSystem->maximum());
+    setValue(pSystem->value());
+    SetConnection();
+    pSystem->installEventFilter(this);
+    if (QAbstractScrollArea* pArea = FindScrollArea(pSystem)) {
+        pArea->viewport()->installEventFilter(this);
+    }
+}
+
+void CScrollBar::SetConnection()
+{
+    connect(pSystem, &QScrollBar::rangeChanged, this, &CScrollBar::TakeRange);
+    connect(pSystem, &QScrollBar::valueChanged, this, &CScrollBar::TakeValue);
+    connect(this, &QScrollBar::rangeChanged, pSystem.data(), &QScrollBar::setRange);
+    connect(this, &QScrollBar::valueChanged, pSystem.data(), &QScrollBar::setValue);
+}
+
+QSize CScrollBar::sizeHint() const
+{
+    const QSize size = QScrollBar::sizeHint();
+    return orientation() == Qt::Horizontal ? QSize(size.width(), THICKNESS) : QSize(THICKNESS, size.height());
+}
+
+bool CScrollBar::eventFilter(QObject* pWatched, QEvent* event)
+{
+    // No signal tells of a change of the steps; a view sets them before it paints.
+    if (event->type() == QEvent::Paint || event->type() == QEvent::Show) {
+        TakeSteps();
+    }
+    return QScrollBar::eventFilter(pWatched, event);
+}
+
+bool CScrollBar::event(QEvent* event)
+{
+    const bool bInput = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress
+        || event->type() == QEvent::Wheel || event->type() == QEvent::Show;
+    if (bInput) {
+        TakeSteps();
+    }
+    return QScrollBar::event(event);
+}
+
+void CScrollBar::sliderChange(SliderChange change)
+{
+    QScrollBar::sliderChange(change);
+    if (change == SliderStepsChange && pSystem && !bTakingSteps) {
+        pSystem->setPageStep(pageStep());
+        pSystem->setSingleStep(singleStep());
+    }
+}
+
+void CScrollBar::TakeSteps()
+{
+    if (!pSystem) {
+        return;
+    }
+    bTakingSteps = true;
+    setPageStep(pSystem->pageStep());
+    setSingleStep(pSystem->singleStep());
+    bTakingSteps = false;
+}
+
+void CScrollBar::TakeRange(int nMinimum, int nMaximum)
+{
+    TakeSteps();
+    setRange(nMinimum, nMaximum);
+    ShowWhenUseful();
+}
+
+void CScrollBar::TakeValue(int nValue)
+{
+    TakeSteps();
+    setValue(nValue);
+}
+
+void CScrollBar::ShowWhenUseful()
+{
+    // A bar whose place is outside of the view was put away by the view, which is too small for it.
+    if (const QWidget* pParent = parentWidget()) {
+        setVisible(pParent->rect().contains(geometry()) && minimum() != maximum());
+    }
+}

@@ -1,0 +1,158 @@
+#include "CToolTipControl.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QScreen>
+
+namespace
+{
+constexpr int MAXIMUM_WIDTH = 400;
+constexpr int BASE_MILLISECONDS = 10000;
+constexpr int MILLISECONDS_PER_CHARACTER = 40;
+constexpr int LONG_TEXT = 100; ///< characters from which on a text is given more time
+constexpr QPoint BELOW_MOUSE(2, 20);
+constexpr int ABOVE_MOUSE = 4;
+
+/// Below and to the right of the mouse where there is room, otherwise left of it or above it; a tip that is
+/// larger than the screen starts at its edge.
+QPoint PlaceToolTip(const QPoint& ptMouse, const QSize& size, const QRect& rcScreen)
+{
+    QPoint pt = ptMouse + BELOW_MOUSE;
+    if (pt.y() + size.height() > rcScreen.bottom() + 1) {
+        pt.setY(ptMouse.y() - ABOVE_MOUSE - size.height());
+    }
+    pt.setX(qMin(pt.x(), rcScreen.right() + 1 - size.width()));
+    return QPoint(qMax(pt.x(), rcScreen.left()), qMax(pt.y(), rcScreen.top()));
+}
+
+QRect GetScreenRect(const QPoint& ptMouse)
+{
+    const QScreen* pScreen = QGuiApplication::screenAt(ptMouse);
+    return (pScreen ? pScreen : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+bool IsHiddenBy(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::Close:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+        return true;
+    default:
+        return false;
+    }
+}
+} // namespace
+
+CToolTipControl* CToolTipControl::pInstance = nullptr;
+
+CToolTipControl* CToolTipControl::Get()
+{
+    if (!pInstance) {
+        pInstance = new CToolTipControl;
+        qAddPostRoutine([] { delete pInstance; });
+    }
+    return pInstance;
+}
+
+CToolTipControl::CToolTipControl()
+{
+    timerDelay.setSingleShot(true);
+    timerExpire.setSingleShot(true);
+    connect(&timerDelay, &QTimer::timeout, this, [this] { Show(strDelayed); });
+    connect(&timerExpire, &QTimer::timeout, this, &CToolTipControl::Hide);
+}
+
+CToolTipControl::~CToolTipControl()
+{
+    delete pWindow;
+    pInstance = nullptr;
+}
+
+void CToolTipControl::Show(const QString& strText)
+{
+    if (strText.isEmpty()) {
+        Hide();
+        return;
+    }
+    timerDelay.stop();
+    pTarget = QApplication::widgetAt(QCursor::pos());
+    CreateWindow(pTarget ? pTarget->window() : QApplication::activeWindow());
+    pWindow->setText(strText);
+    Place();
+    pWindow->show();
+    timerExpire.start(BASE_MILLISECONDS + MILLISECONDS_PER_CHARACTER * qMax(0, strText.size() - LONG_TEXT));
+    qApp->installEventFilter(this);
+}
+
+void CToolTipControl::ShowLater(const QString& strText, int nDelay)
+{
+    strDelayed = strText;
+    pTarget = QApplication::widgetAt(QCursor::pos());
+    timerDelay.start(qMax(0, nDelay));
+    qApp->installEventFilter(this);
+}
+
+void CToolTipControl::Hide()
+{
+    timerDelay.stop();
+    timerExpire.stop();
+    qApp->removeEventFilter(this);
+    DestroyWindow();
+}
+
+bool CToolTipControl::IsVisible() const
+{
+    return pWindow && pWindow->isVisible();
+}
+
+bool CToolTipControl::eventFilter(QObject* pWatched, QEvent* event)
+{
+    const bool bOwn = pWatched == pWindow;
+    const bool bLeft = event->type() == QEvent::Leave && pWatched == pTarget;
+    if (bLeft || (!bOwn && pWatched->isWidgetType() && IsHiddenBy(event->type()))) {
+        Hide();
+    }
+    return QObject::eventFilter(pWatched, event);
+}
+
+void CToolTipControl::CreateWindow(QWidget* pParent)
+{
+    if (pWindow && pWindow->parentWidget() == pParent) {
+        return;
+    }
+    DestroyWindow();
+    pWindow = new QLabel(pParent, Qt::ToolTip | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
+    pWindow->setObjectName(QStringLiteral("ToolTip"));
+    pWindow->setAttribute(Qt::WA_ShowWithoutActivating);
+    pWindow->setTextFormat(Qt::PlainText); // names come from devices and are no markup
+    pWindow->setMargin(4);
+}
+
+void CToolTipControl::DestroyWindow()
+{
+    // Emptied first: closing the window sends events that hide the tip.
+    const QLabel* pOld = pWindow;
+    pWindow = nullptr;
+    delete pOld;
+}
+
+void CToolTipControl::Place()
+{
+    pWindow->ensurePolished();
+    pWindow->setWordWrap(false);
+    pWindow->setMinimumWidth(0);
+    pWindow->setWordWrap(pWindow->sizeHint().width() > MAXIMUM_WIDTH);
+    pWindow->setMinimumWidth(pWindow->wordWrap() ? MAXIMUM_WIDTH : 0);
+    pWindow->adjustSize();
+    const QPoint ptMouse = QCursor::pos();
+    pWindow->move(PlaceToolTip(ptMouse, pWindow->size(), GetScreenRect(ptMouse)));
+}
