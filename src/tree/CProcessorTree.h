@@ -7,6 +7,8 @@
 #include <QTreeView>
 #include <QUuid>
 
+#include <vector>
+
 class CProcessorTreeDelegate;
 class CProcessorTreeModel;
 class CScrollBar;
@@ -89,28 +91,34 @@ private:
     void UpdateScrollBars();
 
     void DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
+    void SelectNodes(const std::vector<QUuid>& vecId);
     void SelectRowQuietly(const QModelIndex& index);
 
-    void DealArrowKey(QKeyEvent* pEvent);
     void DealDeleteKey(QKeyEvent* pEvent);
+    void DealArrowKey(QKeyEvent* pEvent);
+    void MoveUp(QKeyEvent* pEvent, const QModelIndex& index);
+    void MoveDown(QKeyEvent* pEvent, const QModelIndex& index);
+    void Fold(QKeyEvent* pEvent, const QModelIndex& index);
 
     void Rename();
+    void DealEditorDestroyed(QObject* pEditor);
     void Group();
     void Ungroup();
     void RemoveFromGroup();
     void MoveToGroup(const SProcessorGroupNode& group);
     void MoveSelectedProcessors(const QUuid& idGroup);
 
-    bool IsPressOnSelection(const QPoint& pos) const;
+    bool IsOnSelection(const QPoint& pos) const;
     void StartDrag(const QPoint& pos);
+    void RunDrag();
     void ScrollWhileDragging();
 
     QPoint GetMousePosition() const;
     void UpdateHover(QMouseEvent* pEvent);
     void UpdateToolTip(bool bDelay);
     bool IsHot(const QModelIndex& index) const;
-    void DrawNodeShape(QPainter* pPainter, QRectF rcRow, const QModelIndex& index, int nType) const;
-    void DrawInfoShape(QPainter* pPainter, const QRectF& rcRow, const QModelIndex& index) const;
+    void DrawNodeShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& index, int nType) const;
+    void DrawInfoShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& indexProcessor) const;
 
     CProcessorTreeModel* pModel = nullptr;
     CProcessorTreeDelegate* pDelegate = nullptr;

@@ -1,0 +1,85 @@
+#include "tree/CDragImage.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QTreeView>
+
+#include <algorithm>
+
+namespace
+{
+
+const int nMargin = 6;
+const qreal fOpacity = 0.5;
+const QColor colorTreeBackground(0x1C, 0x1E, 0x21); // the style sheet's; the two have to stay the same
+
+QVector<QRect> RowRects(const QTreeView& treeView, const QModelIndexList& listRow)
+{
+    QVector<QRect> vecRect;
+    for (const QModelIndex& index : listRow) {
+        vecRect.append(treeView.visualRect(index));
+        if (treeView.isExpanded(index)) {
+            vecRect.append(treeView.visualRect(treeView.model()->index(0, 0, index)));
+        }
+    }
+    return vecRect;
+}
+
+QRectF BoundingRect(const QVector<QRect>& vecRect)
+{
+    QPainterPath path;
+    for (const QRect& rc : vecRect) {
+        path.addRect(rc);
+    }
+    return path.boundingRect();
+}
+
+} // namespace
+
+CDragImage::CDragImage(QTreeView& treeView, const QModelIndexList& listRow, const QPoint& pos)
+{
+    const QVector<QRect> vecRect = RowRects(treeView, listRow);
+    const QRectF rcBound = BoundingRect(vecRect);
+    nTop = qRound(rcBound.top());
+    const int nBottom = qRound(rcBound.top() + rcBound.height()) - 1;
+    ptHotSpot = QPoint(pos.x(), pos.y() - nTop);
+
+    const int nWidth = treeView.width() - 2 * nMargin;
+    if (nWidth <= 0 || nBottom < nTop) {
+        return;
+    }
+    image = QImage(nWidth, nBottom - nTop + 1, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    Paint(treeView, vecRect);
+}
+
+QImage CDragImage::GetImage() const
+{
+    return image;
+}
+
+QPoint CDragImage::GetHotSpot() const
+{
+    return ptHotSpot;
+}
+
+void CDragImage::RemoveBackground(QImage& image, const QColor& background)
+{
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        QRgb* const pLine = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::replace(pLine, pLine + image.width(), background.rgba(), qRgba(0, 0, 0, 0));
+    }
+}
+
+void CDragImage::Paint(QTreeView& treeView, const QVector<QRect>& vecRow)
+{
+    QPainter painter(&image);
+    painter.setOpacity(fOpacity);
+    for (const QRect& rcRow : vecRow) {
+        const QRect rcGrab(QPoint(nMargin, rcRow.top()), QPoint(treeView.width() - nMargin - 1, rcRow.bottom()));
+        QImage imageRow = treeView.grab(rcGrab).toImage();
+        RemoveBackground(imageRow, colorTreeBackground);
+        painter.drawImage(QRect(0, rcRow.top() - nTop, image.width(), rcRow.height()), imageRow);
+    }
+}

@@ -1,0 +1,274 @@
+#include "tree/CProcessorTree.h"
+
+#include "data/CProcessorTreeData.h"
+#include "data/EnNodeType.h"
+#include "data/SProcessorAllNode.h"
+#include "delegate/CProcessorTreeDelegate.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "interfaces/widgets/CScrollBar.h"
+#include "model/CProcessorTreeModel.h"
+#include "model/EnItemRole.h"
+#include "tree/CNodeWalk.h"
+#include "tree/EnTreeAction.h"
+#include "tree/SNodeSelection.h"
+#include "tree/SOverlayBars.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <QTimer>
+
+namespace
+{
+
+const int nIndentation = 15;
+const int nScrollInterval = 500; // ms
+const int nMenuSelectAll = 18;   // id in the host's menu bar
+
+} // namespace
+
+CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeView(pParent)
+{
+    setMouseTracking(true);
+    bDiscovered = bDiscoveredPane;
+    InitWidget();
+    SetConnection();
+    pScrollTimer = new QTimer(this);
+    pScrollTimer->setInterval(nScrollInterval);
+    connect(pScrollTimer, &QTimer::timeout, this, &CProcessorTree::ScrollWhileDragging);
+}
+
+CProcessorTree::~CProcessorTree()
+{
+    if (pRenameEditor) {
+        disconnect(pRenameEditor, nullptr, this, nullptr);
+    }
+    if (pDrag) {
+        QDrag::cancel();
+        delete pDrag;
+    }
+}
+
+void CProcessorTree::InitWidget()
+{
+    pModel = new CProcessorTreeModel(this);
+    pDelegate = new CProcessorTreeDelegate(this);
+    for (int nAction = ActionRename; nAction <= ActionRemoveFromGroup; ++nAction) {
+        mapAction[nAction] = new QAction(this);
+        mapAction[nAction]->setText(GetActionText(nAction));
+    }
+    setObjectName("ProcessorTree");
+    setItemDelegate(pDelegate);
+    setModel(pModel);
+    header()->hide();
+    InitView();
+    InitScrollBars();
+}
+
+void CProcessorTree::InitView()
+{
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+    setIndentation(nIndentation);
+    setContextMenuPolicy(Qt::DefaultContextMenu);
+    setExpandsOnDoubleClick(true);
+    setEditTriggers(NoEditTriggers);
+    setAcceptDrops(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    // A style sheet without a hover rule switches no hover events on; tips and the rows' text need them.
+    setAttribute(Qt::WA_Hover);
+    viewport()->setAttribute(Qt::WA_Hover);
+}
+
+void CProcessorTree::InitScrollBars()
+{
+    pHorizontalBar = new CScrollBar(Qt::Horizontal, this);
+    pHorizontalBar->ConnectSystem(horizontalScrollBar());
+    pHorizontalBar->hide();
+    pVerticalBar = new CScrollBar(Qt::Vertical, this);
+    pVerticalBar->ConnectSystem(verticalScrollBar());
+    pVerticalBar->hide();
+}
+
+void CProcessorTree::SetConnection()
+{
+    connect(this, &QTreeView::expanded, pModel, &CProcessorTreeModel::DealExpanded);
+    connect(this, &QTreeView::collapsed, pModel, &CProcessorTreeModel::DealCollapsed);
+    for (auto it = mapAction.cbegin(); it != mapAction.cend(); ++it) {
+        connect(it.value(), &QAction::triggered, this, [this, nAction = it.key()] { DealAction(nAction); });
+    }
+}
+
+QString CProcessorTree::GetActionText(int nAction)
+{
+    return TreeActionText(nAction);
+}
+
+void CProcessorTree::UpdateText()
+{
+    for (auto it = mapAction.cbegin(); it != mapAction.cend(); ++it) {
+        it.value()->setText(GetActionText(it.key()));
+    }
+}
+
+void CProcessorTree::UpdateScrollBars()
+{
+    if (!pHorizontalBar || !pVerticalBar) {
+        return;
+    }
+    if (!SOverlayBars::HasRoom(size())) {
+        pHorizontalBar->setVisible(false);
+        pVerticalBar->setVisible(false);
+        return;
+    }
+    const SOverlayBars bars(size(), pHorizontalBar->height(), pVerticalBar->width());
+    pHorizontalBar->setGeometry(bars.rcHorizontal);
+    pVerticalBar->setGeometry(bars.rcVertical);
+    pHorizontalBar->setVisible(horizontalScrollBar()->minimum() != horizontalScrollBar()->maximum());
+    pVerticalBar->setVisible(verticalScrollBar()->minimum() != verticalScrollBar()->maximum());
+}
+
+void CProcessorTree::resizeEvent(QResizeEvent* pEvent)
+{
+    QTreeView::resizeEvent(pEvent);
+    UpdateScrollBars();
+}
+
+void CProcessorTree::showEvent(QShowEvent* pEvent)
+{
+    QTreeView::showEvent(pEvent);
+    UpdateScrollBars();
+}
+
+void CProcessorTree::changeEvent(QEvent* pEvent)
+{
+    QFrame::changeEvent(pEvent);
+    if (pEvent->type() == QEvent::LanguageChange) {
+        UpdateText();
+    }
+}
+
+void CProcessorTree::RefreshTree()
+{
+    bRebuilding = true;
+    blockSignals(true);
+    pModel->RebuildFromStore();
+    RestoreSelection();
+    bRebuilding = false;
+    blockSignals(false);
+}
+
+void CProcessorTree::SetSearchText(const QString& strText)
+{
+    pModel->SetSearchText(strText);
+}
+
+void CProcessorTree::DealMenuBar(int nId, QVariant value)
+{
+    if (nId == nMenuSelectAll && value.toBool() && hasFocus()) {
+        selectAll();
+    }
+}
+
+void CProcessorTree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    if (bRebuilding || bSuppressSelection) {
+        return;
+    }
+    DealSelectionChanged(selected, deselected);
+    QTreeView::selectionChanged(selected, deselected);
+}
+
+// Reports the whole selection, not the change.
+void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    Q_UNUSED(selected)
+    Q_UNUSED(deselected)
+    const QModelIndexList listSelected = selectedIndexes();
+    if (listSelected.isEmpty()) {
+        return;
+    }
+    const std::vector<QUuid> vecId = SNodeSelection::GetIds(listSelected);
+    g_pProcessorTreeData->SetSelectedNodes(vecId);
+    g_pRuntimeControl->SetSelectedNodes(vecId);
+    emit g_pProcessorTreeData->NotifyButton();
+    if (!vecId.empty()) {
+        update();
+    }
+}
+
+// The ids are those of this tree's pane, their rows those of the current pane.
+void CProcessorTree::RestoreSelection()
+{
+    selectionModel()->clear();
+    SProcessorAllNode nodeAll;
+    g_pProcessorTreeData->GetCurrentTree(nodeAll);
+    const std::vector<QUuid> vecId = g_pProcessorTreeData->GetSelectedNodes(!bDiscovered);
+    if (vecId.empty()) {
+        selectionModel()->select(pModel->GetRootIndex(), QItemSelectionModel::Select);
+        g_pRuntimeControl->SetSelectedNodes({ QUuid() });
+        return;
+    }
+    SelectNodes(SNodeSelection::GetKnownIds(vecId, nodeAll));
+}
+
+void CProcessorTree::SelectNodes(const std::vector<QUuid>& vecId)
+{
+    QModelIndexList listRow;
+    for (const QUuid& id : vecId) {
+        listRow.append(pModel->GetIndexById(id));
+    }
+    if (bRebuilding) {
+        // Nobody listens, so one call may do: one a row takes quadratic time.
+        selectionModel()->select(SNodeSelection::GetRanges(listRow), QItemSelectionModel::Select);
+        return;
+    }
+    for (const QModelIndex& index : std::as_const(listRow)) {
+        selectionModel()->select(index, QItemSelectionModel::Select);
+    }
+}
+
+void CProcessorTree::UpdateCurrentNode()
+{
+    const std::vector<QUuid> vecId = g_pProcessorTreeData->GetSelectedNodes();
+    if (vecId.empty()) {
+        SelectRowQuietly(pModel->GetRootIndex());
+        return;
+    }
+    if (vecId.size() > 1) {
+        return;
+    }
+    const QModelIndexList listSelected = selectedIndexes();
+    if (listSelected.size() == 1 && listSelected.first().data(RoleNodeId).toUuid() == vecId.front()) {
+        return;
+    }
+    const QModelIndex indexRow = SNodeSelection::FindProcessor(pModel->GetRootIndex(), vecId.front());
+    if (indexRow.isValid()) {
+        SelectRowQuietly(indexRow);
+        viewport()->update();
+    }
+}
+
+void CProcessorTree::SelectRowQuietly(const QModelIndex& index)
+{
+    const QSignalBlocker blocker(selectionModel());
+    clearSelection();
+    selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+QUuid CProcessorTree::GetNodeAboveSelection()
+{
+    const QModelIndex indexRoot = pModel->GetRootIndex();
+    if (!indexRoot.isValid()) {
+        return QUuid();
+    }
+    return CNodeWalk(*this).AboveSelection(indexRoot).data(RoleNodeId).toUuid();
+}

@@ -1,0 +1,274 @@
+// The commands of CProcessorTree: menu, keys, deletion, grouping and renaming.
+
+#include "tree/CProcessorTree.h"
+
+#include "data/CProcessorTreeData.h"
+#include "data/EnNodeType.h"
+#include "data/SProcessorGroupNode.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "interfaces/widgets/CMenu.h"
+#include "model/CProcessorTreeModel.h"
+#include "model/EnItemRole.h"
+#include "tree/CDeleteDialog.h"
+#include "tree/CDeleteJob.h"
+#include "tree/CNodeWalk.h"
+#include "tree/CTreeMenu.h"
+#include "tree/DeleteBlock.h"
+#include "tree/EnTreeAction.h"
+#include "tree/SNodeSelection.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+
+#include <algorithm>
+
+namespace
+{
+
+const int nMenuMinimumWidth = 180;
+
+bool HasMenu(const QModelIndex& index)
+{
+    const int nType = index.data(RoleNodeType).toInt();
+    return nType == NodeGroup || nType == NodeProcessor;
+}
+
+bool IsGroup(const QModelIndex& index)
+{
+    return index.data(RoleNodeType).toInt() == NodeGroup;
+}
+
+} // namespace
+
+void CProcessorTree::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    const QModelIndex index = indexAt(pEvent->pos());
+    const QModelIndexList listSelected = selectedIndexes();
+    if (!index.isValid() || !listSelected.contains(index) || !HasMenu(index)) {
+        return;
+    }
+    // On the heap: this tree owns the menu too and may be destroyed while exec() runs.
+    const QPointer<CMenu> pMenu = new CMenu(this);
+    pMenu->setMinimumWidth(nMenuMinimumWidth);
+    CTreeMenu menu(mapAction, [this](const SProcessorGroupNode& group) { MoveToGroup(group); });
+    menu.Fill(pMenu, index, listSelected.size());
+    pMenu->exec(mapToGlobal(pEvent->pos()));
+    delete pMenu;
+}
+
+void CProcessorTree::DealAction(int nAction)
+{
+    switch (nAction) {
+    case ActionRename:
+        Rename();
+        break;
+    case ActionDelete:
+        DeleteNode(true);
+        break;
+    case ActionGroup:
+        Group();
+        break;
+    case ActionUngroup:
+        Ungroup();
+        break;
+    case ActionRemoveFromGroup:
+        RemoveFromGroup();
+        break;
+    default:
+        break;
+    }
+}
+
+void CProcessorTree::keyPressEvent(QKeyEvent* pEvent)
+{
+    switch (pEvent->key()) {
+    case Qt::Key_Delete:
+        DealDeleteKey(pEvent);
+        break;
+    case Qt::Key_F2:
+        DealAction(ActionRename);
+        QTreeView::keyPressEvent(pEvent);
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        DealArrowKey(pEvent);
+        break;
+    default:
+        QTreeView::keyPressEvent(pEvent);
+        break;
+    }
+}
+
+// Reads the action as the last menu has left it, on purpose: the key asks neither the lock nor the user.
+void CProcessorTree::DealDeleteKey(QKeyEvent* pEvent)
+{
+    if (!mapAction[ActionDelete]->isEnabled()) {
+        return;
+    }
+    DeleteNode(false);
+    emit g_pProcessorTreeData->NotifyNodeInfo();
+    QTreeView::keyPressEvent(pEvent);
+}
+
+void CProcessorTree::DealArrowKey(QKeyEvent* pEvent)
+{
+    const QModelIndexList listSelected = selectedIndexes();
+    if (listSelected.size() != 1) {
+        pEvent->ignore();
+        return;
+    }
+    const QModelIndex index = listSelected.first();
+    switch (pEvent->key()) {
+    case Qt::Key_Up:
+        MoveUp(pEvent, index);
+        break;
+    case Qt::Key_Down:
+        MoveDown(pEvent, index);
+        break;
+    default:
+        Fold(pEvent, index);
+        break;
+    }
+}
+
+void CProcessorTree::MoveUp(QKeyEvent* pEvent, const QModelIndex& index)
+{
+    if (index.parent().isValid()) {
+        setCurrentIndex(CNodeWalk(*this).Above(index));
+    } else if (index.row() == 0) {
+        pEvent->ignore();
+    } else {
+        QTreeView::keyPressEvent(pEvent);
+    }
+}
+
+void CProcessorTree::MoveDown(QKeyEvent* pEvent, const QModelIndex& index)
+{
+    const QModelIndex indexRoot = pModel->GetRootIndex();
+    if (indexRoot.isValid()) {
+        setCurrentIndex(CNodeWalk(*this).Below(indexRoot, index));
+    } else {
+        QTreeView::keyPressEvent(pEvent);
+    }
+}
+
+// Left on a folded row and Right on an open one have nothing to do and go to the parent widget.
+void CProcessorTree::Fold(QKeyEvent* pEvent, const QModelIndex& index)
+{
+    const bool bOpens = pEvent->key() == Qt::Key_Right;
+    if (pModel->hasChildren(index) && isExpanded(index) == bOpens) {
+        pEvent->ignore();
+    } else {
+        QTreeView::keyPressEvent(pEvent);
+    }
+}
+
+void CProcessorTree::DeleteNode(bool bAsk)
+{
+    if (IsDeleteBlocked()) {
+        return;
+    }
+    SDeletePlan plan = SDeletePlan::ForNodes(g_pProcessorTreeData->GetSelectedNodes());
+    if (plan.mapNode.isEmpty()) {
+        return;
+    }
+    plan.bWithProcessors = true;
+    if (bAsk && !CDeleteDialog(this).Ask(plan.GetQuestion(), plan.bWithProcessors)) {
+        return;
+    }
+    g_pRuntimeControl->SetBusy(true);
+    plan.idNext = GetNodeAboveSelection();
+    CDeleteJob::Start(plan);
+}
+
+// The suppression comes before the editor, on purpose: where no editor opens, on the root and on an
+// information row, it stays on until the next editor has closed.
+void CProcessorTree::Rename()
+{
+    const QModelIndexList listSelected = selectedIndexes();
+    if (listSelected.size() != 1) {
+        return;
+    }
+    bSuppressSelection = true;
+    const QModelIndex index = listSelected.first();
+    edit(index, AllEditTriggers, nullptr);
+    if (QWidget* const pEditor = indexWidget(index)) {
+        pRenameEditor = pEditor;
+        connect(pEditor, &QObject::destroyed, this, &CProcessorTree::DealEditorDestroyed, Qt::UniqueConnection);
+    }
+}
+
+void CProcessorTree::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const QUuid id = currentIndex().data(RoleNodeId).toUuid();
+    if (!id.isNull()) {
+        selectionModel()->select(pModel->GetIndexById(id), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    bSuppressSelection = false;
+    if (pRenameEditor == pEditor) {
+        pRenameEditor = nullptr;
+    }
+    QTreeView::closeEditor(pEditor, hint);
+}
+
+// A rebuild takes the editor away with its row and closes none: the rename ends here. An editor that was
+// closed is destroyed later and must not end the next rename.
+void CProcessorTree::DealEditorDestroyed(QObject* pEditor)
+{
+    if (pRenameEditor == pEditor) {
+        pRenameEditor = nullptr;
+        bSuppressSelection = false;
+    }
+}
+
+void CProcessorTree::Group()
+{
+    bSuppressSelection = true;
+    SProcessorGroupNode group;
+    group.strName = tr("Group %1").arg(g_pPrcListControl->GetNextGroupIndex());
+    group.idNode = QUuid::createUuid();
+    g_pPrcListControl->AddGroup(group, selectedIndexes().isEmpty());
+    MoveSelectedProcessors(group.idNode);
+    g_pRuntimeControl->SetSelectedNodes({ group.idNode });
+    bSuppressSelection = false;
+}
+
+void CProcessorTree::Ungroup()
+{
+    const QUuid idNext = GetNodeAboveSelection();
+    const QModelIndexList listSelected = selectedIndexes();
+    for (const QModelIndex& index : listSelected) {
+        if (IsGroup(index)) {
+            g_pPrcListControl->DeleteGroup(index.data(RoleNodeId).toUuid(), false);
+        }
+    }
+    g_pRuntimeControl->SetSelectedNodes({ idNext });
+}
+
+void CProcessorTree::RemoveFromGroup()
+{
+    QModelIndexList listMember = selectedIndexes();
+    const auto fnOutside = [](const QModelIndex& index) { return !IsGroup(index.parent()); };
+    listMember.erase(std::remove_if(listMember.begin(), listMember.end(), fnOutside), listMember.end());
+    for (const QUuid& id : SNodeSelection::GetProcessorIds(listMember)) {
+        g_pPrcListControl->MoveProcessor(id, QUuid());
+    }
+}
+
+void CProcessorTree::MoveToGroup(const SProcessorGroupNode& group)
+{
+    MoveSelectedProcessors(group.idNode);
+    expand(pModel->GetIndexById(group.idNode));
+}
+
+void CProcessorTree::MoveSelectedProcessors(const QUuid& idGroup)
+{
+    for (const QUuid& id : SNodeSelection::GetProcessorIds(selectedIndexes())) {
+        g_pPrcListControl->MoveProcessor(id, idGroup);
+    }
+}

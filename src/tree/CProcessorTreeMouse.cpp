@@ -1,0 +1,293 @@
+// What CProcessorTree does with the mouse: drag and drop, hover and tips, and the shapes behind the rows.
+
+#include "tree/CProcessorTree.h"
+
+#include "data/EnNodeType.h"
+#include "interfaces/widgets/CToolTip.h"
+#include "model/EnItemRole.h"
+#include "tree/CDragImage.h"
+#include "tree/CRowPainter.h"
+#include "tree/CRowToolTip.h"
+#include "tree/SDragPayload.h"
+#include "tree/SDropTarget.h"
+#include "tree/SScrollBands.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace
+{
+
+const int nDragDistance = 7;
+const int nToolTipDelay = 40; // ms
+
+bool IsNode(int nType)
+{
+    return nType == NodeAll || nType == NodeGroup || nType == NodeProcessor;
+}
+
+bool IsDragDistance(const QPoint& ptMoved)
+{
+    return qAbs(ptMoved.x()) >= nDragDistance || qAbs(ptMoved.y()) >= nDragDistance;
+}
+
+bool MayBeMoved(const QModelIndexList& listRow)
+{
+    return std::none_of(listRow.cbegin(), listRow.cend(), [](const QModelIndex& index) {
+        const int nType = index.data(RoleNodeType).toInt();
+        return nType == NodeGroup || nType == NodeAll;
+    });
+}
+
+} // namespace
+
+void CProcessorTree::mousePressEvent(QMouseEvent* pEvent)
+{
+    const QModelIndex index = indexAt(pEvent->pos());
+    if (!index.isValid()) {
+        pEvent->accept();
+        return;
+    }
+    if (index.data(RoleNodeType).toInt() == NodeInfo) {
+        return;
+    }
+    QTreeView::mousePressEvent(pEvent);
+    if (!(pEvent->buttons() & Qt::LeftButton)) {
+        return;
+    }
+    if (IsOnSelection(pEvent->pos())) {
+        bDragArmed = true;
+        ptPress = pEvent->pos();
+    }
+    viewport()->update();
+}
+
+bool CProcessorTree::IsOnSelection(const QPoint& pos) const
+{
+    const QModelIndexList listSelected = selectedIndexes();
+    return std::any_of(listSelected.cbegin(), listSelected.cend(),
+                       [this, &pos](const QModelIndex& index) { return visualRect(index).contains(pos); });
+}
+
+// Never the base class's: there is neither a rubber band nor selection by sweeping.
+void CProcessorTree::mouseMoveEvent(QMouseEvent* pEvent)
+{
+    const QPointer<CProcessorTree> pSelf(this);
+    if ((pEvent->buttons() & Qt::LeftButton) && bDragArmed && IsDragDistance(pEvent->pos() - ptPress)) {
+        StartDrag(pEvent->pos());
+    }
+    if (pSelf) {
+        UpdateHover(pEvent);
+    }
+}
+
+void CProcessorTree::mouseReleaseEvent(QMouseEvent* pEvent)
+{
+    bDragArmed = false;
+    if (pDrag) {
+        pDrag->setPixmap(QPixmap());
+    }
+    if (indexAt(pEvent->pos()).isValid()) {
+        QTreeView::mouseReleaseEvent(pEvent);
+    } else {
+        pEvent->accept();
+    }
+}
+
+void CProcessorTree::StartDrag(const QPoint& pos)
+{
+    const QModelIndexList listSelected = selectedIndexes();
+    if (listSelected.isEmpty()) {
+        return;
+    }
+    pDrag = new QDrag(this);
+    SDragPayload payload;
+    payload.bAllow = MayBeMoved(listSelected);
+    if (payload.bAllow) {
+        const CDragImage image(*this, listSelected, pos);
+        pDrag->setPixmap(QPixmap::fromImage(image.GetImage()));
+        pDrag->setHotSpot(image.GetHotSpot());
+    }
+    pDrag->setMimeData(payload.ToMime());
+    RunDrag();
+}
+
+void CProcessorTree::RunDrag()
+{
+    const QPointer<CProcessorTree> pSelf(this);
+    bDragging = true;
+    pScrollTimer->start();
+    pDrag->exec(Qt::MoveAction);
+    if (pSelf) {
+        bDragArmed = false;
+        bDragging = false;
+        viewport()->update();
+    }
+}
+
+void CProcessorTree::dragEnterEvent(QDragEnterEvent* pEvent)
+{
+    if (SDragPayload::IsIn(pEvent->mimeData())) {
+        pEvent->setAccepted(SDragPayload::FromMime(pEvent->mimeData()).bAllow);
+    } else {
+        pEvent->ignore();
+    }
+}
+
+void CProcessorTree::dragMoveEvent(QDragMoveEvent* pEvent)
+{
+    if (!SDragPayload::IsIn(pEvent->mimeData())) {
+        pEvent->ignore();
+        return;
+    }
+    if (!SDragPayload::FromMime(pEvent->mimeData()).bAllow) {
+        return;
+    }
+    pEvent->setDropAction(Qt::MoveAction);
+    UpdateHover(nullptr);
+    const SScrollBands bands(size(), pEvent->pos());
+    bScrollUp = bands.bUp;
+    bScrollDown = bands.bDown;
+    pEvent->accept();
+}
+
+// Asks the view's own bar, which this tree keeps out of sight, on purpose.
+void CProcessorTree::ScrollWhileDragging()
+{
+    QScrollBar* const pBar = verticalScrollBar();
+    if (!bDragging || !(bScrollUp || bScrollDown) || !pBar->isVisible()) {
+        return;
+    }
+    pBar->setValue(pBar->value() + (bScrollUp ? -1 : 1));
+    viewport()->update();
+}
+
+void CProcessorTree::wheelEvent(QWheelEvent* pEvent)
+{
+    if (bDragging) {
+        pEvent->accept();
+    } else {
+        QAbstractScrollArea::wheelEvent(pEvent);
+    }
+}
+
+void CProcessorTree::dropEvent(QDropEvent* pEvent)
+{
+    pScrollTimer->stop();
+    setCursor(QCursor(Qt::ArrowCursor));
+    pEvent->setDropAction(Qt::MoveAction);
+    if (pDrag) { // null for a drag that another tree has started
+        pDrag->setPixmap(QPixmap());
+    }
+    if (!SDragPayload::IsIn(pEvent->mimeData()) || !SDragPayload::FromMime(pEvent->mimeData()).bAllow) {
+        return;
+    }
+    const SDropTarget target = SDropTarget::ForRow(indexAt(pEvent->pos()));
+    if (target.indexGroup.isValid()) {
+        expand(target.indexGroup);
+    }
+    if (target.bValid) {
+        MoveSelectedProcessors(target.idGroup);
+    }
+    pEvent->accept();
+}
+
+QPoint CProcessorTree::GetMousePosition() const
+{
+    return mapFromGlobal(QCursor::pos()) - contentsRect().topLeft();
+}
+
+// Without an event, as while rows move under a mouse that rests, the position is the cursor's.
+void CProcessorTree::UpdateHover(QMouseEvent* pEvent)
+{
+    const QModelIndex index = indexAt(pEvent ? pEvent->pos() : GetMousePosition());
+    bHover = index.isValid() && IsNode(index.data(RoleNodeType).toInt());
+    indexHover = bHover ? index : QModelIndex();
+    viewport()->update();
+}
+
+void CProcessorTree::leaveEvent(QEvent* pEvent)
+{
+    QWidget::leaveEvent(pEvent);
+    indexHover = QModelIndex();
+    bHover = false;
+    viewport()->update();
+}
+
+void CProcessorTree::verticalScrollbarValueChanged(int nValue)
+{
+    UpdateHover(nullptr);
+    QTreeView::verticalScrollbarValueChanged(nValue);
+}
+
+// A tip comes when the toolkit asks for it; one that is up follows the mouse.
+bool CProcessorTree::event(QEvent* pEvent)
+{
+    if (pEvent->type() == QEvent::HoverMove && CToolTip::IsVisible()) {
+        UpdateToolTip(true);
+    } else if (pEvent->type() == QEvent::ToolTip) {
+        UpdateToolTip(false);
+    }
+    return QTreeView::event(pEvent);
+}
+
+void CProcessorTree::UpdateToolTip(bool bDelay)
+{
+    const QPoint pos = GetMousePosition();
+    const QString strText = CRowToolTip::GetText(indexAt(pos), pos);
+    if (strText.isEmpty()) {
+        CToolTip::HideText();
+    } else if (bDelay) {
+        CToolTip::ShowTextDelay(strText, nToolTipDelay);
+    } else {
+        CToolTip::ShowText(strText);
+    }
+}
+
+void CProcessorTree::drawRow(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    if (!index.isValid() || !index.internalPointer()) {
+        return;
+    }
+    pPainter->save();
+    const int nType = index.data(RoleNodeType).toInt();
+    if (IsNode(nType)) {
+        DrawNodeShape(pPainter, option.rect, index, nType);
+    } else if (nType == NodeInfo) {
+        DrawInfoShape(pPainter, option.rect, index.parent());
+    }
+    pPainter->restore();
+    QTreeView::drawRow(pPainter, option, index);
+}
+
+void CProcessorTree::DrawNodeShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& index, int nType) const
+{
+    const EnRowMark mark = RowMark(nType, selectionModel()->isSelected(index), IsHot(index), bDragging);
+    if (mark == EnRowMark::Hovered || mark == EnRowMark::DropFrame) {
+        indexHover = index;
+    }
+    CRowPainter(*pPainter).PaintNode(rcRow, mark);
+}
+
+// The card of a processor that is neither selected nor hovered is invisible.
+void CProcessorTree::DrawInfoShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& indexProcessor) const
+{
+    if (selectionModel()->isSelected(indexProcessor)) {
+        CRowPainter(*pPainter).PaintCard(rcRow, CRowPainter::EnCard::Selected);
+    } else if (bHover && indexHover.isValid() && indexHover == indexProcessor) {
+        CRowPainter(*pPainter).PaintCard(rcRow, CRowPainter::EnCard::Hovered);
+    }
+}
+
+// As the base class tells a hovered row: by its position, and only where the style decorates whole rows.
+bool CProcessorTree::IsHot(const QModelIndex& index) const
+{
+    return bHover && indexHover.isValid() && indexHover.row() == index.row() && indexHover.parent() == index.parent()
+        && selectionBehavior() == SelectRows && viewOptions().showDecorationSelected;
+}

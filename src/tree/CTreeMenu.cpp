@@ -1,0 +1,90 @@
+#include "tree/CTreeMenu.h"
+
+#include "data/CProcessorTreeData.h"
+#include "data/EnNodeType.h"
+#include "data/SProcessorAllNode.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/widgets/CMenu.h"
+#include "model/EnItemRole.h"
+#include "tree/DeleteBlock.h"
+#include "tree/EnTreeAction.h"
+
+#include <QAction>
+
+namespace
+{
+
+const int nSubMenuMinimumWidth = 100;
+
+} // namespace
+
+CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActions, FnMoveToGroup fnMove)
+    : mapAction(mapActions), fnMoveToGroup(std::move(fnMove))
+{ }
+
+void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected)
+{
+    const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
+    if (nSelected == 1) {
+        AddRename(pMenu, indexClicked);
+    }
+    if (bGroup) {
+        pMenu->addAction(mapAction[ActionUngroup]);
+    } else {
+        const bool bMember = indexClicked.parent().data(RoleNodeType).toInt() == NodeGroup;
+        pMenu->addAction(mapAction[bMember ? ActionRemoveFromGroup : ActionGroup]);
+        AddMoveToGroup(pMenu, indexClicked);
+    }
+    AddDelete(pMenu);
+}
+
+void CTreeMenu::AddRename(CMenu* pMenu, const QModelIndex& indexClicked)
+{
+    const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
+    if (bGroup || g_pPrcListControl->IsNodeActive(indexClicked.data(RoleNodeId).toUuid())) {
+        pMenu->addAction(mapAction[ActionRename]);
+    }
+}
+
+void CTreeMenu::AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked)
+{
+    SProcessorAllNode nodeAll;
+    g_pProcessorTreeData->GetCurrentTree(nodeAll);
+    if (nodeAll.listGroup.isEmpty()) {
+        return;
+    }
+    CMenu* const pSubMenu = GetSubMenu(pMenu);
+    const QUuid idParent = indexClicked.parent().data(RoleNodeId).toUuid();
+    for (const SProcessorGroupNode& group : std::as_const(nodeAll.listGroup)) {
+        if (group.idNode != idParent) {
+            QAction* const pAction = pSubMenu->addAction(group.strName);
+            pAction->setShortcut(QKeySequence());
+            QObject::connect(pAction, &QAction::triggered, pSubMenu, [fn = fnMoveToGroup, group] { fn(group); });
+        }
+    }
+    if (!pSubMenu->isEmpty()) {
+        pMenu->addAction(mapAction[ActionMoveToGroup]);
+    }
+}
+
+void CTreeMenu::AddDelete(CMenu* pMenu)
+{
+    QAction* const pAction = mapAction[ActionDelete];
+    pAction->setEnabled(!IsDeleteBlocked());
+    pMenu->addAction(pAction);
+}
+
+// The sub-menu dies with the menu of its opening, so that each opening makes a new one.
+CMenu* CTreeMenu::GetSubMenu(CMenu* pMenu)
+{
+    QAction* const pAction = mapAction[ActionMoveToGroup];
+    CMenu* pSubMenu = static_cast<CMenu*>(pAction->menu());
+    if (!pSubMenu) {
+        pSubMenu = new CMenu(pMenu);
+        pAction->setMenu(pSubMenu);
+    }
+    pSubMenu->clear();
+    static_cast<QWidget*>(pSubMenu)->setMinimumWidth(nSubMenuMinimumWidth);
+    return pSubMenu;
+}

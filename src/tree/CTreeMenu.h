@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QMap>
+#include <QModelIndex>
+
+#include <functional>
+
+class CMenu;
+class QAction;
+struct SProcessorGroupNode;
+
+/// Fills the context menu of the tree for one opening. The actions are the tree's and are shared by all
+/// openings: whether Delete is enabled stays on its action after the menu has closed.
+class CTreeMenu
+{
+public:
+    /// Runs the move of the selected processors into a group.
+    using FnMoveToGroup = std::function<void(const SProcessorGroupNode&)>;
+
+    /// mapActions by EnTreeAction. fnMove must bear being called for as long as the menu lives.
+    CTreeMenu(const QMap<int, QAction*>& mapActions, FnMoveToGroup fnMove);
+
+    /// Adds the entries for the clicked row, a group or a processor, with nSelected rows selected.
+    void Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected);
+
+private:
+    void AddRename(CMenu* pMenu, const QModelIndex& indexClicked);
+    void AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked);
+    void AddDelete(CMenu* pMenu);
+    CMenu* GetSubMenu(CMenu* pMenu);
+
+    const QMap<int, QAction*>& mapAction;
+    FnMoveToGroup fnMoveToGroup;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+/// What the user is asked before nodes are deleted.
+enum class EnDeleteQuestion
+{
+    None,                    ///< only empty groups go
+    WithOrWithoutProcessors, ///< groups go, one at least with processors: what becomes of these?
+    Processors,              ///< are the processors to go?
+    GroupsAndProcessors,     ///< are the groups and the processors to go?
+};
+
+/// The question for a choice of nodes: bProcessor, bFilledGroup and bEmptyGroup tell what it holds, at
+/// least one of each true kind.
+EnDeleteQuestion DeleteQuestion(bool bProcessor, bool bFilledGroup, bool bEmptyGroup);

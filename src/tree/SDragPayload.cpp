@@ -1,0 +1,35 @@
+#include "tree/SDragPayload.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <QMimeData>
+
+namespace
+{
+
+const char* const szFormat = "PROCESSOR DATA";
+
+} // namespace
+
+bool SDragPayload::IsIn(const QMimeData* pData)
+{
+    return pData->hasFormat(szFormat);
+}
+
+SDragPayload SDragPayload::FromMime(const QMimeData* pData)
+{
+    SDragPayload payload;
+    QDataStream stream(pData->data(szFormat));
+    stream >> payload.bAllow;
+    return payload;
+}
+
+QMimeData* SDragPayload::ToMime() const
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << bAllow;
+    QMimeData* const pData = new QMimeData;
+    pData->setData(szFormat, bytes);
+    return pData;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+class QMimeData;
+
+/// What a drag of rows carries. The nodes themselves are not in it: the target reads its own selection.
+struct SDragPayload
+{
+    /// True when data is a drag of rows at all.
+    static bool IsIn(const QMimeData* pData);
+
+    /// Reads the payload; an empty or broken one may not be dropped.
+    static SDragPayload FromMime(const QMimeData* pData);
+
+    /// New data, owned by the caller.
+    QMimeData* ToMime() const;
+
+    /// Every selected row may be moved; false when a group or the root is among them.
+    bool bAllow = false;
+};
