@@ -1,0 +1,112 @@
+#include "CRowView.h"
+
+#include "model/CProcessorItem.h"
+#include "model/EnItemRole.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QtTest>
+
+void CCountingDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    ++hashPaints[index];
+    CProcessorTreeDelegate::paint(painter, option, index);
+}
+
+int CCountingDelegate::Paints(const QModelIndex& index) const
+{
+    return hashPaints.value(index);
+}
+
+int CCountingDelegate::Paints() const
+{
+    int nPaints = 0;
+    for (const int nOfRow : std::as_const(hashPaints))
+        nPaints += nOfRow;
+    return nPaints;
+}
+
+void CCountingDelegate::Clear()
+{
+    hashPaints.clear();
+}
+
+CRowView::CRowView()
+{
+    auto* pRoot = new CProcessorItem(NodeAll);
+    rows.appendRow(pRoot);
+    pRoot->SetNodeId(QUuid());
+    header()->hide();
+    setModel(&rows);
+    setItemDelegate(&rowDelegate);
+    setEditTriggers(NoEditTriggers);
+    setIndentation(15);
+    expandAll();
+    resize(300, 400);
+    show();
+    activateWindow();
+    if (!QTest::qWaitForWindowActive(this))
+        qWarning("The view did not become active");
+}
+
+QModelIndex CRowView::Row(int nType, const QUuid& id) const
+{
+    const QModelIndexList listRow = rows.match(rows.index(0, 0), RoleNodeId, id, -1, Qt::MatchExactly | Qt::MatchRecursive);
+    for (const QModelIndex& index : listRow) {
+        if (index.data(RoleNodeType).toInt() == nType)
+            return index;
+    }
+    return {};
+}
+
+QLineEdit* CRowView::Edit(const QModelIndex& index)
+{
+    setCurrentIndex(index);
+    edit(index);
+    return Editor();
+}
+
+QLineEdit* CRowView::Editor() const
+{
+    const QList<QLineEdit*> listEditor = viewport()->findChildren<QLineEdit*>();
+    for (QLineEdit* pEditor : listEditor) {
+        if (pEditor->isVisible())
+            return pEditor;
+    }
+    return nullptr;
+}
+
+CCountingDelegate& CRowView::Delegate()
+{
+    return rowDelegate;
+}
+
+QStandardItemModel& CRowView::Rows()
+{
+    return rows;
+}
+
+void CRowView::keyPressEvent(QKeyEvent* pEvent)
+{
+    listKey.append(pEvent->key());
+    QTreeView::keyPressEvent(pEvent);
+}
+
+void CRowView::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    ++nContextMenus;
+    QTreeView::contextMenuEvent(pEvent);
+}
+
+void CRowView::commitData(QWidget* pEditor)
+{
+    const auto* pLineEdit = qobject_cast<QLineEdit*>(pEditor);
+    listCommitted.append(pLineEdit ? pLineEdit->text() : QString());
+    QTreeView::commitData(pEditor);
+}
+
+void CRowView::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)
+{
+    ++nClosed;
+    QTreeView::closeEditor(pEditor, hint);
+}

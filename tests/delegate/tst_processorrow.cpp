@@ -1,0 +1,399 @@
+#include "Builders.h"
+#include "CNameRegistry.h"
+#include "CPaintedRow.h"
+#include "CReferenceRow.h"
+#include "CStoreFixture.h"
+#include "IconColour.h"
+#include "TestMain.h"
+#include "data/EnNodeType.h"
+#include "delegate/CProcessorTreeDelegate.h"
+
+namespace
+{
+
+const QString strOnlineIcon = QStringLiteral(":/image/treeView/online/online.svg");
+const QString strOfflineIcon = QStringLiteral(":/image/treeView/online/offline.svg");
+const QString strPrimaryIcon = QStringLiteral(":/image/treeView/failover/primary.svg");
+const QString strBackupIcon = QStringLiteral(":/image/treeView/failover/backup.svg");
+const QString strChiefIcon = QStringLiteral(":/image/treeView/chief/chief.svg");
+const QString strLongName = QStringLiteral("A name that is far too long for the room on its row, all of it");
+const QColor colourText(186, 190, 196);
+const QRectF rcDot(31, 52.5, 7, 7);
+const QRectF rcLast(247, 49, 14, 14);       // mark at the right end
+const QRectF rcLastButOne(229, 49, 14, 14); // and the one before it
+const QRectF rcNoSlot(269, 49, 0, 14);
+
+CProcessorBuilder Alpha()
+{
+    return Processor(QStringLiteral("alpha"));
+}
+
+CPaintedRow Row(const QString& strName = QStringLiteral("alpha"))
+{
+    return { int(NodeProcessor), ProcessorId(strName) };
+}
+
+QRectF NameRect(qreal fWidth)
+{
+    return { 42, 48, fWidth, 16 };
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(SProcessorNode)
+
+class CProcessorRowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void rowByState_data();
+    void rowByState();
+    void marksForToolTipsByState_data();
+    void marksForToolTipsByState();
+    void iconIsDrawnInItsOwnPlace();
+
+    void textColourByState_data();
+    void textColourByState();
+    void selectedRowHasTheBackgroundOfTheStyle();
+
+    void unknownProcessorLeavesTheRowUnpainted_data();
+    void unknownProcessorLeavesTheRowUnpainted();
+    void idGivenAsTextIsUnderstood();
+    void eachPaintShowsTheLatestState();
+
+    void fullNameTakesAllTheRoom();
+    void longNameIsShortenedInItsMiddle();
+    void longNameIsPublishedForTheToolTip();
+    void shortNameLeavesNoToolTip();
+    void formerToolTipStaysWhenTheNameFitsAgain();
+    void nameFitsUpToTheLastPixelOfItsRoom();
+    void offlineProcessorWithARoleHasLessRoomForItsName();
+    void chiefModeOffTakesMarkAndGivesRoom();
+    void narrowRowStillPaints();
+    void ampersandIsPartOfTheName();
+    void nameIsNeverBrokenIntoASecondLine();
+
+private:
+    CStoreFixture store;
+};
+
+void CProcessorRowTest::init()
+{
+    store.SetChiefMode(false);
+    store.Show(Root({}));
+}
+
+void CProcessorRowTest::rowByState_data()
+{
+    QTest::addColumn<SProcessorNode>("node");
+    QTest::addColumn<bool>("bChiefMode");
+    QTest::addColumn<QString>("strFailoverIcon");
+    QTest::addColumn<QRectF>("rcChief");
+    QTest::addColumn<qreal>("fNameWidth");
+    const QString strShow = QStringLiteral("Show");
+    const auto alpha = [](int nFailover, const QString& strProject, int nChief) {
+        return Alpha().Failover(nFailover).Project(strProject).Chief(nChief);
+    };
+    const auto online = [alpha](int nFailover, const QString& strProject, int nChief) -> SProcessorNode {
+        return alpha(nFailover, strProject, nChief).Online();
+    };
+    const auto offline = [alpha](int nFailover, const QString& strProject, int nChief) -> SProcessorNode {
+        return alpha(nFailover, strProject, nChief);
+    };
+
+    QTest::newRow("offline") << offline(0, {}, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("offline with a project") << offline(0, strShow, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("offline Primary") << offline(1, strShow, 0) << true << "" << QRectF() << 202.0;
+    QTest::newRow("offline Backup") << offline(2, strShow, 0) << true << "" << QRectF() << 202.0;
+    QTest::newRow("offline Primary without a project") << offline(1, {}, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("offline Chief") << offline(0, {}, 1) << true << "" << rcLast << 202.0;
+    QTest::newRow("offline Chief and Primary") << offline(1, strShow, 1) << true << "" << rcLastButOne << 188.0;
+    QTest::newRow("offline Chief, mode off") << offline(0, {}, 1) << false << "" << QRectF() << 216.0;
+    QTest::newRow("online") << online(0, {}, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("online with a project") << online(0, strShow, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("Chief") << online(0, {}, 1) << true << "" << rcLast << 202.0;
+    QTest::newRow("Chief with a project") << online(0, strShow, 1) << true << "" << rcLast << 202.0;
+    QTest::newRow("Chief, mode off") << online(0, strShow, 1) << false << "" << QRectF() << 216.0;
+    QTest::newRow("no Chief, but marked 2") << online(0, strShow, 2) << true << "" << QRectF() << 216.0;
+    QTest::newRow("Primary without a project") << online(1, {}, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("Backup without a project") << online(2, {}, 0) << true << "" << QRectF() << 216.0;
+    QTest::newRow("Primary") << online(1, strShow, 0) << true << strPrimaryIcon << QRectF() << 202.0;
+    QTest::newRow("Backup") << online(2, strShow, 0) << true << strBackupIcon << QRectF() << 202.0;
+    QTest::newRow("unknown role, shown as Backup") << online(5, strShow, 0) << true << strBackupIcon << QRectF() << 202.0;
+    QTest::newRow("Chief and Primary") << online(1, strShow, 1) << true << strPrimaryIcon << rcLastButOne << 188.0;
+    QTest::newRow("Chief and Backup") << online(2, strShow, 1) << true << strBackupIcon << rcLastButOne << 188.0;
+    QTest::newRow("Chief and Primary, no project") << online(1, {}, 1) << true << "" << rcLastButOne << 202.0;
+}
+
+void CProcessorRowTest::rowByState()
+{
+    QFETCH(SProcessorNode, node);
+    QFETCH(bool, bChiefMode);
+    QFETCH(QString, strFailoverIcon);
+    QFETCH(QRectF, rcChief);
+    QFETCH(qreal, fNameWidth);
+    node.strName = strLongName; // its shortened form shows the width of the room
+    store.Show(Root({}, { node }));
+    store.SetChiefMode(bChiefMode);
+
+    CPaintedRow row = Row();
+    CReferenceRow reference(row);
+    if (node.bOnline)
+        reference.Glow();
+    reference.Icon(node.bOnline ? strOnlineIcon : strOfflineIcon, rcDot);
+    if (!strFailoverIcon.isEmpty())
+        reference.Icon(strFailoverIcon, rcLast);
+    if (!rcChief.isNull())
+        reference.Icon(strChiefIcon, rcChief);
+    const QString strElided = QFontMetrics(RowFont()).elidedText(strLongName, Qt::ElideMiddle, int(fNameWidth));
+    reference.Text(strElided, NameRect(fNameWidth), colourText);
+
+    QCOMPARE(row.Paint(), reference.Image());
+}
+
+void CProcessorRowTest::marksForToolTipsByState_data()
+{
+    rowByState_data();
+}
+
+void CProcessorRowTest::marksForToolTipsByState()
+{
+    QFETCH(SProcessorNode, node);
+    QFETCH(bool, bChiefMode);
+    QFETCH(QRectF, rcChief);
+    store.Show(Root({}, { node }));
+    store.SetChiefMode(bChiefMode);
+
+    CPaintedRow row = Row();
+    row.Paint();
+
+    const bool bSlot = node.nFailover != 0 && !node.strProject.isEmpty();
+    QCOMPARE(row.Marks().rcFailover, bSlot ? rcLast : rcNoSlot);
+    QCOMPARE(row.Marks().rcChief, rcChief);
+    QCOMPARE(row.Marks().bPrimary, node.nFailover == 1);
+    QCOMPARE(row.Marks().bBackup, node.nFailover == 2);
+    QCOMPARE(row.Marks().bChief, !rcChief.isNull());
+}
+
+void CProcessorRowTest::iconIsDrawnInItsOwnPlace()
+{
+    store.Show(Root({}, { Alpha().Online().Primary().Project(QStringLiteral("Show")).Chief() }));
+    store.SetChiefMode(true);
+
+    const QImage image = Row().Paint();
+
+    QCOMPARE(image.pixelColor(34, 57), IconColour(strOnlineIcon));
+    QCOMPARE(image.pixelColor(254, 56), IconColour(strPrimaryIcon));
+    QCOMPARE(image.pixelColor(236, 56), IconColour(strChiefIcon));
+}
+
+void CProcessorRowTest::textColourByState_data()
+{
+    QTest::addColumn<int>("nState");
+    QTest::addColumn<QColor>("colour");
+    QTest::newRow("at rest") << 0 << colourText;
+    QTest::newRow("hovered") << int(QStyle::State_MouseOver) << QColor(227, 229, 232);
+    QTest::newRow("selected") << int(QStyle::State_Selected) << QColor(Qt::white);
+    QTest::newRow("selected and hovered") << int(QStyle::State_Selected | QStyle::State_MouseOver) << QColor(Qt::white);
+    QTest::newRow("focused") << int(QStyle::State_HasFocus) << colourText;
+    QTest::newRow("active") << int(QStyle::State_Active) << colourText;
+}
+
+void CProcessorRowTest::textColourByState()
+{
+    QFETCH(int, nState);
+    QFETCH(QColor, colour);
+    store.Show(Root({}, { Alpha() }));
+
+    CPaintedRow row = Row();
+    row.SetState(QStyle::State(nState));
+
+    CReferenceRow reference(row);
+    reference.Background().Icon(strOfflineIcon, rcDot).Text(QStringLiteral("alpha"), NameRect(216), colour);
+    QCOMPARE(row.Paint(), reference.Image());
+}
+
+void CProcessorRowTest::selectedRowHasTheBackgroundOfTheStyle()
+{
+    store.Show(Root({}, { Alpha() }));
+    CPaintedRow row = Row();
+    row.SetState(QStyle::State_Selected);
+    const QImage image = row.Paint();
+    QVERIFY(image.pixelColor(150, 42) != row.Blank().pixelColor(150, 42));
+    QCOMPARE(image.pixelColor(150, 39), row.Blank().pixelColor(150, 39));
+}
+
+void CProcessorRowTest::unknownProcessorLeavesTheRowUnpainted_data()
+{
+    QTest::addColumn<QVariant>("id");
+    QTest::newRow("in no tree") << QVariant(ProcessorId(QStringLiteral("gone")));
+    QTest::newRow("null") << QVariant(QUuid());
+    QTest::newRow("none") << QVariant();
+    QTest::newRow("of a group") << QVariant(GroupId(QStringLiteral("Stage")));
+    QTest::newRow("no id at all") << QVariant(QStringLiteral("alpha"));
+}
+
+void CProcessorRowTest::unknownProcessorLeavesTheRowUnpainted()
+{
+    QFETCH(QVariant, id);
+    store.Show(Root({ Group(QStringLiteral("Stage")) }, { Alpha() }));
+
+    CPaintedRow row(int(NodeProcessor), id);
+    row.SetState(QStyle::State_Selected);
+
+    QCOMPARE(row.Paint(), row.Blank());
+    QVERIFY(!row.Index().data(Qt::UserRole + 4).isValid());
+    QVERIFY(!row.ToolTip().isValid());
+}
+
+void CProcessorRowTest::idGivenAsTextIsUnderstood()
+{
+    store.Show(Root({}, { Alpha() }));
+    CPaintedRow rowText(int(NodeProcessor), ProcessorId(QStringLiteral("alpha")).toString());
+    QCOMPARE(rowText.Paint(), Row().Paint());
+    QVERIFY(rowText.Paint() != rowText.Blank());
+}
+
+void CProcessorRowTest::eachPaintShowsTheLatestState()
+{
+    store.Show(Root({}, { Alpha() }));
+    CPaintedRow row = Row();
+    const QImage offline = row.Paint();
+
+    store.Show(Root({ Group(QStringLiteral("Stage"), { Alpha().Online() }) }));
+
+    QVERIFY(row.Paint() != offline);
+    QCOMPARE(row.Paint(), Row().Paint());
+}
+
+void CProcessorRowTest::fullNameTakesAllTheRoom()
+{
+    store.Show(Root({}, { Alpha() }));
+    CPaintedRow row = Row();
+    CReferenceRow reference(row);
+    reference.Icon(strOfflineIcon, rcDot).Text(QStringLiteral("alpha"), NameRect(216), colourText);
+    QCOMPARE(row.Paint(), reference.Image());
+}
+
+void CProcessorRowTest::longNameIsShortenedInItsMiddle()
+{
+    const CProcessorTreeDelegate delegate(nullptr);
+    const QString strElided = delegate.GetElidedText(strLongName, 150, RowFont(), QModelIndex());
+    const int nDots = strElided.indexOf(QChar(0x2026));
+    QVERIFY(nDots > 5 && nDots < strElided.size() - 6);
+    QVERIFY(strLongName.startsWith(strElided.left(nDots)));
+    QVERIFY(strLongName.endsWith(strElided.mid(nDots + 1)));
+    QVERIFY(QFontMetrics(RowFont()).horizontalAdvance(strElided) <= 150);
+}
+
+void CProcessorRowTest::longNameIsPublishedForTheToolTip()
+{
+    store.Show(Root({}, { Processor(strLongName).Online() }));
+    CPaintedRow row = Row(strLongName);
+    row.Paint();
+    QCOMPARE(row.ToolTip(), QVariant(strLongName));
+}
+
+void CProcessorRowTest::shortNameLeavesNoToolTip()
+{
+    store.Show(Root({}, { Alpha().Online() }));
+    CPaintedRow row = Row();
+    row.Paint();
+    QVERIFY(!row.ToolTip().isValid());
+}
+
+void CProcessorRowTest::formerToolTipStaysWhenTheNameFitsAgain()
+{
+    store.Show(Root({}, { Processor(strLongName) }));
+    CPaintedRow row = Row(strLongName);
+    row.Paint();
+
+    store.Show(Root({}, { Processor(QStringLiteral("short")).Id(strLongName) }));
+    row.Paint();
+
+    QCOMPARE(row.ToolTip(), QVariant(strLongName));
+}
+
+void CProcessorRowTest::nameFitsUpToTheLastPixelOfItsRoom()
+{
+    store.Show(Root({}, { Processor(strLongName) }));
+    const int nAdvance = QFontMetrics(RowFont()).horizontalAdvance(strLongName);
+    CPaintedRow row = Row(strLongName);
+
+    row.SetWidth(nAdvance + 24 + 1);
+    row.Paint();
+    QVERIFY(!row.ToolTip().isValid());
+
+    row.SetWidth(nAdvance + 24 - 2);
+    row.Paint();
+    QCOMPARE(row.ToolTip(), QVariant(strLongName));
+}
+
+void CProcessorRowTest::offlineProcessorWithARoleHasLessRoomForItsName()
+{
+    const int nAdvance = QFontMetrics(RowFont()).horizontalAdvance(strLongName);
+    CPaintedRow row = Row(strLongName);
+    row.SetWidth(nAdvance + 24 + 13);
+
+    store.Show(Root({}, { Processor(strLongName).Project(QStringLiteral("Show")) }));
+    row.Paint();
+    QVERIFY(!row.ToolTip().isValid());
+
+    store.Show(Root({}, { Processor(strLongName).Project(QStringLiteral("Show")).Primary() }));
+    row.Paint();
+    QCOMPARE(row.ToolTip(), QVariant(strLongName));
+}
+
+void CProcessorRowTest::chiefModeOffTakesMarkAndGivesRoom()
+{
+    store.Show(Root({}, { Processor(strLongName).Online().Chief() }));
+    CPaintedRow row = Row(strLongName);
+    row.SetWidth(QFontMetrics(RowFont()).horizontalAdvance(strLongName) + 24 + 13);
+
+    store.SetChiefMode(false);
+    row.Paint();
+    QVERIFY(!row.ToolTip().isValid());
+    QVERIFY(!row.Marks().bChief);
+
+    store.SetChiefMode(true);
+    row.Paint();
+    QCOMPARE(row.ToolTip(), QVariant(strLongName));
+    QVERIFY(row.Marks().bChief);
+}
+
+void CProcessorRowTest::narrowRowStillPaints()
+{
+    store.Show(Root({}, { Alpha().Online().Primary().Project(QStringLiteral("Show")).Chief() }));
+    store.SetChiefMode(true);
+    for (const int nWidth : { 60, 30, 8, 1, 0 }) {
+        CPaintedRow row = Row();
+        row.SetWidth(nWidth);
+        row.Paint();
+        QCOMPARE(row.Marks().rcFailover.x(), qreal(30 + nWidth - 1 - 22));
+        QCOMPARE(row.ToolTip(), QVariant(QStringLiteral("alpha")));
+    }
+}
+
+void CProcessorRowTest::ampersandIsPartOfTheName()
+{
+    const QString strName = QStringLiteral("Light && R&D");
+    const CProcessorTreeDelegate delegate(nullptr);
+    QCOMPARE(delegate.GetElidedText(strName, 300, RowFont(), QModelIndex()), strName);
+    QVERIFY(delegate.GetElidedText(strName, 40, RowFont(), QModelIndex()).size() < strName.size());
+}
+
+void CProcessorRowTest::nameIsNeverBrokenIntoASecondLine()
+{
+    store.Show(Root({}, { Alpha() }));
+    const QImage image = Row().Paint();
+    for (int y = 64; y < 72; ++y) {
+        for (int x = 42; x < 270; ++x)
+            QCOMPARE(image.pixelColor(x, y), QColor(0x1C, 0x1E, 0x21));
+    }
+}
+
+PTV_TEST_MAIN(CProcessorRowTest)
+#include "tst_processorrow.moc"
