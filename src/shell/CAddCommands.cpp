@@ -1,0 +1,53 @@
+#include "shell/CAddCommands.h"
+
+#include "data/SProcessorGroupNode.h"
+#include "dialogs/CAddProcessorDlg.h"
+#include "dialogs/CAddSimulatorDlg.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcBasicControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "shell/CProcessorTreeView.h"
+
+#include <thread>
+
+CAddCommands::CAddCommands(CProcessorTreeView* pPanel) : pView(pPanel) { }
+
+void CAddCommands::AddGroup()
+{
+    const int nIndex = g_pPrcListControl->GetNextGroupIndex();
+    SProcessorGroupNode group;
+    group.strName = CProcessorTreeView::tr("Group %1").arg(nIndex);
+    group.idNode = QUuid::createUuid();
+    g_pPrcListControl->AddGroup(group, true);
+    // Asked for before the group has a row.
+    g_pRuntimeControl->SetSelectedNodes({ group.idNode });
+    pView->UpdateTreeToolbar();
+    emit pView->NodeSelectChanged();
+}
+
+void CAddCommands::AddSimulators()
+{
+    CAddSimulatorDlg dlg(pView);
+    if (dlg.exec() != QDialog::Accepted)
+        return;
+    SSimulatorRequest request;
+    request.nCount = dlg.GetCount();
+    request.nOutput = dlg.GetOutput();
+    request.nType = dlg.GetType();
+    g_pPrcBasicControl->AddSimulators(request);
+}
+
+void CAddCommands::AddProcessor()
+{
+    CAddProcessorDlg dlg(pView);
+    if (dlg.exec() != QDialog::Accepted)
+        return;
+    const QHostAddress address = dlg.GetIP();
+    g_pRuntimeControl->SetBusy(true);
+    std::thread([pPanel = pView, address] {
+        g_pPrcBasicControl->AddProcessor(address.toIPv4Address());
+        emit pPanel->NodeSelectChanged();
+        g_pRuntimeControl->SetBusy(false);
+    }).detach();
+}

@@ -1,0 +1,129 @@
+#include "shell/CListFileCommands.h"
+
+#include "data/SProcessorAllNode.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcBasicControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "interfaces/widgets/CMessageBox.h"
+#include "shell/CProcessorTreeView.h"
+
+#include <QFileDialog>
+#include <QtConcurrent>
+
+namespace
+{
+const char szNameFilter[] = "*.kvtl";
+const char szProposedName[] = "New.kvtl";
+
+/// Answers of ImportList and ExportList.
+enum EnListFileResult
+{
+    ResultSuccess = 0,
+    ResultInvalidFile = 2,
+    ResultOverwriteFailed = 3,
+    ResultCopyFailed = 4,
+    ResultTooManyProcessors = 5,
+};
+
+QFileDialog* CreateFileDialog(QWidget* pParent)
+{
+    return new QFileDialog(pParent, QString(), QString(), QString());
+}
+} // namespace
+
+CListFileCommands::CListFileCommands(CProcessorTreeView* pPanel) : pView(pPanel) { }
+
+void CListFileCommands::Import()
+{
+    if (!ConfirmOverwrite())
+        return;
+    QFileDialog* pDialog = CreateFileDialog(pView);
+    pDialog->setWindowTitle(CProcessorTreeView::tr("Import..."));
+    pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
+    const QString strPath = ChooseFile(pDialog);
+    if (strPath.isEmpty())
+        return;
+    const int nResult = g_pPrcListControl->ImportList(strPath);
+    if (nResult == ResultSuccess)
+        StartImportJob();
+    else
+        TellImportFailed(nResult);
+}
+
+void CListFileCommands::Export()
+{
+    QFileDialog* pDialog = CreateFileDialog(pView);
+    pDialog->setAcceptMode(QFileDialog::AcceptSave);
+    pDialog->setWindowTitle(CProcessorTreeView::tr("Save..."));
+    pDialog->selectFile(QString::fromLatin1(szProposedName));
+    pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
+    const QString strPath = ChooseFile(pDialog);
+    if (strPath.isEmpty())
+        return;
+    if (g_pPrcListControl->ExportList(strPath, 0) == ResultSuccess)
+        Tell(CProcessorTreeView::tr("Export"), CProcessorTreeView::tr("Export sucessfully."));
+}
+
+void CListFileCommands::TellImportFinished()
+{
+    Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Import sucessfully."));
+}
+
+// Looks at the top level only: processors inside groups do not count, but their groups do.
+bool CListFileCommands::ConfirmOverwrite()
+{
+    SProcessorAllNode node;
+    g_pPrcListControl->GetDiscoveredTree(node);
+    if (node.listGroup.size() + node.listProcessor.size() == 0)
+        return true;
+    return CMessageBox::question(pView, CProcessorTreeView::tr("Overwrite confirmation"),
+                                 CProcessorTreeView::tr("This operation will overwrite the processor list.\nContinue?"),
+                                 CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonNo)
+        == CMessageBox::ButtonYes;
+}
+
+/// Runs the dialog and releases it. Returns the file chosen; empty for none.
+QString CListFileCommands::ChooseFile(QFileDialog* pDialog)
+{
+    QString strPath;
+    if (pDialog->exec() == QDialog::Accepted)
+        strPath = pDialog->selectedFiles().value(0);
+    pDialog->deleteLater();
+    return strPath;
+}
+
+void CListFileCommands::TellImportFailed(int nResult)
+{
+    switch (nResult) {
+    case ResultInvalidFile:
+        return Tell(CProcessorTreeView::tr("Cannot import file"),
+                    CProcessorTreeView::tr("The currently imported file is invalid."));
+    case ResultOverwriteFailed:
+        return Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Overwrite failed."));
+    case ResultCopyFailed:
+        return Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Copy failed."));
+    case ResultTooManyProcessors:
+        return Tell(CProcessorTreeView::tr("Cannot import file"),
+                    CProcessorTreeView::tr("The number of processors involved exceeds the limit."));
+    default:
+        return;
+    }
+}
+
+void CListFileCommands::StartImportJob()
+{
+    g_pRuntimeControl->SetBusy(true);
+    QtConcurrent::run([pPanel = pView] {
+        // The null id stands for the root.
+        g_pRuntimeControl->SetSelectedNodes({ QUuid() });
+        g_pPrcBasicControl->RefreshProcessors();
+        emit pPanel->ImportFinished();
+        g_pRuntimeControl->SetBusy(false);
+    });
+}
+
+void CListFileCommands::Tell(const QString& strTitle, const QString& strText)
+{
+    CMessageBox::information(pView, strTitle, strText, CMessageBox::ButtonOk, CMessageBox::ButtonOk);
+}

@@ -1,0 +1,397 @@
+#include "shell/CProcessorTreeView.h"
+
+#include "data/CProcessorTreeData.h"
+#include "data/CProcessorTreeThread.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IConfigControl.h"
+#include "interfaces/control/IPrcBasicControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "interfaces/widgets/CSearchBox.h"
+#include "interfaces/widgets/CSeperator.h"
+#include "shell/CAddCommands.h"
+#include "shell/CListFileCommands.h"
+#include "shell/WindowTitle.h"
+#include "toolbar/CProcessorTreeToolBar.h"
+#include "tree/CProcessorTree.h"
+
+#include <QButtonGroup>
+#include <QEvent>
+#include <QFile>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStackedLayout>
+#include <QStyleOption>
+#include <QThread>
+#include <QToolButton>
+#include <QtConcurrent>
+
+namespace
+{
+enum EnPane
+{
+    PaneDiscovered = 0, ///< index of its tree in the stacked layout
+    PaneSimulator = 1,
+};
+
+constexpr int nTabHeight = 32;
+constexpr int nIconButtonSize = 32;
+constexpr int nRefreshIconSize = 24;
+constexpr int nCloseIconSize = 20;
+constexpr int nRightMargin = 1;
+constexpr int nHeaderSpacing = 2;
+constexpr int nSearchSpacing = 4;
+constexpr int nSearchMargin = 8;
+
+/// What ExportList answers when the file that it left is worth nothing.
+constexpr int nExportWorthless = 1;
+
+void InitTab(QPushButton* pTab, const QString& strPosition)
+{
+    pTab->setObjectName(QStringLiteral("Tab"));
+    pTab->setProperty("Position", strPosition);
+}
+
+void InitIconButton(QToolButton* pButton, const QString& strIcon, int nIconSize)
+{
+    pButton->setIcon(QIcon(strIcon));
+    pButton->setFixedSize(nIconButtonSize, nIconButtonSize);
+    pButton->setIconSize(QSize(nIconSize, nIconSize));
+}
+} // namespace
+
+CProcessorTreeView::CProcessorTreeView(QWidget* parent) : QWidget(parent, Qt::WindowFlags())
+{
+    setStyleSheet(parent->styleSheet());
+    InitMember();
+    InitWidget();
+    InitLayout();
+    SetConnection();
+    UpdateText();
+    StartWorker();
+}
+
+CProcessorTreeView::~CProcessorTreeView()
+{
+    StopWorker();
+    SaveList();
+}
+
+void CProcessorTreeView::paintEvent(QPaintEvent*)
+{
+    // Lets the style sheet paint what is no plain QWidget.
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+}
+
+// Without the base's share, on purpose.
+void CProcessorTreeView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        UpdateText();
+}
+
+QWidget* CProcessorTreeView::GetWidgetAlias1()
+{
+    return this;
+}
+
+QWidget* CProcessorTreeView::GetWidgetAlias2()
+{
+    return this;
+}
+
+void CProcessorTreeView::UpdateWidget()
+{
+    if (bRefreshing)
+        return;
+    pRefreshButton->setEnabled(g_pProcessorTreeData->IsRefreshEnabled());
+    GetCurrentTree()->RefreshTree();
+    pToolBar->UpdateToolBarState();
+    // Keeps a rebuilt tree filtered.
+    const QString strSearch = pSearchBox ? pSearchBox->GetText() : QString();
+    if (!strSearch.isEmpty())
+        GetCurrentTree()->SetSearchText(strSearch);
+}
+
+QWidget* CProcessorTreeView::GetWidget()
+{
+    return this;
+}
+
+void CProcessorTreeView::DealToolBarButton(int id)
+{
+    switch (id) {
+    case ToolBarAddGroup:
+        return CAddCommands(this).AddGroup();
+    case ToolBarAddProcessor:
+        return Add();
+    case ToolBarDelete:
+        return DeleteNodes();
+    case ToolBarSearch:
+        return ShowSearch();
+    case ToolBarImport:
+        return CListFileCommands(this).Import();
+    case ToolBarExport:
+        return CListFileCommands(this).Export();
+    default:
+        return;
+    }
+}
+
+void CProcessorTreeView::Update()
+{
+    QWidget::update();
+}
+
+void CProcessorTreeView::UpdateTreeToolbar()
+{
+    pToolBar->UpdateToolBarState();
+}
+
+void CProcessorTreeView::DealMenuBar(int id, QVariant value)
+{
+    GetCurrentTree()->DealMenuBar(id, value);
+}
+
+void CProcessorTreeView::InitMember()
+{
+    pDiscoveredTab = new QPushButton(this);
+    pSimulatorTab = new QPushButton(this);
+    pHeader = new QLabel(this);
+    pRefreshButton = new QToolButton(this);
+    pDiscoveredTree = new CProcessorTree(this, true);
+    pSimulatorTree = new CProcessorTree(this, false);
+    pToolBar = new CProcessorTreeToolBar(this);
+    pSearchBox = new CSearchBox(this, false);
+    pCloseSearchButton = new QToolButton(this);
+}
+
+// Object names and values of "Position" are what the host's style sheet knows; that the last tab is a
+// "middle" one is part of it.
+void CProcessorTreeView::InitWidget()
+{
+    setFocusPolicy(Qt::ClickFocus);
+    setObjectName(QStringLiteral("ProcessorTreeView"));
+    pHeader->setObjectName(QStringLiteral("Header"));
+    InitTab(pDiscoveredTab, QStringLiteral("first"));
+    InitTab(pSimulatorTab, QStringLiteral("middle"));
+    pRefreshButton->setObjectName(QStringLiteral("IconButtonTitle"));
+    pCloseSearchButton->setObjectName(QStringLiteral("CloseSearchBox"));
+
+    auto* pTabs = new QButtonGroup(this);
+    pTabs->addButton(pDiscoveredTab, -1);
+    pTabs->addButton(pSimulatorTab, -1);
+    pTabs->setExclusive(true);
+    pDiscoveredTab->setCheckable(true);
+    pSimulatorTab->setCheckable(true);
+    pDiscoveredTab->setChecked(true);
+    pDiscoveredTab->setFixedHeight(nTabHeight);
+    pSimulatorTab->setFixedHeight(nTabHeight);
+
+    InitIconButton(pRefreshButton, QStringLiteral(":/image/control/refresh/refresh.svg"), nRefreshIconSize);
+    InitIconButton(pCloseSearchButton, QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
+    pSearchBox->SetBackgroudGray();
+    pSearchBox->hide();
+    pCloseSearchButton->hide();
+}
+
+void CProcessorTreeView::InitLayout()
+{
+    auto* pLayout = new QVBoxLayout(this);
+    pLayout->setContentsMargins(0, 0, nRightMargin, 0);
+    pLayout->setSpacing(0);
+
+    InitHeaderLayout();
+    pLayout->addWidget(pHeader);
+    pLayout->addSpacing(nHeaderSpacing);
+
+    pStackedLayout = new QStackedLayout;
+    pStackedLayout->setContentsMargins(0, 0, 0, 0);
+    pStackedLayout->setStackingMode(QStackedLayout::StackAll);
+    pStackedLayout->addWidget(pDiscoveredTree);
+    pStackedLayout->addWidget(pSimulatorTree);
+    pLayout->addLayout(pStackedLayout, 1);
+
+    InitSearchLayout();
+    pLayout->addLayout(pSearchLayout, 0);
+    pLayout->addWidget(new CSeperator(this, QFrame::HLine, CSeperator::StyleLine));
+    pLayout->addWidget(pToolBar);
+}
+
+void CProcessorTreeView::InitHeaderLayout()
+{
+    auto* pHeaderLayout = new QHBoxLayout(pHeader);
+    pHeaderLayout->setContentsMargins(0, 0, 0, 0);
+    pHeaderLayout->setSpacing(0);
+    pHeaderLayout->addWidget(pDiscoveredTab, 0, Qt::AlignBottom);
+    pHeaderLayout->addWidget(pSimulatorTab, 0, Qt::AlignBottom);
+    pHeaderLayout->addStretch(0);
+    pHeaderLayout->addWidget(pRefreshButton);
+}
+
+void CProcessorTreeView::InitSearchLayout()
+{
+    pSearchLayout = new QHBoxLayout;
+    pSearchLayout->setSpacing(nSearchSpacing);
+    pSearchLayout->setContentsMargins(nSearchMargin, 0, nSearchMargin, 0);
+    pSearchLayout->addWidget(pSearchBox);
+    pSearchLayout->addWidget(pCloseSearchButton);
+}
+
+void CProcessorTreeView::SetConnection()
+{
+    ConnectStore();
+    ConnectWidgets();
+}
+
+// Emitted on the worker's thread, so these arrive as queued calls.
+void CProcessorTreeView::ConnectStore()
+{
+    const CProcessorTreeData* pStore = g_pProcessorTreeData;
+    connect(pStore, &CProcessorTreeData::NotifyNodeInfo, this, &CProcessorTreeView::UpdateWidget);
+    connect(pStore, &CProcessorTreeData::NotifyChiefChanged, this, &CProcessorTreeView::Update);
+    connect(pStore, &CProcessorTreeData::NotifyButton, this, &CProcessorTreeView::DealButtonChanged);
+    connect(pStore, &CProcessorTreeData::NotifyNodeSelectChanged, this, &CProcessorTreeView::DealNodeSelectChanged);
+    connect(pStore, &CProcessorTreeData::NotifyWindowTitle, this, &CProcessorTreeView::UpdateWindowTitle);
+}
+
+void CProcessorTreeView::ConnectWidgets()
+{
+    const auto switchOn = [this](int nPane) {
+        return [this, nPane](bool bChecked) {
+            if (bChecked)
+                SwitchPane(nPane);
+        };
+    };
+    connect(pDiscoveredTab, &QPushButton::toggled, this, switchOn(PaneDiscovered));
+    connect(pSimulatorTab, &QPushButton::toggled, this, switchOn(PaneSimulator));
+    connect(pToolBar, &CProcessorTreeToolBar::SignalToolBar, this, &CProcessorTreeView::DealToolBarButton);
+    connect(pSearchBox, &CSearchBox::SignalSearch, this,
+            [this](const QString& strText) { GetCurrentTree()->SetSearchText(strText); });
+    connect(pCloseSearchButton, &QToolButton::clicked, this, &CProcessorTreeView::CloseSearch);
+    connect(this, &CProcessorTreeView::RefreshEnable, this, &CProcessorTreeView::FinishRefresh);
+    connect(this, &CProcessorTreeView::ImportFinished, this, [this] { CListFileCommands(this).TellImportFinished(); });
+    connect(pRefreshButton, &QToolButton::clicked, this, &CProcessorTreeView::StartRefresh);
+}
+
+void CProcessorTreeView::UpdateText()
+{
+    pDiscoveredTab->setText(tr("Discovered"));
+    pSimulatorTab->setText(tr("Simulator"));
+    pRefreshButton->setToolTip(tr("Refresh"));
+    pCloseSearchButton->setToolTip(tr("Close search box"));
+}
+
+void CProcessorTreeView::StartWorker()
+{
+    pThread = new QThread(this);
+    pWorker = new CProcessorTreeThread(nullptr);
+    connect(pThread, &QThread::started, pWorker, &CProcessorTreeThread::ThreadStart);
+    connect(pThread, &QThread::finished, pWorker, &QObject::deleteLater);
+    pWorker->moveToThread(pThread);
+    pThread->start(QThread::InheritPriority);
+}
+
+// When it returns the worker has been destroyed, on its own thread, and is detached from all controls.
+void CProcessorTreeView::StopWorker()
+{
+    pWorker->ThreadExit();
+    pThread->quit();
+    pThread->wait();
+}
+
+void CProcessorTreeView::SaveList()
+{
+    const QString strPath = g_pConfigControl->GetListFilePath();
+    if (g_pPrcListControl->ExportList(strPath, 0) != nExportWorthless)
+        return;
+    QFile::setPermissions(strPath, QFileDevice::ReadOther | QFileDevice::WriteOther);
+    QFile::remove(strPath);
+}
+
+CProcessorTree* CProcessorTreeView::GetCurrentTree() const
+{
+    return g_pProcessorTreeData->IsSimulatorPane() ? pSimulatorTree : pDiscoveredTree;
+}
+
+void CProcessorTreeView::DealButtonChanged()
+{
+    pRefreshButton->setEnabled(g_pProcessorTreeData->IsRefreshEnabled());
+    pToolBar->UpdateToolBarState();
+}
+
+void CProcessorTreeView::DealNodeSelectChanged()
+{
+    GetCurrentTree()->RestoreSelection();
+    GetCurrentTree()->UpdateCurrentNode();
+    pToolBar->UpdateToolBarState();
+}
+
+void CProcessorTreeView::UpdateWindowTitle()
+{
+    SetMainWindowTitle(g_pProcessorTreeData->GetProjectName());
+}
+
+void CProcessorTreeView::SwitchPane(int nPane)
+{
+    g_pProcessorTreeData->SetSimulatorPane(nPane == PaneSimulator);
+    g_pRuntimeControl->SetSimulatorPane(nPane == PaneSimulator);
+    pStackedLayout->setCurrentIndex(nPane);
+    UpdateWidget();
+}
+
+// Clearing the box emits its empty text, which shows all rows again.
+void CProcessorTreeView::CloseSearch()
+{
+    pSearchBox->ClearText();
+    pSearchBox->hide();
+    pCloseSearchButton->hide();
+}
+
+void CProcessorTreeView::StartRefresh()
+{
+    if (bRefreshing)
+        return;
+    bRefreshing = true;
+    pRefreshButton->blockSignals(true);
+    g_pRuntimeControl->SetBusy(true);
+    QtConcurrent::run([this] {
+        g_pPrcBasicControl->RefreshProcessors();
+        emit RefreshEnable();
+        g_pRuntimeControl->SetBusy(false);
+    });
+}
+
+void CProcessorTreeView::FinishRefresh()
+{
+    bRefreshing = false;
+    emit NodeSelectChanged();
+    UpdateWidget();
+    pRefreshButton->blockSignals(false);
+}
+
+void CProcessorTreeView::Add()
+{
+    if (g_pProcessorTreeData->IsSimulatorPane())
+        CAddCommands(this).AddSimulators();
+    else
+        CAddCommands(this).AddProcessor();
+}
+
+// Goes on also when the user has declined, and without waiting for the deletion.
+void CProcessorTreeView::DeleteNodes()
+{
+    GetCurrentTree()->DeleteNode(true);
+    UpdateWidget();
+    emit NodeSelectChanged();
+}
+
+void CProcessorTreeView::ShowSearch()
+{
+    pSearchBox->show();
+    pCloseSearchButton->show();
+}

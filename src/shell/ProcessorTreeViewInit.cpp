@@ -1,0 +1,12 @@
+#include "interfaces/host/ProcessorTreeViewInit.h"
+
+#include "interfaces/host/IUIManagement.h"
+#include "shell/CProcessorTreeView.h"
+
+int CProcessorTreeView_Init(ICorvidWidget** ppWidget, IUIManagement* pUIManagement)
+{
+    if (!ppWidget)
+        return 0;
+    *ppWidget = new CProcessorTreeView(pUIManagement->GetParentWidget());
+    return 1;
+}
