@@ -1,3 +1,7 @@
+# All test programs, and those that the thread sanitizer build needs.
+add_custom_target(ptv_tests)
+add_custom_target(ptv_tests_thread)
+
 # ptv_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...] [TIMEOUT <seconds>]
 #          [ENVIRONMENT <VAR=value>...] [NO_DOUBLE] [PLAIN])
 #
@@ -7,15 +11,15 @@
 #   NO_DOUBLE  without the double: for tests that link the real CorvidControl (LIBS CorvidControl)
 #   PLAIN      without the double and without the panel's objects: for tests of the stand-ins
 # Labels: quick (the default: within a second or so), stress (long), gui (paints or takes input),
-# thread (runs threads of its own; also run under the thread sanitizer), memory (also run under the
-# address sanitizer; "thread" implies it).
+# thread (runs threads of its own: these also run under the thread sanitizer), e2e (needs an X server
+# or the whole application: these run under no sanitizer). All but e2e run under the address sanitizer.
 function(ptv_test name)
     cmake_parse_arguments(TEST "NO_DOUBLE;PLAIN" "TIMEOUT" "SOURCES;LIBS;LABELS;ENVIRONMENT" ${ARGN})
     if(TEST_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "ptv_test(${name}): unknown arguments ${TEST_UNPARSED_ARGUMENTS}")
     endif()
     add_executable(${name} ${TEST_SOURCES})
-    ptv_target(${name})
+    ptv_test_target(${name})
     target_link_libraries(${name} PRIVATE TestSupport NodeRecords Qt5::Test ${TEST_LIBS})
     if(NOT TEST_PLAIN)
         target_link_libraries(${name} PRIVATE ProcessorTreeViewObjects CommonComponent)
@@ -23,11 +27,24 @@ function(ptv_test name)
             target_link_libraries(${name} PRIVATE ControlDouble)
         endif()
     endif()
+    if("thread" IN_LIST TEST_LABELS)
+        add_dependencies(ptv_tests_thread ${name})
+    endif()
     ptv_add_test(${name} COMMAND ${name} LABELS ${TEST_LABELS} TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT ${TEST_ENVIRONMENT})
 endfunction()
 
+# What every program of the tests has in common, also those that a test starts.
+function(ptv_test_target name)
+    ptv_target(${name})
+    if(TARGET TsanQt)
+        target_link_libraries(${name} PRIVATE TsanQt)
+    endif()
+    add_dependencies(ptv_tests ${name})
+endfunction()
+
 # ptv_add_test(<name> COMMAND <command>... [LABELS ...] [TIMEOUT <seconds>] [ENVIRONMENT ...])
-# The surroundings that each test gets, for tests that are no Qt Test program.
+# The surroundings that each test gets, for tests that are no Qt Test program. QT_HASH_SEED makes the
+# order in hashes the same in each run; PTV_SANITIZE tells the test under which sanitizer it runs.
 function(ptv_add_test name)
     cmake_parse_arguments(TEST "" "TIMEOUT" "COMMAND;LABELS;ENVIRONMENT" ${ARGN})
     if(NOT TEST_LABELS)
@@ -40,11 +57,18 @@ function(ptv_add_test name)
         endif()
     endif()
     if(PTV_SANITIZE)
-        math(EXPR TEST_TIMEOUT "5 * ${TEST_TIMEOUT}")
+        math(EXPR TEST_TIMEOUT "4 * ${TEST_TIMEOUT}")
     endif()
+    set(suppressions ${PROJECT_SOURCE_DIR}/tests/support/suppressions)
     add_test(NAME ${name} COMMAND ${TEST_COMMAND})
     set_tests_properties(${name} PROPERTIES
         LABELS "${TEST_LABELS}"
         TIMEOUT ${TEST_TIMEOUT}
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_HASH_SEED=0;QT_LOGGING_RULES=;${TEST_ENVIRONMENT}")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_HASH_SEED=0;QT_LOGGING_RULES=;\
+PTV_SANITIZE=${PTV_SANITIZE};\
+ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1;\
+LSAN_OPTIONS=suppressions=${suppressions}/leak.supp:print_suppressions=0;\
+UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1;\
+TSAN_OPTIONS=ignore_noninstrumented_modules=1:exitcode=66:atexit_sleep_ms=100;\
+${TEST_ENVIRONMENT}")
 endfunction()

@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Installs what is missing: "setup.sh run" for building and running, "setup.sh test" for the tests and
+# checkers too. Debian 12, as root or with sudo; done in an instant when nothing is missing. On another
+# system it installs nothing and says in one line what is missing.
+set -euo pipefail
+
+run_packages=(
+    g++ cmake ninja-build ccache
+    qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
+    fonts-inter fonts-droid-fallback
+)
+test_packages=(
+    qtbase5-private-dev         # events of queued calls, for the thread sanitizer
+    xvfb openbox xdotool xclip  # the application on a real X server, by mouse and keyboard
+    imagemagick                 # what its screenshots show
+    binutils python3            # the exported symbols, the include rules
+    clang clang-format clang-tidy clazy
+    libbenchmark-dev
+)
+
+# What stands for the packages where there is no dpkg.
+run_commands=(g++ cmake ninja)
+test_commands=(Xvfb openbox xdotool xclip convert nm python3 clang-format clang-tidy clazy-standalone)
+run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
+
+die() {
+    echo "setup: $*" >&2
+    exit 1
+}
+
+is_debian_12() {
+    [ -r /etc/os-release ] && command -v dpkg-query apt-get >/dev/null \
+        && (. /etc/os-release && [ "${ID:-}" = debian ] && [ "${VERSION_ID:-}" = 12 ])
+}
+
+missing_packages() {
+    local installed
+    installed=$(dpkg-query -W -f '${Package} ${Status}\n' "$@" 2>/dev/null | awk '/ installed$/ { print $1 }' || true)
+    comm -23 <(printf '%s\n' "$@" | sort) <(sort <<<"$installed")
+}
+
+missing_by_hand() {
+    local name
+    for name in "${commands[@]}"; do
+        command -v "$name" >/dev/null || echo "$name"
+    done
+    for name in "${run_modules[@]}"; do
+        pkg-config --atleast-version=5.15 "$name" 2>/dev/null || echo "$name>=5.15"
+    done
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    else
+        sudo --preserve-env=DEBIAN_FRONTEND "$@"
+    fi
+}
+
+case "${1:-}" in
+run) packages=("${run_packages[@]}") commands=("${run_commands[@]}") ;;
+test) packages=("${run_packages[@]}" "${test_packages[@]}") commands=("${run_commands[@]}" "${test_commands[@]}") ;;
+*) die "usage: setup.sh run|test" ;;
+esac
+
+if ! is_debian_12; then
+    missing=$(missing_by_hand | tr '\n' ' ')
+    [ -z "$missing" ] || die "this is no Debian 12; please install: $missing"
+    exit 0
+fi
+
+mapfile -t missing < <(missing_packages "${packages[@]}")
+[ "${#missing[@]}" -gt 0 ] || exit 0
+if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
+    die "neither root nor sudo; please install: ${missing[*]}"
+fi
+
+echo "setup: installing ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+apt_options=(-qq -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0)
+as_root apt-get "${apt_options[@]}" update
+as_root apt-get "${apt_options[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null

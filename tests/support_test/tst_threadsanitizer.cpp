@@ -1,0 +1,73 @@
+#include "TestMain.h"
+
+#include <QProcess>
+
+/// The thread sanitizer with stock Qt reports what is a race, and only that.
+class CThreadSanitizerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void plantedRaceIsReported_data();
+    void plantedRaceIsReported();
+    void correctPatternIsSilent_data();
+    void correctPatternIsSilent();
+};
+
+namespace
+{
+constexpr int c_nRuns = 3;
+constexpr int c_nExitRace = 66;
+
+void AddRows(const QStringList& listPattern)
+{
+    QTest::addColumn<QString>("strPattern");
+    for (const QString& strPattern : listPattern) {
+        QTest::newRow(qPrintable(strPattern)) << strPattern;
+    }
+}
+
+/// Exit code of the program that runs one pattern; strOutput gets what it said.
+int RunPattern(const QString& strPattern, QString& strOutput)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QStringLiteral(RACE_PROBE), { strPattern });
+    const bool bEnded = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    strOutput = QString::fromUtf8(process.readAll());
+    return bEnded ? process.exitCode() : -1;
+}
+} // namespace
+
+void CThreadSanitizerTest::plantedRaceIsReported_data()
+{
+    AddRows({ "raceWithoutLock", "raceWriteUnderReadLock", "raceAfterRecursiveUnlock", "raceTwoMutexes", "raceWithPoolJob",
+              "raceWithThreadBeforeWait" });
+}
+
+void CThreadSanitizerTest::plantedRaceIsReported()
+{
+    QFETCH(QString, strPattern);
+    QString strOutput;
+    QVERIFY2(RunPattern(strPattern, strOutput) == c_nExitRace, qPrintable(strOutput));
+    QVERIFY2(strOutput.contains(QLatin1String("WARNING: ThreadSanitizer: data race")), qPrintable(strOutput));
+}
+
+void CThreadSanitizerTest::correctPatternIsSilent_data()
+{
+    AddRows({ "cleanReadWriteLock", "cleanReaders", "cleanMutex", "cleanWaitCondition", "cleanSemaphore", "cleanQueuedSignal",
+              "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait", "cleanWorkerThatDeletesItself" });
+}
+
+void CThreadSanitizerTest::correctPatternIsSilent()
+{
+    QFETCH(QString, strPattern);
+    for (int i = 0; i < c_nRuns; ++i) {
+        QString strOutput;
+        QVERIFY2(RunPattern(strPattern, strOutput) == 0, qPrintable(strOutput));
+        QCOMPARE(strOutput, QString());
+    }
+}
+
+PTV_TEST_MAIN_CORE(CThreadSanitizerTest)
+#include "tst_threadsanitizer.moc"
