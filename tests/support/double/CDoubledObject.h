@@ -10,7 +10,7 @@ protected:
     CDoubledObject(SControlState& sharedState, const char* pName) : state(sharedState), strObject(QLatin1String(pName)) { }
     ~CDoubledObject() = default;
 
-    using CGuard = CCallJournal::CCallGuard;
+    using CGuard = CDoubleJournal::CCallGuard;
 
     CGuard Read(const char* pOperation, const QString& strArguments = QString()) const
     {

@@ -1,4 +1,4 @@
-#include "double/CCallJournal.h"
+#include "double/CDoubleJournal.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -31,18 +31,18 @@ QString ThreadTag()
 }
 } // namespace
 
-CCallJournal::CCallGuard::~CCallGuard()
+CDoubleJournal::CCallGuard::~CCallGuard()
 {
     pJournal->Leave();
 }
 
-void CCallJournal::WaitForEnd()
+void CDoubleJournal::WaitForEnd()
 {
     std::unique_lock<std::mutex> lock(mutex);
     condition.wait(lock, [this] { return nUnderWay == 0; });
 }
 
-CCallJournal::CCallGuard CCallJournal::Enter(EnCallKind kind, const QString& strOperation, const QString& strArguments)
+CDoubleJournal::CCallGuard CDoubleJournal::Enter(EnCallKind kind, const QString& strOperation, const QString& strArguments)
 {
     std::unique_lock<std::mutex> lock(mutex);
     ++nUnderWay;
@@ -54,58 +54,58 @@ CCallJournal::CCallGuard CCallJournal::Enter(EnCallKind kind, const QString& str
     return CCallGuard(*this);
 }
 
-void CCallJournal::Leave()
+void CDoubleJournal::Leave()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     --nUnderWay;
     condition.notify_all();
 }
 
-QList<SCall> CCallJournal::Calls() const
+QList<SCall> CDoubleJournal::Calls() const
 {
     const std::lock_guard<std::mutex> lock(mutex);
     return listCall;
 }
 
-void CCallJournal::Clear()
+void CDoubleJournal::Clear()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     listCall.clear();
 }
 
-void CCallJournal::Hold(const QString& strOperation)
+void CDoubleJournal::Hold(const QString& strOperation)
 {
     const std::lock_guard<std::mutex> lock(mutex);
     setHeld.insert(strOperation);
 }
 
-void CCallJournal::Release(const QString& strOperation)
+void CDoubleJournal::Release(const QString& strOperation)
 {
     const std::lock_guard<std::mutex> lock(mutex);
     setHeld.remove(strOperation);
     condition.notify_all();
 }
 
-void CCallJournal::ReleaseAll()
+void CDoubleJournal::ReleaseAll()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     setHeld.clear();
     condition.notify_all();
 }
 
-int CCallJournal::CallCount(const QString& strOperation) const
+int CDoubleJournal::CallCount(const QString& strOperation) const
 {
     const std::lock_guard<std::mutex> lock(mutex);
     return CountCalls(strOperation);
 }
 
-bool CCallJournal::WaitForCall(const QString& strOperation, int nCount, int nTimeout)
+bool CDoubleJournal::WaitForCall(const QString& strOperation, int nCount, int nTimeout)
 {
     std::unique_lock<std::mutex> lock(mutex);
     return condition.wait_for(lock, std::chrono::milliseconds(nTimeout), [&] { return CountCalls(strOperation) >= nCount; });
 }
 
-bool CCallJournal::WaitForHeld(const QString& strOperation, int nTimeout)
+bool CDoubleJournal::WaitForHeld(const QString& strOperation, int nTimeout)
 {
     std::unique_lock<std::mutex> lock(mutex);
     const auto fnStands = [&] {
@@ -116,13 +116,13 @@ bool CCallJournal::WaitForHeld(const QString& strOperation, int nTimeout)
     return condition.wait_for(lock, std::chrono::milliseconds(nTimeout), fnStands);
 }
 
-bool CCallJournal::IsHeld(const QString& strOperation) const
+bool CDoubleJournal::IsHeld(const QString& strOperation) const
 {
     return std::any_of(setHeld.cbegin(), setHeld.cend(),
                        [&strOperation](const QString& strHeld) { return Names(strHeld, strOperation); });
 }
 
-int CCallJournal::CountCalls(const QString& strOperation) const
+int CDoubleJournal::CountCalls(const QString& strOperation) const
 {
     return int(std::count_if(listCall.cbegin(), listCall.cend(),
                              [&strOperation](const SCall& call) { return Names(strOperation, call.strOperation); }));

@@ -13,19 +13,19 @@
 ///
 /// Operations are named with their object, "g_pPrcListControl.MoveProcessor", or, where no other object
 /// has one of that name, without, "MoveProcessor".
-class CCallJournal
+class CDoubleJournal
 {
 public:
     /// A call that is under way; its end is the end of the call.
     class CCallGuard
     {
     public:
-        explicit CCallGuard(CCallJournal& journal) : pJournal(&journal) { }
+        explicit CCallGuard(CDoubleJournal& journal) : pJournal(&journal) { }
         ~CCallGuard();
         Q_DISABLE_COPY(CCallGuard)
 
     private:
-        CCallJournal* pJournal;
+        CDoubleJournal* pJournal;
     };
 
     /// Writes the call down and, when its operation is held, waits until it is let go.
