@@ -1,0 +1,128 @@
+#include "CorvidControl/CControlHost.h"
+
+#include "CorvidControl/CControlLibrary.h"
+#include "CorvidControl/EnControlMessage.h"
+#include "interfaces/control/CorvidControl.h"
+
+#include <QMap>
+
+std::unique_ptr<CControlHost> CControlHost::Start(const SControlOptions& options)
+{
+    Q_ASSERT(!g_pRuntimeControl);
+    return std::unique_ptr<CControlHost>(new CControlHost(std::make_unique<CControlLibrary>(options)));
+}
+
+CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pNewLibrary) : pLibrary(std::move(pNewLibrary))
+{
+    const CHostEvents* pEvents = &pLibrary->events;
+    connect(pEvents, &CHostEvents::BusyChanged, this, &CControlHost::BusyChanged, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::JobsChanged, this, &CControlHost::JobsChanged, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::StateChanged, this, &CControlHost::StateChanged, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::LogLine, this, &CControlHost::LogLine, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::LifeStep, this, &CControlHost::LifeStep, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::ScenarioFinished, this, &CControlHost::ScenarioFinished, Qt::DirectConnection);
+}
+
+CControlHost::~CControlHost() = default;
+
+QString CControlHost::GetListError() const
+{
+    return pLibrary->store.GetLoadError();
+}
+
+QString CControlHost::GetScenarioError() const
+{
+    return pLibrary->scenario.GetFault();
+}
+
+QJsonArray CControlHost::GetInterfaceMarks() const
+{
+    return pLibrary->scenario.GetMarks();
+}
+
+void CControlHost::StartLife()
+{
+    pLibrary->StartLife();
+}
+
+qint64 CControlHost::GetLifeTime() const
+{
+    return pLibrary->life.GetTime();
+}
+
+void CControlHost::OpenProject(const QString& strName)
+{
+    pLibrary->host.SetProject(strName);
+}
+
+void CControlHost::CloseProject()
+{
+    pLibrary->host.SetProject({});
+}
+
+QString CControlHost::GetProjectName() const
+{
+    return pLibrary->host.GetProject();
+}
+
+void CControlHost::SetChiefMode(bool bOn)
+{
+    pLibrary->host.SetChiefMode(bOn);
+}
+
+bool CControlHost::IsChiefMode() const
+{
+    return pLibrary->host.IsChiefMode();
+}
+
+void CControlHost::SetListLocked(bool bLocked)
+{
+    pLibrary->host.SetLocked(bLocked);
+}
+
+bool CControlHost::IsListLocked() const
+{
+    return pLibrary->host.IsLocked();
+}
+
+void CControlHost::SetRefreshBlocked(bool bBlocked)
+{
+    pLibrary->host.SetRefreshBlocked(bBlocked);
+}
+
+bool CControlHost::IsRefreshBlocked() const
+{
+    return pLibrary->host.IsRefreshBlocked();
+}
+
+bool CControlHost::IsBusy() const
+{
+    return pLibrary->jobs.IsBusy();
+}
+
+QDateTime CControlHost::GetBusySince() const
+{
+    return pLibrary->jobs.GetBusySince();
+}
+
+QStringList CControlHost::GetRunningJobs() const
+{
+    return pLibrary->jobs.GetRunning();
+}
+
+QString CControlHost::GetMessageName(int nMessage)
+{
+    static const QMap<int, QString> mapName{
+        { MessageListChanged, QStringLiteral("ListChanged") },
+        { MessageDevicesChanged, QStringLiteral("DevicesChanged") },
+        { MessageSelectionChanged, QStringLiteral("SelectionChanged") },
+        { MessageProjectChanged, QStringLiteral("ProjectChanged") },
+        { MessageDeleteFinished, QStringLiteral("DeleteFinished") },
+        { MessageSelectionRefused, QStringLiteral("SelectionRefused") },
+        { MessageChiefChanged, QStringLiteral("ChiefChanged") },
+        { MessageCommandsChanged, QStringLiteral("CommandsChanged") },
+        { MessageCommandRefused, QStringLiteral("CommandRefused") },
+        { MessageSettled, QStringLiteral("Settled") },
+    };
+    return mapName.value(nMessage);
+}

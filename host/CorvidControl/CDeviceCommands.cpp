@@ -1,0 +1,166 @@
+#include "CorvidControl/CDeviceCommands.h"
+
+#include "CorvidControl/CDeviceTypes.h"
+#include "CorvidControl/CHostState.h"
+#include "CorvidControl/CJobs.h"
+#include "CorvidControl/CSite.h"
+#include "CorvidControl/IDeviceNetwork.h"
+
+#include <QHostAddress>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr quint32 nLocalAddress = 0xC0A80102; // 192.168.1.2
+constexpr quint32 nLoopback = 0x7F000001;     // simulators live in this process
+constexpr quint32 nFirstSimulatorPort = 9200;
+
+class CJobScope
+{
+public:
+    CJobScope(CJobs& jobsNew, const QString& strNew) : jobs(jobsNew), strJob(strNew)
+    {
+        jobs.Begin(strJob);
+    }
+    ~CJobScope()
+    {
+        jobs.End(strJob);
+    }
+    Q_DISABLE_COPY_MOVE(CJobScope)
+
+private:
+    CJobs& jobs;
+    const QString strJob;
+};
+
+SProcessorNode BuildSimulator(qint32 nType, int nNumber)
+{
+    SProcessorNode simulator;
+    simulator.idNode = QUuid::createUuid();
+    simulator.idAux = QUuid::createUuid();
+    simulator.strName = QStringLiteral("Simulator %1").arg(nNumber);
+    simulator.nModel = nType;
+    simulator.strType = CDeviceTypes::GetName(nType);
+    simulator.nIP = nLoopback;
+    simulator.nPortA = nFirstSimulatorPort + 2 * static_cast<quint32>(nNumber);
+    simulator.nPortB = simulator.nPortA + 1;
+    simulator.bOnline = true;
+    return simulator;
+}
+
+} // namespace
+
+CDeviceCommands::CDeviceCommands(CSite& siteNew, CJobs& jobsNew, IDeviceNetwork& networkNew)
+    : site(siteNew), jobs(jobsNew), network(networkNew)
+{ }
+
+void CDeviceCommands::Scan()
+{
+    const QString strCommand = QStringLiteral("Scanning the network");
+    if (site.GetHost().IsLocked() || site.GetHost().IsRefreshBlocked())
+        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("refresh is blocked"));
+    const CJobScope job(jobs, strCommand);
+    const QList<SProcessorNode> listFound = network.Scan();
+    for (const SProcessorNode& device : listFound)
+        if (site.GetNodeType(device.idNode) == 0 && FindAddFault(device.nIP).isEmpty())
+            Adopt(device, false);
+}
+
+void CDeviceCommands::Add(quint32 nIP)
+{
+    const QString strCommand = QStringLiteral("Adding the processor at %1").arg(QHostAddress(nIP).toString());
+    const QString strFault = FindAddFault(nIP);
+    if (!strFault.isEmpty())
+        return site.Refuse(SenderPrcBasic, strCommand, strFault);
+    const CJobScope job(jobs, strCommand);
+    SProcessorNode device;
+    if (!network.Ask(nIP, device))
+        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("nothing answers there"));
+    // A second request for the same address may have been quicker.
+    const QString strLateFault = FindAddFault(nIP);
+    if (!strLateFault.isEmpty())
+        return site.Refuse(SenderPrcBasic, strCommand, strLateFault);
+    Adopt(device, false);
+}
+
+void CDeviceCommands::AddSimulators(const SSimulatorRequest& request)
+{
+    const QString strCommand = QStringLiteral("Adding %1 simulators").arg(request.nCount);
+    const int nPresent = site.CopyTree(true).GetProcessorCount();
+    if (!CDeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3)
+        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("there is no such type or output"));
+    if (request.nCount < 1 || request.nCount > site.GetLimits().nSimulators - nPresent)
+        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("at most two can exist"));
+    for (int n = 0; n < request.nCount; ++n) {
+        const CNodeTree tree = site.CopyTree(true);
+        int nNumber = 1;
+        while (!tree.FindByName(QStringLiteral("Simulator %1").arg(nNumber)).isNull())
+            ++nNumber;
+        Adopt(BuildSimulator(request.nType, nNumber), true);
+    }
+}
+
+void CDeviceCommands::Delete(const QUuid& id)
+{
+    const CNodeTree trees[]{ site.CopyTree(false), site.CopyTree(true) };
+    for (const CNodeTree& tree : trees) {
+        const std::optional<SNodePlace> place = tree.FindProcessor(id);
+        if (!place)
+            continue;
+        const QString strCommand = QStringLiteral("Deleting \"%1\"").arg(tree.GetProcessor(*place).strName);
+        const QString strFault = site.FindDeleteFault(id);
+        if (!strFault.isEmpty())
+            return site.Refuse(SenderPrcBasic, strCommand, strFault);
+        const CJobScope job(jobs, strCommand);
+        network.Release(id);
+        if (!site.RemoveProcessor(id))
+            network.Adopt(tree.GetProcessor(*place));
+        return;
+    }
+}
+
+void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
+{
+    const QList<SProcessorNode> listGone = site.RemoveGroup(id, bWithProcessors);
+    for (const SProcessorNode& processor : listGone)
+        network.Forget(processor.idNode);
+}
+
+void CDeviceCommands::FollowList(const QList<QUuid>& listBefore)
+{
+    for (const QUuid& id : listBefore)
+        network.Forget(id);
+    const QList<SProcessorNode> listNow = site.CopyTree(false).GetProcessors();
+    for (const SProcessorNode& processor : listNow)
+        network.Adopt(processor);
+}
+
+quint32 CDeviceCommands::GetLocalAddress()
+{
+    return nLocalAddress;
+}
+
+QList<quint32> CDeviceCommands::GetReservedAddresses()
+{
+    // The router of the site and its time server.
+    return { 0xC0A80101, 0xC0A801FE };
+}
+
+QString CDeviceCommands::FindAddFault(quint32 nIP) const
+{
+    if (nIP == nLocalAddress || GetReservedAddresses().contains(nIP))
+        return QStringLiteral("the address is reserved");
+    return site.FindAddFault(nIP);
+}
+
+// The network first: a report of the device may follow at once.
+bool CDeviceCommands::Adopt(const SProcessorNode& device, bool bSimulator)
+{
+    network.Adopt(device);
+    const bool bAdded = site.AddProcessor(device, bSimulator);
+    if (!bAdded && site.GetNodeType(device.idNode) == 0)
+        network.Forget(device.idNode);
+    return bAdded;
+}

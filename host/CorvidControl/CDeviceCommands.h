@@ -1,0 +1,39 @@
+#pragma once
+
+#include "interfaces/control/SSimulatorRequest.h"
+
+#include <QList>
+#include <QUuid>
+
+class CJobs;
+class CSite;
+class IDeviceNetwork;
+struct SProcessorNode;
+
+/// The commands that need devices. Scan, Add and Delete block as long as the device takes; no lock is
+/// held meanwhile. All operations may be called on any thread.
+class CDeviceCommands
+{
+public:
+    CDeviceCommands(CSite& siteNew, CJobs& jobsNew, IDeviceNetwork& networkNew);
+
+    void Scan();
+    void Add(quint32 nIP);
+    void AddSimulators(const SSimulatorRequest& request);
+    void Delete(const QUuid& id);
+    void DeleteGroup(const QUuid& id, bool bWithProcessors); ///< never blocks
+
+    /// Makes the network know the devices of the Discovered list, and no others of the list before.
+    void FollowList(const QList<QUuid>& listBefore);
+
+    static quint32 GetLocalAddress();
+    static QList<quint32> GetReservedAddresses();
+
+private:
+    QString FindAddFault(quint32 nIP) const;
+    bool Adopt(const SProcessorNode& device, bool bSimulator);
+
+    CSite& site;
+    CJobs& jobs;
+    IDeviceNetwork& network;
+};

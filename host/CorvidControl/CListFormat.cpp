@@ -1,0 +1,108 @@
+#include "CorvidControl/CListFormat.h"
+
+#include "CorvidControl/CListReader.h"
+#include "CorvidControl/CListWriter.h"
+
+#include <QCryptographicHash>
+#include <QJsonDocument>
+#include <QRegularExpression>
+
+namespace
+{
+
+// Far above what the largest list needs; what they bound is the memory that a hostile file can claim.
+constexpr int nMaxDepth = 8;
+constexpr int nMaxContainers = 65536;
+
+SListReading Refuse(SListReading::EnVerdict verdict, const QString& strReason)
+{
+    SListReading reading;
+    reading.verdict = verdict;
+    reading.strReason = strReason;
+    return reading;
+}
+
+QByteArray GetCheckSum(const QByteArray& body)
+{
+    return QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex();
+}
+
+// Counts brackets outside strings. Whether they match is for the parser to say.
+bool IsWithinBounds(const QByteArray& body)
+{
+    int nDepth = 0;
+    int nContainers = 0;
+    bool bString = false;
+    for (int n = 0; n < body.size(); ++n) {
+        const char ch = body.at(n);
+        if (ch == '"')
+            bString = !bString;
+        else if (bString && ch == '\\')
+            ++n;
+        else if (!bString && (ch == '{' || ch == '['))
+            ++nDepth, ++nContainers;
+        else if (!bString && (ch == '}' || ch == ']'))
+            --nDepth;
+        if (nDepth > nMaxDepth || nContainers > nMaxContainers)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QByteArray CListFormat::Write(const SProcessorAllNode& node)
+{
+    const QByteArray body = QJsonDocument(CListWriter::WriteRoot(node)).toJson(QJsonDocument::Indented);
+    return "kvtl " + QByteArray::number(nVersion) + " sha256:" + GetCheckSum(body) + '\n' + body;
+}
+
+SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limits)
+{
+    if (bytes.size() > nMaxBytes)
+        return Refuse(SListReading::Invalid, QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size()));
+    const int nEnd = bytes.left(256).indexOf('\n');
+    const QByteArray body = bytes.mid(nEnd + 1);
+    const QString strFault = nEnd < 0 ? QStringLiteral("it is not a list file") : FindHeaderFault(bytes.left(nEnd), body);
+    return strFault.isEmpty() ? ReadBody(body, limits) : Refuse(SListReading::Invalid, strFault);
+}
+
+SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& limits)
+{
+    if (!IsWithinBounds(bytes))
+        return Refuse(SListReading::Invalid, QStringLiteral("it has more parts or levels than any list"));
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject())
+        return Refuse(SListReading::Invalid,
+                      QStringLiteral("its text is no JSON object (%1 at byte %2)").arg(error.errorString()).arg(error.offset));
+    CListReader reader;
+    const SProcessorAllNode node = reader.ReadRoot(document.object());
+    if (!reader.GetFault().isEmpty())
+        return Refuse(SListReading::Invalid, reader.GetFault());
+    if (reader.GetProcessorCount() > limits.nProcessors)
+        return Refuse(
+            SListReading::TooLarge,
+            QStringLiteral("it holds %1 processors, %2 are allowed").arg(reader.GetProcessorCount()).arg(limits.nProcessors));
+    if (node.listGroup.size() > limits.nGroups)
+        return Refuse(SListReading::TooLarge,
+                      QStringLiteral("it holds %1 groups, %2 are allowed").arg(node.listGroup.size()).arg(limits.nGroups));
+    SListReading reading;
+    reading.verdict = SListReading::Valid;
+    reading.node = node;
+    return reading;
+}
+
+QString CListFormat::FindHeaderFault(const QByteArray& line, const QByteArray& body)
+{
+    static const QRegularExpression expression(QStringLiteral("^kvtl ([1-9][0-9]{0,8})( sha256:([0-9a-f]{64}))?(?: .*)?$"));
+    const QRegularExpressionMatch match = expression.match(QString::fromLatin1(line));
+    if (!match.hasMatch())
+        return QStringLiteral("it is not a list file");
+    const int nFileVersion = match.captured(1).toInt();
+    if (nFileVersion != nVersion)
+        return QStringLiteral("it is of version %1, this library reads version %2").arg(nFileVersion).arg(nVersion);
+    if (match.captured(3).toLatin1() != GetCheckSum(body) || line.size() != match.capturedEnd(3))
+        return QStringLiteral("it is damaged or cut short: the check sum does not fit");
+    return {};
+}

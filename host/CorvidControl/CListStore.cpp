@@ -1,0 +1,130 @@
+#include "CorvidControl/CListStore.h"
+
+#include "CorvidControl/CHostEvents.h"
+#include "CorvidControl/CHostState.h"
+#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/CSite.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+
+QString Describe(const QString& strPath, const QString& strReason)
+{
+    return strPath + QStringLiteral(": ") + strReason;
+}
+
+} // namespace
+
+CListStore::CListStore(CSite& siteNew, CHostEvents& eventsNew, const QString& strPath)
+    : site(siteNew), events(eventsNew), strOwnPath(QFileInfo(strPath).absoluteFilePath())
+{ }
+
+bool CListStore::Load()
+{
+    if (!QFileInfo(strOwnPath).exists() && !QFileInfo(strOwnPath).isSymLink())
+        return true;
+    const SListReading reading = ReadFile(strOwnPath);
+    if (reading.verdict != SListReading::Valid) {
+        strLoadError = Describe(strOwnPath, reading.strReason);
+        events.Warn(QStringLiteral("The list was not read, it stays empty. ") + strLoadError);
+        return false;
+    }
+    site.ReplaceList(reading.node);
+    return true;
+}
+
+CListStore::EnExportResult CListStore::Export(const QString& strPath)
+{
+    const std::lock_guard<std::mutex> lock(mutexFile);
+    const QString strTarget = QFileInfo(strPath).absoluteFilePath();
+    if (!strLoadError.isEmpty() && strTarget == strOwnPath) {
+        events.Warn(QStringLiteral("The list was not saved over a file that could not be read. ") + strLoadError);
+        return ExportProtected;
+    }
+    const QByteArray bytes = CListFormat::Write(site.GetTree(false));
+    const QString strFault = strPath.isEmpty() ? QStringLiteral("no file was named") : WriteFile(strPath, bytes);
+    if (!strFault.isEmpty()) {
+        events.Warn(QStringLiteral("The list was not saved. ") + Describe(strPath, strFault));
+        return ExportNotWritten;
+    }
+    // Reading it back is the only proof there is that the disk took it.
+    const SListReading reading = ReadFile(strPath);
+    if (reading.verdict == SListReading::Invalid) {
+        events.Warn(QStringLiteral("The list was saved, but what is there now is no list. ")
+                    + Describe(strPath, reading.strReason));
+        return ExportWorthless;
+    }
+    return ExportDone;
+}
+
+CListStore::EnImportResult CListStore::Import(const QString& strPath)
+{
+    const std::lock_guard<std::mutex> lock(mutexFile);
+    const QString strCommand = QStringLiteral("Importing ") + strPath;
+    if (site.GetHost().IsLocked()) {
+        site.Refuse(SenderPrcList, strCommand, QStringLiteral("the list is locked"));
+        return ImportLocked;
+    }
+    const SListReading reading = ReadFile(strPath);
+    if (reading.verdict != SListReading::Valid) {
+        site.Refuse(SenderPrcList, strCommand, reading.strReason);
+        return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
+    }
+    const EnImportResult result = Overwrite(strPath, CListFormat::Write(reading.node));
+    if (result == ImportDone)
+        site.ReplaceList(reading.node);
+    return result;
+}
+
+SListReading CListStore::ReadFile(const QString& strPath) const
+{
+    SListReading reading;
+    QFile file(strPath);
+    if (QFileInfo(strPath).isDir())
+        reading.strReason = QStringLiteral("it is a folder");
+    else if (!file.open(QIODevice::ReadOnly))
+        reading.strReason = file.errorString();
+    else
+        reading = CListFormat::Read(file.read(CListFormat::nMaxBytes + 1), site.GetLimits());
+    return reading;
+}
+
+// What went wrong; empty when nothing did.
+QString CListStore::WriteFile(const QString& strPath, const QByteArray& bytes) const
+{
+    QSaveFile file(strPath);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return file.errorString();
+    return {};
+}
+
+// The copy stands beside the own list, so that the step that overwrites is one rename within a folder.
+CListStore::EnImportResult CListStore::Overwrite(const QString& strPath, const QByteArray& bytes)
+{
+    const QString strCommand = QStringLiteral("Importing ") + strPath;
+    if (!strLoadError.isEmpty()) {
+        site.Refuse(SenderPrcList, strCommand, QStringLiteral("the own list is not touched, ") + strLoadError);
+        return ImportNotOverwritten;
+    }
+    const QString strCopy = strOwnPath + QStringLiteral(".import");
+    const QString strFault = WriteFile(strCopy, bytes);
+    if (!strFault.isEmpty()) {
+        site.Refuse(SenderPrcList, strCommand, Describe(strCopy, strFault));
+        return ImportNotCopied;
+    }
+    if (std::rename(QFile::encodeName(strCopy).constData(), QFile::encodeName(strOwnPath).constData()) != 0) {
+        const QString strReason = QString::fromLocal8Bit(std::strerror(errno));
+        QFile::remove(strCopy);
+        site.Refuse(SenderPrcList, strCommand, Describe(strOwnPath, strReason));
+        return ImportNotOverwritten;
+    }
+    return ImportDone;
+}

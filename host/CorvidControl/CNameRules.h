@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// What the library takes as the name of a node. The panel's editor knows the same rules; the library
+/// does not rely on it.
+class CNameRules
+{
+public:
+    static constexpr int nMaxBytes = 64; ///< in UTF-8
+
+    /// Why strName is refused, in a few words; empty when it is a good name.
+    static QString FindFault(const QString& strName);
+
+    /// True for text that survives the way to UTF-8 and back and holds no control characters.
+    static bool IsCleanText(const QString& strText);
+
+    CNameRules() = delete;
+};

@@ -1,0 +1,377 @@
+#include "CorvidControl/CSite.h"
+
+#include "CorvidControl/CHostEvents.h"
+#include "CorvidControl/CHostState.h"
+#include "CorvidControl/CMessageDispatcher.h"
+#include "CorvidControl/CNameRules.h"
+#include "CorvidControl/EnControlMessage.h"
+#include "data/EnNodeType.h"
+
+#include <QHostAddress>
+
+#include <algorithm>
+
+namespace
+{
+
+using Lock = std::lock_guard<std::mutex>;
+
+QString GetGone()
+{
+    return QStringLiteral("it is not in the list");
+}
+
+} // namespace
+
+CSite::CSite(CMessageDispatcher& dispatcherNew, CHostEvents& eventsNew, const CHostState& hostNew, const SListLimits& limitsNew)
+    : dispatcher(dispatcherNew), events(eventsNew), host(hostNew), limits(limitsNew)
+{ }
+
+SProcessorAllNode CSite::GetTree(bool bSimulator) const
+{
+    return CopyTree(bSimulator).GetRoot();
+}
+
+CNodeTree CSite::CopyTree(bool bSimulator) const
+{
+    const Lock lock(mutex);
+    return tree[bSimulator];
+}
+
+void CSite::SetSimulatorPane(bool bSimulator)
+{
+    if (bSimulatorPane.exchange(bSimulator) != bSimulator)
+        dispatcher.Post(SenderRuntime, MessageSelectionChanged);
+}
+
+bool CSite::SetSelection(const std::vector<QUuid>& vecId)
+{
+    bool bChanged = false;
+    {
+        const Lock lock(mutex);
+        const int nPane = bSimulatorPane;
+        std::vector<QUuid> vecKnown;
+        std::copy_if(vecId.cbegin(), vecId.cend(), std::back_inserter(vecKnown),
+                     [&](const QUuid& id) { return id.isNull() || tree[nPane].Contains(id); });
+        if (vecKnown.empty() && !vecId.empty())
+            return false;
+        bChanged = vecKnown != vecSelection[nPane];
+        vecSelection[nPane] = vecKnown;
+    }
+    if (bChanged)
+        dispatcher.Post(SenderRuntime, MessageSelectionChanged);
+    return true;
+}
+
+std::vector<QUuid> CSite::GetSelection(bool bSimulator) const
+{
+    const Lock lock(mutex);
+    return vecSelection[bSimulator];
+}
+
+std::vector<QUuid> CSite::GetSelectedProcessors() const
+{
+    const Lock lock(mutex);
+    const int nPane = bSimulatorPane;
+    std::vector<QUuid> vecProcessor;
+    const auto append = [&](const QUuid& id) {
+        if (std::find(vecProcessor.cbegin(), vecProcessor.cend(), id) == vecProcessor.cend())
+            vecProcessor.push_back(id);
+    };
+    for (const QUuid& id : vecSelection[nPane]) {
+        const int nGroup = tree[nPane].FindGroup(id);
+        if (nGroup >= 0)
+            for (const SProcessorNode& processor : tree[nPane].GetGroup(nGroup).listProcessor)
+                append(processor.idNode);
+        else if (tree[nPane].FindProcessor(id))
+            append(id);
+    }
+    return vecProcessor;
+}
+
+void CSite::AddGroup(SProcessorGroupNode group)
+{
+    group.listProcessor.clear(); // its processors are moved into it one by one
+    Carry(QStringLiteral("Adding the group \"%1\"").arg(group.strName), [&] { return TryAddGroup(group); });
+}
+
+void CSite::RenameNode(const QUuid& id, const QString& strName)
+{
+    Carry(QStringLiteral("Renaming to \"%1\"").arg(strName), [&] { return TryRename(id, strName); });
+}
+
+void CSite::MoveProcessor(const QUuid& id, const QUuid& idGroup)
+{
+    Carry(QStringLiteral("Moving a processor"), [&] { return TryMove(id, idGroup); });
+}
+
+// A locked list can still be folded: that changes how it is looked at, not what it is.
+void CSite::SetExpanded(const QUuid& id, bool bExpanded)
+{
+    bool bChanged = false;
+    {
+        const Lock lock(mutex);
+        const int nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : FindPane(id);
+        bChanged = nPane >= 0 && tree[nPane].SetExpanded(id, bExpanded);
+    }
+    if (bChanged)
+        dispatcher.Post(SenderPrcList, MessageListChanged);
+}
+
+void CSite::SetChief(const QUuid& idGroup, const QUuid& idChief)
+{
+    bool bChanged = false;
+    {
+        const Lock lock(mutex);
+        const int nPane = FindPane(idGroup);
+        const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(idGroup);
+        bChanged = nGroup >= 0 && tree[nPane].SetChief(nGroup, idChief);
+    }
+    if (bChanged)
+        dispatcher.Post(SenderPreference, MessageChiefChanged);
+}
+
+QString CSite::FindDeleteFault(const QUuid& id) const
+{
+    const Lock lock(mutex);
+    return host.IsLocked() ? QStringLiteral("the list is locked") : TryFindDeleteFault(id);
+}
+
+bool CSite::RemoveProcessor(const QUuid& id)
+{
+    bool bGone = false;
+    Carry(QStringLiteral("Deleting a processor"), [&]() -> SOutcome {
+        const int nPane = FindPane(id);
+        const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(id);
+        bGone = !place;
+        if (!place)
+            return {};
+        const QString strFault = TryFindDeleteFault(id);
+        if (!strFault.isEmpty())
+            return { false, strFault };
+        tree[nPane].TakeProcessor(*place);
+        PruneSelection(nPane);
+        bGone = true;
+        return { true, {} };
+    });
+    return bGone;
+}
+
+QList<SProcessorNode> CSite::RemoveGroup(const QUuid& id, bool bWithProcessors)
+{
+    QList<SProcessorNode> listGone;
+    Carry(QStringLiteral("Deleting a group"), [&]() -> SOutcome {
+        const int nPane = FindPane(id);
+        const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(id);
+        if (nGroup < 0)
+            return {};
+        const QString strFault = bWithProcessors ? TryFindDeleteFault(id) : QString();
+        if (!strFault.isEmpty())
+            return { false, strFault };
+        if (bWithProcessors)
+            listGone = tree[nPane].GetGroup(nGroup).listProcessor;
+        tree[nPane].RemoveGroup(nGroup, bWithProcessors);
+        PruneSelection(nPane);
+        return { true, {} };
+    });
+    return listGone;
+}
+
+QString CSite::FindAddFault(quint32 nIP) const
+{
+    const Lock lock(mutex);
+    if (host.IsLocked())
+        return QStringLiteral("the list is locked");
+    if (tree[0].GetProcessorCount() >= limits.nProcessors)
+        return QStringLiteral("the list is full");
+    const QList<SProcessorNode> listProcessor = tree[0].GetProcessors();
+    const bool bTaken = std::any_of(listProcessor.cbegin(), listProcessor.cend(),
+                                    [&](const SProcessorNode& processor) { return processor.nIP == nIP; });
+    return bTaken ? QStringLiteral("a processor of the list has this address") : QString();
+}
+
+bool CSite::AddProcessor(const SProcessorNode& processor, bool bSimulator)
+{
+    bool bAdded = false;
+    Carry(QStringLiteral("Adding the processor \"%1\"").arg(processor.strName), [&]() -> SOutcome {
+        if (FindPane(processor.idNode) >= 0)
+            return { false, QStringLiteral("it is in the list already") };
+        if (tree[bSimulator].GetProcessorCount() >= (bSimulator ? limits.nSimulators : limits.nProcessors))
+            return { false, QStringLiteral("the list is full") };
+        tree[bSimulator].AppendProcessor(processor);
+        bAdded = true;
+        return { true, {} };
+    });
+    return bAdded;
+}
+
+void CSite::ApplyReport(const SProcessorNode& device)
+{
+    {
+        const Lock lock(mutex);
+        const int nPane = FindPane(device.idNode);
+        const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(device.idNode);
+        if (!place)
+            return;
+        SProcessorNode processor = tree[nPane].GetProcessor(*place);
+        processor.bOnline = device.bOnline;
+        processor.nFailover = device.nFailover;
+        processor.strProject = device.strProject;
+        if (processor == tree[nPane].GetProcessor(*place))
+            return;
+        tree[nPane].EditProcessor(*place) = processor;
+    }
+    dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
+}
+
+void CSite::ReplaceList(const SProcessorAllNode& node)
+{
+    {
+        const Lock lock(mutex);
+        tree[0].SetRoot(node);
+        PruneSelection(0);
+    }
+    dispatcher.Post(SenderPrcList, MessageListChanged);
+}
+
+int CSite::GetNodeType(const QUuid& id) const
+{
+    const Lock lock(mutex);
+    if (id.isNull())
+        return NodeAll;
+    const int nPane = FindPane(id);
+    return nPane < 0 ? 0 : tree[nPane].FindGroup(id) >= 0 ? NodeGroup : NodeProcessor;
+}
+
+bool CSite::IsActive(const QUuid& id) const
+{
+    const Lock lock(mutex);
+    const SProcessorNode* pProcessor = FindProcessor(id);
+    return pProcessor ? pProcessor->bOnline : FindPane(id) >= 0;
+}
+
+bool CSite::IsInUse(const QUuid& id) const
+{
+    const Lock lock(mutex);
+    return !TryFindDeleteFault(id).isEmpty();
+}
+
+QUuid CSite::FindByName(const QString& strName) const
+{
+    const Lock lock(mutex);
+    const QUuid id = tree[0].FindByName(strName);
+    return id.isNull() ? tree[1].FindByName(strName) : id;
+}
+
+void CSite::Refuse(EnMessageSender sender, const QString& strCommand, const QString& strReason)
+{
+    events.Refuse(strCommand + QStringLiteral(" was refused: ") + strReason);
+    dispatcher.Post(sender, MessageCommandRefused);
+}
+
+void CSite::Carry(const QString& strCommand, const std::function<SOutcome()>& command)
+{
+    SOutcome outcome;
+    {
+        const Lock lock(mutex);
+        outcome = host.IsLocked() ? SOutcome{ false, QStringLiteral("the list is locked") } : command();
+    }
+    if (!outcome.strRefused.isEmpty())
+        Refuse(SenderPrcList, strCommand, outcome.strRefused);
+    else if (outcome.bChanged)
+        dispatcher.Post(SenderPrcList, MessageListChanged);
+}
+
+// All below need the lock.
+
+CSite::SOutcome CSite::TryAddGroup(SProcessorGroupNode group)
+{
+    CNodeTree& treeNow = tree[bSimulatorPane];
+    const QString strFault = CNameRules::FindFault(group.strName);
+    if (!strFault.isEmpty())
+        return { false, strFault };
+    if (group.idNode.isNull() || FindPane(group.idNode) >= 0)
+        return { false, QStringLiteral("its id is empty or taken") };
+    if (treeNow.GetRoot().listGroup.size() >= limits.nGroups)
+        return { false, QStringLiteral("the list has all the groups it can have") };
+    treeNow.AppendGroup(group);
+    return { true, {} };
+}
+
+CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strName)
+{
+    const int nPane = FindPane(id);
+    if (nPane < 0)
+        return { false, GetGone() };
+    const int nGroup = tree[nPane].FindGroup(id);
+    const QString strOld = nGroup >= 0 ? tree[nPane].GetGroup(nGroup).strName : FindProcessor(id)->strName;
+    if (strOld == strName)
+        return {};
+    const QString strFault = CNameRules::FindFault(strName);
+    if (!strFault.isEmpty())
+        return { false, strFault };
+    if (nGroup >= 0)
+        tree[nPane].EditGroup(nGroup).strName = strName;
+    else
+        tree[nPane].EditProcessor(*tree[nPane].FindProcessor(id)).strName = strName;
+    return { true, {} };
+}
+
+CSite::SOutcome CSite::TryMove(const QUuid& id, const QUuid& idGroup)
+{
+    const int nPane = FindPane(id);
+    const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(id);
+    if (!place)
+        return { false, GetGone() };
+    const int nGroup = idGroup.isNull() ? -1 : tree[nPane].FindGroup(idGroup);
+    if (nGroup < 0 && !idGroup.isNull())
+        return { false, QStringLiteral("the group is not in its pane") };
+    return { tree[nPane].MoveProcessor(*place, nGroup), {} };
+}
+
+QString CSite::TryFindDeleteFault(const QUuid& id) const
+{
+    const int nPane = FindPane(id);
+    const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(id);
+    const SProcessorNode* pProcessor = FindProcessor(id);
+    const QList<SProcessorNode> listProcessor = nGroup >= 0 ? tree[nPane].GetGroup(nGroup).listProcessor
+        : pProcessor                                        ? QList<SProcessorNode>{ *pProcessor }
+                                                            : QList<SProcessorNode>();
+    const QString strProject = host.GetProject();
+    for (const SProcessorNode& processor : listProcessor)
+        if (IsRunning(processor, strProject))
+            return QStringLiteral("\"%1\" is in use, it runs the open project").arg(processor.strName);
+    return {};
+}
+
+int CSite::FindPane(const QUuid& id) const
+{
+    return tree[0].Contains(id) ? 0 : tree[1].Contains(id) ? 1 : -1;
+}
+
+const SProcessorNode* CSite::FindProcessor(const QUuid& id) const
+{
+    for (const CNodeTree& treeNow : tree) {
+        const std::optional<SNodePlace> place = treeNow.FindProcessor(id);
+        if (place)
+            return &treeNow.GetProcessor(*place);
+    }
+    return nullptr;
+}
+
+bool CSite::IsRunning(const SProcessorNode& processor, const QString& strProject)
+{
+    return processor.bOnline && !strProject.isEmpty() && processor.strProject == strProject;
+}
+
+void CSite::PruneSelection(int nPane)
+{
+    std::vector<QUuid>& vecId = vecSelection[nPane];
+    const auto isGone = [&](const QUuid& id) { return !id.isNull() && !tree[nPane].Contains(id); };
+    const auto itGone = std::remove_if(vecId.begin(), vecId.end(), isGone);
+    if (itGone == vecId.end())
+        return;
+    vecId.erase(itGone, vecId.end());
+    if (vecId.empty())
+        vecId.push_back(QUuid());
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "data/SProcessorAllNode.h"
+
+/// What a list file turned out to be.
+struct SListReading
+{
+    enum EnVerdict
+    {
+        Valid,
+        Invalid, ///< not a list, damaged, of another version, or against the schema
+        TooLarge ///< a sound list with more processors or groups than the library takes
+    };
+
+    EnVerdict verdict = Invalid;
+    QString strReason;      ///< in a few words, for any verdict but Valid
+    SProcessorAllNode node; ///< the list; empty for any verdict but Valid
+};
