@@ -40,6 +40,7 @@ CRowView::CRowView()
     setModel(&rows);
     setItemDelegate(&rowDelegate);
     setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
     setIndentation(15);
     expandAll();
     resize(300, 400);
@@ -96,13 +97,6 @@ void CRowView::contextMenuEvent(QContextMenuEvent* pEvent)
 {
     ++nContextMenus;
     QTreeView::contextMenuEvent(pEvent);
-}
-
-void CRowView::commitData(QWidget* pEditor)
-{
-    const auto* pLineEdit = qobject_cast<QLineEdit*>(pEditor);
-    listCommitted.append(pLineEdit ? pLineEdit->text() : QString());
-    QTreeView::commitData(pEditor);
 }
 
 void CRowView::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)

@@ -42,17 +42,15 @@ public:
     CCountingDelegate& Delegate();
     QStandardItemModel& Rows();
 
-    QList<int> listKey;        ///< keys that reached the view
-    int nContextMenus = 0;     ///< that reached the view
-    QStringList listCommitted; ///< texts, one for each commit that the view took from the delegate
-    int nClosed = 0;           ///< editors that the view was told to close
+    QList<int> listKey;    ///< keys that reached the view
+    int nContextMenus = 0; ///< that reached the view
+    int nClosed = 0;       ///< editors that the view was told to close
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;
     void contextMenuEvent(QContextMenuEvent* pEvent) override;
 
 protected slots:
-    void commitData(QWidget* pEditor) override;
     void closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
