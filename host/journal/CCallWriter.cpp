@@ -11,7 +11,7 @@ constexpr int g_nDigitsShown = 8;
 constexpr int g_nTextShown = 80;
 } // namespace
 
-CCallWriter::CCallWriter(CCallJournal& callJournal, const char* pObjectName) : journal(callJournal), pObject(pObjectName) { }
+CCallWriter::CCallWriter(CCallLog& callJournal, const char* pObjectName) : journal(callJournal), pObject(pObjectName) { }
 
 void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "journal/CCallJournal.h"
+#include "journal/CCallLog.h"
 
 #include <QUuid>
 
@@ -11,7 +11,7 @@ class CCallWriter
 {
 public:
     /// pObject is a literal: the name of the object in the journal.
-    CCallWriter(CCallJournal& callJournal, const char* pObjectName);
+    CCallWriter(CCallLog& callJournal, const char* pObjectName);
 
     template <typename... Args> void Command(const char* pOperation, const Args&... args) const
     {
@@ -45,6 +45,6 @@ public:
 private:
     static QString GetCall(const char* pOperation, const QStringList& listArgument);
 
-    CCallJournal& journal;
+    CCallLog& journal;
     const char* pObject;
 };

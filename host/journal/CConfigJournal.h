@@ -7,7 +7,7 @@
 class CConfigJournal : public IConfigControl
 {
 public:
-    CConfigJournal(IConfigControl& control, CCallJournal& journal);
+    CConfigJournal(IConfigControl& control, CCallLog& journal);
     virtual ~CConfigJournal() = default;
 
     void GetReservedIPs(QList<uint>& listIP) override;

@@ -2,7 +2,7 @@
 
 #include "interfaces/control/CorvidControl.h"
 
-CControlJournal::CControlJournal(CCallJournal& journal, MessageNamer pNamer)
+CControlJournal::CControlJournal(CCallLog& journal, MessageNamer pNamer)
     : config(*g_pConfigControl), prcBasic(*g_pPrcBasicControl), prcList(*g_pPrcListControl), prcRuntime(*g_pPrcRuntimeControl),
       preference(*g_pPreferenceControl), projectManage(*g_pProjectManageControl), protocal(*g_pProtocalControl),
       runtime(*g_pRuntimeControl), configJournal(config, journal), prcBasicJournal(prcBasic, journal),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "journal/CCallJournal.h"
+#include "journal/CCallLog.h"
 #include "journal/CConfigJournal.h"
 #include "journal/CMessageJournal.h"
 #include "journal/CPrcBasicJournal.h"
@@ -20,7 +20,7 @@ class CControlJournal
 {
 public:
     /// pNamer names the messages in the journal.
-    CControlJournal(CCallJournal& journal, MessageNamer pNamer);
+    CControlJournal(CCallLog& journal, MessageNamer pNamer);
     ~CControlJournal();
     Q_DISABLE_COPY(CControlJournal)
 

@@ -1,6 +1,6 @@
 #include "journal/CMessageJournal.h"
 
-CMessageJournal::CMessageJournal(CCallJournal& journal, const char* pObjectName, MessageNamer pNamer)
+CMessageJournal::CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pNamer)
     : writer(journal, pObjectName), pGetName(pNamer)
 { }
 

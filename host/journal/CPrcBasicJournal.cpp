@@ -4,7 +4,7 @@
 
 #include <QHostAddress>
 
-CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallJournal& journal)
+CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallLog& journal)
     : inner(control), writer(journal, "PrcBasicControl")
 { }
 

@@ -15,7 +15,7 @@ QString GetSize(const SProcessorAllNode& node)
 }
 } // namespace
 
-CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallJournal& journal)
+CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallLog& journal)
     : inner(control), writer(journal, "PrcListControl")
 { }
 

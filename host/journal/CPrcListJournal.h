@@ -7,7 +7,7 @@
 class CPrcListJournal : public IPrcListControl
 {
 public:
-    CPrcListJournal(IPrcListControl& control, CCallJournal& journal);
+    CPrcListJournal(IPrcListControl& control, CCallLog& journal);
     virtual ~CPrcListJournal() = default;
 
     void Attach(CObserver* pObserver) override;

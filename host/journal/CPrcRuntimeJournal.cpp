@@ -1,6 +1,6 @@
 #include "journal/CPrcRuntimeJournal.h"
 
-CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& control, CCallJournal& journal)
+CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& control, CCallLog& journal)
     : inner(control), writer(journal, "PrcRuntimeControl")
 { }
 

@@ -1,6 +1,6 @@
 #include "journal/CPreferenceJournal.h"
 
-CPreferenceJournal::CPreferenceJournal(IPreferenceControl& control, CCallJournal& journal)
+CPreferenceJournal::CPreferenceJournal(IPreferenceControl& control, CCallLog& journal)
     : inner(control), writer(journal, "PreferenceControl")
 { }
 

@@ -2,7 +2,7 @@
 
 #include "interfaces/control/SProjectInfo.h"
 
-CProjectManageJournal::CProjectManageJournal(IProjectManageControl& control, CCallJournal& journal)
+CProjectManageJournal::CProjectManageJournal(IProjectManageControl& control, CCallLog& journal)
     : inner(control), writer(journal, "ProjectManageControl")
 { }
 

@@ -7,7 +7,7 @@
 class CProjectManageJournal : public IProjectManageControl
 {
 public:
-    CProjectManageJournal(IProjectManageControl& control, CCallJournal& journal);
+    CProjectManageJournal(IProjectManageControl& control, CCallLog& journal);
     virtual ~CProjectManageJournal() = default;
 
     void Attach(CObserver* pObserver) override;

@@ -1,6 +1,6 @@
 #include "journal/CProtocalJournal.h"
 
-CProtocalJournal::CProtocalJournal(IProtocalControl& control, CCallJournal& journal)
+CProtocalJournal::CProtocalJournal(IProtocalControl& control, CCallLog& journal)
     : inner(control), writer(journal, "ProtocalControl")
 { }
 

@@ -1,6 +1,6 @@
 #include "journal/CRuntimeJournal.h"
 
-CRuntimeJournal::CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal)
+CRuntimeJournal::CRuntimeJournal(IRuntimeControl& control, CCallLog& journal)
     : inner(control), writer(journal, "RuntimeControl")
 { }
 

@@ -7,7 +7,7 @@
 class CRuntimeJournal : public IRuntimeControl
 {
 public:
-    CRuntimeJournal(IRuntimeControl& control, CCallJournal& journal);
+    CRuntimeJournal(IRuntimeControl& control, CCallLog& journal);
     virtual ~CRuntimeJournal() = default;
 
     void Attach(CObserver* pObserver) override;

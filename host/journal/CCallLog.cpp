@@ -1,4 +1,4 @@
-#include "journal/CCallJournal.h"
+#include "journal/CCallLog.h"
 
 #include <QDateTime>
 #include <QMutexLocker>
@@ -17,11 +17,11 @@ int NumberOfThisThread()
 }
 } // namespace
 
-CCallJournal::CCallJournal(int nCapacity, QObject* parent)
+CCallLog::CCallLog(int nCapacity, QObject* parent)
     : QObject(parent), nFirstThread(NumberOfThisThread()), vecRecord(static_cast<size_t>(std::max(1, nCapacity)))
 { }
 
-void CCallJournal::Write(EnCallKind kind, const char* pObject, const QString& strText)
+void CCallLog::Write(EnCallKind kind, const char* pObject, const QString& strText)
 {
     const qint64 nTime = QDateTime::currentMSecsSinceEpoch();
     const int nThread = GetThreadNumber();
@@ -37,7 +37,7 @@ void CCallJournal::Write(EnCallKind kind, const char* pObject, const QString& st
         emit RecordsWaiting();
 }
 
-std::vector<SCallRecord> CCallJournal::ReadAfter(quint64 nAfter)
+std::vector<SCallRecord> CCallLog::ReadAfter(quint64 nAfter)
 {
     const QMutexLocker locker(&mutex);
     bAnnounced = false;
@@ -48,13 +48,13 @@ std::vector<SCallRecord> CCallJournal::ReadAfter(quint64 nAfter)
     return vecResult;
 }
 
-quint64 CCallJournal::GetLastNumber() const
+quint64 CCallLog::GetLastNumber() const
 {
     const QMutexLocker locker(&mutex);
     return nLast;
 }
 
-int CCallJournal::GetThreadNumber() const
+int CCallLog::GetThreadNumber() const
 {
     const int nThread = NumberOfThisThread();
     return nThread == nFirstThread ? 0 : nThread;

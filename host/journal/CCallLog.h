@@ -11,13 +11,13 @@
 ///
 /// Writing costs one short lock and never waits for the reader, so it may be done where the panel holds
 /// locks of its own. When the journal is full the oldest record goes.
-class CCallJournal : public QObject
+class CCallLog : public QObject
 {
     Q_OBJECT
 
 public:
     /// The thread that makes the journal gets number 0 in the records.
-    explicit CCallJournal(int nCapacity, QObject* parent = nullptr);
+    explicit CCallLog(int nCapacity, QObject* parent = nullptr);
 
     void Write(EnCallKind kind, const char* pObject, const QString& strText);
 

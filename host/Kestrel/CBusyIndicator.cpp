@@ -1,0 +1,84 @@
+#include "Kestrel/CBusyIndicator.h"
+
+#include "Kestrel/CSpinner.h"
+#include "Kestrel/theme/CTheme.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace
+{
+constexpr int g_nSpacing = 8;
+constexpr int g_nSecondMs = 1000;
+} // namespace
+
+CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
+    : QWidget(parent),
+      pSpinner(new CSpinner(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("accent")), this)),
+      pLabel(new QLabel(this))
+{
+    setObjectName(QStringLiteral("BusyIndicator"));
+    auto* pLayout = new QHBoxLayout(this);
+    pLayout->setContentsMargins(g_nSpacing, 0, g_nSpacing, 0);
+    pLayout->setSpacing(g_nSpacing);
+    pLayout->addWidget(pSpinner);
+    pLayout->addWidget(pLabel, 1);
+    timer.setInterval(g_nSecondMs);
+    connect(&timer, &QTimer::timeout, this, &CBusyIndicator::UpdateText);
+    UpdateText();
+}
+
+void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob)
+{
+    bShown = bBusy;
+    timeBegin = timeSince;
+    listRunning = listJob;
+    pSpinner->SetTurning(bBusy);
+    bBusy ? timer.start() : timer.stop();
+    UpdateText();
+}
+
+QString CBusyIndicator::GetText() const
+{
+    return pLabel->text();
+}
+
+void CBusyIndicator::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        UpdateText();
+}
+
+void CBusyIndicator::UpdateText()
+{
+    if (!bShown) {
+        pLabel->setText(tr("Ready"));
+        return;
+    }
+    const qint64 nSeconds = timeBegin.secsTo(QDateTime::currentDateTime());
+    pLabel->setText(tr("%1 – since %2 (%3 s)").arg(GetWhat(), timeBegin.toString(QStringLiteral("HH:mm:ss"))).arg(nSeconds));
+}
+
+QString CBusyIndicator::GetWhat() const
+{
+    QStringList listText;
+    for (const QString& strJob : listRunning) {
+        const QString strText = GetJobText(strJob);
+        if (!listText.contains(strText))
+            listText.append(strText);
+    }
+    return listText.isEmpty() ? tr("Busy") : listText.join(QStringLiteral(", "));
+}
+
+QString CBusyIndicator::GetJobText(const QString& strJob)
+{
+    if (strJob.startsWith(QLatin1String("RefreshProcessors")))
+        return tr("Looking for processors");
+    if (strJob.startsWith(QLatin1String("AddProcessor")))
+        return tr("Adding a processor");
+    if (strJob.startsWith(QLatin1String("Delete")))
+        return tr("Deleting");
+    return strJob;
+}

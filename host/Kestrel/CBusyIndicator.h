@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDateTime>
+#include <QStringList>
+#include <QTimer>
+#include <QWidget>
+
+class CSpinner;
+class CTheme;
+class QLabel;
+
+/// The part of the status bar that says what is busy and since when: a job that never ends must not leave
+/// an operator guessing.
+class CBusyIndicator : public QWidget
+{
+    Q_OBJECT
+
+public:
+    CBusyIndicator(const CTheme& theme, QWidget* parent);
+
+    /// timeSince is looked at only when bBusy; listJob holds the calls under way, oldest first.
+    void SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob);
+
+    QString GetText() const;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void UpdateText();
+    QString GetWhat() const;
+    static QString GetJobText(const QString& strJob);
+
+    CSpinner* pSpinner;
+    QLabel* pLabel;
+    QTimer timer; ///< counts the seconds while busy
+    bool bShown = false;
+    QDateTime timeBegin;
+    QStringList listRunning;
+};

@@ -1,0 +1,134 @@
+#include "Kestrel/CCommandLine.h"
+
+#include "Kestrel/CLanguage.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+constexpr double g_dMostSeconds = 3600.0;
+constexpr double g_dLeastScale = 0.5;
+constexpr double g_dMostScale = 4.0;
+
+constexpr QLatin1String g_strAt("at");
+constexpr QLatin1String g_strHelp("help");
+constexpr QLatin1String g_strLang("lang");
+constexpr QLatin1String g_strList("list");
+constexpr QLatin1String g_strPanel("panel");
+constexpr QLatin1String g_strScale("scale");
+constexpr QLatin1String g_strScenario("scenario");
+constexpr QLatin1String g_strShot("shot");
+constexpr QLatin1String g_strShots("shots");
+
+void AddOptions(QCommandLineParser& parser)
+{
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), g_strHelp }));
+    for (const QLatin1String strName :
+         { g_strAt, g_strLang, g_strList, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
+        parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
+}
+} // namespace
+
+CCommandLine::CCommandLine(const QStringList& listArgument)
+{
+    QCommandLineParser parser;
+    AddOptions(parser);
+    if (!parser.parse(listArgument)) {
+        QString strReason = parser.errorText();
+        strReason.chop(strReason.endsWith(QLatin1Char('.')) ? 1 : 0);
+        Refuse(strReason);
+        return;
+    }
+    options.bHelp = parser.isSet(g_strHelp);
+    if (options.bHelp)
+        return;
+    if (!parser.positionalArguments().isEmpty())
+        Refuse(QStringLiteral("Unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
+    ReadValues(parser);
+    CheckFiles();
+}
+
+const SKestrelOptions& CCommandLine::GetOptions() const
+{
+    return options;
+}
+
+QString CCommandLine::GetError() const
+{
+    return strError;
+}
+
+QString CCommandLine::GetHelp()
+{
+    return QStringLiteral("Usage: kestrel [options]\n"
+                          "A host for the panel that manages processors.\n"
+                          "\n"
+                          "  --list FILE        working list (.kvtl), read at start and written at the end;\n"
+                          "                     default: processors.kvtl in the user's application data\n"
+                          "  --scenario FILE    script for the devices; default: a quiet day\n"
+                          "  --shot FILE.png    write a picture of the window, then quit\n"
+                          "  --at SECONDS       when to take that picture (default 2)\n"
+                          "  --shots FOLDER     write the pictures that the scenario asks for, numbered, then quit\n"
+                          "  --lang LANGUAGE    %1\n"
+                          "  --scale FACTOR     size of everything, 0.5 to 4\n"
+                          "  --panel FILE       the panel's library; default: beside the program\n"
+                          "  --help             this text\n"
+                          "\n"
+                          "Exit codes: 0 done, 1 the panel could not be loaded, 2 a bad option or file.\n")
+        .arg(CLanguage::GetCodes().join(QLatin1String(", ")));
+}
+
+void CCommandLine::ReadValues(const QCommandLineParser& parser)
+{
+    options.strListFile = parser.value(g_strList);
+    options.strScenarioFile = parser.value(g_strScenario);
+    options.strShotFile = parser.value(g_strShot);
+    options.strShotFolder = parser.value(g_strShots);
+    options.strPanelFile = parser.value(g_strPanel);
+    options.strLanguage = parser.value(g_strLang);
+    if (parser.isSet(g_strAt))
+        options.dShotAt = ReadNumber(parser, g_strAt, 0.0, g_dMostSeconds);
+    if (parser.isSet(g_strScale))
+        options.dScale = ReadNumber(parser, g_strScale, g_dLeastScale, g_dMostScale);
+    if (parser.isSet(g_strAt) && !parser.isSet(g_strShot))
+        Refuse(QStringLiteral("--at needs --shot"));
+    if (parser.isSet(g_strShots) && !parser.isSet(g_strScenario))
+        Refuse(QStringLiteral("--shots needs --scenario"));
+    if (parser.isSet(g_strLang) && !CLanguage::GetCodes().contains(options.strLanguage))
+        Refuse(QStringLiteral("Unknown language '%1'").arg(options.strLanguage));
+}
+
+void CCommandLine::CheckFiles()
+{
+    if (!options.strScenarioFile.isEmpty() && !QFileInfo(options.strScenarioFile).isFile())
+        Refuse(QStringLiteral("No scenario file '%1'").arg(options.strScenarioFile));
+    for (const QString& strFile : { options.strListFile, options.strShotFile }) {
+        if (!strFile.isEmpty() && !QFileInfo(strFile).absoluteDir().exists())
+            Refuse(QStringLiteral("No folder for '%1'").arg(strFile));
+    }
+    if (!options.strShotFile.isEmpty() && !options.strShotFile.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+        Refuse(QStringLiteral("'%1' does not end in .png").arg(options.strShotFile));
+    if (!options.strShotFolder.isEmpty() && !QFileInfo(options.strShotFolder).isDir())
+        Refuse(QStringLiteral("No folder '%1'").arg(options.strShotFolder));
+}
+
+double CCommandLine::ReadNumber(const QCommandLineParser& parser, const QString& strOption, double dLeast, double dMost)
+{
+    bool bNumber = false;
+    const double dValue = parser.value(strOption).toDouble(&bNumber);
+    const bool bGood = bNumber && dValue >= dLeast && dValue <= dMost;
+    if (!bGood) {
+        Refuse(QStringLiteral("--%1 takes a number from %2 to %3, not '%4'")
+                   .arg(strOption, QString::number(dLeast), QString::number(dMost), parser.value(strOption)));
+    }
+    return bGood ? dValue : dLeast;
+}
+
+void CCommandLine::Refuse(const QString& strReason)
+{
+    if (strError.isEmpty())
+        strError = strReason + QStringLiteral("; see --help");
+}

@@ -1,0 +1,118 @@
+#include "Kestrel/CHostMenu.h"
+
+#include "CorvidControl/CControlHost.h"
+#include "Kestrel/CLanguage.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QInputDialog>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+CHostMenu::CHostMenu(QMainWindow& mainWindow, CControlHost& controlHost, CLanguage& applicationLanguage, QAction* pJournalAction)
+    : QObject(&mainWindow), window(mainWindow), host(controlHost), language(applicationLanguage),
+      pProjectMenu(mainWindow.menuBar()->addMenu(QString())), pListMenu(mainWindow.menuBar()->addMenu(QString())),
+      pViewMenu(mainWindow.menuBar()->addMenu(QString())), pLanguages(new QActionGroup(this))
+{
+    MakeProjectMenu();
+    MakeListMenu();
+    MakeViewMenu(pJournalAction);
+    SetConnection();
+    UpdateText();
+    UpdateState();
+}
+
+void CHostMenu::UpdateState()
+{
+    pCloseProject->setEnabled(!host.GetProjectName().isEmpty());
+    pChiefMode->setChecked(host.IsChiefMode());
+    pListLocked->setChecked(host.IsListLocked());
+    pRefreshBlocked->setChecked(host.IsRefreshBlocked());
+}
+
+void CHostMenu::UpdateText()
+{
+    pProjectMenu->setTitle(tr("&Project"));
+    pOpenProject->setText(tr("&Open project…"));
+    pCloseProject->setText(tr("&Close project"));
+    pQuit->setText(tr("&Quit"));
+    pListMenu->setTitle(tr("&List"));
+    pSelectAll->setText(tr("Select &all"));
+    pChiefMode->setText(tr("Chief-&Member mode"));
+    pListLocked->setText(tr("&Lock the list"));
+    pRefreshBlocked->setText(tr("&Block refresh"));
+    pViewMenu->setTitle(tr("&View"));
+    pJournal->setText(tr("&Journal"));
+    pLanguageMenu->setTitle(tr("L&anguage"));
+}
+
+void CHostMenu::MakeProjectMenu()
+{
+    pOpenProject = MakeAction(pProjectMenu, QKeySequence::Open);
+    pCloseProject = MakeAction(pProjectMenu, Qt::CTRL | Qt::Key_W);
+    pProjectMenu->addSeparator();
+    pQuit = MakeAction(pProjectMenu, Qt::CTRL | Qt::Key_Q);
+}
+
+void CHostMenu::MakeListMenu()
+{
+    pSelectAll = MakeAction(pListMenu, QKeySequence::SelectAll);
+    pListMenu->addSeparator();
+    pChiefMode = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_M);
+    pListLocked = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_L);
+    pRefreshBlocked = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_B);
+}
+
+void CHostMenu::MakeViewMenu(QAction* pJournalAction)
+{
+    pJournal = pJournalAction;
+    pJournal->setShortcut(Qt::CTRL | Qt::Key_J);
+    pViewMenu->addAction(pJournal);
+    pLanguageMenu = pViewMenu->addMenu(QString());
+    const QStringList listCode = CLanguage::GetCodes();
+    for (const QString& strCode : listCode) {
+        QAction* pAction = pLanguageMenu->addAction(CLanguage::GetName(strCode));
+        pAction->setData(strCode);
+        pAction->setCheckable(true);
+        pAction->setChecked(strCode == language.GetCode());
+        pLanguages->addAction(pAction);
+    }
+}
+
+QAction* CHostMenu::MakeAction(QMenu* pMenu, const QKeySequence& shortcut)
+{
+    QAction* pAction = pMenu->addAction(QString());
+    pAction->setShortcut(shortcut);
+    return pAction;
+}
+
+QAction* CHostMenu::MakeSwitch(QMenu* pMenu, const QKeySequence& shortcut)
+{
+    QAction* pAction = MakeAction(pMenu, shortcut);
+    pAction->setCheckable(true);
+    return pAction;
+}
+
+void CHostMenu::SetConnection()
+{
+    connect(pOpenProject, &QAction::triggered, this, &CHostMenu::OpenProject);
+    connect(pCloseProject, &QAction::triggered, &host, &CControlHost::CloseProject);
+    connect(pQuit, &QAction::triggered, &window, &QWidget::close);
+    connect(pSelectAll, &QAction::triggered, this, &CHostMenu::SelectAllRequested);
+    // triggered and not toggled: UpdateState must not send back what it has just read.
+    connect(pChiefMode, &QAction::triggered, &host, &CControlHost::SetChiefMode);
+    connect(pListLocked, &QAction::triggered, &host, &CControlHost::SetListLocked);
+    connect(pRefreshBlocked, &QAction::triggered, &host, &CControlHost::SetRefreshBlocked);
+    connect(pLanguages, &QActionGroup::triggered, this,
+            [this](const QAction* pAction) { language.Set(pAction->data().toString()); });
+}
+
+void CHostMenu::OpenProject()
+{
+    bool bAccepted = false;
+    const QString strName = QInputDialog::getText(&window, tr("Open project"), tr("Name of the project:"), QLineEdit::Normal,
+                                                  host.GetProjectName(), &bAccepted);
+    if (bAccepted && !strName.trimmed().isEmpty())
+        host.OpenProject(strName.trimmed());
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+
+class CControlHost;
+class CLanguage;
+class QAction;
+class QActionGroup;
+class QMenu;
+class QMainWindow;
+
+/// The menus of the window, and what they ask of the control library.
+class CHostMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
+    CHostMenu(QMainWindow& mainWindow, CControlHost& controlHost, CLanguage& applicationLanguage, QAction* pJournalAction);
+
+    /// The check marks and the enabled states, from the control library.
+    void UpdateState();
+
+    void UpdateText();
+
+signals:
+    /// The user wants everything in the list selected.
+    void SelectAllRequested();
+
+private:
+    void MakeProjectMenu();
+    void MakeListMenu();
+    void MakeViewMenu(QAction* pJournalAction);
+    QAction* MakeAction(QMenu* pMenu, const QKeySequence& shortcut);
+    QAction* MakeSwitch(QMenu* pMenu, const QKeySequence& shortcut);
+    void SetConnection();
+    void OpenProject();
+
+    QMainWindow& window;
+    CControlHost& host;
+    CLanguage& language;
+    QMenu* pProjectMenu;
+    QMenu* pListMenu;
+    QMenu* pViewMenu;
+    QMenu* pLanguageMenu = nullptr;
+    QAction* pJournal = nullptr;
+    QAction* pOpenProject = nullptr;
+    QAction* pCloseProject = nullptr;
+    QAction* pQuit = nullptr;
+    QAction* pSelectAll = nullptr;
+    QAction* pChiefMode = nullptr;
+    QAction* pListLocked = nullptr;
+    QAction* pRefreshBlocked = nullptr;
+    QActionGroup* pLanguages;
+};

@@ -1,0 +1,28 @@
+#include "Kestrel/CJournalFilter.h"
+
+#include "Kestrel/CJournalModel.h"
+
+CJournalFilter::CJournalFilter(QObject* parent) : QSortFilterProxyModel(parent) { }
+
+void CJournalFilter::SetReadsShown(bool bShown)
+{
+    bReads = bShown;
+    invalidateFilter();
+}
+
+void CJournalFilter::SetText(const QString& strText)
+{
+    strWanted = strText;
+    invalidateFilter();
+}
+
+bool CJournalFilter::filterAcceptsRow(int nRow, const QModelIndex& parent) const
+{
+    const auto GetIndex = [&](int nColumn) { return sourceModel()->index(nRow, nColumn, parent); };
+    if (!bReads && GetIndex(0).data(CJournalModel::RoleKind).toInt() == CallRead)
+        return false;
+    if (strWanted.isEmpty())
+        return true;
+    return GetIndex(CJournalModel::ColumnObject).data().toString().contains(strWanted, Qt::CaseInsensitive)
+        || GetIndex(CJournalModel::ColumnCall).data().toString().contains(strWanted, Qt::CaseInsensitive);
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "journal/SCallRecord.h"
+
+#include <QAbstractTableModel>
+
+#include <deque>
+#include <vector>
+
+/// The newest lines of the journal, as rows. Old ones go when there are too many.
+class CJournalModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum EnColumn
+    {
+        ColumnTime = 0,
+        ColumnThread = 1,
+        ColumnObject = 2,
+        ColumnCall = 3,
+        ColumnCount = 4,
+    };
+
+    /// The kind of a row, an EnCallKind.
+    static constexpr int RoleKind = Qt::UserRole + 1;
+
+    CJournalModel(int nMostRows, QObject* parent);
+
+    /// Adds records at the end; one insertion and at most one removal, however many they are.
+    void Append(const std::vector<SCallRecord>& vecRecord);
+
+    void Clear();
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int nRole = Qt::DisplayRole) const override;
+    QVariant headerData(int nSection, Qt::Orientation orientation, int nRole = Qt::DisplayRole) const override;
+
+    /// The headers again, after the language has changed.
+    void UpdateText();
+
+private:
+    static QString GetText(const SCallRecord& record, int nColumn);
+
+    const int nMost;
+    std::deque<SCallRecord> listRecord;
+};

@@ -1,0 +1,120 @@
+#include "Kestrel/CKestrel.h"
+
+#include "CorvidControl/CControlHost.h"
+#include "Kestrel/CInterfacePlayer.h"
+#include "Kestrel/CMainWindow.h"
+#include "Kestrel/CPanelLoader.h"
+#include "interfaces/host/ICorvidWidget.h"
+#include "journal/CCallLog.h"
+#include "journal/CControlJournal.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace
+{
+constexpr int g_nCodeNoPanel = 1;
+constexpr int g_nCodeBadFile = 2;
+constexpr int g_nJournalLines = 4096;
+constexpr double g_dMsPerSecond = 1000.0;
+
+SControlOptions GetControlOptions(const SKestrelOptions& options)
+{
+    SControlOptions control;
+    control.strListFile = options.strListFile;
+    control.strScenarioFile = options.strScenarioFile;
+    return control;
+}
+} // namespace
+
+CKestrel::CKestrel(const SKestrelOptions& commandLine) : options(commandLine) { }
+
+int CKestrel::Run()
+{
+    theme.Apply(*qApp);
+    language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
+
+    CCallLog log(g_nJournalLines);
+    const std::unique_ptr<CControlHost> pHost = CControlHost::Start(GetControlOptions(options));
+    if (!pHost->GetScenarioError().isEmpty()) {
+        Complain(pHost->GetScenarioError());
+        return g_nCodeBadFile;
+    }
+    if (!pHost->GetListError().isEmpty())
+        Complain(pHost->GetListError());
+    Log(*pHost, log);
+    const CControlJournal journal(log, &CControlHost::GetMessageName);
+    return RunWindow(*pHost, log);
+}
+
+void CKestrel::Complain(const QString& strLine)
+{
+    std::fprintf(stderr, "kestrel: %s\n", qUtf8Printable(strLine));
+}
+
+int CKestrel::RunWindow(CControlHost& host, CCallLog& log)
+{
+    CMainWindow window(host, log, language, theme);
+    CPanelLoader loader;
+    // Declared behind the window: the panel ends first, while its parent and the control library live.
+    const std::unique_ptr<ICorvidWidget> pPanel = loader.Load(options.strPanelFile, window);
+    if (!pPanel) {
+        Complain(loader.GetError());
+        return g_nCodeNoPanel;
+    }
+    window.SetPanel(pPanel->GetWidget());
+    CInterfacePlayer player(window, host.GetInterfaceMarks(), options.strShotFolder);
+    Arm(player, window);
+    window.show();
+    host.StartLife();
+    player.Start();
+    QApplication::exec();
+    return nExitCode;
+}
+
+void CKestrel::Log(CControlHost& host, CCallLog& log)
+{
+    const QString strListError = host.GetListError();
+    if (!strListError.isEmpty())
+        log.Write(CallNote, "Library", strListError);
+    // Direct, since the journal takes lines from any thread, and the order counts.
+    connect(
+        &host, &CControlHost::LogLine, this,
+        [&log](const QString& strLine) {
+            log.Write(CallNote, "Library", strLine);
+            Complain(strLine);
+        },
+        Qt::DirectConnection);
+    connect(
+        &host, &CControlHost::LifeStep, this, [&log](const QString& strLine) { log.Write(CallNote, "Devices", strLine); },
+        Qt::DirectConnection);
+}
+
+void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
+{
+    connect(&player, &CInterfacePlayer::PictureTaken, this, [](const QString& strFile) {
+        std::printf("%s\n", qUtf8Printable(strFile));
+        std::fflush(stdout);
+    });
+    connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
+    if (!options.strShotFolder.isEmpty())
+        connect(&player, &CInterfacePlayer::Finished, &window, &QWidget::close);
+    if (options.strShotFile.isEmpty())
+        return;
+    QTimer::singleShot(qRound(options.dShotAt * g_dMsPerSecond), &window, [this, &player, &window] {
+        const QString strReason = player.TakePicture(options.strShotFile);
+        if (strReason.isEmpty())
+            window.close();
+        else
+            Fail(strReason, window);
+    });
+}
+
+void CKestrel::Fail(const QString& strReason, CMainWindow& window)
+{
+    Complain(strReason);
+    nExitCode = g_nCodeBadFile;
+    window.close();
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "Kestrel/CLanguage.h"
+#include "Kestrel/SKestrelOptions.h"
+#include "Kestrel/theme/CTheme.h"
+
+#include <QObject>
+
+class CCallLog;
+class CControlHost;
+class CInterfacePlayer;
+class CMainWindow;
+
+/// One run of the program: starts the control library, then the window with the panel, and ends them in
+/// the opposite order.
+class CKestrel : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CKestrel(const SKestrelOptions& commandLine);
+
+    /// Returns the exit code: 0 done, 1 no panel, 2 a bad file. GUI thread, once.
+    int Run();
+
+    /// One line for the user, on the standard error output.
+    static void Complain(const QString& strLine);
+
+private:
+    int RunWindow(CControlHost& host, CCallLog& log);
+    void Log(CControlHost& host, CCallLog& log);
+    void Arm(CInterfacePlayer& player, CMainWindow& window);
+    void Fail(const QString& strReason, CMainWindow& window);
+
+    const SKestrelOptions options;
+    CTheme theme;
+    CLanguage language;
+    int nExitCode = 0;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+#include <QTranslator>
+
+/// The language of the application and its panel, which changes at run time.
+class CLanguage
+{
+public:
+    /// "en", "de", "zh_CN"
+    static QStringList GetCodes();
+
+    /// The language's name in itself, for a menu: "Deutsch".
+    static QString GetName(const QString& strCode);
+
+    /// Our language for the system's locale; "en" where we have none.
+    static QString GetSystemCode();
+
+    /// Every widget gets QEvent::LanguageChange. GUI thread; an application exists.
+    void Set(const QString& strCode);
+
+    QString GetCode() const;
+
+private:
+    void Load(QTranslator& translator, const QString& strFile, const QString& strFolder);
+
+    QString strCurrent = QStringLiteral("en");
+    QTranslator ownTexts; ///< the panel's and Kestrel's
+    QTranslator qtTexts;  ///< those of Qt's own dialogs, where they are installed
+};

@@ -1,0 +1,133 @@
+#include "Kestrel/CMainWindow.h"
+
+#include "CorvidControl/CControlHost.h"
+#include "Kestrel/CHostMenu.h"
+#include "Kestrel/CHostStatus.h"
+#include "Kestrel/CJournalDock.h"
+#include "Kestrel/PanelAccess.h"
+#include "Kestrel/theme/CTheme.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr QSize g_windowSize(1040, 720);
+constexpr int g_nPanelLeastWidth = 240;
+constexpr int g_nJournalWidth = 680;
+constexpr int g_nSelectAllId = 18; ///< the panel's number for the host's "select all"
+constexpr int g_nGraceMs = 2000;
+} // namespace
+
+CMainWindow::CMainWindow(CControlHost& controlHost, CCallLog& callLog, CLanguage& language, const CTheme& theme)
+    : host(controlHost), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+{
+    auto* pDock = new CJournalDock(callLog, this);
+    addDockWidget(Qt::RightDockWidgetArea, pDock);
+    pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
+    pStatus = new CHostStatus(host, theme, this);
+    InitWidget(theme);
+    resizeDocks({ pDock }, { g_nJournalWidth }, Qt::Horizontal);
+    SetConnection();
+}
+
+QWidget* CMainWindow::GetParentWidget()
+{
+    return pFrame;
+}
+
+void CMainWindow::SetPanel(QWidget* pWidget)
+{
+    pPanelWidget = pWidget;
+    pFrameLayout->addWidget(pWidget);
+    if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget))
+        pTree->setFocus();
+}
+
+QWidget* CMainWindow::GetPanel() const
+{
+    return pPanelWidget;
+}
+
+void CMainWindow::closeEvent(QCloseEvent* event)
+{
+    bClosing = IsJobRunning();
+    event->setAccepted(!bClosing);
+    pFrame->setEnabled(!bClosing);
+    if (bClosing) {
+        timerGrace.start();
+        pStatus->showMessage(tr("Quitting as soon as the running job has ended…"));
+    }
+}
+
+void CMainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange || !pStatus)
+        return;
+    pMenu->UpdateText();
+    pStatus->UpdateState();
+    RepaintPanel();
+}
+
+void CMainWindow::InitWidget(const CTheme& theme)
+{
+    setWindowTitle(QStringLiteral("Kestrel"));
+    resize(g_windowSize);
+    pFrame->setStyleSheet(theme.GetPanelSheet());
+    pFrame->setMinimumWidth(g_nPanelLeastWidth);
+    pFrameLayout->setContentsMargins(0, 0, 0, 0);
+    setCentralWidget(pFrame);
+    setStatusBar(pStatus);
+    timerGrace.setSingleShot(true);
+    timerGrace.setInterval(g_nGraceMs);
+}
+
+void CMainWindow::SetConnection()
+{
+    // Queued, since the library emits on threads of its own and maybe with its own state half changed.
+    connect(&host, &CControlHost::BusyChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
+    connect(&host, &CControlHost::JobsChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
+    connect(&host, &CControlHost::StateChanged, pMenu, &CHostMenu::UpdateState, Qt::QueuedConnection);
+    connect(&host, &CControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
+    connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
+    connect(&timerGrace, &QTimer::timeout, this, [this] {
+        bGraceOver = host.GetRunningJobs().isEmpty();
+        UpdateBusy();
+    });
+}
+
+void CMainWindow::SelectAll()
+{
+    if (pPanelWidget)
+        QMetaObject::invokeMethod(pPanelWidget, "DealMenuBar", Q_ARG(int, g_nSelectAllId), Q_ARG(QVariant, true));
+}
+
+void CMainWindow::UpdateBusy()
+{
+    pStatus->UpdateBusy();
+    if (!bClosing)
+        return;
+    if (IsJobRunning())
+        timerGrace.start();
+    else
+        close();
+}
+
+void CMainWindow::RepaintPanel()
+{
+    if (!pPanelWidget)
+        return;
+    const QList<QWidget*> listWidget = pPanelWidget->findChildren<QWidget*>();
+    for (QWidget* pWidget : listWidget)
+        pWidget->update();
+}
+
+bool CMainWindow::IsJobRunning() const
+{
+    if (!host.GetRunningJobs().isEmpty())
+        return true;
+    return host.IsBusy() && !bGraceOver;
+}

@@ -1,0 +1,38 @@
+#include "Kestrel/CPanelLoader.h"
+
+#include "interfaces/host/ICorvidWidget.h"
+#include "interfaces/host/ProcessorTreeViewInit.h"
+
+#include <QCoreApplication>
+#include <QLibrary>
+
+namespace
+{
+constexpr char g_szSymbol[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
+constexpr char g_szLibrary[] = "libProcessorTreeView.so";
+
+QString GetDefaultFile()
+{
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(g_szLibrary);
+}
+} // namespace
+
+std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
+{
+    QLibrary library(strFile.isEmpty() ? GetDefaultFile() : strFile);
+    library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(g_szSymbol));
+    if (!pInit) {
+        strError = library.errorString();
+        return nullptr;
+    }
+    ICorvidWidget* pWidget = nullptr;
+    if (pInit(&pWidget, &management) != 1 || !pWidget)
+        strError = QStringLiteral("%1 made no panel").arg(library.fileName());
+    return std::unique_ptr<ICorvidWidget>(pWidget);
+}
+
+QString CPanelLoader::GetError() const
+{
+    return strError;
+}

@@ -1,0 +1,52 @@
+#include "Kestrel/CCommandLine.h"
+#include "Kestrel/CKestrel.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <cstdio>
+
+namespace
+{
+constexpr int g_nCodeBadOption = 2;
+
+QStringList GetArguments(int argc, char** argv)
+{
+    QStringList listArgument;
+    for (int n = 0; n < argc; ++n)
+        listArgument.append(QString::fromLocal8Bit(argv[n]));
+    return listArgument;
+}
+
+/// What must be set before the application object exists.
+void Prepare(const SKestrelOptions& options)
+{
+    // The screen's own factor only where none is asked for: the two would multiply.
+    if (options.dScale > 0.0)
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(options.dScale));
+    else
+        QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QCoreApplication::setApplicationName(QStringLiteral("Kestrel"));
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const CCommandLine commandLine(GetArguments(argc, argv));
+    if (!commandLine.GetError().isEmpty()) {
+        CKestrel::Complain(commandLine.GetError());
+        return g_nCodeBadOption;
+    }
+    if (commandLine.GetOptions().bHelp) {
+        std::fputs(qUtf8Printable(CCommandLine::GetHelp()), stdout);
+        return 0;
+    }
+    Prepare(commandLine.GetOptions());
+    // Only the program's name: everything else has been read, and Qt takes none of it.
+    int nCount = 1;
+    const QApplication application(nCount, argv);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/image/kestrel/kestrel.svg")));
+    CKestrel kestrel(commandLine.GetOptions());
+    return kestrel.Run();
+}
