@@ -1,5 +1,6 @@
 #include "CTreeFixture.h"
 
+#include "CUserHand.h"
 #include "data/CProcessorTreeData.h"
 #include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
@@ -118,6 +119,30 @@ void CTreeFixture::Click(const QModelIndex& index, Qt::KeyboardModifiers modifie
 void CTreeFixture::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     QTest::keyClick(pTree.data(), key, modifiers);
+}
+
+void CTreeFixture::RightClick(const QPoint& pos, Qt::KeyboardModifiers modifiers)
+{
+    const QPoint ptWindow = pTree->viewport()->mapTo(pTree->window(), pos);
+    QTest::mouseClick(pTree->window()->windowHandle(), Qt::RightButton, modifiers, ptWindow);
+}
+
+QStringList CTreeFixture::Menu(const QModelIndex& index, Qt::KeyboardModifiers modifiers)
+{
+    QStringList listEntry;
+    const CUserHand hand([&](QMenu* pMenu) {
+        listEntry = CUserHand::Entries(pMenu);
+        pMenu->close();
+    });
+    RightClick(At(index), modifiers);
+    return listEntry;
+}
+
+void CTreeFixture::ChooseInMenu(const QModelIndex& index, const QStringList& listPath)
+{
+    const CUserHand hand([&](QMenu* pMenu) { CUserHand::Choose(pMenu, listPath); });
+    RightClick(At(index));
+    QVERIFY(hand.HasActed());
 }
 
 void CTreeFixture::Select(const QStringList& listName)

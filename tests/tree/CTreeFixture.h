@@ -44,6 +44,16 @@ public:
     void Click(const QModelIndex& index, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+    /// A right click through the window, as from the user's hand. Blocks while a menu is open.
+    void RightClick(const QPoint& pos, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    /// Right-clicks the row, closes the menu and gives its entries as CUserHand::Entries; empty when none
+    /// opened.
+    QStringList Menu(const QModelIndex& index, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    /// Right-clicks the row and chooses the entry, and the entry of its sub-menu.
+    void ChooseInMenu(const QModelIndex& index, const QStringList& listPath);
+
     /// Clicks the first and adds the others with Ctrl, then forgets the calls.
     void Select(const QStringList& listName);
 

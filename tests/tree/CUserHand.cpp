@@ -1,0 +1,114 @@
+#include "CUserHand.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QtTest>
+
+namespace
+{
+
+QString Plain(QString strText)
+{
+    return strText.remove('&');
+}
+
+QAction* FindEntry(const QMenu* pMenu, const QString& strText)
+{
+    for (QAction* const pAction : pMenu->actions()) {
+        if (pAction->text() == strText) {
+            return pAction;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+CUserHand::CUserHand(const FnMenu& fnAct)
+{
+    Watch([fnAct] {
+        auto* const pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!pMenu) {
+            return false;
+        }
+        fnAct(pMenu);
+        return true;
+    });
+}
+
+CUserHand::CUserHand(const FnDialog& fnAct)
+{
+    Watch([fnAct] {
+        auto* const pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!pDialog || !pDialog->isVisible()) {
+            return false;
+        }
+        fnAct(pDialog);
+        return true;
+    });
+}
+
+void CUserHand::Watch(const std::function<bool()>& fnTry)
+{
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this, fnTry] {
+        if (bActed) {
+            return;
+        }
+        bActed = true; // before the act, which may run an event loop of its own
+        bActed = fnTry();
+        if (bActed) {
+            timer.stop();
+        }
+    });
+    timer.start(1);
+}
+
+bool CUserHand::HasActed() const
+{
+    return bActed;
+}
+
+void CUserHand::Choose(QMenu* pMenu, const QStringList& listPath)
+{
+    QAction* const pAction = FindEntry(pMenu, listPath.first());
+    QVERIFY2(pAction, qPrintable(listPath.first()));
+    const QPointer<QMenu> pSubMenu = pAction->menu();
+    QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
+    if (listPath.size() > 1) {
+        QVERIFY(pSubMenu && QTest::qWaitFor([&] { return pSubMenu && pSubMenu->isVisible(); }));
+        Choose(pSubMenu, listPath.mid(1));
+    }
+}
+
+QStringList CUserHand::Entries(const QMenu* pMenu)
+{
+    QStringList listEntry;
+    for (const QAction* pAction : pMenu->actions()) {
+        QString strEntry = pAction->isEnabled() ? pAction->text() : QStringLiteral("(%1)").arg(pAction->text());
+        if (const QMenu* const pSubMenu = pAction->menu()) {
+            strEntry += QStringLiteral(": [%1]").arg(Entries(pSubMenu).join(", "));
+        }
+        listEntry.append(strEntry);
+    }
+    return listEntry;
+}
+
+void CUserHand::ClickButton(QDialog* pDialog, const QString& strText)
+{
+    for (QPushButton* const pButton : pDialog->findChildren<QPushButton*>()) {
+        if (Plain(pButton->text()) == strText) {
+            QTest::mouseClick(pButton, Qt::LeftButton);
+            return;
+        }
+    }
+    QFAIL(qPrintable("no button " + strText));
+}
+
+QStringList CUserHand::Buttons(const QDialog* pDialog)
+{
+    QStringList listText;
+    for (const QPushButton* pButton : pDialog->findChildren<QPushButton*>()) {
+        listText.append(Plain(pButton->text()));
+    }
+    return listText;
+}
