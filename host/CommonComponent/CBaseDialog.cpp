@@ -78,7 +78,7 @@ void CBaseDialog::CPrivate::InitLayout(EnButton buttons)
         AddButton(pRow, KeyReject, QStringLiteral("DialogReject"), tr("&Cancel"));
     }
     pLayout->addLayout(pRow);
-    pDialog->mapButton[KeyAccept]->setDefault(true);
+    pDialog->mapButton.value(KeyAccept)->setDefault(true);
 }
 
 void CBaseDialog::CPrivate::AddButton(QBoxLayout* pLayout, int nKey, const QString& strName, const QString& strText)

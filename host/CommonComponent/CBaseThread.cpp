@@ -75,7 +75,7 @@ void CBaseThread::ActivateThread()
 int CBaseThread::GetFrontType()
 {
     const std::lock_guard<std::mutex> lock(mutexQueue);
-    return listMessage.isEmpty() ? 0 : listMessage.first();
+    return listMessage.isEmpty() ? 0 : listMessage.constFirst();
 }
 
 int CBaseThread::RemoveFront()

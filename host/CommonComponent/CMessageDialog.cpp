@@ -75,7 +75,7 @@ void CMessageDialog::InitButtons(CMessageBox::StandardButtons buttons, CMessageB
         }
     }
     GetContentLayout()->addLayout(pRow);
-    QPushButton* pDefault = mapButton.value(defaultButton, mapButton.first());
+    QPushButton* pDefault = mapButton.value(defaultButton, std::as_const(mapButton).first());
     pDefault->setDefault(true);
     pDefault->setFocus();
     answer = buttons.testFlag(CMessageBox::ButtonNo) ? CMessageBox::ButtonNo : CMessageBox::ButtonNone;

@@ -43,7 +43,7 @@ bool CProcessorTreeDelegate::eventFilter(QObject* object, QEvent* event)
 {
     auto* pEditor = qobject_cast<QLineEdit*>(object);
     if (!pEditor || !EndsEditing(event))
-        return QObject::eventFilter(object, event);
+        return QObject::eventFilter(object, event); // NOLINT(bugprone-parent-virtual-call)
     emit commitData(pEditor);
     emit closeEditor(pEditor, QAbstractItemDelegate::NoHint);
     return true;

@@ -15,7 +15,7 @@ struct SProcessorNode;
 /// There is no incremental update. When the tree has changed the rows are built anew from the store's
 /// current pane; the model does not know which pane it belongs to, so its tree calls it only while that
 /// pane is current.
-class CProcessorTreeModel : public QStandardItemModel
+class CProcessorTreeModel : public QStandardItemModel // clazy:exclude=missing-qobject-macro
 {
 public:
     /// Builds the rows from the store as it stands. The map of ids stays empty and nothing is expanded

@@ -56,10 +56,11 @@ void CProcessorTree::InitWidget()
     pModel = new CProcessorTreeModel(this);
     pDelegate = new CProcessorTreeDelegate(this);
     for (int nAction = ActionRename; nAction <= ActionRemoveFromGroup; ++nAction) {
-        mapAction[nAction] = new QAction(this);
-        mapAction[nAction]->setText(GetActionText(nAction));
+        auto* pAction = new QAction(this);
+        pAction->setText(GetActionText(nAction));
+        mapAction.insert(nAction, pAction);
     }
-    setObjectName("ProcessorTree");
+    setObjectName(QStringLiteral("ProcessorTree"));
     setItemDelegate(pDelegate);
     setModel(pModel);
     header()->hide();

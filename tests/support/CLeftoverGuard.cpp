@@ -59,7 +59,7 @@ int Leftover(const char* pKind, const QString& strName)
 CLeftoverGuard::CLeftoverGuard()
 {
     // With the first thread a sanitizer starts one of its own, which stays.
-    std::thread([] { }).join();
+    std::thread([] {}).join();
     listThreadAtStart = ThreadIds();
 }
 
