@@ -7,6 +7,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <array>
+#include <utility>
+
 namespace
 {
 constexpr int g_nSpacing = 8;
@@ -74,11 +77,16 @@ QString CBusyIndicator::GetWhat() const
 
 QString CBusyIndicator::GetJobText(const QString& strJob)
 {
-    if (strJob.startsWith(QLatin1String("RefreshProcessors")))
-        return tr("Looking for processors");
-    if (strJob.startsWith(QLatin1String("AddProcessor")))
-        return tr("Adding a processor");
-    if (strJob.startsWith(QLatin1String("Delete")))
-        return tr("Deleting");
+    // The library names its jobs in English, the object's name or address at the end.
+    const std::array<std::pair<QLatin1String, QString>, 4> listText { {
+        { QLatin1String("Scanning the network"), tr("Scanning the network") },
+        { QLatin1String("Adding the processor at "), tr("Adding the processor at %1") },
+        { QLatin1String("Deleting "), tr("Deleting %1") },
+        { QLatin1String("Importing "), tr("Importing %1") },
+    } };
+    for (const auto& [strBegin, strText] : listText) {
+        if (strJob.startsWith(strBegin))
+            return strText.contains(QLatin1String("%1")) ? strText.arg(strJob.mid(strBegin.size())) : strText;
+    }
     return strJob;
 }

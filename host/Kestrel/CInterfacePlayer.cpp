@@ -2,6 +2,7 @@
 
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/PanelAccess.h"
+#include "Kestrel/WindowPicture.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -36,7 +37,7 @@ void CInterfacePlayer::Start()
 
 QString CInterfacePlayer::TakePicture(const QString& strFile) const
 {
-    const bool bWritten = window.grab().save(strFile, "PNG");
+    const bool bWritten = WindowPicture::Take(window).save(strFile, "PNG");
     return bWritten ? QString() : QStringLiteral("Cannot write the picture '%1'").arg(strFile);
 }
 

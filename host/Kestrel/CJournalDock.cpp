@@ -2,6 +2,7 @@
 
 #include "Kestrel/CJournalFilter.h"
 #include "Kestrel/CJournalModel.h"
+#include "Kestrel/theme/CTheme.h"
 #include "journal/CCallLog.h"
 
 #include <QCheckBox>
@@ -22,13 +23,14 @@ constexpr int g_nTimeWidth = 96;
 constexpr int g_nThreadWidth = 56;
 constexpr int g_nObjectWidth = 152;
 constexpr int g_nMargin = 8;
+constexpr int g_nFieldHeight = 24;
 constexpr int g_nBarHeight = 34; ///< that of the panel's header and the gap under it
 } // namespace
 
-CJournalDock::CJournalDock(CCallLog& callJournal, QWidget* parent)
-    : QDockWidget(parent), journal(callJournal), pModel(new CJournalModel(g_nMostRows, this)), pFilter(new CJournalFilter(this)),
-      pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox), pClear(new QToolButton),
-      pClose(new QToolButton)
+CJournalDock::CJournalDock(CCallLog& callLog, const CTheme& theme, QWidget* parent)
+    : QDockWidget(parent), journal(callLog), pModel(new CJournalModel(g_nMostRows, GetKindColours(theme), this)),
+      pFilter(new CJournalFilter(this)), pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox),
+      pClear(new QToolButton), pClose(new QToolButton)
 {
     setObjectName(QStringLiteral("JournalDock"));
     setFeatures(DockWidgetClosable);
@@ -47,6 +49,14 @@ void CJournalDock::changeEvent(QEvent* event)
         UpdateText();
 }
 
+QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
+{
+    return { { CallCommand, theme.GetColour(QStringLiteral("textStrong")) },
+             { CallRead, theme.GetColour(QStringLiteral("textHint")) },
+             { CallMessage, theme.GetColour(QStringLiteral("textHint")) },
+             { CallNote, theme.GetColour(QStringLiteral("accent")) } };
+}
+
 QWidget* CJournalDock::MakeBar()
 {
     auto* pBar = new QFrame(this);
@@ -62,6 +72,7 @@ QWidget* CJournalDock::MakeBar()
     pLayout->addWidget(pReads);
     pLayout->addWidget(pClear);
     pLayout->addWidget(pClose);
+    pSearch->setFixedHeight(g_nFieldHeight);
     pBar->setFixedHeight(g_nBarHeight);
     return pBar;
 }

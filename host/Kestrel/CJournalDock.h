@@ -6,6 +6,7 @@
 class CCallLog;
 class CJournalFilter;
 class CJournalModel;
+class CTheme;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -21,13 +22,14 @@ class CJournalDock : public QDockWidget
     Q_OBJECT
 
 public:
-    /// callJournal must outlive the dock.
-    CJournalDock(CCallLog& callJournal, QWidget* parent);
+    /// callLog must outlive the dock.
+    CJournalDock(CCallLog& callLog, const CTheme& theme, QWidget* parent);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    static QMap<int, QColor> GetKindColours(const CTheme& theme);
     QWidget* MakeBar();
     void MakeView();
     void SetConnection();

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 
-CJournalModel::CJournalModel(int nMostRows, QObject* parent) : QAbstractTableModel(parent), nMost(std::max(1, nMostRows)) { }
+CJournalModel::CJournalModel(int nMostRows, const QMap<int, QColor>& mapKindColour, QObject* parent)
+    : QAbstractTableModel(parent), nMost(std::max(1, nMostRows)), mapColour(mapKindColour)
+{ }
 
 void CJournalModel::Append(const std::vector<SCallRecord>& vecRecord)
 {
@@ -48,6 +50,8 @@ QVariant CJournalModel::data(const QModelIndex& index, int nRole) const
     const SCallRecord& record = listRecord[static_cast<size_t>(index.row())];
     if (nRole == Qt::DisplayRole || nRole == Qt::ToolTipRole)
         return GetText(record, index.column());
+    if (nRole == Qt::ForegroundRole && mapColour.contains(record.kind))
+        return mapColour.value(record.kind);
     if (nRole == RoleKind)
         return record.kind;
     return {};

@@ -3,6 +3,8 @@
 #include "journal/SCallRecord.h"
 
 #include <QAbstractTableModel>
+#include <QColor>
+#include <QMap>
 
 #include <deque>
 #include <vector>
@@ -25,7 +27,8 @@ public:
     /// The kind of a row, an EnCallKind.
     static constexpr int RoleKind = Qt::UserRole + 1;
 
-    CJournalModel(int nMostRows, QObject* parent);
+    /// mapKindColour gives the text colour of each EnCallKind; the view's own where one is missing.
+    CJournalModel(int nMostRows, const QMap<int, QColor>& mapKindColour, QObject* parent);
 
     /// Adds records at the end; one insertion and at most one removal, however many they are.
     void Append(const std::vector<SCallRecord>& vecRecord);
@@ -44,5 +47,6 @@ private:
     static QString GetText(const SCallRecord& record, int nColumn);
 
     const int nMost;
+    const QMap<int, QColor> mapColour;
     std::deque<SCallRecord> listRecord;
 };

@@ -24,7 +24,7 @@ constexpr int g_nGraceMs = 2000;
 CMainWindow::CMainWindow(CControlHost& controlHost, CCallLog& callLog, CLanguage& language, const CTheme& theme)
     : host(controlHost), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
 {
-    auto* pDock = new CJournalDock(callLog, this);
+    auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
     pStatus = new CHostStatus(host, theme, this);
