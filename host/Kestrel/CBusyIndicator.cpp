@@ -78,7 +78,7 @@ QString CBusyIndicator::GetWhat() const
 QString CBusyIndicator::GetJobText(const QString& strJob)
 {
     // The library names its jobs in English, the object's name or address at the end.
-    const std::array<std::pair<QLatin1String, QString>, 4> listText { {
+    const std::array<std::pair<QLatin1String, QString>, 4> listText{ {
         { QLatin1String("Scanning the network"), tr("Scanning the network") },
         { QLatin1String("Adding the processor at "), tr("Adding the processor at %1") },
         { QLatin1String("Deleting "), tr("Deleting %1") },

@@ -51,10 +51,10 @@ void CJournalDock::changeEvent(QEvent* event)
 
 QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
 {
-    return { { CallCommand, theme.GetColour(QStringLiteral("textStrong")) },
-             { CallRead, theme.GetColour(QStringLiteral("textHint")) },
-             { CallMessage, theme.GetColour(QStringLiteral("textHint")) },
-             { CallNote, theme.GetColour(QStringLiteral("accent")) } };
+    return { { RecordCommand, theme.GetColour(QStringLiteral("textStrong")) },
+             { RecordRead, theme.GetColour(QStringLiteral("textHint")) },
+             { RecordMessage, theme.GetColour(QStringLiteral("textHint")) },
+             { RecordNote, theme.GetColour(QStringLiteral("accent")) } };
 }
 
 QWidget* CJournalDock::MakeBar()

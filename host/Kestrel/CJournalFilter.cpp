@@ -19,7 +19,7 @@ void CJournalFilter::SetText(const QString& strText)
 bool CJournalFilter::filterAcceptsRow(int nRow, const QModelIndex& parent) const
 {
     const auto GetIndex = [&](int nColumn) { return sourceModel()->index(nRow, nColumn, parent); };
-    if (!bReads && GetIndex(0).data(CJournalModel::RoleKind).toInt() == CallRead)
+    if (!bReads && GetIndex(0).data(CJournalModel::RoleKind).toInt() == RecordRead)
         return false;
     if (strWanted.isEmpty())
         return true;

@@ -24,10 +24,10 @@ public:
         ColumnCount = 4,
     };
 
-    /// The kind of a row, an EnCallKind.
+    /// The kind of a row, an EnRecordKind.
     static constexpr int RoleKind = Qt::UserRole + 1;
 
-    /// mapKindColour gives the text colour of each EnCallKind; the view's own where one is missing.
+    /// mapKindColour gives the text colour of each EnRecordKind; the view's own where one is missing.
     CJournalModel(int nMostRows, const QMap<int, QColor>& mapKindColour, QObject* parent);
 
     /// Adds records at the end; one insertion and at most one removal, however many they are.

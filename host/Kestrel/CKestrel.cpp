@@ -78,17 +78,17 @@ void CKestrel::Log(CControlHost& host, CCallLog& log)
 {
     const QString strListError = host.GetListError();
     if (!strListError.isEmpty())
-        log.Write(CallNote, "Library", strListError);
+        log.Write(RecordNote, "Library", strListError);
     // Direct, since the journal takes lines from any thread, and the order counts.
     connect(
         &host, &CControlHost::LogLine, this,
         [&log](const QString& strLine) {
-            log.Write(CallNote, "Library", strLine);
+            log.Write(RecordNote, "Library", strLine);
             Complain(strLine);
         },
         Qt::DirectConnection);
     connect(
-        &host, &CControlHost::LifeStep, this, [&log](const QString& strLine) { log.Write(CallNote, "Devices", strLine); },
+        &host, &CControlHost::LifeStep, this, [&log](const QString& strLine) { log.Write(RecordNote, "Devices", strLine); },
         Qt::DirectConnection);
 }
 

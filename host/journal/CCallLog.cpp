@@ -21,7 +21,7 @@ CCallLog::CCallLog(int nCapacity, QObject* parent)
     : QObject(parent), nFirstThread(NumberOfThisThread()), vecRecord(static_cast<size_t>(std::max(1, nCapacity)))
 { }
 
-void CCallLog::Write(EnCallKind kind, const char* pObject, const QString& strText)
+void CCallLog::Write(EnRecordKind kind, const char* pObject, const QString& strText)
 {
     const qint64 nTime = QDateTime::currentMSecsSinceEpoch();
     const int nThread = GetThreadNumber();

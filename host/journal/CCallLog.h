@@ -19,7 +19,7 @@ public:
     /// The thread that makes the journal gets number 0 in the records.
     explicit CCallLog(int nCapacity, QObject* parent = nullptr);
 
-    void Write(EnCallKind kind, const char* pObject, const QString& strText);
+    void Write(EnRecordKind kind, const char* pObject, const QString& strText);
 
     /// The records behind number nAfter that are still there, in order. Arms RecordsWaiting again.
     std::vector<SCallRecord> ReadAfter(quint64 nAfter);

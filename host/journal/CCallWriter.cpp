@@ -16,13 +16,13 @@ CCallWriter::CCallWriter(CCallLog& callJournal, const char* pObjectName) : journ
 void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
 {
     const QString strText = QStringLiteral("%1 came back after %2 ms").arg(QLatin1String(pOperation)).arg(nMilliseconds);
-    journal.Write(CallCommand, pObject, strText);
+    journal.Write(RecordCommand, pObject, strText);
 }
 
 void CCallWriter::Message(int nMessage, const QString& strName) const
 {
     const QString strText = QStringLiteral("message %1 %2").arg(nMessage).arg(strName);
-    journal.Write(CallMessage, pObject, strText.trimmed());
+    journal.Write(RecordMessage, pObject, strText.trimmed());
 }
 
 QString CCallWriter::GetText(bool bValue)

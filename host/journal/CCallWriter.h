@@ -15,19 +15,19 @@ public:
 
     template <typename... Args> void Command(const char* pOperation, const Args&... args) const
     {
-        journal.Write(CallCommand, pObject, GetCall(pOperation, { GetText(args)... }));
+        journal.Write(RecordCommand, pObject, GetCall(pOperation, { GetText(args)... }));
     }
 
     template <typename Result, typename... Args>
     void Read(const char* pOperation, const Result& result, const Args&... args) const
     {
-        journal.Write(CallRead, pObject, GetCall(pOperation, { GetText(args)... }) + QLatin1String(" = ") + GetText(result));
+        journal.Write(RecordRead, pObject, GetCall(pOperation, { GetText(args)... }) + QLatin1String(" = ") + GetText(result));
     }
 
     /// The result of a command that was written before it was carried out.
     template <typename Result> void Returned(const char* pOperation, const Result& result) const
     {
-        journal.Write(CallRead, pObject, QString::fromLatin1(pOperation) + QLatin1String(" returned ") + GetText(result));
+        journal.Write(RecordRead, pObject, QString::fromLatin1(pOperation) + QLatin1String(" returned ") + GetText(result));
     }
 
     /// A command that took its time has come back.

@@ -15,8 +15,7 @@ QString GetSize(const SProcessorAllNode& node)
 }
 } // namespace
 
-CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "PrcListControl")
+CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallLog& journal) : inner(control), writer(journal, "PrcListControl")
 { }
 
 void CPrcListJournal::Attach(CObserver* pObserver)

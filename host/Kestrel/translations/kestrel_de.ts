@@ -65,16 +65,20 @@
         <translation>Beschäftigt</translation>
     </message>
     <message>
-        <source>Looking for processors</source>
-        <translation>Prozessoren werden gesucht</translation>
+        <source>Scanning the network</source>
+        <translation>Das Netz wird durchsucht</translation>
     </message>
     <message>
-        <source>Adding a processor</source>
-        <translation>Prozessor wird hinzugefügt</translation>
+        <source>Adding the processor at %1</source>
+        <translation>Prozessor %1 wird hinzugefügt</translation>
     </message>
     <message>
-        <source>Deleting</source>
-        <translation>Wird gelöscht</translation>
+        <source>Deleting %1</source>
+        <translation>%1 wird gelöscht</translation>
+    </message>
+    <message>
+        <source>Importing %1</source>
+        <translation>%1 wird importiert</translation>
     </message>
 </context>
 <context>

@@ -65,16 +65,20 @@
         <translation>忙碌</translation>
     </message>
     <message>
-        <source>Looking for processors</source>
-        <translation>正在搜索处理器</translation>
+        <source>Scanning the network</source>
+        <translation>正在扫描网络</translation>
     </message>
     <message>
-        <source>Adding a processor</source>
-        <translation>正在添加处理器</translation>
+        <source>Adding the processor at %1</source>
+        <translation>正在添加处理器 %1</translation>
     </message>
     <message>
-        <source>Deleting</source>
-        <translation>正在删除</translation>
+        <source>Deleting %1</source>
+        <translation>正在删除 %1</translation>
+    </message>
+    <message>
+        <source>Importing %1</source>
+        <translation>正在导入 %1</translation>
     </message>
 </context>
 <context>
