@@ -85,7 +85,7 @@ QPalette CTheme::GetPalette() const
     palette.setColor(QPalette::Highlight, GetColour(QStringLiteral("selectFill")));
     palette.setColor(QPalette::HighlightedText, GetColour(QStringLiteral("textSelected")));
     palette.setColor(QPalette::Link, GetColour(QStringLiteral("accent")));
-    for (const auto role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+    for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
         palette.setColor(QPalette::Disabled, role, GetColour(QStringLiteral("textDisabled")));
     return palette;
 }

@@ -1,0 +1,105 @@
+"""The lint tests find what they are for: each rule is broken once in a small project of its own."""
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+LINT = Path(__file__).resolve().parent
+
+
+class LintTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.root = Path(self.folder.name)
+        for folder in ("src", "host", "tests", "benchmarks"):
+            (self.root / folder).mkdir()
+        for header in ("src/interfaces/host/I.h", "src/data/SNode.h", "src/data/CStore.h", "src/tree/CProcessorTree.h",
+                       "src/toolbar/CBar.h", "host/Kestrel/CWindow.h", "host/journal/CJournal.h"):
+            self.write(header, "#pragma once\n")
+
+    def write(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text)
+
+    def lint(self, script):
+        result = subprocess.run([sys.executable, LINT / script, self.root], capture_output=True, text=True)
+        return result.returncode, result.stdout
+
+    def assert_fault(self, script, place):
+        code, output = self.lint(script)
+        self.assertEqual(code, 1, output)
+        self.assertIn(place, output)
+
+    def assert_clean(self, script):
+        code, output = self.lint(script)
+        self.assertEqual(code, 0, output)
+
+    def test_include_that_goes_down_passes(self):
+        self.write("src/tree/CProcessorTree.cpp", '#include "data/CStore.h"\n#include "interfaces/host/I.h"\n#include <QTreeView>\n')
+        self.assert_clean("include_rules.py")
+
+    def test_include_that_goes_up_is_found(self):
+        self.write("src/data/CStore.cpp", '#include "data/CStore.h"\n\n#include "tree/CProcessorTree.h"\n')
+        self.assert_fault("include_rules.py", "src/data/CStore.cpp:3:")
+
+    def test_include_between_siblings_is_found(self):
+        self.write("src/tree/CProcessorTree.cpp", '#include "toolbar/CBar.h"\n')
+        self.assert_fault("include_rules.py", "src/tree/CProcessorTree.cpp:1:")
+
+    def test_tree_in_the_models_source_passes_and_in_its_header_not(self):
+        self.write("src/model/CModel.cpp", '#include "tree/CProcessorTree.h"\n')
+        self.assert_clean("include_rules.py")
+        self.write("src/model/CModel.h", '#include "tree/CProcessorTree.h"\n')
+        self.assert_fault("include_rules.py", "src/model/CModel.h:1:")
+
+    def test_interface_with_more_than_node_records_is_found(self):
+        self.write("src/interfaces/control/IList.h", '#include "data/SNode.h"\n')
+        self.assert_clean("include_rules.py")
+        self.write("src/interfaces/control/IList.h", '#include "data/CStore.h"\n')
+        self.assert_fault("include_rules.py", "src/interfaces/control/IList.h:1:")
+
+    def test_panel_that_includes_the_host_is_found(self):
+        self.write("src/tree/CProcessorTree.cpp", '#include "Kestrel/CWindow.h"\n')
+        self.assert_fault("include_rules.py", "src/tree/CProcessorTree.cpp:1:")
+
+    def test_host_that_includes_the_panels_inside_is_found(self):
+        self.write("host/Kestrel/CWindow.cpp", '#include "journal/CJournal.h"\n#include "data/SNode.h"\n')
+        self.assert_clean("include_rules.py")
+        self.write("host/Kestrel/CWindow.cpp", '#include "data/CStore.h"\n')
+        self.assert_fault("include_rules.py", "host/Kestrel/CWindow.cpp:1:")
+
+    def test_include_in_a_comment_does_not_count(self):
+        self.write("src/data/CStore.cpp", '// #include "tree/CProcessorTree.h"\n/*\n#include "tree/CProcessorTree.h"\n*/\n')
+        self.assert_clean("include_rules.py")
+
+    def test_fixed_wait_is_found(self):
+        for line in ("QTest::qWait(100);", "std::this_thread::sleep_for(10ms);", "QThread::msleep(5);", "usleep(5);"):
+            self.write("tests/tree/t.cpp", "int a;\n" + line + "\n")
+            self.assert_fault("fixed_waits.py", "tests/tree/t.cpp:2:")
+
+    def test_wait_for_a_condition_and_a_paced_gesture_pass(self):
+        self.write("tests/tree/t.cpp", "QTest::qWaitFor(fn);\nQTest::qWait(30); // paced: a drag starts after a rest\n")
+        self.assert_clean("fixed_waits.py")
+
+    def test_sleep_in_a_script_is_found(self):
+        self.write("tests/e2e/drive.sh", "xdotool click 1\nsleep 0.5\n")
+        self.assert_fault("fixed_waits.py", "tests/e2e/drive.sh:2:")
+
+    def test_bad_habits_are_found(self):
+        for line in ("connect(a, SIGNAL(b()), c, SLOT(d()));", "for (const auto node : list) {", "int n; // TODO later"):
+            self.write("src/data/CStore.cpp", line + "\n")
+            self.assert_fault("habits.py", "src/data/CStore.cpp:1:")
+
+    def test_long_source_and_header_without_guard_are_found(self):
+        self.write("src/data/CStore.cpp", "int n;\n" * 401)
+        self.assert_fault("habits.py", "src/data/CStore.cpp:401:")
+        self.write("src/data/CStore.cpp", "")
+        self.write("src/data/CStore.h", "int n;\n")
+        self.assert_fault("habits.py", "src/data/CStore.h:1:")
+
+
+if __name__ == "__main__":
+    unittest.main()
