@@ -66,6 +66,8 @@ void CProcessorTreeModel::RebuildFromStore()
     RestoreExpansion(node);
 }
 
+// A refresh can fall between the copy and the reading of the rows. A group of the copy may then have no
+// row, and without a parent the index of its first member would be the root's.
 void CProcessorTreeModel::FillMap(const SProcessorAllNode& node)
 {
     mapIndex.clear();
@@ -74,7 +76,7 @@ void CProcessorTreeModel::FillMap(const SProcessorAllNode& node)
     int nRow = 0;
     for (const SProcessorGroupNode& group : node.listGroup) {
         const QModelIndex indexGroup = index(nRow++, 0, indexRoot);
-        mapIndex.insert(group.idNode, indexGroup);
+        MapRow(group.idNode, indexGroup);
         FillMap(group.listProcessor, indexGroup, 0);
     }
     FillMap(node.listProcessor, indexRoot, nRow);
@@ -82,9 +84,19 @@ void CProcessorTreeModel::FillMap(const SProcessorAllNode& node)
 
 void CProcessorTreeModel::FillMap(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent, int nFirstRow)
 {
+    if (!indexParent.isValid()) {
+        return;
+    }
     int nRow = nFirstRow;
     for (const SProcessorNode& processor : listProcessor) {
-        mapIndex.insert(processor.idNode, index(nRow++, 0, indexParent));
+        MapRow(processor.idNode, index(nRow++, 0, indexParent));
+    }
+}
+
+void CProcessorTreeModel::MapRow(const QUuid& id, const QModelIndex& indexRow)
+{
+    if (indexRow.isValid()) {
+        mapIndex.insert(id, indexRow);
     }
 }
 
@@ -103,6 +115,9 @@ void CProcessorTreeModel::RestoreExpansion(const SProcessorAllNode& node)
 void CProcessorTreeModel::RestoreExpansion(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent,
                                            int nFirstRow)
 {
+    if (!indexParent.isValid()) {
+        return;
+    }
     int nRow = nFirstRow;
     for (const SProcessorNode& processor : listProcessor) {
         pTree->setExpanded(index(nRow++, 0, indexParent), processor.bExpanded);

@@ -48,6 +48,7 @@ private:
     void SetExpanded(const QModelIndex& index, bool bExpanded);
     void FillMap(const SProcessorAllNode& node);
     void FillMap(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent, int nFirstRow);
+    void MapRow(const QUuid& id, const QModelIndex& indexRow);
     void RestoreExpansion(const SProcessorAllNode& node);
     void RestoreExpansion(const QList<SProcessorNode>& listProcessor, const QModelIndex& indexParent, int nFirstRow);
     void FilterGroup(const SProcessorGroupNode& group, const QString& strText);
