@@ -11,12 +11,15 @@ void CJobs::SetBusy(bool bNow)
         const std::lock_guard<std::mutex> lock(mutex);
         const int nBefore = nBusy;
         nBusy = std::max(0, nBusy + (bNow ? 1 : -1));
-        if ((nBefore > 0) == (nBusy > 0))
+        if ((nBefore > 0) == (nBusy > 0)) {
+            condEnd.notify_all();
             return;
+        }
         timeSince = timeNow = nBusy > 0 ? QDateTime::currentDateTime() : QDateTime();
-        condEnd.notify_all();
+        ++nTelling;
     }
     emit events.BusyChanged(bNow, timeNow);
+    Told();
 }
 
 bool CJobs::IsBusy() const
@@ -38,8 +41,10 @@ void CJobs::Begin(const QString& strJob)
         const std::lock_guard<std::mutex> lock(mutex);
         listJob.append(strJob);
         listNow = listJob;
+        ++nTelling;
     }
     emit events.JobsChanged(listNow);
+    Told();
 }
 
 void CJobs::End(const QString& strJob)
@@ -49,9 +54,10 @@ void CJobs::End(const QString& strJob)
         const std::lock_guard<std::mutex> lock(mutex);
         listJob.removeOne(strJob);
         listNow = listJob;
+        ++nTelling;
     }
     emit events.JobsChanged(listNow);
-    condEnd.notify_all();
+    Told();
 }
 
 QStringList CJobs::GetRunning() const
@@ -63,6 +69,15 @@ QStringList CJobs::GetRunning() const
 void CJobs::AwaitIdle(std::chrono::milliseconds time)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    condEnd.wait(lock, [this] { return listJob.isEmpty(); });
-    condEnd.wait_until(lock, std::chrono::system_clock::now() + time, [this] { return nBusy == 0; });
+    const auto isQuiet = [this] { return listJob.isEmpty() && nTelling == 0; };
+    condEnd.wait(lock, isQuiet);
+    condEnd.wait_until(lock, std::chrono::system_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
+}
+
+// Wakes under the lock: who waits may destroy this object as soon as it has the lock.
+void CJobs::Told()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    --nTelling;
+    condEnd.notify_all();
 }

@@ -29,11 +29,14 @@ public:
     void AwaitIdle(std::chrono::milliseconds time);
 
 private:
+    void Told();
+
     CHostEvents& events;
 
     mutable std::mutex mutex; ///< guards all below
     std::condition_variable condEnd;
     QStringList listJob;
     int nBusy = 0;
+    int nTelling = 0; ///< calls that are emitting a signal just now
     QDateTime timeSince;
 };

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <unistd.h>
 
 namespace
 {
@@ -97,13 +98,18 @@ SListReading CListStore::ReadFile(const QString& strPath) const
     return reading;
 }
 
-// What went wrong; empty when nothing did.
+// What went wrong; empty when nothing did. Unbuffered and synchronised by hand: QSaveFile itself notices
+// neither a write that its buffer could not complete nor a disk that is full only when it is asked.
 QString CListStore::WriteFile(const QString& strPath, const QByteArray& bytes) const
 {
     QSaveFile file(strPath);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return file.errorString();
-    return {};
+    if (file.write(bytes) != bytes.size())
+        return QStringLiteral("the disk took only a part of it");
+    if (fsync(file.handle()) != 0)
+        return QString::fromLocal8Bit(std::strerror(errno));
+    return file.commit() ? QString() : file.errorString();
 }
 
 // The copy stands beside the own list, so that the step that overwrites is one rename within a folder.

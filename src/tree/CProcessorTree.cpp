@@ -159,12 +159,16 @@ void CProcessorTree::changeEvent(QEvent* pEvent)
 
 void CProcessorTree::RefreshTree()
 {
+    const bool bEditorHasFocus = pRenameEditor && pRenameEditor->hasFocus();
     bRebuilding = true;
     blockSignals(true);
     pModel->RebuildFromStore();
     RestoreSelection();
     bRebuilding = false;
     blockSignals(false);
+    if (bEditorHasFocus) {
+        setFocus(); // the editor went with its row; the keyboard stays with the tree
+    }
 }
 
 void CProcessorTree::SetSearchText(const QString& strText)

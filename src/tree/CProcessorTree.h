@@ -137,5 +137,5 @@ private:
     QTimer* pScrollTimer = nullptr;
     bool bScrollUp = false;
     bool bScrollDown = false;
-    QObject* pRenameEditor = nullptr; ///< open editor of Rename; compared, never called
+    QWidget* pRenameEditor = nullptr; ///< open editor of Rename; null once it has closed or died
 };

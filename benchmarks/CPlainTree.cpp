@@ -1,0 +1,69 @@
+#include "CPlainTree.h"
+
+#include "data/SProcessorAllNode.h"
+
+#include <QHostAddress>
+#include <QStandardItemModel>
+#include <QTreeWidget>
+
+namespace
+{
+const QSize SIZE_ROW(0, 32);
+const QSize SIZE_INFO(0, 92);
+
+template <typename Parent> QTreeWidgetItem* AddRow(Parent* pParent, const QString& strText, const QIcon& icon, const QSize& size)
+{
+    auto* pItem = new QTreeWidgetItem(pParent, { strText });
+    pItem->setIcon(0, icon);
+    pItem->setSizeHint(0, size);
+    return pItem;
+}
+
+QString InfoText(const SProcessorNode& node)
+{
+    return QStringLiteral("Type: %1\nIP: %2\nProject: %3\nUID: %4")
+        .arg(node.strType, QHostAddress(node.nIP).toString(), node.strProject, node.idNode.toString(QUuid::WithoutBraces));
+}
+} // namespace
+
+CPlainTree::CPlainTree()
+    : iconGroup(QStringLiteral(":/image/treeView/groupNode/group_normal.svg")),
+      iconOnline(QStringLiteral(":/image/treeView/online/online.svg")),
+      iconOffline(QStringLiteral(":/image/treeView/online/offline.svg"))
+{ }
+
+void CPlainTree::Fill(QTreeWidget* pTree, const SProcessorAllNode& node) const
+{
+    const auto fnAddProcessor = [this](QTreeWidgetItem* pParent, const SProcessorNode& processor) {
+        auto* pItem = AddRow(pParent, processor.strName, processor.bOnline ? iconOnline : iconOffline, SIZE_ROW);
+        AddRow(pItem, InfoText(processor), QIcon(), SIZE_INFO);
+        pItem->setExpanded(processor.bExpanded);
+    };
+    pTree->clear();
+    auto* pRoot = AddRow(pTree, QStringLiteral("All processors"), iconGroup, SIZE_ROW);
+    pRoot->setExpanded(true);
+    for (const SProcessorGroupNode& group : node.listGroup) {
+        auto* pGroup
+            = AddRow(pRoot, QStringLiteral("%1(%2)").arg(group.strName).arg(group.listProcessor.size()), iconGroup, SIZE_ROW);
+        for (const SProcessorNode& processor : group.listProcessor) {
+            fnAddProcessor(pGroup, processor);
+        }
+        pGroup->setExpanded(group.bExpanded);
+    }
+    for (const SProcessorNode& processor : node.listProcessor) {
+        fnAddProcessor(pRoot, processor);
+    }
+}
+
+void CPlainTree::Fill(QStandardItemModel* pModel, const SProcessorAllNode& node) const
+{
+    pModel->clear();
+    auto* pRoot = new QStandardItem(iconGroup, QStringLiteral("All processors"));
+    pRoot->setData(SIZE_ROW, Qt::SizeHintRole);
+    for (const SProcessorNode& processor : node.listProcessor) {
+        auto* pItem = new QStandardItem(processor.bOnline ? iconOnline : iconOffline, processor.strName);
+        pItem->setData(SIZE_ROW, Qt::SizeHintRole);
+        pRoot->appendRow(pItem);
+    }
+    pModel->appendRow(pRoot);
+}

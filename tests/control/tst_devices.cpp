@@ -1,0 +1,286 @@
+#include "Builders.h"
+#include "CControlFixture.h"
+#include "CNameRegistry.h"
+#include "CorvidControl/EnControlMessage.h"
+#include "TestMain.h"
+
+#include <QElapsedTimer>
+
+#include <thread>
+
+/// The commands that need devices: they block as long as the device takes, and nothing else waits.
+class CDevicesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aCommandBlocksAsLongAsTheDeviceTakes_data();
+    void aCommandBlocksAsLongAsTheDeviceTakes();
+    void readsGoOnWhileACommandBlocks();
+    void anAddressThatAnswersIsAddedToTheRoot();
+    void theSameAddressGivesTheSameProcessorAgain();
+    void anAddressThatCannotBeAddedIsRefused_data();
+    void anAddressThatCannotBeAddedIsRefused();
+    void twoRequestsForOneAddressAddOneProcessor();
+    void aScanFindsUnlistedDevices();
+    void aScanLeavesAListWithoutNewcomersAsItIs();
+    void aScanStopsAtTheLimit();
+    void aBlockedRefreshScansNothing();
+    void simulatorsAreAddedToTheirPane();
+    void moreThanTwoSimulatorsAreRefused_data();
+    void moreThanTwoSimulatorsAreRefused();
+    void aDeletedSimulatorLeavesItsNumberFree();
+    void simulatorsAreNotFoundByAScan();
+    void theReservedAddressesAndTheOwnAreKnown();
+    void typesHaveNames();
+    void theEndDoesNotWaitForDevices();
+
+private:
+    void StartSlow();
+
+    QScopedPointer<CControlFixture> pFixture;
+};
+
+void CDevicesTest::init()
+{
+    pFixture.reset(new CControlFixture);
+}
+
+void CDevicesTest::cleanup()
+{
+    pFixture.reset();
+}
+
+void CDevicesTest::StartSlow()
+{
+    pFixture->options.nScanMs = pFixture->options.nAnswerMs = pFixture->options.nReleaseMs = 250;
+    pFixture->options.nTimeoutMs = 600000;
+    pFixture->Start(Root({}, { Processor("alpha").Online() }));
+}
+
+void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes_data()
+{
+    QTest::addColumn<int>("nCommand");
+    QTest::newRow("refresh") << 0;
+    QTest::newRow("add") << 1;
+    QTest::newRow("delete") << 2;
+}
+
+void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes()
+{
+    QFETCH(int, nCommand);
+    StartSlow();
+    QElapsedTimer timer;
+    timer.start();
+    if (nCommand == 0)
+        g_pPrcBasicControl->RefreshProcessors();
+    else if (nCommand == 1)
+        g_pPrcBasicControl->AddProcessor(0xC0A8010A);
+    else
+        g_pPrcListControl->DeleteProcessor(ProcessorId("alpha"), false);
+    QVERIFY2(timer.elapsed() >= 245, qPrintable(QString::number(timer.elapsed())));
+}
+
+void CDevicesTest::readsGoOnWhileACommandBlocks()
+{
+    pFixture->options.nScanMs = 600000;
+    pFixture->Start(Root({}, { Processor("alpha") }));
+    QSignalSpy jobs(pFixture->pHost.get(), &CControlHost::JobsChanged);
+    std::thread scan([] { g_pPrcBasicControl->RefreshProcessors(); });
+    QTRY_COMPARE(pFixture->pHost->GetRunningJobs(), QStringList{ "Scanning the network" });
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha"));
+    g_pPrcListControl->AddGroup(Group("Hall"), true);
+    QVERIFY(pFixture->recorder.Await(MessageListChanged));
+    pFixture->Stop(); // ends the scan
+    scan.join();
+}
+
+void CDevicesTest::anAddressThatAnswersIsAddedToTheRoot()
+{
+    pFixture->Start(Root({ Group("Stage") }));
+    g_pPrcBasicControl->AddProcessor(0xC0A8010A);
+    const SProcessorNode processor = CControlFixture::GetTree().listProcessor.at(0);
+    QCOMPARE(processor.strName, QString("Processor 192.168.1.10"));
+    QCOMPARE(processor.nIP, 0xC0A8010AU);
+    QVERIFY(processor.bOnline);
+    QCOMPARE(processor.strType, g_pPrcBasicControl->GetTypeName(processor.nModel));
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageListChanged });
+}
+
+void CDevicesTest::theSameAddressGivesTheSameProcessorAgain()
+{
+    pFixture->Start();
+    g_pPrcBasicControl->AddProcessor(0x0A000001);
+    const SProcessorNode first = CControlFixture::GetTree().listProcessor.at(0);
+    g_pPrcListControl->DeleteProcessor(first.idNode, false);
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+    g_pPrcBasicControl->AddProcessor(0x0A000001);
+    QCOMPARE(CControlFixture::GetTree().listProcessor.at(0), first);
+}
+
+void CDevicesTest::anAddressThatCannotBeAddedIsRefused_data()
+{
+    QTest::addColumn<quint32>("nIP");
+    QTest::addColumn<QString>("strReason");
+    QTest::newRow("nothing answers") << 0x08080808U << "nothing answers there";
+    QTest::newRow("in the list") << 0xC0A80114U << "a processor of the list has this address";
+    QTest::newRow("reserved") << 0xC0A80101U << "the address is reserved";
+    QTest::newRow("this machine") << 0xC0A80102U << "the address is reserved";
+}
+
+void CDevicesTest::anAddressThatCannotBeAddedIsRefused()
+{
+    QFETCH(quint32, nIP);
+    QFETCH(QString, strReason);
+    pFixture->Start(Root({}, { Processor("alpha").Ip("192.168.1.20") }));
+    QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
+    g_pPrcBasicControl->AddProcessor(nIP);
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha"));
+    QVERIFY2(logged.value(0).value(0).toString().endsWith(strReason), qPrintable(logged.value(0).value(0).toString()));
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageCommandRefused });
+}
+
+void CDevicesTest::twoRequestsForOneAddressAddOneProcessor()
+{
+    pFixture->options.nAnswerMs = 100;
+    pFixture->Start();
+    std::thread other([] { g_pPrcBasicControl->AddProcessor(0xC0A8010A); });
+    g_pPrcBasicControl->AddProcessor(0xC0A8010A);
+    other.join();
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Processor 192.168.1.10"));
+}
+
+void CDevicesTest::aScanFindsUnlistedDevices()
+{
+    pFixture->options.nUnlistedDevices = 2;
+    pFixture->Start(Root({}, { Processor("alpha") }));
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha\n  Newcomer 1\n  Newcomer 2"));
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetTree().listProcessor.size(), 3);
+}
+
+void CDevicesTest::aScanLeavesAListWithoutNewcomersAsItIs()
+{
+    pFixture->Start(Root({ Group("Stage", { Processor("alpha").Online() }) }, { Processor("beta") }));
+    const SProcessorAllNode before = CControlFixture::GetTree();
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetTree().listGroup, before.listGroup);
+    QCOMPARE(CControlFixture::GetTree().listProcessor, before.listProcessor);
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>());
+}
+
+void CDevicesTest::aScanStopsAtTheLimit()
+{
+    SProcessorAllNode node;
+    for (int n = 0; n < 255; ++n)
+        node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+    pFixture->options.nUnlistedDevices = 3;
+    pFixture->Start(node);
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetTree().listProcessor.size(), 256);
+}
+
+void CDevicesTest::aBlockedRefreshScansNothing()
+{
+    pFixture->options.nUnlistedDevices = 1;
+    pFixture->Start();
+    pFixture->pHost->SetRefreshBlocked(true);
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+}
+
+void CDevicesTest::simulatorsAreAddedToTheirPane()
+{
+    pFixture->Start();
+    g_pPrcBasicControl->AddSimulators({ 12, 2, 3 });
+    QCOMPARE(CControlFixture::GetText(true), QString("all*\n  Simulator 1\n  Simulator 2"));
+    QCOMPARE(CControlFixture::GetText(false), QString("all*"));
+    QCOMPARE(g_pPrcListControl->GetSimulatorCount(), 2);
+    QVERIFY(CControlFixture::GetProcessor("Simulator 1", true).bOnline);
+    QVERIFY(CControlFixture::GetProcessor("Simulator 1", true).nPortA
+            != CControlFixture::GetProcessor("Simulator 2", true).nPortA);
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageListChanged });
+}
+
+void CDevicesTest::moreThanTwoSimulatorsAreRefused_data()
+{
+    QTest::addColumn<int>("nPresent");
+    QTest::addColumn<int>("nType");
+    QTest::addColumn<int>("nCount");
+    QTest::addColumn<int>("nOutput");
+    QTest::newRow("three at once") << 0 << 12 << 3 << 3;
+    QTest::newRow("two more") << 1 << 12 << 2 << 3;
+    QTest::newRow("one too many") << 2 << 12 << 1 << 3;
+    QTest::newRow("none") << 0 << 12 << 0 << 3;
+    QTest::newRow("a type that is not there") << 0 << 0xFF00 << 1 << 3;
+    QTest::newRow("an output that is not there") << 0 << 12 << 1 << 4;
+}
+
+void CDevicesTest::moreThanTwoSimulatorsAreRefused()
+{
+    QFETCH(int, nPresent);
+    QFETCH(int, nType);
+    QFETCH(int, nCount);
+    QFETCH(int, nOutput);
+    pFixture->Start();
+    for (int n = 0; n < nPresent; ++n)
+        g_pPrcBasicControl->AddSimulators({ 12, 1, 2 });
+    pFixture->recorder.Clear();
+    g_pPrcBasicControl->AddSimulators({ nType, nCount, nOutput });
+    QCOMPARE(g_pPrcListControl->GetSimulatorCount(), nPresent);
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageCommandRefused });
+}
+
+void CDevicesTest::aDeletedSimulatorLeavesItsNumberFree()
+{
+    pFixture->Start();
+    g_pPrcBasicControl->AddSimulators({ 12, 2, 3 });
+    g_pPrcListControl->DeleteProcessor(CControlFixture::GetProcessor("Simulator 1", true).idNode, false);
+    g_pPrcBasicControl->AddSimulators({ 22, 1, 3 });
+    QCOMPARE(CControlFixture::GetText(true), QString("all*\n  Simulator 2\n  Simulator 1"));
+}
+
+void CDevicesTest::simulatorsAreNotFoundByAScan()
+{
+    pFixture->Start();
+    g_pPrcBasicControl->AddSimulators({ 12, 2, 3 });
+    pFixture->recorder.Clear();
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetText(false), QString("all*"));
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>());
+}
+
+void CDevicesTest::theReservedAddressesAndTheOwnAreKnown()
+{
+    pFixture->Start();
+    QList<uint> listIP{ 1 };
+    g_pConfigControl->GetReservedIPs(listIP);
+    QCOMPARE(listIP, (QList<uint>{ 1, 0xC0A80101, 0xC0A801FE }));
+    QCOMPARE(g_pPrcBasicControl->GetLocalAddress().nIP, 0xC0A80102U);
+}
+
+void CDevicesTest::typesHaveNames()
+{
+    pFixture->Start();
+    QCOMPARE(g_pPrcBasicControl->GetTypeName(12), QString("Corvid C12"));
+    QCOMPARE(g_pPrcBasicControl->GetTypeName(99), QString("Type 99"));
+}
+
+void CDevicesTest::theEndDoesNotWaitForDevices()
+{
+    StartSlow();
+    std::thread add([] { g_pPrcBasicControl->AddProcessor(0x08080808); });
+    QTRY_COMPARE(pFixture->pHost->GetRunningJobs().size(), 1);
+    QElapsedTimer timer;
+    timer.start();
+    pFixture->Stop();
+    add.join();
+    QVERIFY(timer.elapsed() < 60000);
+}
+
+PTV_TEST_MAIN_CORE(CDevicesTest)
+#include "tst_devices.moc"

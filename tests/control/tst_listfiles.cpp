@@ -1,0 +1,341 @@
+#include "Builders.h"
+#include "CControlFixture.h"
+#include "CNameRegistry.h"
+#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/EnControlMessage.h"
+#include "TestMain.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// While it lives, no file can be written beyond nBytes: a full disk.
+class CFullDisk
+{
+public:
+    explicit CFullDisk(rlim_t nBytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit now{ nBytes, before.rlim_max };
+        setrlimit(RLIMIT_FSIZE, &now);
+    }
+    ~CFullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &before);
+    }
+    Q_DISABLE_COPY_MOVE(CFullDisk)
+
+private:
+    rlimit before{};
+};
+
+/// While it lives, nothing can be created in the folder; also for root, who gives up its rights.
+class CReadOnlyFolder
+{
+public:
+    explicit CReadOnlyFolder(const QString& strFolder) : strPath(strFolder)
+    {
+        QFile::setPermissions(strPath, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+        if (geteuid() == 0)
+            bLowered = seteuid(65534) == 0;
+    }
+    ~CReadOnlyFolder()
+    {
+        if (bLowered && seteuid(0) != 0)
+            qFatal("the test cannot get its rights back");
+        QFile::setPermissions(strPath, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    Q_DISABLE_COPY_MOVE(CReadOnlyFolder)
+
+private:
+    const QString strPath;
+    bool bLowered = false;
+};
+
+} // namespace
+
+/// The list file: read at the start, replaced as a whole or left alone.
+class CListFilesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void aSavedListIsBackAfterTheNextStart();
+    void aMissingFileIsAnEmptyListWithoutAFault();
+    void aFileThatCannotBeReadIsNamedAndLeftAlone_data();
+    void aFileThatCannotBeReadIsNamedAndLeftAlone();
+    void aFileThatWasRefusedIsNotImportedOver();
+    void anotherFileIsStillExportedWhenTheOwnWasRefused();
+    void exportImportExportGivesTheSameBytes();
+    void anImportReplacesTheListAndTheOwnFile();
+    void anImportTakesTheDevicesWithIt();
+    void anImportThatFailsLeavesListAndFiles_data();
+    void anImportThatFailsLeavesListAndFiles();
+    void anImportWithoutRoomForTheCopyLeavesListAndFiles();
+    void anImportOverAnOwnListThatIsAFolderLeavesListAndFiles();
+    void aLockedListIsNotImportedOver();
+    void aFailedExportLeavesTheOldFile_data();
+    void aFailedExportLeavesTheOldFile();
+    void aKillAtAnyMomentLeavesAWholeList();
+
+private:
+    SListReading ReadBack(const QString& strName = QStringLiteral("list.kvtl")) const;
+
+    QScopedPointer<CControlFixture> pFixture;
+};
+
+void CListFilesTest::init()
+{
+    pFixture.reset(new CControlFixture);
+}
+
+void CListFilesTest::cleanup()
+{
+    pFixture.reset();
+}
+
+SListReading CListFilesTest::ReadBack(const QString& strName) const
+{
+    return CListFormat::Read(pFixture->Read(strName), {});
+}
+
+void CListFilesTest::aSavedListIsBackAfterTheNextStart()
+{
+    pFixture->Start(Root({ Group("Stage", { Processor("alpha") }) }, { Processor("beta") }));
+    g_pPrcListControl->MoveProcessor(ProcessorId("beta"), GroupId("Stage"));
+    g_pPrcListControl->SetExpanded(GroupId("Stage"), false);
+    g_pPrcListControl->RenameGroup(GroupId("Stage"), QString::fromUtf8("舞台"));
+    QCOMPARE(g_pPrcListControl->ExportList(g_pConfigControl->GetListFilePath(), 0), 0);
+    pFixture->Stop();
+    pFixture->StartAsIs();
+    QCOMPARE(CControlFixture::GetText(), QString::fromUtf8("all*\n  舞台\n    alpha\n    beta"));
+    QVERIFY(!CControlFixture::GetTree().listGroup.at(0).bExpanded);
+}
+
+void CListFilesTest::aMissingFileIsAnEmptyListWithoutAFault()
+{
+    pFixture->StartAsIs();
+    QCOMPARE(pFixture->pHost->GetListError(), QString());
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+    QCOMPARE(g_pPrcListControl->ExportList(g_pConfigControl->GetListFilePath(), 0), 0);
+    QCOMPARE(ReadBack().verdict, SListReading::Valid);
+}
+
+void CListFilesTest::aFileThatCannotBeReadIsNamedAndLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("strReason");
+    SProcessorAllNode large;
+    for (int n = 0; n < 257; ++n)
+        large.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+    QTest::newRow("not a list") << QByteArray("hello\n") << "it is not a list file";
+    QTest::newRow("damaged") << CListFormat::Write(Root({})).replace("true", "True") << "it is damaged or cut short";
+    QTest::newRow("newer") << QByteArray("kvtl 9\n") << "it is of version 9";
+    QTest::newRow("over the limit") << CListFormat::Write(large) << "it holds 257 processors";
+}
+
+void CListFilesTest::aFileThatCannotBeReadIsNamedAndLeftAlone()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, strReason);
+    pFixture->Write("list.kvtl", bytes);
+    ExpectWarning("The list was not read");
+    pFixture->StartAsIs();
+    QVERIFY(pFixture->pHost->GetListError().startsWith(pFixture->GetPath() + ": " + strReason));
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+    g_pPrcListControl->AddGroup(Group("Stage"), true);
+    ExpectWarning("The list was not saved over a file that could not be read");
+    const int nResult = g_pPrcListControl->ExportList(g_pConfigControl->GetListFilePath(), 0);
+    QVERIFY2(nResult != 0 && nResult != 1, "1 would remove the file");
+    QCOMPARE(pFixture->Read("list.kvtl"), bytes);
+}
+
+void CListFilesTest::aFileThatWasRefusedIsNotImportedOver()
+{
+    pFixture->Write("list.kvtl", "hello\n");
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+    ExpectWarning("The list was not read");
+    pFixture->StartAsIs();
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 3);
+    QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("hello\n"));
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+}
+
+void CListFilesTest::anotherFileIsStillExportedWhenTheOwnWasRefused()
+{
+    pFixture->Write("list.kvtl", "hello\n");
+    ExpectWarning("The list was not read");
+    pFixture->StartAsIs();
+    g_pPrcListControl->AddGroup(Group("Stage"), true);
+    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath("other.kvtl"), 0), 0);
+    QCOMPARE(ReadBack("other.kvtl").node.listGroup.size(), 1);
+}
+
+void CListFilesTest::exportImportExportGivesTheSameBytes()
+{
+    pFixture->Start(Root({ Group("Stage", { Processor("alpha").Online().Primary() }).Aux({ 3, 1, 2 }).Expanded(false) },
+                         { Processor("beta").Chief() }));
+    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath("first"), 0), 0);
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("first")), 0);
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath("second"), 0), 0);
+    QCOMPARE(pFixture->Read("second"), pFixture->Read("first"));
+    QVERIFY(!pFixture->Read("first").isEmpty());
+}
+
+void CListFilesTest::anImportReplacesTheListAndTheOwnFile()
+{
+    pFixture->Start(Root({ Group("Stage") }, { Processor("alpha") }));
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
+    g_pRuntimeControl->SetSelectedNodes({ ProcessorId("alpha") });
+    pFixture->recorder.Clear();
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Hall\n    beta"));
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageListChanged });
+    QCOMPARE(pFixture->Read("list.kvtl"), pFixture->Read("other.kvtl"));
+    QCOMPARE(QDir(pFixture->folder.path()).entryList(QDir::Files).size(), 2);
+}
+
+void CListFilesTest::anImportTakesTheDevicesWithIt()
+{
+    pFixture->Start(Root({}, { Processor("alpha") }));
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({}, { Processor("beta") })));
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  beta"));
+}
+
+void CListFilesTest::anImportThatFailsLeavesListAndFiles_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("nResult");
+    SProcessorAllNode large;
+    for (int n = 0; n < 257; ++n)
+        large.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+    const QByteArray twice = CListFormat::Write(Root({ Group("a"), Group("b").NodeId(GroupId("a")) }));
+    QTest::newRow("not there") << QByteArray() << 2;
+    QTest::newRow("not a list") << QByteArray("hello\n") << 2;
+    QTest::newRow("damaged") << CListFormat::Write(Root({})).replace("true", "True") << 2;
+    QTest::newRow("newer") << QByteArray("kvtl 2\n") << 2;
+    QTest::newRow("an id twice") << twice << 2;
+    QTest::newRow("a bad name") << CListFormat::Write(Root({ Group("a=b") })) << 2;
+    QTest::newRow("over the limit") << CListFormat::Write(large) << 5;
+}
+
+void CListFilesTest::anImportThatFailsLeavesListAndFiles()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, nResult);
+    pFixture->Start(Root({ Group("Stage") }));
+    const QByteArray before = pFixture->Read("list.kvtl");
+    if (!bytes.isEmpty())
+        pFixture->Write("other.kvtl", bytes);
+    QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), nResult);
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
+    QCOMPARE(pFixture->Read("list.kvtl"), before);
+    QVERIFY(logged.value(0).value(0).toString().contains("other.kvtl was refused: "));
+}
+
+void CListFilesTest::anImportWithoutRoomForTheCopyLeavesListAndFiles()
+{
+    pFixture->Start(Root({ Group("Stage") }));
+    const QByteArray before = pFixture->Read("list.kvtl");
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
+    {
+        const CFullDisk full(64);
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 4);
+    }
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
+    QCOMPARE(pFixture->Read("list.kvtl"), before);
+    QCOMPARE(QDir(pFixture->folder.path()).entryList(QDir::Files).size(), 2);
+}
+
+void CListFilesTest::anImportOverAnOwnListThatIsAFolderLeavesListAndFiles()
+{
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+    pFixture->StartAsIs();
+    QVERIFY(QDir(pFixture->folder.path()).mkpath("list.kvtl/inside"));
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 3);
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+    QCOMPARE(QDir(pFixture->folder.path()).entryList(QDir::Files), QStringList{ "other.kvtl" });
+}
+
+void CListFilesTest::aLockedListIsNotImportedOver()
+{
+    pFixture->Start(Root({ Group("Stage") }));
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+    pFixture->pHost->SetListLocked(true);
+    const int nResult = g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl"));
+    QVERIFY2(!(QVector<int>{ 0, 2, 3, 4, 5 }.contains(nResult)), "no word is right for it");
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
+}
+
+void CListFilesTest::aFailedExportLeavesTheOldFile_data()
+{
+    QTest::addColumn<QString>("strHow");
+    QTest::newRow("full disk") << "full";
+    QTest::newRow("read-only folder") << "readonly";
+    QTest::newRow("a folder of that name") << "folder";
+    QTest::newRow("no such folder") << "nowhere";
+    QTest::newRow("no name") << "";
+}
+
+void CListFilesTest::aFailedExportLeavesTheOldFile()
+{
+    QFETCH(QString, strHow);
+    pFixture->Start(Root({ Group("Stage", { Processor("alpha") }) }));
+    const QByteArray before = pFixture->Read("list.kvtl");
+    g_pPrcListControl->AddGroup(Group("Hall"), true);
+    QDir(pFixture->folder.path()).mkpath("folder");
+    const QString strPath = strHow == "folder" ? pFixture->GetPath("folder")
+        : strHow == "nowhere"                  ? pFixture->GetPath("nowhere/list.kvtl")
+        : strHow.isEmpty()                     ? QString()
+                                               : pFixture->GetPath();
+    ExpectWarning("The list was not saved");
+    int nResult = 0;
+    {
+        const QScopedPointer<CFullDisk> pFull(strHow == "full" ? new CFullDisk(64) : nullptr);
+        const QScopedPointer<CReadOnlyFolder> pReadOnly(strHow == "readonly" ? new CReadOnlyFolder(pFixture->folder.path())
+                                                                             : nullptr);
+        nResult = g_pPrcListControl->ExportList(strPath, 0);
+    }
+    QVERIFY2(nResult != 0 && nResult != 1, "1 would remove the file");
+    QCOMPARE(pFixture->Read("list.kvtl"), before);
+    QVERIFY(!QDir(pFixture->folder.path()).exists("nowhere"));
+}
+
+void CListFilesTest::aKillAtAnyMomentLeavesAWholeList()
+{
+    SProcessorAllNode node = Root({}, { Processor("Version 0") });
+    for (int n = 0; n < 200; ++n)
+        node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+    pFixture->Write("list.kvtl", CListFormat::Write(node));
+    for (int n = 0; n < 20; ++n) {
+        QProcess saver;
+        saver.start(QCoreApplication::applicationDirPath() + "/list_saver", { pFixture->GetPath() });
+        for (int nSaved = 0; nSaved <= n % 5; ++nSaved) {
+            QTRY_VERIFY(saver.canReadLine() || saver.waitForReadyRead(100));
+            QCOMPARE(saver.readLine(), QByteArray("0\n"));
+        }
+        saver.kill();
+        QVERIFY(saver.waitForFinished());
+        const SListReading reading = ReadBack();
+        QCOMPARE(reading.strReason, QString());
+        QCOMPARE(reading.node.listProcessor.size(), 201);
+    }
+}
+
+PTV_TEST_MAIN_CORE(CListFilesTest)
+#include "tst_listfiles.moc"

@@ -1,0 +1,344 @@
+#include "CTreeFixture.h"
+#include "TestMain.h"
+#include "data/CProcessorTreeData.h"
+#include "tree/EnTreeAction.h"
+
+#include <QLineEdit>
+#include <QPointer>
+
+namespace
+{
+
+SProcessorAllNode Site()
+{
+    return Root({ Group("Stage", { Processor("alpha").Expanded(false), Processor("beta").Expanded(false) }) },
+                { Processor("loose").Expanded(false), Processor("open").Expanded(true) });
+}
+
+QLineEdit* Editor(const CTreeFixture& fixture)
+{
+    QLineEdit* pOpen = nullptr;
+    for (QLineEdit* const pEditor : fixture.pTree->findChildren<QLineEdit*>()) {
+        pOpen = pEditor->isVisible() ? pEditor : pOpen;
+    }
+    return pOpen;
+}
+
+/// Selects the row, opens its editor by key and forgets the calls.
+QLineEdit* OpenEditor(CTreeFixture& fixture, const QString& strName)
+{
+    fixture.Select({ strName });
+    fixture.Press(Qt::Key_F2);
+    return Editor(fixture);
+}
+
+bool ReportsSelections(CTreeFixture& fixture)
+{
+    fixture.Clear();
+    fixture.Click(fixture.Row("loose"));
+    fixture.Click(fixture.Row("beta"));
+    return fixture.control.Commands() == QStringList{ SelectCall("loose"), SelectCall("beta") };
+}
+
+/// Deletes what deleteLater() was called for.
+void RunDeletions()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+class CTreeRenameTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void f2TypingAndReturnSendTheNewName_data()
+    {
+        QTest::addColumn<QString>("strRow");
+        QTest::addColumn<QString>("strCall");
+        QTest::newRow("group") << "Stage"
+                               << "g_pPrcListControl.RenameGroup(Stage, \"North\")";
+        QTest::newRow("member") << "alpha"
+                                << "g_pPrcBasicControl.RenameProcessor(alpha, \"North\")";
+        QTest::newRow("processor") << "loose"
+                                   << "g_pPrcBasicControl.RenameProcessor(loose, \"North\")";
+    }
+    void f2TypingAndReturnSendTheNewName()
+    {
+        QFETCH(QString, strRow);
+        QFETCH(QString, strCall);
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, strRow);
+        QVERIFY(pEditor && pEditor->hasFocus());
+        pEditor->selectAll();
+        QTest::keyClicks(pEditor, "North");
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QCOMPARE(fixture.control.CommandsWithThread(), QStringList{ "gui: " + strCall });
+        QVERIFY(!Editor(fixture));
+    }
+
+    void afterReturnTheTreeHasTheFocusAndTheRowIsStillSelected()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QVERIFY(fixture.pTree->hasFocus());
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+    }
+
+    void theWholeNameIsThereToEdit()
+    {
+        CTreeFixture fixture(Site());
+        QCOMPARE(OpenEditor(fixture, "Stage")->text(), QStringLiteral("Stage"));
+    }
+
+    void aClickElsewhereCommitsAndSelectsThere()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        const QPoint pos = fixture.pTree->viewport()->mapTo(fixture.pTree.data(), fixture.At(fixture.Row("loose")));
+        QTest::mouseClick(fixture.pTree->windowHandle(), Qt::LeftButton, Qt::NoModifier, pos);
+        QVERIFY(!Editor(fixture));
+        QCOMPARE(fixture.Selected(), QStringList{ "loose" });
+        QCOMPARE(fixture.control.Commands(),
+                 (QStringList{ "g_pPrcBasicControl.RenameProcessor(alpha, \"x\")", SelectCall("loose") }));
+    }
+
+    void whileANameIsEditedSelectionChangesAreNotReported()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.pTree->selectionModel()->select(fixture.Row("loose"), QItemSelectionModel::Select);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+        QCOMPARE(g_pProcessorTreeData->GetSelectedNodes(), std::vector<QUuid>{ ProcessorId("alpha") });
+    }
+
+    void closingTheEditorSelectsTheCurrentRowWithoutAReport()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        fixture.pTree->clearSelection();
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+        QCOMPARE(fixture.control.CallCount("SetSelectedNodes"), 0);
+    }
+
+    void closingTheEditorSelectsTheCurrentRowAlsoWhenAnotherWasEdited()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        fixture.pTree->selectionModel()->setCurrentIndex(fixture.Row("loose"), QItemSelectionModel::NoUpdate);
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QCOMPARE(fixture.Selected(), (QStringList{ "alpha", "loose" }));
+    }
+
+    void closingTheEditorSelectsNothingWhenTheRootIsCurrent()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        fixture.pTree->selectionModel()->setCurrentIndex(fixture.Root(), QItemSelectionModel::NoUpdate);
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+    }
+
+    void afterTheEditorHasClosedSelectionChangesAreReportedAgain()
+    {
+        CTreeFixture fixture(Site());
+        QTest::keyClick(OpenEditor(fixture, "alpha"), Qt::Key_Return);
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void aRowThatCannotBeEditedLeavesTheReportsOff_data()
+    {
+        QTest::addColumn<bool>("bInfo");
+        QTest::newRow("root") << false;
+        QTest::newRow("information row") << true;
+    }
+    void aRowThatCannotBeEditedLeavesTheReportsOff()
+    {
+        QFETCH(bool, bInfo);
+        CTreeFixture fixture(Site());
+        fixture.pTree->setCurrentIndex(bInfo ? fixture.Info("open") : fixture.Root());
+        fixture.Press(Qt::Key_F2);
+        QVERIFY(!Editor(fixture));
+        QVERIFY(!ReportsSelections(fixture));
+        QCOMPARE(fixture.control.Commands(), QStringList());
+    }
+
+    void theNextEditorThatClosesSwitchesTheReportsOnAgain()
+    {
+        CTreeFixture fixture(Site());
+        fixture.Select({ "all" });
+        fixture.Press(Qt::Key_F2);
+        QTest::keyClick(OpenEditor(fixture, "alpha"), Qt::Key_Return);
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void f2WithNothingSelectedDoesNothing()
+    {
+        CTreeFixture fixture(Site(), { ProcessorId("gone") });
+        fixture.Press(Qt::Key_F2);
+        QVERIFY(!Editor(fixture));
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void f2InAnOpenEditorKeepsTheEditor()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        QTest::keyClick(pEditor, Qt::Key_F2);
+        QCOMPARE(Editor(fixture), pEditor);
+        QCOMPARE(pEditor->text(), QStringLiteral("x"));
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void escapeLeavesTheEditorOpen()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClick(pEditor, Qt::Key_Escape);
+        QCOMPARE(Editor(fixture), pEditor);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+    }
+
+    void downInAnEditorMovesToTheNextRowAndCommits()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        QTest::keyClick(pEditor, Qt::Key_Down);
+        QCOMPARE(fixture.pTree->currentIndex(), fixture.Row("beta"));
+        QVERIFY(fixture.control.Commands().contains("g_pPrcBasicControl.RenameProcessor(alpha, \"x\")"));
+    }
+
+    void deleteInAnEditorDeletesACharacterAndNoRow()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        pEditor->setCursorPosition(0);
+        QTest::keyClick(pEditor, Qt::Key_Delete);
+        QCOMPARE(pEditor->text(), QStringLiteral("lpha"));
+        QTest::keyClick(pEditor, Qt::Key_End);
+        QTest::keyClick(pEditor, Qt::Key_Delete);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+    }
+
+    void aRefreshThatChangesNoRowKeepsTheOpenEditor()
+    {
+        CTreeFixture fixture(Site());
+        fixture.ConnectLikeTheView();
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        fixture.RefreshStore(); // nothing has changed
+        QCOMPARE(Editor(fixture), pEditor);
+        QCOMPARE(pEditor->text(), QStringLiteral("x"));
+        QVERIFY(pEditor->hasFocus());
+    }
+
+    void aRebuildTakesTheEditorAwayWithoutACommit()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        fixture.pTree->RefreshTree();
+        RunDeletions();
+        QVERIFY(!pEditor);
+        QVERIFY(!Editor(fixture));
+        QCOMPARE(fixture.control.Commands(), QStringList());
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+    }
+
+    void afterARebuildHasTakenTheEditorSelectionChangesAreReported()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.pTree->RefreshTree();
+        RunDeletions();
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void afterARebuildHasTakenTheEditorTheTreeHasTheFocus()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.pTree->RefreshTree();
+        RunDeletions();
+        QVERIFY(fixture.pTree->hasFocus());
+    }
+
+    void afterARebuildHasTakenTheEditorARenameWorksAgain()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.pTree->RefreshTree();
+        RunDeletions();
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QVERIFY(pEditor);
+        QTest::keyClicks(pEditor, "2");
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QCOMPARE(fixture.control.Commands(), QStringList{ "g_pPrcBasicControl.RenameProcessor(alpha, \"2\")" });
+    }
+
+    void theLateEndOfAClosedEditorDoesNotEndTheNextRename()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pFirst = OpenEditor(fixture, "alpha");
+        QTest::keyClick(pFirst, Qt::Key_Return);
+        QLineEdit* const pSecond = OpenEditor(fixture, "alpha");
+        RunDeletions();
+        QVERIFY(!pFirst);
+        QCOMPARE(Editor(fixture), pSecond);
+        fixture.pTree->selectionModel()->select(fixture.Row("loose"), QItemSelectionModel::Select);
+        QCOMPARE(fixture.control.CallCount("SetSelectedNodes"), 0);
+    }
+
+    void theLateEndOfAClosedEditorDoesNotSwitchReportsOnThatTheRootHasSwitchedOff()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pFirst = OpenEditor(fixture, "alpha");
+        QTest::keyClick(pFirst, Qt::Key_Return);
+        fixture.Select({ "all" });
+        fixture.Press(Qt::Key_F2);
+        RunDeletions();
+        QVERIFY(!pFirst);
+        QVERIFY(!ReportsSelections(fixture));
+    }
+
+    void aNodeThatVanishesUnderItsEditorIsNotRenamed()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.Load(Root({ Group("Stage") }), { GroupId("Stage") });
+        RunDeletions();
+        QVERIFY(!Editor(fixture));
+        QCOMPARE(fixture.control.Commands(), QStringList());
+        QCOMPARE(fixture.Selected(), QStringList{ "Stage" });
+    }
+
+    void theTreeMayGoWhileAnEditorIsOpen()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        fixture.pTree.reset();
+        QVERIFY(!pEditor);
+        QCOMPARE(fixture.control.Commands().filter("Rename"), QStringList());
+    }
+
+    void aNameThatTheLibraryRefusesComesBackWithTheNextRows()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        fixture.Load(Site(), { ProcessorId("alpha") });
+        QCOMPARE(OpenEditor(fixture, "alpha")->text(), QStringLiteral("alpha"));
+    }
+};
+
+PTV_TEST_MAIN(CTreeRenameTest)
+#include "tst_treerename.moc"
