@@ -73,9 +73,9 @@ void CBaseDialog::CPrivate::InitLayout(EnButton buttons)
     pRow->setContentsMargins(BUTTON_MARGIN, 0, BUTTON_MARGIN, BUTTON_MARGIN);
     pRow->setSpacing(BUTTON_SPACING);
     pRow->addStretch(1);
-    AddButton(pRow, KeyAccept, QStringLiteral("DialogAccept"), tr("&OK"));
+    AddButton(pRow, KeyAccept, QStringLiteral("DialogAccept"), CBaseDialog::tr("&OK"));
     if (buttons == ButtonsOkCancel) {
-        AddButton(pRow, KeyReject, QStringLiteral("DialogReject"), tr("&Cancel"));
+        AddButton(pRow, KeyReject, QStringLiteral("DialogReject"), CBaseDialog::tr("&Cancel"));
     }
     pLayout->addLayout(pRow);
     pDialog->mapButton.value(KeyAccept)->setDefault(true);
@@ -96,7 +96,6 @@ void CBaseDialog::CPrivate::SetConnection(CDialogTitleBar* pTitleBar)
 {
     connect(pTitleBar, &CDialogTitleBar::SignalClose, pDialog, &QDialog::reject);
     connect(pDialog, &QWidget::windowTitleChanged, pTitleBar, &CDialogTitleBar::SetTitle);
-    connect(pDialog, &QDialog::finished, pDialog, [this] { delete pMask; });
 }
 
 void CBaseDialog::CPrivate::MoveButtonsToTabEnd()
@@ -210,6 +209,9 @@ void CBaseDialog::setVisible(bool bVisible)
         d->FadeIn();
     }
     QDialog::setVisible(bVisible);
+    if (!bVisible) {
+        delete d->pMask;
+    }
 }
 
 bool CBaseDialog::event(QEvent* event)

@@ -1,5 +1,6 @@
 #include "interfaces/widgets/CComboBox.h"
 
+#include "CComboBoxAccess.h"
 #include "interfaces/widgets/CMenu.h"
 
 #include <QAction>
@@ -72,6 +73,8 @@ void CComboBox::CPrivate::Choose(QAction* pAction, bool bNotify)
     pCurrent = pAction;
     connect(pAction, &QAction::changed, pBox, [this] { pBox->update(); });
     pBox->update();
+    QAccessibleValueChangeEvent event(pBox, pBox->GetCurSelText());
+    QAccessible::updateAccessibility(&event);
     if (bNotify) {
         emit pBox->SelectChanged(pAction->data());
     }
@@ -139,6 +142,7 @@ bool CComboBox::CPrivate::Step(int nKey)
 
 CComboBox::CComboBox(QWidget* parent) : QWidget(parent), d(new CPrivate(this))
 {
+    CComboBoxAccess::Install();
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed, QSizePolicy::ComboBox));

@@ -50,7 +50,7 @@ CIPEdit::CPrivate::CPrivate(CIPEdit* pOwner) : pEdit(pOwner)
 {
     for (int i = 0; i < FIELDS; ++i) {
         fields[i] = new CIPField(pEdit);
-        fields[i]->setAccessibleName(tr("Part %1 of 4 of the address").arg(i + 1));
+        fields[i]->setAccessibleName(CIPEdit::tr("Part %1 of 4 of the address").arg(i + 1));
         fields[i]->installEventFilter(pEdit);
     }
     pMark = new QLabel(pEdit);
@@ -150,9 +150,9 @@ QString CIPEdit::CPrivate::FindError() const
 {
     quint32 nIP = 0;
     if (!pEdit->GetAddress(nIP)) {
-        return tr("The address is incomplete.");
+        return CIPEdit::tr("The address is incomplete.");
     }
-    return listLimit.contains(nIP) ? tr("This address is in use or reserved.") : QString();
+    return listLimit.contains(nIP) ? CIPEdit::tr("This address is in use or reserved.") : QString();
 }
 
 void CIPEdit::CPrivate::UpdateError()
@@ -177,7 +177,7 @@ CIPEdit::CIPEdit(QWidget* parent) : QWidget(parent), d(new CPrivate(this))
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusProxy(d->fields[0]);
-    setAccessibleName(tr("IP address"));
+    setAccessibleName(CIPEdit::tr("IP address"));
     d->InitLayout();
     d->SetConnection();
 }

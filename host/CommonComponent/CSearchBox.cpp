@@ -70,9 +70,9 @@ void CSearchBox::CPrivate::SetConnection(CSearchBox* pBox)
 
 void CSearchBox::CPrivate::UpdateText()
 {
-    pEdit->setPlaceholderText(tr("Search"));
-    pEdit->setAccessibleName(tr("Search"));
-    pClear->setToolTip(tr("Clear"));
+    pEdit->setPlaceholderText(CSearchBox::tr("Search"));
+    pEdit->setAccessibleName(CSearchBox::tr("Search"));
+    pClear->setToolTip(CSearchBox::tr("Clear"));
 }
 
 CSearchBox::CSearchBox(QWidget* parent, bool bBorder) : QWidget(parent), d(new CPrivate(this))

@@ -4,10 +4,12 @@
 #include <QCursor>
 #include <QEvent>
 #include <QScreen>
+#include <QToolTip>
 
 namespace
 {
-constexpr int MAXIMUM_WIDTH = 400;
+constexpr int MAXIMUM_WIDTH = 480;
+constexpr int MARGIN = 4;
 constexpr int BASE_MILLISECONDS = 10000;
 constexpr int MILLISECONDS_PER_CHARACTER = 40;
 constexpr int LONG_TEXT = 100; ///< characters from which on a text is given more time
@@ -134,7 +136,10 @@ void CToolTipControl::CreateWindow(QWidget* pParent)
     pWindow->setObjectName(QStringLiteral("ToolTip"));
     pWindow->setAttribute(Qt::WA_ShowWithoutActivating);
     pWindow->setTextFormat(Qt::PlainText); // names come from devices and are no markup
-    pWindow->setMargin(4);
+    pWindow->setFont(QToolTip::font());
+    pWindow->setPalette(QToolTip::palette());
+    pWindow->setFrameStyle(QFrame::Box | QFrame::Plain);
+    pWindow->setMargin(MARGIN);
 }
 
 void CToolTipControl::DestroyWindow()

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+class CComboBox;
+
+/// What assistive programs see of a CComboBox: a combo box whose value is the selected entry.
+class CComboBoxAccess : public QAccessibleWidget
+{
+public:
+    /// Tells Qt about this class, once a process.
+    static void Install();
+
+    explicit CComboBoxAccess(CComboBox* pOwner);
+
+    QString text(QAccessible::Text kind) const override;
+    QAccessible::State state() const override;
+    QStringList actionNames() const override;
+    void doAction(const QString& strAction) override;
+
+private:
+    CComboBox* pBox; ///< owner of this object
+};
