@@ -27,9 +27,16 @@ bool HasWindowOpacity()
     return listPlatform.contains(QGuiApplication::platformName());
 }
 
-bool IsAcceptsTab(const QWidget* pWidget)
+bool IsDialogButton(const QWidget* pWidget)
 {
-    return pWidget->focusPolicy() & Qt::TabFocus;
+    return pWidget->property("DialogButton").toBool();
+}
+
+/// Also before the dialog is shown, when all of its children still count as hidden.
+bool TakesTab(const QWidget* pWidget)
+{
+    const bool bPutAway = pWidget->testAttribute(Qt::WA_WState_ExplicitShowHide) && pWidget->isHidden();
+    return (pWidget->focusPolicy() & Qt::TabFocus) && pWidget->isEnabled() && !bPutAway;
 }
 } // namespace
 
@@ -102,8 +109,7 @@ void CBaseDialog::CPrivate::MoveButtonsToTabEnd()
 {
     QWidget* pLast = pDialog;
     for (QWidget* pNext = pDialog->nextInFocusChain(); pNext != pDialog; pNext = pNext->nextInFocusChain()) {
-        const bool bButton = pNext->property("DialogButton").toBool();
-        if (!bButton && pDialog->isAncestorOf(pNext)) {
+        if (!IsDialogButton(pNext) && pDialog->isAncestorOf(pNext)) {
             pLast = pNext;
         }
     }
@@ -118,11 +124,16 @@ void CBaseDialog::CPrivate::FocusContents()
     if (pDialog->focusWidget()) {
         return;
     }
+    // Not simply the first in the chain: a ring that is right already starts anywhere, also at the buttons.
+    QWidget* pFirst = nullptr;
     for (QWidget* pNext = pDialog->nextInFocusChain(); pNext != pDialog; pNext = pNext->nextInFocusChain()) {
-        if (IsAcceptsTab(pNext) && pNext->isEnabled() && pNext->isVisibleTo(pDialog)) {
-            pNext->setFocus(Qt::TabFocusReason);
-            return;
+        const bool bBetter = !pFirst || (IsDialogButton(pFirst) && !IsDialogButton(pNext));
+        if (TakesTab(pNext) && bBetter) {
+            pFirst = pNext;
         }
+    }
+    if (pFirst) {
+        pFirst->setFocus(Qt::TabFocusReason);
     }
 }
 

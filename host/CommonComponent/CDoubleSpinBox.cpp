@@ -1,9 +1,20 @@
 #include "interfaces/widgets/CDoubleSpinBox.h"
 
+#include <QWheelEvent>
+
 CDoubleSpinBox::CDoubleSpinBox(QWidget* parent) : QDoubleSpinBox(parent)
 {
-    // A wheel that scrolls past must not change the number; only one that the user gave the focus does.
+    // Not by the wheel: a wheel that scrolls past must not change the number.
     setFocusPolicy(Qt::StrongFocus);
 }
 
 CDoubleSpinBox::~CDoubleSpinBox() = default;
+
+void CDoubleSpinBox::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus()) {
+        QDoubleSpinBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}

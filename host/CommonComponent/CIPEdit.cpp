@@ -32,7 +32,7 @@ public:
     void ConnectField(int nField);
     void SetAddress(quint32 nIP);
     void GoTo(int nField, int nDirection);
-    void GoNext(int nField);
+    void GoNext(int nField, bool bByDot);
     void Erase(int nField, int nDirection);
     void CopyAddress() const;
     QString FindError() const;
@@ -90,7 +90,8 @@ void CIPEdit::CPrivate::ConnectField(int nField)
 {
     const CIPField* pField = fields[nField];
     connect(pField, &QLineEdit::textChanged, pEdit, [this] { UpdateError(); });
-    connect(pField, &CIPField::SignalNext, pEdit, [this, nField] { GoNext(nField); });
+    connect(pField, &CIPField::SignalDot, pEdit, [this, nField] { GoNext(nField, true); });
+    connect(pField, &CIPField::SignalFull, pEdit, [this, nField] { GoNext(nField, false); });
     connect(pField, &CIPField::SignalStep, pEdit, [this, nField](int nDirection) { GoTo(nField, nDirection); });
     connect(pField, &CIPField::SignalErase, pEdit, [this, nField](int nDirection) { Erase(nField, nDirection); });
     connect(pField, &CIPField::SignalPasteAddress, pEdit, [this](quint32 nIP) {
@@ -120,11 +121,17 @@ void CIPEdit::CPrivate::GoTo(int nField, int nDirection)
     }
 }
 
-void CIPEdit::CPrivate::GoNext(int nField)
+void CIPEdit::CPrivate::GoNext(int nField, bool bByDot)
 {
-    if (nField + 1 < FIELDS) {
-        fields[nField + 1]->setFocus();
-        fields[nField + 1]->selectAll();
+    if (nField + 1 == FIELDS) {
+        return;
+    }
+    CIPField* pNext = fields[nField + 1];
+    if (bByDot) {
+        pNext->setFocus();
+        pNext->selectAll();
+    } else {
+        pNext->EnterAfterDigits();
     }
 }
 
@@ -177,6 +184,7 @@ CIPEdit::CIPEdit(QWidget* parent) : QWidget(parent), d(new CPrivate(this))
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusProxy(d->fields[0]);
+    setFocusPolicy(Qt::StrongFocus); // a label gives its focus only to a buddy that takes it
     setAccessibleName(CIPEdit::tr("IP address"));
     d->InitLayout();
     d->SetConnection();

@@ -55,26 +55,40 @@ void CIPField::SetValue(quint32 nValue)
     setText(QString::number(nValue));
 }
 
+void CIPField::EnterAfterDigits()
+{
+    setFocus();
+    selectAll();
+    bEnteredByDigits = true;
+}
+
 void CIPField::keyPressEvent(QKeyEvent* event)
 {
-    if (DealClipboardKey(event)) {
-        return;
-    }
     const bool bPlain = !(event->modifiers() & ~Qt::KeypadModifier);
     if (bPlain && event->text() == QLatin1String(".")) {
-        if (!text().isEmpty()) {
-            emit SignalNext();
-        }
-        return;
+        DealDot();
+    } else if (!DealClipboardKey(event) && !(bPlain && DealMoveKey(event->key()))) {
+        DealTyping(event);
     }
-    if (bPlain && DealMoveKey(event->key())) {
-        return;
+}
+
+void CIPField::DealDot()
+{
+    const bool bHabit = bEnteredByDigits;
+    bEnteredByDigits = false;
+    if (!bHabit && !text().isEmpty()) {
+        emit SignalDot();
     }
+}
+
+void CIPField::DealTyping(QKeyEvent* event)
+{
+    bEnteredByDigits = false;
     const QString strBefore = text();
     QLineEdit::keyPressEvent(event);
     const bool bTyped = !event->text().isEmpty() && event->text().at(0).isDigit() && text() != strBefore;
     if (bTyped && text().size() == DIGITS && IsAtEnd()) {
-        emit SignalNext();
+        emit SignalFull();
     }
 }
 
@@ -107,9 +121,12 @@ bool CIPField::DealMoveKey(int nKey)
 void CIPField::contextMenuEvent(QContextMenuEvent* event)
 {
     const QPointer<QMenu> pMenu = createStandardContextMenu();
-    if (auto* pPaste = pMenu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
-        pPaste->disconnect();
-        connect(pPaste, &QAction::triggered, this, [this] { PasteText(QGuiApplication::clipboard()->text()); });
+    const QList<QAction*> listAction = pMenu->actions();
+    for (QAction* pAction : listAction) {
+        if (pAction->text().startsWith(QLineEdit::tr("&Paste"))) {
+            pAction->disconnect(this);
+            connect(pAction, &QAction::triggered, this, [this] { PasteText(QGuiApplication::clipboard()->text()); });
+        }
     }
     pMenu->setAttribute(Qt::WA_DeleteOnClose);
     pMenu->popup(event->globalPos());
@@ -127,6 +144,7 @@ void CIPField::mouseReleaseEvent(QMouseEvent* event)
 
 void CIPField::focusOutEvent(QFocusEvent* event)
 {
+    bEnteredByDigits = false;
     // Leading zeros are fine to type, but would be read as octal elsewhere.
     quint32 nValue = 0;
     if (GetValue(nValue) && text() != QString::number(nValue)) {

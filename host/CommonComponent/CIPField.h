@@ -15,9 +15,14 @@ public:
     bool GetValue(quint32& nValue) const;
     void SetValue(quint32 nValue);
 
+    /// Takes the focus with its number selected, after the place before was filled up. A dot that the user
+    /// types out of habit then belongs to that place and does nothing.
+    void EnterAfterDigits();
+
 signals:
-    /// The user is through with this place: by the dot, or by its third digit.
-    void SignalNext();
+    /// The user is through with this place, by the dot or by its third digit.
+    void SignalDot();
+    void SignalFull();
     /// The cursor leaves to the left (-1) or to the right (1).
     void SignalStep(int nDirection);
     /// Backspace at the left end (-1) or Delete at the right end (1): a digit of the neighbour goes.
@@ -36,7 +41,11 @@ protected:
 private:
     bool DealClipboardKey(QKeyEvent* event);
     bool DealMoveKey(int nKey);
+    void DealDot();
+    void DealTyping(QKeyEvent* event);
     void PasteText(const QString& strText);
     bool IsAtEnd() const;
     bool IsAtStart() const;
+
+    bool bEnteredByDigits = false; ///< nothing was typed since EnterAfterDigits
 };

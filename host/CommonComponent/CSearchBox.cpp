@@ -82,6 +82,7 @@ CSearchBox::CSearchBox(QWidget* parent, bool bBorder) : QWidget(parent), d(new C
     setMinimumHeight(MINIMUM_HEIGHT);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusProxy(d->pEdit);
+    setFocusPolicy(Qt::StrongFocus); // a label gives its focus only to a buddy that takes it
     d->pEdit->installEventFilter(this);
     d->InitLayout(this);
     d->SetConnection(this);

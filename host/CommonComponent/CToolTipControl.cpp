@@ -132,7 +132,8 @@ void CToolTipControl::CreateWindow(QWidget* pParent)
         return;
     }
     DestroyWindow();
-    pWindow = new QLabel(pParent, Qt::ToolTip | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
+    pWindow = new QLabel(pParent,
+                         Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus);
     pWindow->setObjectName(QStringLiteral("ToolTip"));
     pWindow->setAttribute(Qt::WA_ShowWithoutActivating);
     pWindow->setTextFormat(Qt::PlainText); // names come from devices and are no markup

@@ -4,7 +4,7 @@
 
 #include <QDoubleSpinBox>
 
-/// A spin box in the look of the host.
+/// A spin box in the look of the host. The wheel moves it only while it has the focus.
 class COMMONCOMPONENT_EXPORT CDoubleSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -12,4 +12,7 @@ class COMMONCOMPONENT_EXPORT CDoubleSpinBox : public QDoubleSpinBox
 public:
     explicit CDoubleSpinBox(QWidget* parent);
     ~CDoubleSpinBox() override;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
 };

@@ -1,0 +1,413 @@
+#include "TestMain.h"
+#include "interfaces/widgets/CComboBox.h"
+#include "interfaces/widgets/CMenu.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+/// CMenu and the CComboBox that opens one. Each test has a box with the entries Alpha (1), Beta (2) and
+/// Gamma (3) in an active window of its own.
+class CMenusAndBoxesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void menuIsAtLeastAsWideAsAskedFor_data();
+    void menuIsAtLeastAsWideAsAskedFor();
+    void minimumWidthCountsAfterTheFirstOpening();
+    void openMenuMarksItsControlWidget();
+    void markMovesWithTheControlWidgetAndEndsWithTheMenu();
+    void controlWidgetMayDieFirst();
+
+    void newBoxHasNothingSelected();
+    void selectionByIdIsSilentUnlessAskedFor_data();
+    void selectionByIdIsSilentUnlessAskedFor();
+    void hiddenEntryStaysSelected();
+    void boxWithoutAMenuBearsEverything();
+    void clickOpensTheMenuBelowTheBox();
+    void menuIsAsWideAsTheBoxWhenAskedFor_data();
+    void menuIsAsWideAsTheBoxWhenAskedFor();
+    void keysOpenTheMenu_data();
+    void keysOpenTheMenu();
+    void menuOpensOnTheSelectedEntry();
+    void choiceInTheMenuIsToldOnce();
+    void sameChoiceAgainIsNotTold();
+    void escapeInTheMenuChangesNothing();
+    void keysChooseWithoutTheMenu_data();
+    void keysChooseWithoutTheMenu();
+    void hiddenAndDisabledEntriesAreSkipped();
+    void disabledBoxTakesNoInput();
+    void returnIsLeftToTheDialog();
+    void changedTextOfTheEntryShows();
+    void hintHasRoomForTheLongestEntry();
+    void assistiveProgramsSeeAComboBox();
+    void otherMenuForgetsTheSelection();
+
+private:
+    CMenu* MakeMenu();
+    CMenu* OpenMenu() const;
+
+    std::unique_ptr<QWidget> pWindow;
+    CComboBox* pBox = nullptr;
+    CMenu* pMenu = nullptr;
+};
+
+void CMenusAndBoxesTest::init()
+{
+    pWindow = std::make_unique<QWidget>();
+    pBox = new CComboBox(pWindow.get());
+    auto* pLayout = new QHBoxLayout(pWindow.get());
+    pLayout->addWidget(pBox);
+    pMenu = MakeMenu();
+    pBox->SetMenu(pMenu, false);
+    pWindow->show();
+    pWindow->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(pWindow.get()));
+    pBox->setFocus();
+    QTRY_VERIFY(pBox->hasFocus());
+}
+
+void CMenusAndBoxesTest::cleanup()
+{
+    pWindow.reset();
+}
+
+CMenu* CMenusAndBoxesTest::MakeMenu()
+{
+    auto* pNew = new CMenu(pWindow.get());
+    int nId = 0;
+    for (const char* szText : { "Alpha", "Beta", "Gamma" }) {
+        pNew->addAction(QLatin1String(szText))->setData(++nId);
+    }
+    return pNew;
+}
+
+CMenu* CMenusAndBoxesTest::OpenMenu() const
+{
+    return qobject_cast<CMenu*>(QApplication::activePopupWidget());
+}
+
+void CMenusAndBoxesTest::menuIsAtLeastAsWideAsAskedFor_data()
+{
+    QTest::addColumn<int>("nAsked");
+    QTest::addColumn<bool>("bExact");
+    QTest::newRow("wider than its entries") << 180 << true;
+    QTest::newRow("narrower than its entries") << 10 << false;
+}
+
+void CMenusAndBoxesTest::menuIsAtLeastAsWideAsAskedFor()
+{
+    QFETCH(int, nAsked);
+    QFETCH(bool, bExact);
+    pMenu->setMinimumWidth(nAsked);
+    pMenu->popup(QPoint(10, 10));
+    QCOMPARE(pMenu->minimumWidth(), nAsked);
+    QCOMPARE(pMenu->width() == nAsked, bExact);
+    QVERIFY(pMenu->width() > pMenu->fontMetrics().horizontalAdvance(QStringLiteral("Gamma")));
+    const QRect rcEntry = pMenu->actionGeometry(pMenu->actions().first());
+    QVERIFY(rcEntry.width() > pMenu->width() - 10 && rcEntry.width() <= pMenu->width());
+}
+
+void CMenusAndBoxesTest::minimumWidthCountsAfterTheFirstOpening()
+{
+    pMenu->popup(QPoint(10, 10));
+    pMenu->close();
+    pMenu->setMinimumWidth(222);
+    pMenu->popup(QPoint(10, 10));
+    QCOMPARE(pMenu->width(), 222);
+    QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() > 200);
+}
+
+void CMenusAndBoxesTest::openMenuMarksItsControlWidget()
+{
+    QPushButton button(pWindow.get());
+    pMenu->SetControlWidget(&button);
+    QVERIFY(!button.property("MenuOpen").toBool());
+    pMenu->popup(QPoint(10, 10));
+    QVERIFY(button.property("MenuOpen").toBool());
+    pMenu->close();
+    QVERIFY(!button.property("MenuOpen").toBool());
+}
+
+void CMenusAndBoxesTest::markMovesWithTheControlWidgetAndEndsWithTheMenu()
+{
+    QPushButton first(pWindow.get());
+    QPushButton second(pWindow.get());
+    auto pOwn = std::make_unique<CMenu>(nullptr);
+    pOwn->addAction(QStringLiteral("entry"));
+    pOwn->SetControlWidget(&first);
+    pOwn->popup(QPoint(10, 10));
+    pOwn->SetControlWidget(&second);
+    QVERIFY(!first.property("MenuOpen").toBool());
+    QVERIFY(second.property("MenuOpen").toBool());
+    pOwn.reset();
+    QVERIFY(!second.property("MenuOpen").toBool());
+}
+
+void CMenusAndBoxesTest::controlWidgetMayDieFirst()
+{
+    auto pButton = std::make_unique<QPushButton>();
+    pMenu->SetControlWidget(pButton.get());
+    pMenu->popup(QPoint(10, 10));
+    pButton.reset();
+    pMenu->close();
+    QVERIFY(!pMenu->isVisible());
+}
+
+void CMenusAndBoxesTest::newBoxHasNothingSelected()
+{
+    QVERIFY(!pBox->GetCurSelData().isValid());
+    QVERIFY(pBox->GetCurSelText().isEmpty());
+}
+
+void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor_data()
+{
+    QTest::addColumn<QVariant>("id");
+    QTest::addColumn<bool>("bNotify");
+    QTest::addColumn<int>("nSelected");
+    QTest::addColumn<int>("nTold");
+    QTest::newRow("silent") << QVariant(2) << false << 2 << 0;
+    QTest::newRow("told") << QVariant(2) << true << 2 << 1;
+    QTest::newRow("the same again") << QVariant(3) << true << 3 << 0;
+    QTest::newRow("unknown") << QVariant(9) << true << 3 << 0;
+    QTest::newRow("invalid") << QVariant() << true << 3 << 0;
+}
+
+void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor()
+{
+    QFETCH(QVariant, id);
+    QFETCH(bool, bNotify);
+    pBox->SetCurrentByID(3, false);
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    pBox->SetCurrentByID(id, bNotify);
+    QTEST(pBox->GetCurSelData().toInt(), "nSelected");
+    QTEST(spy.size(), "nTold");
+}
+
+void CMenusAndBoxesTest::hiddenEntryStaysSelected()
+{
+    pBox->SetCurrentByID(1, false);
+    pBox->SetActionVisible(1, false);
+    QCOMPARE(pBox->GetCurSelData(), QVariant(1));
+    QVERIFY(!pMenu->actions().first()->isVisible());
+    pBox->SetActionVisible(1, true);
+    QVERIFY(pMenu->actions().first()->isVisible());
+    pBox->SetActionVisible(9, false);
+    QCOMPARE(pBox->GetCurSelText(), QStringLiteral("Alpha"));
+}
+
+void CMenusAndBoxesTest::boxWithoutAMenuBearsEverything()
+{
+    CComboBox box(nullptr);
+    box.SetCurrentByID(1, true);
+    box.SetActionVisible(1, false);
+    QTest::keyClick(&box, Qt::Key_Down);
+    QTest::keyClick(&box, Qt::Key_F4);
+    QTest::mouseClick(&box, Qt::LeftButton);
+    QVERIFY(!OpenMenu());
+    QVERIFY(!box.GetCurSelData().isValid());
+    QVERIFY(!box.grab().isNull());
+}
+
+void CMenusAndBoxesTest::clickOpensTheMenuBelowTheBox()
+{
+    QTest::mouseClick(pBox, Qt::LeftButton);
+    QTRY_COMPARE(OpenMenu(), pMenu);
+    QCOMPARE(pMenu->pos(), pBox->mapToGlobal(QPoint(0, pBox->height())));
+    QVERIFY(pBox->property("MenuOpen").toBool());
+    pMenu->close();
+    QVERIFY(!pBox->property("MenuOpen").toBool());
+    QTest::mouseClick(pBox, Qt::RightButton);
+    QVERIFY(!OpenMenu());
+}
+
+void CMenusAndBoxesTest::menuIsAsWideAsTheBoxWhenAskedFor_data()
+{
+    QTest::addColumn<bool>("bMatch");
+    QTest::newRow("as wide as the box") << true;
+    QTest::newRow("as wide as its entries") << false;
+}
+
+void CMenusAndBoxesTest::menuIsAsWideAsTheBoxWhenAskedFor()
+{
+    QFETCH(bool, bMatch);
+    pBox->SetMenu(pMenu, bMatch);
+    pBox->setFixedWidth(300);
+    QTRY_COMPARE(pBox->width(), 300);
+    QTest::keyClick(pBox, Qt::Key_F4);
+    QTRY_VERIFY(OpenMenu());
+    QCOMPARE(pMenu->width() == 300, bMatch);
+    pMenu->close();
+}
+
+void CMenusAndBoxesTest::keysOpenTheMenu_data()
+{
+    QTest::addColumn<int>("nKey");
+    QTest::addColumn<bool>("bAlt");
+    QTest::newRow("space") << int(Qt::Key_Space) << false;
+    QTest::newRow("F4") << int(Qt::Key_F4) << false;
+    QTest::newRow("Alt+Down") << int(Qt::Key_Down) << true;
+    QTest::newRow("Alt+Up") << int(Qt::Key_Up) << true;
+}
+
+void CMenusAndBoxesTest::keysOpenTheMenu()
+{
+    QFETCH(int, nKey);
+    QFETCH(bool, bAlt);
+    QTest::keyClick(pBox, Qt::Key(nKey), bAlt ? Qt::AltModifier : Qt::NoModifier);
+    QTRY_COMPARE(OpenMenu(), pMenu);
+    QVERIFY(!pBox->GetCurSelData().isValid());
+    pMenu->close();
+}
+
+void CMenusAndBoxesTest::menuOpensOnTheSelectedEntry()
+{
+    pBox->SetCurrentByID(2, false);
+    QTest::keyClick(pBox, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu());
+    QCOMPARE(pMenu->activeAction()->data(), QVariant(2));
+    pMenu->close();
+}
+
+void CMenusAndBoxesTest::choiceInTheMenuIsToldOnce()
+{
+    pBox->SetCurrentByID(1, false);
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    QTest::mouseClick(pBox, Qt::LeftButton);
+    QTRY_VERIFY(OpenMenu());
+    QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pMenu->actions().at(2)).center());
+    QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{ { QVariant(3) } });
+    QCOMPARE(pBox->GetCurSelText(), QStringLiteral("Gamma"));
+}
+
+void CMenusAndBoxesTest::sameChoiceAgainIsNotTold()
+{
+    pBox->SetCurrentByID(2, false);
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    QTest::keyClick(pBox, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu());
+    QTest::keyClick(pMenu, Qt::Key_Return);
+    QVERIFY(!OpenMenu());
+    QVERIFY(spy.isEmpty());
+}
+
+void CMenusAndBoxesTest::escapeInTheMenuChangesNothing()
+{
+    pBox->SetCurrentByID(1, false);
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    QTest::keyClick(pBox, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu());
+    QTest::keyClick(pMenu, Qt::Key_Down);
+    QTest::keyClick(pMenu, Qt::Key_Escape);
+    QVERIFY(!OpenMenu());
+    QVERIFY(spy.isEmpty());
+    QCOMPARE(pBox->GetCurSelData(), QVariant(1));
+}
+
+void CMenusAndBoxesTest::keysChooseWithoutTheMenu_data()
+{
+    QTest::addColumn<int>("nFrom");
+    QTest::addColumn<int>("nKey");
+    QTest::addColumn<int>("nTo");
+    QTest::newRow("down") << 1 << int(Qt::Key_Down) << 2;
+    QTest::newRow("down at the end") << 3 << int(Qt::Key_Down) << 3;
+    QTest::newRow("down from nothing") << 0 << int(Qt::Key_Down) << 1;
+    QTest::newRow("up") << 3 << int(Qt::Key_Up) << 2;
+    QTest::newRow("up at the start") << 1 << int(Qt::Key_Up) << 1;
+    QTest::newRow("home") << 3 << int(Qt::Key_Home) << 1;
+    QTest::newRow("end") << 1 << int(Qt::Key_End) << 3;
+    QTest::newRow("first letter") << 1 << int(Qt::Key_G) << 3;
+    QTest::newRow("letter of none") << 1 << int(Qt::Key_X) << 1;
+}
+
+void CMenusAndBoxesTest::keysChooseWithoutTheMenu()
+{
+    QFETCH(int, nFrom);
+    QFETCH(int, nKey);
+    QFETCH(int, nTo);
+    pBox->SetCurrentByID(nFrom, false);
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    QTest::keyClick(pBox, Qt::Key(nKey));
+    QCOMPARE(pBox->GetCurSelData().toInt(), nTo);
+    QCOMPARE(spy.size(), nFrom == nTo ? 0 : 1);
+}
+
+void CMenusAndBoxesTest::hiddenAndDisabledEntriesAreSkipped()
+{
+    pMenu->addSeparator();
+    pMenu->addAction(QStringLiteral("Delta"))->setData(4);
+    pBox->SetActionVisible(2, false);
+    pMenu->actions().at(2)->setEnabled(false);
+    pBox->SetCurrentByID(1, false);
+    QTest::keyClick(pBox, Qt::Key_Down);
+    QCOMPARE(pBox->GetCurSelData(), QVariant(4));
+}
+
+void CMenusAndBoxesTest::disabledBoxTakesNoInput()
+{
+    pBox->SetCurrentByID(1, false);
+    pBox->setEnabled(false);
+    QTest::keyClick(pBox, Qt::Key_Down);
+    QTest::mouseClick(pBox, Qt::LeftButton);
+    QVERIFY(!OpenMenu());
+    QCOMPARE(pBox->GetCurSelData(), QVariant(1));
+}
+
+void CMenusAndBoxesTest::returnIsLeftToTheDialog()
+{
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(pBox, &event);
+    QVERIFY(!event.isAccepted());
+}
+
+void CMenusAndBoxesTest::changedTextOfTheEntryShows()
+{
+    pBox->SetCurrentByID(1, false);
+    const QImage before = pBox->grab().toImage();
+    pMenu->actions().first()->setText(QStringLiteral("A&nother"));
+    QCOMPARE(pBox->GetCurSelText(), QStringLiteral("Another"));
+    QVERIFY(pBox->grab().toImage() != before);
+}
+
+void CMenusAndBoxesTest::hintHasRoomForTheLongestEntry()
+{
+    const QString strLong = QStringLiteral("an entry that is longer than all the others");
+    pMenu->addAction(strLong);
+    QVERIFY(pBox->sizeHint().width() > pBox->fontMetrics().horizontalAdvance(strLong));
+}
+
+void CMenusAndBoxesTest::assistiveProgramsSeeAComboBox()
+{
+    pBox->SetCurrentByID(2, false);
+    pBox->setAccessibleName(QStringLiteral("Output"));
+    QAccessibleInterface* pAccess = QAccessible::queryAccessibleInterface(pBox);
+    QVERIFY(pAccess);
+    QCOMPARE(pAccess->role(), QAccessible::ComboBox);
+    QCOMPARE(pAccess->text(QAccessible::Name), QStringLiteral("Output"));
+    QCOMPARE(pAccess->text(QAccessible::Value), QStringLiteral("Beta"));
+    QVERIFY(pAccess->state().hasPopup);
+    pAccess->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QTRY_COMPARE(OpenMenu(), pMenu);
+    QVERIFY(pAccess->state().expanded);
+    pMenu->close();
+}
+
+void CMenusAndBoxesTest::otherMenuForgetsTheSelection()
+{
+    pBox->SetCurrentByID(2, false);
+    CMenu* pOther = MakeMenu();
+    pBox->SetMenu(pOther, false);
+    QVERIFY(!pBox->GetCurSelData().isValid());
+    QSignalSpy spy(pBox, &CComboBox::SelectChanged);
+    pMenu->actions().first()->trigger();
+    QVERIFY(spy.isEmpty());
+    pOther->actions().first()->trigger();
+    QCOMPARE(spy.size(), 1);
+}
+
+PTV_TEST_MAIN(CMenusAndBoxesTest)
+#include "tst_menusandboxes.moc"
