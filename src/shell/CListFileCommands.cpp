@@ -97,17 +97,20 @@ void CListFileCommands::TellImportFailed(int nResult)
 {
     switch (nResult) {
     case ResultInvalidFile:
-        return Tell(CProcessorTreeView::tr("Cannot import file"),
-                    CProcessorTreeView::tr("The currently imported file is invalid."));
+        Tell(CProcessorTreeView::tr("Cannot import file"), CProcessorTreeView::tr("The currently imported file is invalid."));
+        break;
     case ResultOverwriteFailed:
-        return Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Overwrite failed."));
+        Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Overwrite failed."));
+        break;
     case ResultCopyFailed:
-        return Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Copy failed."));
+        Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Copy failed."));
+        break;
     case ResultTooManyProcessors:
-        return Tell(CProcessorTreeView::tr("Cannot import file"),
-                    CProcessorTreeView::tr("The number of processors involved exceeds the limit."));
+        Tell(CProcessorTreeView::tr("Cannot import file"),
+             CProcessorTreeView::tr("The number of processors involved exceeds the limit."));
+        break;
     default:
-        return;
+        break;
     }
 }
 

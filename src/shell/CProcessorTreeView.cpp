@@ -3,21 +3,19 @@
 #include "data/CProcessorTreeData.h"
 #include "data/CProcessorTreeThread.h"
 #include "interfaces/control/CorvidControl.h"
-#include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
-#include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CSearchBox.h"
 #include "interfaces/widgets/CSeperator.h"
 #include "shell/CAddCommands.h"
 #include "shell/CListFileCommands.h"
+#include "shell/SavedList.h"
 #include "shell/WindowTitle.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
 
 #include <QButtonGroup>
 #include <QEvent>
-#include <QFile>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -43,9 +41,6 @@ constexpr int nRightMargin = 1;
 constexpr int nHeaderSpacing = 2;
 constexpr int nSearchSpacing = 4;
 constexpr int nSearchMargin = 8;
-
-/// What ExportList answers when the file that it left is worth nothing.
-constexpr int nExportWorthless = 1;
 
 void InitTab(QPushButton* pTab, const QString& strPosition)
 {
@@ -126,19 +121,25 @@ void CProcessorTreeView::DealToolBarButton(int id)
 {
     switch (id) {
     case ToolBarAddGroup:
-        return CAddCommands(this).AddGroup();
+        CAddCommands(this).AddGroup();
+        break;
     case ToolBarAddProcessor:
-        return Add();
+        Add();
+        break;
     case ToolBarDelete:
-        return DeleteNodes();
+        DeleteNodes();
+        break;
     case ToolBarSearch:
-        return ShowSearch();
+        ShowSearch();
+        break;
     case ToolBarImport:
-        return CListFileCommands(this).Import();
+        CListFileCommands(this).Import();
+        break;
     case ToolBarExport:
-        return CListFileCommands(this).Export();
+        CListFileCommands(this).Export();
+        break;
     default:
-        return;
+        break;
     }
 }
 
@@ -302,15 +303,6 @@ void CProcessorTreeView::StopWorker()
     pWorker->ThreadExit();
     pThread->quit();
     pThread->wait();
-}
-
-void CProcessorTreeView::SaveList()
-{
-    const QString strPath = g_pConfigControl->GetListFilePath();
-    if (g_pPrcListControl->ExportList(strPath, 0) != nExportWorthless)
-        return;
-    QFile::setPermissions(strPath, QFileDevice::ReadOther | QFileDevice::WriteOther);
-    QFile::remove(strPath);
 }
 
 CProcessorTree* CProcessorTreeView::GetCurrentTree() const

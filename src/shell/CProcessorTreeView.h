@@ -85,7 +85,6 @@ private:
     void UpdateText();
     void StartWorker();
     void StopWorker();
-    void SaveList();
 
     CProcessorTree* GetCurrentTree() const;
     void DealButtonChanged();
