@@ -62,6 +62,7 @@ private slots:
     void cleanup();
 
     void theDialogHasItsTitleWidthAndButtons();
+    void theWindowBehindIsDimmedWhileTheDialogIsOpen();
     void theTitleIsTranslatedTheLabelIsNot();
     void theFieldStandsBesideItsLabel();
     void theLabelLeadsToTheField();
@@ -111,6 +112,18 @@ void CAddProcessorDlgTest::theDialogHasItsTitleWidthAndButtons()
     QVERIFY(!(dlg.windowFlags() & Qt::WindowStaysOnTopHint));
     QVERIFY(AcceptButton(dlg)->isDefault());
     QVERIFY(dlg.findChild<QPushButton*>(QStringLiteral("DialogReject")));
+}
+
+void CAddProcessorDlgTest::theWindowBehindIsDimmedWhileTheDialogIsOpen()
+{
+    CAddProcessorDlg dlg(pHost.data());
+    QVERIFY(!pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+
+    dlg.show();
+    QVERIFY(pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+
+    dlg.reject();
+    QVERIFY(!pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
 }
 
 void CAddProcessorDlgTest::theTitleIsTranslatedTheLabelIsNot()

@@ -120,6 +120,7 @@ void CAddSimulatorDlgTest::theDialogHasItsTitleWidthAndButtons()
     QCOMPARE(dlg.width(), 248);
     QCOMPARE(dlg.minimumSize(), dlg.maximumSize());
     QVERIFY(!(dlg.windowFlags() & Qt::WindowStaysOnTopHint));
+    QVERIFY(pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
     QVERIFY(dlg.findChild<QPushButton*>(QStringLiteral("DialogAccept"))->isDefault());
     QVERIFY(dlg.findChild<QPushButton*>(QStringLiteral("DialogReject")));
 }

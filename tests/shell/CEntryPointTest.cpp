@@ -1,13 +1,13 @@
 #include "CFreshStore.h"
+#include "CPrcBasicControlStub.h"
 #include "TestMain.h"
 #include "double/CControlDouble.h"
-#include "interfaces/control/CorvidControl.h"
-#include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 #include "shell/CProcessorTreeView.h"
 
 #include <cstring>
+#include <stdexcept>
 
 namespace
 {
@@ -25,33 +25,12 @@ public:
 };
 
 /// A control object to which nothing can be attached.
-class CFailingBasicControl final : public IPrcBasicControl
+class CFailingBasicControl final : public CPrcBasicControlStub
 {
 public:
     void Attach(CObserver*) override
     {
         throw std::runtime_error("no room for an observer");
-    }
-    void Detach(CObserver*) override { }
-    void RefreshProcessors() override { }
-    void AddSimulators(SSimulatorRequest) override { }
-    void AddProcessor(quint32) override { }
-    void RenameProcessor(QUuid, QString) override { }
-    QString GetTypeName(qint32) override
-    {
-        return QString();
-    }
-    SLocalAddress GetLocalAddress() override
-    {
-        return SLocalAddress();
-    }
-    bool IsListLocked() override
-    {
-        return false;
-    }
-    bool IsRefreshBlocked() override
-    {
-        return false;
     }
 };
 
@@ -279,12 +258,10 @@ void CEntryPointTest::whatTheHostThrowsPassesThrough()
 void CEntryPointTest::whatTheConstructionThrowsPassesThroughAndLeavesNothing()
 {
     const int nWidgets = QApplication::allWidgets().size();
-    CFailingBasicControl failing;
-    IPrcBasicControl* pBefore = std::exchange(g_pPrcBasicControl, &failing);
+    const CFailingBasicControl failing;
     ICorvidWidget* pPanel = nullptr;
 
     QVERIFY_EXCEPTION_THROWN(CProcessorTreeView_Init(&pPanel, pHost.data()), std::runtime_error);
-    g_pPrcBasicControl = pBefore;
 
     QVERIFY(!pPanel);
     QCOMPARE(QApplication::allWidgets().size(), nWidgets);

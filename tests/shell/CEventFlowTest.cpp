@@ -127,6 +127,7 @@ private slots:
     void theTitleFollowsTheProject_data();
     void theTitleFollowsTheProject();
     void theTitleIsNotTouchedBeforeAProjectIsKnown();
+    void ofTwoMainWindowsOneIsTitled();
     void withoutAMainWindowNoTitleChanges();
     void storeSignalsAreHandledOnTheGuiThreadInTheOrderOfEmission();
 };
@@ -483,6 +484,17 @@ void CEventFlowTest::theTitleIsNotTouchedBeforeAProjectIsKnown()
     panel.Refresh();
 
     QCOMPARE(window.windowTitle(), QStringLiteral("starting"));
+}
+
+void CEventFlowTest::ofTwoMainWindowsOneIsTitled()
+{
+    CPanel panel;
+    const QMainWindow first;
+    const QMainWindow second;
+
+    panel.Refresh([](SControlAnswers& answers) { answers.strProject = QStringLiteral("Alpha"); });
+
+    QCOMPARE(first.windowTitle() + second.windowTitle(), QStringLiteral("Alpha - Kestrel"));
 }
 
 void CEventFlowTest::withoutAMainWindowNoTitleChanges()

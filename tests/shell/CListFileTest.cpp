@@ -1,6 +1,7 @@
 #include "CDialogDriver.h"
 #include "CMapTranslator.h"
 #include "CPanel.h"
+#include "CPrcBasicControlStub.h"
 #include "TestMain.h"
 #include "TreeText.h"
 #include "shell/CProcessorTreeView.h"
@@ -16,11 +17,23 @@
 #include <QThreadPool>
 #include <QToolButton>
 
+#include <stdexcept>
+
 namespace
 {
 const char szQuestion[] = "Overwrite confirmation: This operation will overwrite the processor list.\nContinue?";
 const char szImported[] = "Import: Import sucessfully.";
 const char szExported[] = "Export: Export sucessfully.";
+
+/// A scan that breaks off.
+class CFailingScan final : public CPrcBasicControlStub
+{
+public:
+    void RefreshProcessors() override
+    {
+        throw std::runtime_error("the network is gone");
+    }
+};
 
 void OneProcessor(SControlAnswers& answers)
 {
@@ -53,6 +66,7 @@ private slots:
     void anImportThatFailsIsToldByItsReason_data();
     void anImportThatFailsIsToldByItsReason();
     void anImportThatFailsStartsNothing();
+    void aScanThatThrowsIsNotToldAndStaysBusy();
     void importLeavesRefreshUsable();
     void importWorksInBothPanes();
     void theExportDialogProposesAName();
@@ -353,6 +367,22 @@ void CListFileTest::anImportThatFailsStartsNothing()
     QCOMPARE(panel.control.CallCount(QStringLiteral("SetBusy")), 0);
     QCOMPARE(panel.control.CallCount(QStringLiteral("RefreshProcessors")), 0);
     QVERIFY(TreeText(panel.Tree()).contains(QStringLiteral("processor alpha")));
+}
+
+void CListFileTest::aScanThatThrowsIsNotToldAndStaysBusy()
+{
+    CPanel panel;
+    CDialogDriver driver;
+    driver.AnswerByFile(CreateFile("site.kvtl"));
+    {
+        const CFailingScan failing;
+        TriggerImport(panel);
+        QVERIFY(WaitForJob(panel));
+    }
+
+    QCOMPARE(driver.Shown(), QStringList("Import..."));
+    QCOMPARE(panel.control.Commands().last(), QStringLiteral("g_pRuntimeControl.SetSelectedNodes([{null}])"));
+    QCOMPARE(panel.control.CallCount(QStringLiteral("SetBusy")), 1);
 }
 
 void CListFileTest::importLeavesRefreshUsable()

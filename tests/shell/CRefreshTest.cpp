@@ -1,8 +1,7 @@
 #include "CPanel.h"
+#include "CPrcBasicControlStub.h"
 #include "TestMain.h"
 #include "TreeText.h"
-#include "interfaces/control/CorvidControl.h"
-#include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "shell/CProcessorTreeView.h"
 #include "tree/CProcessorTree.h"
@@ -13,6 +12,8 @@
 #include <QThreadPool>
 #include <QToolButton>
 
+#include <stdexcept>
+
 namespace
 {
 const char szScan[] = "RefreshProcessors";
@@ -22,6 +23,16 @@ void OneProcessor(SControlAnswers& answers)
     answers.nodeDiscovered = Root({}, { Processor("alpha").Expanded(false) });
     answers.vecDiscoveredSelection = { ProcessorId("alpha") };
 }
+
+/// A scan that breaks off.
+class CFailingScan final : public CPrcBasicControlStub
+{
+public:
+    void RefreshProcessors() override
+    {
+        throw std::runtime_error("the network is gone");
+    }
+};
 
 bool ShowsProcessor(const CPanel& panel, const QString& strName)
 {
@@ -48,6 +59,7 @@ private slots:
     void afterTheScanTheTreeIsRebuiltOnce();
     void theEndGoesHostThenTreeThenButton();
     void anotherScanCanFollow();
+    void aScanThatThrowsLeavesThePanelScanning();
 };
 
 void CRefreshTest::aScanRunsOnThePoolBetweenBusyAndIdle()
@@ -276,6 +288,24 @@ void CRefreshTest::anotherScanCanFollow()
 
     QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
     QCOMPARE(panel.control.CallCount(QString::fromLatin1(szScan)), 3);
+}
+
+void CRefreshTest::aScanThatThrowsLeavesThePanelScanning()
+{
+    CPanel panel;
+    QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
+    {
+        const CFailingScan failing;
+        panel.Click(panel.RefreshButton());
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+    }
+    QCoreApplication::processEvents();
+
+    QCOMPARE(ends.count(), 0);
+    QCOMPARE(panel.control.Commands(), QStringList("g_pRuntimeControl.SetBusy(true)"));
+    QVERIFY(panel.RefreshButton()->signalsBlocked());
+    panel.Refresh(OneProcessor);
+    QVERIFY(!ShowsProcessor(panel, "alpha"));
 }
 
 PTV_TEST_MAIN(CRefreshTest)

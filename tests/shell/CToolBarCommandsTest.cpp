@@ -39,6 +39,9 @@ private slots:
     void numbersWithoutACommandDoNothing_data();
     void numbersWithoutACommandDoNothing();
     void aNewGroupIsAddedAndSelected();
+    void aNewGroupIsEmptyUnfoldedAndWithoutAChief();
+    void eachNewGroupHasItsOwnId();
+    void aCommandIsCarriedOutWhateverTheToolBarOffers();
     void aNewGroupTakesTheLibrarysNumber_data();
     void aNewGroupTakesTheLibrarysNumber();
     void aNewGroupIsNamedInTheUsersLanguage();
@@ -99,6 +102,48 @@ void CToolBarCommandsTest::aNewGroupIsAddedAndSelected()
         panel.control.CallsWithThread(),
         QStringList({ "gui: g_pPrcListControl.GetNextGroupIndex()", "gui: g_pPrcListControl.AddGroup(\"Group 1\", true)",
                       "gui: g_pRuntimeControl.SetSelectedNodes([Group 1])", "gui: g_pRuntimeControl.IsDeleteBlocked(beta)" }));
+}
+
+void CToolBarCommandsTest::aNewGroupIsEmptyUnfoldedAndWithoutAChief()
+{
+    CPanel panel;
+
+    panel.Click(panel.ToolButton("Add group"));
+
+    const SProcessorGroupNode group = panel.control.Answers().listGroupAdded.value(0);
+    QVERIFY(!group.idNode.isNull());
+    QVERIFY(group.bExpanded);
+    QCOMPARE(group.nNodeType, 2);
+    QVERIFY(group.listProcessor.isEmpty());
+    QVERIFY(group.idChief.isNull());
+    QVERIFY(group.setAux.isEmpty());
+    QCOMPARE(panel.control.Answers().vecDiscoveredSelection, std::vector<QUuid>({ group.idNode }));
+}
+
+void CToolBarCommandsTest::eachNewGroupHasItsOwnId()
+{
+    CPanel panel;
+
+    panel.View()->DealToolBarButton(1);
+    panel.View()->DealToolBarButton(1);
+
+    const auto listGroup = panel.control.Answers().listGroupAdded;
+    QCOMPARE(listGroup.size(), 2);
+    QVERIFY(listGroup.at(0).idNode != listGroup.at(1).idNode);
+}
+
+void CToolBarCommandsTest::aCommandIsCarriedOutWhateverTheToolBarOffers()
+{
+    CPanel panel([](SControlAnswers& answers) {
+        for (int i = 0; i < 256; ++i)
+            answers.nodeDiscovered.listGroup.append(Group(QString::number(i)));
+    });
+    panel.Refresh();
+    QVERIFY(!panel.ToolButton("Add group")->isEnabled());
+
+    panel.View()->DealToolBarButton(1);
+
+    QCOMPARE(panel.control.CallCount(QStringLiteral("AddGroup")), 1);
 }
 
 void CToolBarCommandsTest::aNewGroupTakesTheLibrarysNumber_data()

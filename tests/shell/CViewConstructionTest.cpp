@@ -34,19 +34,28 @@ public:
         return listBorn.indexOf(pObject);
     }
 
+    /// The parent that pObject was born to.
+    const QObject* ParentOf(const QObject* pObject) const
+    {
+        return listParent.value(PlaceOf(pObject));
+    }
+
 protected:
-    bool eventFilter(QObject*, QEvent* event) override
+    bool eventFilter(QObject* pParent, QEvent* event) override
     {
         if (event->type() == QEvent::ChildAdded) {
             const QObject* pChild = static_cast<QChildEvent*>(event)->child();
-            if (!listBorn.contains(pChild))
+            if (!listBorn.contains(pChild)) {
                 listBorn.append(pChild);
+                listParent.append(pParent);
+            }
         }
         return false;
     }
 
 private:
     QList<const QObject*> listBorn;
+    QList<const QObject*> listParent; ///< the first parent of each
 };
 
 QString Margins(const QLayout* pLayout)
@@ -183,6 +192,7 @@ void CViewConstructionTest::membersAreCreatedInOrder()
     int nBefore = -1;
     for (const QObject* pMember : listMember) {
         QVERIFY2(births.PlaceOf(pMember) > nBefore, pMember->metaObject()->className());
+        QCOMPARE(births.ParentOf(pMember), static_cast<const QObject*>(panel.View()));
         nBefore = births.PlaceOf(pMember);
     }
 }

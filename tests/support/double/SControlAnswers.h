@@ -32,6 +32,8 @@ struct SControlAnswers
     SLocalAddress addressLocal;                ///< GetLocalAddress
     QMap<qint32, QString> mapTypeName;         ///< GetTypeName; "Type <n>" for a number that is missing
 
+    QList<SProcessorGroupNode> listGroupAdded; ///< written by AddGroup: what it was handed, whole
+
     /// Unset: taken from the trees and the selection of the current pane.
     std::optional<std::vector<QUuid>> vecSelectedProcessors; ///< GetSelectedProcessors; selected, or in a selected group
     std::optional<qint32> nSimulatorCount;                   ///< GetSimulatorCount; processors of the Simulator tree
