@@ -57,6 +57,11 @@ const QStyleOptionViewItem& CPaintedRow::Option() const
     return option;
 }
 
+QStyleOptionViewItem& CPaintedRow::Option()
+{
+    return option;
+}
+
 SPrcNodeItem CPaintedRow::Marks() const
 {
     return Index().data(RoleNodeItem).value<SPrcNodeItem>();

@@ -26,6 +26,7 @@ public:
 
     QModelIndex Index() const;
     const QStyleOptionViewItem& Option() const;
+    QStyleOptionViewItem& Option();
     SPrcNodeItem Marks() const; ///< RoleNodeItem
     QVariant ToolTip() const;   ///< RoleToolTip
 

@@ -101,6 +101,6 @@ void CRowView::contextMenuEvent(QContextMenuEvent* pEvent)
 
 void CRowView::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)
 {
-    ++nClosed;
+    listClose.append(hint);
     QTreeView::closeEditor(pEditor, hint);
 }

@@ -42,9 +42,9 @@ public:
     CCountingDelegate& Delegate();
     QStandardItemModel& Rows();
 
-    QList<int> listKey;    ///< keys that reached the view
-    int nContextMenus = 0; ///< that reached the view
-    int nClosed = 0;       ///< editors that the view was told to close
+    QList<int> listKey;                                  ///< keys that reached the view
+    int nContextMenus = 0;                               ///< that reached the view
+    QList<QAbstractItemDelegate::EndEditHint> listClose; ///< one for each editor that the view was told to close
 
 protected:
     void keyPressEvent(QKeyEvent* pEvent) override;

@@ -6,7 +6,6 @@
 #include "IconColour.h"
 #include "TestMain.h"
 #include "data/EnNodeType.h"
-#include "delegate/CProcessorTreeDelegate.h"
 
 namespace
 {
@@ -57,6 +56,7 @@ private slots:
 
     void textColourByState_data();
     void textColourByState();
+    void paletteAndDisabledStatePlayNoPart();
     void selectedRowHasTheBackgroundOfTheStyle();
 
     void unknownProcessorLeavesTheRowUnpainted_data();
@@ -64,17 +64,9 @@ private slots:
     void idGivenAsTextIsUnderstood();
     void eachPaintShowsTheLatestState();
 
-    void fullNameTakesAllTheRoom();
-    void longNameIsShortenedInItsMiddle();
-    void longNameIsPublishedForTheToolTip();
-    void shortNameLeavesNoToolTip();
-    void formerToolTipStaysWhenTheNameFitsAgain();
-    void nameFitsUpToTheLastPixelOfItsRoom();
-    void offlineProcessorWithARoleHasLessRoomForItsName();
-    void chiefModeOffTakesMarkAndGivesRoom();
     void narrowRowStillPaints();
-    void ampersandIsPartOfTheName();
-    void nameIsNeverBrokenIntoASecondLine();
+    void marksOverlapInTheirOrder();
+    void missingIconIsDrawnAsNothing();
 
 private:
     CStoreFixture store;
@@ -216,6 +208,17 @@ void CProcessorRowTest::textColourByState()
     QCOMPARE(row.Paint(), reference.Image());
 }
 
+void CProcessorRowTest::paletteAndDisabledStatePlayNoPart()
+{
+    store.Show(Root({}, { Alpha() }));
+    CPaintedRow row = Row();
+    const QImage usual = row.Paint();
+    for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::HighlightedText })
+        row.Option().palette.setColor(role, Qt::red);
+    row.Option().state = QStyle::State_None;
+    QCOMPARE(row.Paint(), usual);
+}
+
 void CProcessorRowTest::selectedRowHasTheBackgroundOfTheStyle()
 {
     store.Show(Root({}, { Alpha() }));
@@ -269,101 +272,6 @@ void CProcessorRowTest::eachPaintShowsTheLatestState()
     QCOMPARE(row.Paint(), Row().Paint());
 }
 
-void CProcessorRowTest::fullNameTakesAllTheRoom()
-{
-    store.Show(Root({}, { Alpha() }));
-    CPaintedRow row = Row();
-    CReferenceRow reference(row);
-    reference.Icon(strOfflineIcon, rcDot).Text(QStringLiteral("alpha"), NameRect(216), colourText);
-    QCOMPARE(row.Paint(), reference.Image());
-}
-
-void CProcessorRowTest::longNameIsShortenedInItsMiddle()
-{
-    const CProcessorTreeDelegate delegate(nullptr);
-    const QString strElided = delegate.GetElidedText(strLongName, 150, RowFont(), QModelIndex());
-    const int nDots = strElided.indexOf(QChar(0x2026));
-    QVERIFY(nDots > 5 && nDots < strElided.size() - 6);
-    QVERIFY(strLongName.startsWith(strElided.left(nDots)));
-    QVERIFY(strLongName.endsWith(strElided.mid(nDots + 1)));
-    QVERIFY(QFontMetrics(RowFont()).horizontalAdvance(strElided) <= 150);
-}
-
-void CProcessorRowTest::longNameIsPublishedForTheToolTip()
-{
-    store.Show(Root({}, { Processor(strLongName).Online() }));
-    CPaintedRow row = Row(strLongName);
-    row.Paint();
-    QCOMPARE(row.ToolTip(), QVariant(strLongName));
-}
-
-void CProcessorRowTest::shortNameLeavesNoToolTip()
-{
-    store.Show(Root({}, { Alpha().Online() }));
-    CPaintedRow row = Row();
-    row.Paint();
-    QVERIFY(!row.ToolTip().isValid());
-}
-
-void CProcessorRowTest::formerToolTipStaysWhenTheNameFitsAgain()
-{
-    store.Show(Root({}, { Processor(strLongName) }));
-    CPaintedRow row = Row(strLongName);
-    row.Paint();
-
-    store.Show(Root({}, { Processor(QStringLiteral("short")).Id(strLongName) }));
-    row.Paint();
-
-    QCOMPARE(row.ToolTip(), QVariant(strLongName));
-}
-
-void CProcessorRowTest::nameFitsUpToTheLastPixelOfItsRoom()
-{
-    store.Show(Root({}, { Processor(strLongName) }));
-    const int nAdvance = QFontMetrics(RowFont()).horizontalAdvance(strLongName);
-    CPaintedRow row = Row(strLongName);
-
-    row.SetWidth(nAdvance + 24 + 1);
-    row.Paint();
-    QVERIFY(!row.ToolTip().isValid());
-
-    row.SetWidth(nAdvance + 24 - 2);
-    row.Paint();
-    QCOMPARE(row.ToolTip(), QVariant(strLongName));
-}
-
-void CProcessorRowTest::offlineProcessorWithARoleHasLessRoomForItsName()
-{
-    const int nAdvance = QFontMetrics(RowFont()).horizontalAdvance(strLongName);
-    CPaintedRow row = Row(strLongName);
-    row.SetWidth(nAdvance + 24 + 13);
-
-    store.Show(Root({}, { Processor(strLongName).Project(QStringLiteral("Show")) }));
-    row.Paint();
-    QVERIFY(!row.ToolTip().isValid());
-
-    store.Show(Root({}, { Processor(strLongName).Project(QStringLiteral("Show")).Primary() }));
-    row.Paint();
-    QCOMPARE(row.ToolTip(), QVariant(strLongName));
-}
-
-void CProcessorRowTest::chiefModeOffTakesMarkAndGivesRoom()
-{
-    store.Show(Root({}, { Processor(strLongName).Online().Chief() }));
-    CPaintedRow row = Row(strLongName);
-    row.SetWidth(QFontMetrics(RowFont()).horizontalAdvance(strLongName) + 24 + 13);
-
-    store.SetChiefMode(false);
-    row.Paint();
-    QVERIFY(!row.ToolTip().isValid());
-    QVERIFY(!row.Marks().bChief);
-
-    store.SetChiefMode(true);
-    row.Paint();
-    QCOMPARE(row.ToolTip(), QVariant(strLongName));
-    QVERIFY(row.Marks().bChief);
-}
-
 void CProcessorRowTest::narrowRowStillPaints()
 {
     store.Show(Root({}, { Alpha().Online().Primary().Project(QStringLiteral("Show")).Chief() }));
@@ -377,22 +285,32 @@ void CProcessorRowTest::narrowRowStillPaints()
     }
 }
 
-void CProcessorRowTest::ampersandIsPartOfTheName()
+// 36 wide: the Chief mark, left of its row, lies over the dot.
+void CProcessorRowTest::marksOverlapInTheirOrder()
 {
-    const QString strName = QStringLiteral("Light && R&D");
-    const CProcessorTreeDelegate delegate(nullptr);
-    QCOMPARE(delegate.GetElidedText(strName, 300, RowFont(), QModelIndex()), strName);
-    QVERIFY(delegate.GetElidedText(strName, 40, RowFont(), QModelIndex()).size() < strName.size());
+    store.Show(Root({}, { Alpha().Online().Primary().Project(QStringLiteral("Show")).Chief() }));
+    store.SetChiefMode(true);
+    CPaintedRow row = Row();
+    row.SetWidth(36);
+    CReferenceRow reference(row);
+    reference.Glow().Icon(strOnlineIcon, rcDot);
+    reference.Icon(strPrimaryIcon, QRectF(43, 49, 14, 14)).Icon(strChiefIcon, QRectF(25, 49, 14, 14));
+    const QImage marks = reference.Image();
+    QCOMPARE(row.Paint().copy(0, 0, 42, 160), marks.copy(0, 0, 42, 160));
+    QCOMPARE(marks.pixelColor(33, 56), IconColour(strChiefIcon));
 }
 
-void CProcessorRowTest::nameIsNeverBrokenIntoASecondLine()
+void CProcessorRowTest::missingIconIsDrawnAsNothing()
 {
     store.Show(Root({}, { Alpha() }));
-    const QImage image = Row().Paint();
-    for (int y = 64; y < 72; ++y) {
-        for (int x = 42; x < 270; ++x)
-            QCOMPARE(image.pixelColor(x, y), QColor(0x1C, 0x1E, 0x21));
-    }
+    CPaintedRow row = Row();
+    CReferenceRow reference(row);
+    reference.Text(QStringLiteral("alpha"), NameRect(216), colourText);
+    ExpectWarning(QStringLiteral("Cannot open file .*offline.svg"));
+    Q_CLEANUP_RESOURCE(testicons);
+    const QImage image = row.Paint();
+    Q_INIT_RESOURCE(testicons);
+    QCOMPARE(image, reference.Image());
 }
 
 PTV_TEST_MAIN(CProcessorRowTest)

@@ -33,6 +33,8 @@ class CRowPaintingTest : public QObject
 private slots:
     void init();
 
+    void delegateMakesItsMarksComparable();
+
     void rowOfAnotherKindStaysUnpainted_data();
     void rowOfAnotherKindStaysUnpainted();
     void invalidIndexPaintsNothing();
@@ -53,6 +55,15 @@ void CRowPaintingTest::init()
 {
     store.SetChiefMode(true);
     store.Show(Site());
+}
+
+// Without it equal values may differ, and each paint then asks for the next.
+void CRowPaintingTest::delegateMakesItsMarksComparable()
+{
+    const CProcessorTreeDelegate first(nullptr);
+    const CProcessorTreeDelegate second(nullptr);
+    QVERIFY(QMetaType::hasRegisteredComparators<SPrcNodeItem>());
+    QCOMPARE(QMetaType::type("SPrcNodeItem"), qMetaTypeId<SPrcNodeItem>());
 }
 
 void CRowPaintingTest::rowOfAnotherKindStaysUnpainted_data()
