@@ -11,8 +11,12 @@ class CTestTree : public CProcessorTree
 public:
     using CProcessorTree::CProcessorTree;
     using CProcessorTree::DealAction;
+    using CProcessorTree::dragEnterEvent;
+    using CProcessorTree::dragMoveEvent;
+    using CProcessorTree::dropEvent;
     using CProcessorTree::GetNodeAboveSelection;
     using CProcessorTree::selectedIndexes;
+    using CProcessorTree::wheelEvent;
 };
 
 /// One tree on the screen, filled from the doubled library through the store, in the dark style sheet of
