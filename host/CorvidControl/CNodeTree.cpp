@@ -23,6 +23,15 @@ QUuid FindNameIn(const QList<SProcessorNode>& listProcessor, const QString& strN
     return {};
 }
 
+QList<SProcessorNode> BuildCopy(const QList<SProcessorNode>& listProcessor)
+{
+    QList<SProcessorNode> listCopy;
+    listCopy.reserve(listProcessor.size());
+    for (const SProcessorNode& processor : listProcessor)
+        listCopy.append(processor);
+    return listCopy;
+}
+
 // 0 for a name without a number.
 int ReadGroupNumber(const QString& strName)
 {
@@ -31,6 +40,18 @@ int ReadGroupNumber(const QString& strName)
 }
 
 } // namespace
+
+void CNodeTree::Unshare()
+{
+    QList<SProcessorGroupNode> listGroup;
+    for (const SProcessorGroupNode& groupOld : std::as_const(node.listGroup)) {
+        SProcessorGroupNode group = groupOld;
+        group.listProcessor = BuildCopy(groupOld.listProcessor);
+        listGroup.append(group);
+    }
+    node.listGroup = listGroup;
+    node.listProcessor = BuildCopy(node.listProcessor);
+}
 
 int CNodeTree::GetProcessorCount() const
 {
@@ -129,17 +150,16 @@ bool CNodeTree::SetExpanded(const QUuid& id, bool bExpanded)
 {
     const int nGroup = FindGroup(id);
     const std::optional<SNodePlace> place = FindProcessor(id);
-    if (!id.isNull() && nGroup < 0 && !place)
+    SNode* pNode = nullptr;
+    if (id.isNull())
+        pNode = &node;
+    else if (nGroup >= 0)
+        pNode = &EditGroup(nGroup);
+    else if (place)
+        pNode = &EditProcessor(*place);
+    if (!pNode || pNode->bExpanded == bExpanded)
         return false;
-    const SNode& nodeOld = id.isNull() ? static_cast<const SNode&>(node)
-        : nGroup >= 0                  ? static_cast<const SNode&>(GetGroup(nGroup))
-                                       : static_cast<const SNode&>(GetProcessor(*place));
-    if (nodeOld.bExpanded == bExpanded)
-        return false;
-    SNode& nodeNew = id.isNull() ? static_cast<SNode&>(node)
-        : nGroup >= 0            ? static_cast<SNode&>(EditGroup(nGroup))
-                                 : static_cast<SNode&>(EditProcessor(*place));
-    nodeNew.bExpanded = bExpanded;
+    pNode->bExpanded = bExpanded;
     return true;
 }
 

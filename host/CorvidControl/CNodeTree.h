@@ -25,6 +25,9 @@ public:
         node = nodeNew;
     }
 
+    /// Takes lists of its own, which it shares with no copy.
+    void Unshare();
+
     int GetProcessorCount() const;
     QList<SProcessorNode> GetProcessors() const; ///< all, in the order shown
 

@@ -35,6 +35,7 @@ SProcessorAllNode CSite::GetTree(bool bSimulator) const
 CNodeTree CSite::CopyTree(bool bSimulator) const
 {
     const Lock lock(mutex);
+    bLent[bSimulator] = true;
     return tree[bSimulator];
 }
 
@@ -112,7 +113,7 @@ void CSite::SetExpanded(const QUuid& id, bool bExpanded)
     {
         const Lock lock(mutex);
         const int nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : FindPane(id);
-        bChanged = nPane >= 0 && tree[nPane].SetExpanded(id, bExpanded);
+        bChanged = nPane >= 0 && Edit(nPane).SetExpanded(id, bExpanded);
     }
     if (bChanged)
         dispatcher.Post(SenderPrcList, MessageListChanged);
@@ -125,7 +126,7 @@ void CSite::SetChief(const QUuid& idGroup, const QUuid& idChief)
         const Lock lock(mutex);
         const int nPane = FindPane(idGroup);
         const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(idGroup);
-        bChanged = nGroup >= 0 && tree[nPane].SetChief(nGroup, idChief);
+        bChanged = nGroup >= 0 && Edit(nPane).SetChief(nGroup, idChief);
     }
     if (bChanged)
         dispatcher.Post(SenderPreference, MessageChiefChanged);
@@ -149,7 +150,7 @@ bool CSite::RemoveProcessor(const QUuid& id)
         const QString strFault = TryFindDeleteFault(id);
         if (!strFault.isEmpty())
             return { false, strFault };
-        tree[nPane].TakeProcessor(*place);
+        Edit(nPane).TakeProcessor(*place);
         PruneSelection(nPane);
         bGone = true;
         return { true, {} };
@@ -170,7 +171,7 @@ QList<SProcessorNode> CSite::RemoveGroup(const QUuid& id, bool bWithProcessors)
             return { false, strFault };
         if (bWithProcessors)
             listGone = tree[nPane].GetGroup(nGroup).listProcessor;
-        tree[nPane].RemoveGroup(nGroup, bWithProcessors);
+        Edit(nPane).RemoveGroup(nGroup, bWithProcessors);
         PruneSelection(nPane);
         return { true, {} };
     });
@@ -198,7 +199,7 @@ bool CSite::AddProcessor(const SProcessorNode& processor, bool bSimulator)
             return { false, QStringLiteral("it is in the list already") };
         if (tree[bSimulator].GetProcessorCount() >= (bSimulator ? limits.nSimulators : limits.nProcessors))
             return { false, QStringLiteral("the list is full") };
-        tree[bSimulator].AppendProcessor(processor);
+        Edit(bSimulator).AppendProcessor(processor);
         bAdded = true;
         return { true, {} };
     });
@@ -219,7 +220,7 @@ void CSite::ApplyReport(const SProcessorNode& device)
         processor.strProject = device.strProject;
         if (processor == tree[nPane].GetProcessor(*place))
             return;
-        tree[nPane].EditProcessor(*place) = processor;
+        Edit(nPane).EditProcessor(*place) = processor;
     }
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
@@ -229,6 +230,7 @@ void CSite::ReplaceList(const SProcessorAllNode& node)
     {
         const Lock lock(mutex);
         tree[0].SetRoot(node);
+        bLent[0] = true;
         PruneSelection(0);
     }
     dispatcher.Post(SenderPrcList, MessageListChanged);
@@ -284,17 +286,27 @@ void CSite::Carry(const QString& strCommand, const std::function<SOutcome()>& co
 
 // All below need the lock.
 
+// The tree to write to. What was lent to a reader is never written again, it is left to the reader: the
+// implicit sharing of Qt's lists sees that a reader has let go, but not in which order.
+CNodeTree& CSite::Edit(int nPane)
+{
+    if (bLent[nPane])
+        tree[nPane].Unshare();
+    bLent[nPane] = false;
+    return tree[nPane];
+}
+
 CSite::SOutcome CSite::TryAddGroup(SProcessorGroupNode group)
 {
-    CNodeTree& treeNow = tree[bSimulatorPane];
+    const int nPane = bSimulatorPane;
     const QString strFault = CNameRules::FindFault(group.strName);
     if (!strFault.isEmpty())
         return { false, strFault };
     if (group.idNode.isNull() || FindPane(group.idNode) >= 0)
         return { false, QStringLiteral("its id is empty or taken") };
-    if (treeNow.GetRoot().listGroup.size() >= limits.nGroups)
+    if (tree[nPane].GetRoot().listGroup.size() >= limits.nGroups)
         return { false, QStringLiteral("the list has all the groups it can have") };
-    treeNow.AppendGroup(group);
+    Edit(nPane).AppendGroup(group);
     return { true, {} };
 }
 
@@ -311,9 +323,9 @@ CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strName)
     if (!strFault.isEmpty())
         return { false, strFault };
     if (nGroup >= 0)
-        tree[nPane].EditGroup(nGroup).strName = strName;
+        Edit(nPane).EditGroup(nGroup).strName = strName;
     else
-        tree[nPane].EditProcessor(*tree[nPane].FindProcessor(id)).strName = strName;
+        Edit(nPane).EditProcessor(*tree[nPane].FindProcessor(id)).strName = strName;
     return { true, {} };
 }
 
@@ -326,7 +338,7 @@ CSite::SOutcome CSite::TryMove(const QUuid& id, const QUuid& idGroup)
     const int nGroup = idGroup.isNull() ? -1 : tree[nPane].FindGroup(idGroup);
     if (nGroup < 0 && !idGroup.isNull())
         return { false, QStringLiteral("the group is not in its pane") };
-    return { tree[nPane].MoveProcessor(*place, nGroup), {} };
+    return { Edit(nPane).MoveProcessor(*place, nGroup), {} };
 }
 
 QString CSite::TryFindDeleteFault(const QUuid& id) const

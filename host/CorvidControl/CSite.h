@@ -78,6 +78,7 @@ private:
     };
 
     void Carry(const QString& strCommand, const std::function<SOutcome()>& command);
+    CNodeTree& Edit(int nPane);
     SOutcome TryAddGroup(SProcessorGroupNode group);
     SOutcome TryRename(const QUuid& id, const QString& strName);
     SOutcome TryMove(const QUuid& id, const QUuid& idGroup);
@@ -94,7 +95,8 @@ private:
 
     std::atomic<bool> bSimulatorPane{ false };
 
-    mutable std::mutex mutex; ///< guards all below
-    CNodeTree tree[2];        ///< Discovered, Simulator
+    mutable std::mutex mutex;              ///< guards all below
+    CNodeTree tree[2];                     ///< Discovered, Simulator; written through Edit
+    mutable bool bLent[2]{ false, false }; ///< a copy of the tree was handed out since it was written
     std::vector<QUuid> vecSelection[2]{ { QUuid() }, { QUuid() } };
 };

@@ -88,7 +88,6 @@ void CDevicesTest::readsGoOnWhileACommandBlocks()
 {
     pFixture->options.nScanMs = 600000;
     pFixture->Start(Root({}, { Processor("alpha") }));
-    QSignalSpy jobs(pFixture->pHost.get(), &CControlHost::JobsChanged);
     std::thread scan([] { g_pPrcBasicControl->RefreshProcessors(); });
     QTRY_COMPARE(pFixture->pHost->GetRunningJobs(), QStringList{ "Scanning the network" });
     QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha"));
