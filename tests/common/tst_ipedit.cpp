@@ -43,12 +43,6 @@ private slots:
     void copyWithoutSelectionGivesTheWholeAddress();
     void tabWalksThePlacesAndLeaves();
     void labelGivesItsFocusToTheFirstPlace();
-    void forbiddenAddressIsTold();
-    void incompleteAddressIsTold();
-    void errorIsToldOncePerChange();
-    void startInErrorIsNotTold();
-    void markAndTipSayWhatIsWrong_data();
-    void markAndTipSayWhatIsWrong();
     void focusShowsAsAProperty();
     void placesHaveAccessibleNames();
 
@@ -371,86 +365,6 @@ void CIPEditTest::labelGivesItsFocusToTheFirstPlace()
     pNext->setFocus();
     QTest::keyClick(pWindow.get(), Qt::Key_A, Qt::AltModifier);
     QTRY_VERIFY(Place(0)->hasFocus());
-}
-
-void CIPEditTest::forbiddenAddressIsTold()
-{
-    pEdit->SetAddress(0xC0A80101); // 192.168.1.1
-    pEdit->SetLimitIP({ ADDRESS, 0xC0A8010B });
-    QSignalSpy spy(pEdit, &CIPEdit::ExistError);
-    PutCaret(3, 1);
-    Type(QStringLiteral("0"));
-    QCOMPARE(spy.takeFirst().at(0).toBool(), true);
-    Type(QStringLiteral("0"));
-    QCOMPARE(spy.takeFirst().at(0).toBool(), false);
-    QVERIFY(spy.isEmpty());
-}
-
-void CIPEditTest::incompleteAddressIsTold()
-{
-    pEdit->SetAddress(ADDRESS);
-    QSignalSpy spy(pEdit, &CIPEdit::ExistError);
-    PutCaret(2, 1);
-    Press(Qt::Key_Backspace);
-    QCOMPARE(spy.takeFirst().at(0).toBool(), true);
-    Type(QStringLiteral("5"));
-    QCOMPARE(spy.takeFirst().at(0).toBool(), false);
-}
-
-void CIPEditTest::errorIsToldOncePerChange()
-{
-    pEdit->SetAddress(ADDRESS);
-    QSignalSpy spy(pEdit, &CIPEdit::ExistError);
-    pEdit->SetLimitIP({ ADDRESS, 0x01020304 });
-    pEdit->SetLimitIP({ ADDRESS });
-    PutCaret(3, 2);
-    Press(Qt::Key_Backspace);
-    Press(Qt::Key_Backspace);
-    Type(QStringLiteral("10"));
-    pEdit->SetAddress(ADDRESS);
-    // forbidden, free (.1), empty, free (.1), forbidden (.10)
-    const QList<QVariantList> listExpected{ { true }, { false }, { true }, { false }, { true } };
-    QCOMPARE(QList<QVariantList>(spy), listExpected);
-}
-
-void CIPEditTest::startInErrorIsNotTold()
-{
-    CIPEdit edit(nullptr);
-    QSignalSpy spy(&edit, &CIPEdit::ExistError);
-    edit.SetLimitIP({ ADDRESS });
-    edit.SetAddress(ADDRESS);
-    QVERIFY(spy.isEmpty());
-    edit.SetAddress(ADDRESS + 1);
-    QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{ { false } });
-}
-
-void CIPEditTest::markAndTipSayWhatIsWrong_data()
-{
-    QTest::addColumn<quint32>("nForbidden");
-    QTest::addColumn<bool>("bIncomplete");
-    QTest::addColumn<QString>("strTip");
-    QTest::newRow("fine") << 1U << false << "";
-    QTest::newRow("forbidden") << ADDRESS << false << "This address is in use or reserved.";
-    QTest::newRow("incomplete") << 1U << true << "The address is incomplete.";
-    QTest::newRow("incomplete counts first") << 0xC0A8000AU << true << "The address is incomplete.";
-}
-
-void CIPEditTest::markAndTipSayWhatIsWrong()
-{
-    QFETCH(quint32, nForbidden);
-    QFETCH(bool, bIncomplete);
-    QFETCH(QString, strTip);
-    pEdit->SetLimitIP({ nForbidden });
-    pEdit->SetAddress(ADDRESS);
-    if (bIncomplete) {
-        Place(2)->clear();
-    }
-    QCOMPARE(pEdit->toolTip(), strTip);
-    QCOMPARE(pEdit->accessibleDescription(), strTip);
-    QCOMPARE(pEdit->property("Error").toBool(), !strTip.isEmpty());
-    const auto* pMark = pEdit->findChild<QLabel*>(QStringLiteral("IPErrorMark"));
-    QCOMPARE(pMark->isVisible(), !strTip.isEmpty());
-    QVERIFY(!pMark->pixmap(Qt::ReturnByValue).isNull());
 }
 
 void CIPEditTest::focusShowsAsAProperty()

@@ -4,24 +4,16 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QPushButton>
 
-/// CMenu and the CComboBox that opens one. Each test has a box with the entries Alpha (1), Beta (2) and
+/// Each test has a box with the entries Alpha (1), Beta (2) and
 /// Gamma (3) in an active window of its own.
-class CMenusAndBoxesTest : public QObject
+class CComboBoxTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
     void cleanup();
-
-    void menuIsAtLeastAsWideAsAskedFor_data();
-    void menuIsAtLeastAsWideAsAskedFor();
-    void minimumWidthCountsAfterTheFirstOpening();
-    void openMenuMarksItsControlWidget();
-    void markMovesWithTheControlWidgetAndEndsWithTheMenu();
-    void controlWidgetMayDieFirst();
 
     void newBoxHasNothingSelected();
     void selectionByIdIsSilentUnlessAskedFor_data();
@@ -56,7 +48,7 @@ private:
     CMenu* pMenu = nullptr;
 };
 
-void CMenusAndBoxesTest::init()
+void CComboBoxTest::init()
 {
     pWindow = std::make_unique<QWidget>();
     pBox = new CComboBox(pWindow.get());
@@ -71,12 +63,12 @@ void CMenusAndBoxesTest::init()
     QTRY_VERIFY(pBox->hasFocus());
 }
 
-void CMenusAndBoxesTest::cleanup()
+void CComboBoxTest::cleanup()
 {
     pWindow.reset();
 }
 
-CMenu* CMenusAndBoxesTest::MakeMenu()
+CMenu* CComboBoxTest::MakeMenu()
 {
     auto* pNew = new CMenu(pWindow.get());
     int nId = 0;
@@ -86,85 +78,18 @@ CMenu* CMenusAndBoxesTest::MakeMenu()
     return pNew;
 }
 
-CMenu* CMenusAndBoxesTest::OpenMenu() const
+CMenu* CComboBoxTest::OpenMenu() const
 {
     return qobject_cast<CMenu*>(QApplication::activePopupWidget());
 }
 
-void CMenusAndBoxesTest::menuIsAtLeastAsWideAsAskedFor_data()
-{
-    QTest::addColumn<int>("nAsked");
-    QTest::addColumn<bool>("bExact");
-    QTest::newRow("wider than its entries") << 180 << true;
-    QTest::newRow("narrower than its entries") << 10 << false;
-}
-
-void CMenusAndBoxesTest::menuIsAtLeastAsWideAsAskedFor()
-{
-    QFETCH(int, nAsked);
-    QFETCH(bool, bExact);
-    pMenu->setMinimumWidth(nAsked);
-    pMenu->popup(QPoint(10, 10));
-    QCOMPARE(pMenu->minimumWidth(), nAsked);
-    QCOMPARE(pMenu->width() == nAsked, bExact);
-    QVERIFY(pMenu->width() > pMenu->fontMetrics().horizontalAdvance(QStringLiteral("Gamma")));
-    const QRect rcEntry = pMenu->actionGeometry(pMenu->actions().first());
-    QVERIFY(rcEntry.width() > pMenu->width() - 10 && rcEntry.width() <= pMenu->width());
-}
-
-void CMenusAndBoxesTest::minimumWidthCountsAfterTheFirstOpening()
-{
-    pMenu->popup(QPoint(10, 10));
-    pMenu->close();
-    pMenu->setMinimumWidth(222);
-    pMenu->popup(QPoint(10, 10));
-    QCOMPARE(pMenu->width(), 222);
-    QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() > 200);
-}
-
-void CMenusAndBoxesTest::openMenuMarksItsControlWidget()
-{
-    QPushButton button(pWindow.get());
-    pMenu->SetControlWidget(&button);
-    QVERIFY(!button.property("MenuOpen").toBool());
-    pMenu->popup(QPoint(10, 10));
-    QVERIFY(button.property("MenuOpen").toBool());
-    pMenu->close();
-    QVERIFY(!button.property("MenuOpen").toBool());
-}
-
-void CMenusAndBoxesTest::markMovesWithTheControlWidgetAndEndsWithTheMenu()
-{
-    QPushButton first(pWindow.get());
-    QPushButton second(pWindow.get());
-    auto pOwn = std::make_unique<CMenu>(nullptr);
-    pOwn->addAction(QStringLiteral("entry"));
-    pOwn->SetControlWidget(&first);
-    pOwn->popup(QPoint(10, 10));
-    pOwn->SetControlWidget(&second);
-    QVERIFY(!first.property("MenuOpen").toBool());
-    QVERIFY(second.property("MenuOpen").toBool());
-    pOwn.reset();
-    QVERIFY(!second.property("MenuOpen").toBool());
-}
-
-void CMenusAndBoxesTest::controlWidgetMayDieFirst()
-{
-    auto pButton = std::make_unique<QPushButton>();
-    pMenu->SetControlWidget(pButton.get());
-    pMenu->popup(QPoint(10, 10));
-    pButton.reset();
-    pMenu->close();
-    QVERIFY(!pMenu->isVisible());
-}
-
-void CMenusAndBoxesTest::newBoxHasNothingSelected()
+void CComboBoxTest::newBoxHasNothingSelected()
 {
     QVERIFY(!pBox->GetCurSelData().isValid());
     QVERIFY(pBox->GetCurSelText().isEmpty());
 }
 
-void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor_data()
+void CComboBoxTest::selectionByIdIsSilentUnlessAskedFor_data()
 {
     QTest::addColumn<QVariant>("id");
     QTest::addColumn<bool>("bNotify");
@@ -177,7 +102,7 @@ void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor_data()
     QTest::newRow("invalid") << QVariant() << true << 3 << 0;
 }
 
-void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor()
+void CComboBoxTest::selectionByIdIsSilentUnlessAskedFor()
 {
     QFETCH(QVariant, id);
     QFETCH(bool, bNotify);
@@ -188,7 +113,7 @@ void CMenusAndBoxesTest::selectionByIdIsSilentUnlessAskedFor()
     QTEST(spy.size(), "nTold");
 }
 
-void CMenusAndBoxesTest::hiddenEntryStaysSelected()
+void CComboBoxTest::hiddenEntryStaysSelected()
 {
     pBox->SetCurrentByID(1, false);
     pBox->SetActionVisible(1, false);
@@ -200,7 +125,7 @@ void CMenusAndBoxesTest::hiddenEntryStaysSelected()
     QCOMPARE(pBox->GetCurSelText(), QStringLiteral("Alpha"));
 }
 
-void CMenusAndBoxesTest::boxWithoutAMenuBearsEverything()
+void CComboBoxTest::boxWithoutAMenuBearsEverything()
 {
     CComboBox box(nullptr);
     box.SetCurrentByID(1, true);
@@ -213,7 +138,7 @@ void CMenusAndBoxesTest::boxWithoutAMenuBearsEverything()
     QVERIFY(!box.grab().isNull());
 }
 
-void CMenusAndBoxesTest::clickOpensTheMenuBelowTheBox()
+void CComboBoxTest::clickOpensTheMenuBelowTheBox()
 {
     QTest::mouseClick(pBox, Qt::LeftButton);
     QTRY_COMPARE(OpenMenu(), pMenu);
@@ -225,14 +150,14 @@ void CMenusAndBoxesTest::clickOpensTheMenuBelowTheBox()
     QVERIFY(!OpenMenu());
 }
 
-void CMenusAndBoxesTest::menuIsAsWideAsTheBoxWhenAskedFor_data()
+void CComboBoxTest::menuIsAsWideAsTheBoxWhenAskedFor_data()
 {
     QTest::addColumn<bool>("bMatch");
     QTest::newRow("as wide as the box") << true;
     QTest::newRow("as wide as its entries") << false;
 }
 
-void CMenusAndBoxesTest::menuIsAsWideAsTheBoxWhenAskedFor()
+void CComboBoxTest::menuIsAsWideAsTheBoxWhenAskedFor()
 {
     QFETCH(bool, bMatch);
     pBox->SetMenu(pMenu, bMatch);
@@ -244,7 +169,7 @@ void CMenusAndBoxesTest::menuIsAsWideAsTheBoxWhenAskedFor()
     pMenu->close();
 }
 
-void CMenusAndBoxesTest::keysOpenTheMenu_data()
+void CComboBoxTest::keysOpenTheMenu_data()
 {
     QTest::addColumn<int>("nKey");
     QTest::addColumn<bool>("bAlt");
@@ -254,7 +179,7 @@ void CMenusAndBoxesTest::keysOpenTheMenu_data()
     QTest::newRow("Alt+Up") << int(Qt::Key_Up) << true;
 }
 
-void CMenusAndBoxesTest::keysOpenTheMenu()
+void CComboBoxTest::keysOpenTheMenu()
 {
     QFETCH(int, nKey);
     QFETCH(bool, bAlt);
@@ -264,7 +189,7 @@ void CMenusAndBoxesTest::keysOpenTheMenu()
     pMenu->close();
 }
 
-void CMenusAndBoxesTest::menuOpensOnTheSelectedEntry()
+void CComboBoxTest::menuOpensOnTheSelectedEntry()
 {
     pBox->SetCurrentByID(2, false);
     QTest::keyClick(pBox, Qt::Key_Space);
@@ -273,7 +198,7 @@ void CMenusAndBoxesTest::menuOpensOnTheSelectedEntry()
     pMenu->close();
 }
 
-void CMenusAndBoxesTest::choiceInTheMenuIsToldOnce()
+void CComboBoxTest::choiceInTheMenuIsToldOnce()
 {
     pBox->SetCurrentByID(1, false);
     QSignalSpy spy(pBox, &CComboBox::SelectChanged);
@@ -284,7 +209,7 @@ void CMenusAndBoxesTest::choiceInTheMenuIsToldOnce()
     QCOMPARE(pBox->GetCurSelText(), QStringLiteral("Gamma"));
 }
 
-void CMenusAndBoxesTest::sameChoiceAgainIsNotTold()
+void CComboBoxTest::sameChoiceAgainIsNotTold()
 {
     pBox->SetCurrentByID(2, false);
     QSignalSpy spy(pBox, &CComboBox::SelectChanged);
@@ -295,7 +220,7 @@ void CMenusAndBoxesTest::sameChoiceAgainIsNotTold()
     QVERIFY(spy.isEmpty());
 }
 
-void CMenusAndBoxesTest::escapeInTheMenuChangesNothing()
+void CComboBoxTest::escapeInTheMenuChangesNothing()
 {
     pBox->SetCurrentByID(1, false);
     QSignalSpy spy(pBox, &CComboBox::SelectChanged);
@@ -308,7 +233,7 @@ void CMenusAndBoxesTest::escapeInTheMenuChangesNothing()
     QCOMPARE(pBox->GetCurSelData(), QVariant(1));
 }
 
-void CMenusAndBoxesTest::keysChooseWithoutTheMenu_data()
+void CComboBoxTest::keysChooseWithoutTheMenu_data()
 {
     QTest::addColumn<int>("nFrom");
     QTest::addColumn<int>("nKey");
@@ -324,7 +249,7 @@ void CMenusAndBoxesTest::keysChooseWithoutTheMenu_data()
     QTest::newRow("letter of none") << 1 << int(Qt::Key_X) << 1;
 }
 
-void CMenusAndBoxesTest::keysChooseWithoutTheMenu()
+void CComboBoxTest::keysChooseWithoutTheMenu()
 {
     QFETCH(int, nFrom);
     QFETCH(int, nKey);
@@ -336,7 +261,7 @@ void CMenusAndBoxesTest::keysChooseWithoutTheMenu()
     QCOMPARE(spy.size(), nFrom == nTo ? 0 : 1);
 }
 
-void CMenusAndBoxesTest::hiddenAndDisabledEntriesAreSkipped()
+void CComboBoxTest::hiddenAndDisabledEntriesAreSkipped()
 {
     pMenu->addSeparator();
     pMenu->addAction(QStringLiteral("Delta"))->setData(4);
@@ -347,7 +272,7 @@ void CMenusAndBoxesTest::hiddenAndDisabledEntriesAreSkipped()
     QCOMPARE(pBox->GetCurSelData(), QVariant(4));
 }
 
-void CMenusAndBoxesTest::disabledBoxTakesNoInput()
+void CComboBoxTest::disabledBoxTakesNoInput()
 {
     pBox->SetCurrentByID(1, false);
     pBox->setEnabled(false);
@@ -357,14 +282,14 @@ void CMenusAndBoxesTest::disabledBoxTakesNoInput()
     QCOMPARE(pBox->GetCurSelData(), QVariant(1));
 }
 
-void CMenusAndBoxesTest::returnIsLeftToTheDialog()
+void CComboBoxTest::returnIsLeftToTheDialog()
 {
     QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QCoreApplication::sendEvent(pBox, &event);
     QVERIFY(!event.isAccepted());
 }
 
-void CMenusAndBoxesTest::changedTextOfTheEntryShows()
+void CComboBoxTest::changedTextOfTheEntryShows()
 {
     pBox->SetCurrentByID(1, false);
     const QImage before = pBox->grab().toImage();
@@ -373,14 +298,14 @@ void CMenusAndBoxesTest::changedTextOfTheEntryShows()
     QVERIFY(pBox->grab().toImage() != before);
 }
 
-void CMenusAndBoxesTest::hintHasRoomForTheLongestEntry()
+void CComboBoxTest::hintHasRoomForTheLongestEntry()
 {
     const QString strLong = QStringLiteral("an entry that is longer than all the others");
     pMenu->addAction(strLong);
     QVERIFY(pBox->sizeHint().width() > pBox->fontMetrics().horizontalAdvance(strLong));
 }
 
-void CMenusAndBoxesTest::assistiveProgramsSeeAComboBox()
+void CComboBoxTest::assistiveProgramsSeeAComboBox()
 {
     pBox->SetCurrentByID(2, false);
     pBox->setAccessibleName(QStringLiteral("Output"));
@@ -396,7 +321,7 @@ void CMenusAndBoxesTest::assistiveProgramsSeeAComboBox()
     pMenu->close();
 }
 
-void CMenusAndBoxesTest::otherMenuForgetsTheSelection()
+void CComboBoxTest::otherMenuForgetsTheSelection()
 {
     pBox->SetCurrentByID(2, false);
     CMenu* pOther = MakeMenu();
@@ -409,5 +334,5 @@ void CMenusAndBoxesTest::otherMenuForgetsTheSelection()
     QCOMPARE(spy.size(), 1);
 }
 
-PTV_TEST_MAIN(CMenusAndBoxesTest)
-#include "tst_menusandboxes.moc"
+PTV_TEST_MAIN(CComboBoxTest)
+#include "tst_combobox.moc"
