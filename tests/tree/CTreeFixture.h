@@ -15,6 +15,7 @@ public:
     using CProcessorTree::dragMoveEvent;
     using CProcessorTree::dropEvent;
     using CProcessorTree::GetNodeAboveSelection;
+    using CProcessorTree::mouseReleaseEvent;
     using CProcessorTree::selectedIndexes;
     using CProcessorTree::wheelEvent;
 };

@@ -258,20 +258,26 @@ private slots:
         QVERIFY(qAbs(color.red() - 0x5F) <= 2 && qAbs(color.green() - 0x64) <= 2 && qAbs(color.blue() - 0x6D) <= 2);
     }
 
-    void theImageGoesWhenTheMouseIsReleasedOverTheTree()
+    void theImageGoesAtOnceWhenTheDropComesOrTheButtonIsReleased_data()
     {
+        QTest::addColumn<bool>("bDrop");
+        QTest::newRow("drop") << true;
+        QTest::newRow("release") << false;
+    }
+    void theImageGoesAtOnceWhenTheDropComesOrTheButtonIsReleased()
+    {
+        QFETCH(bool, bDrop);
         CTreeFixture fixture(Site());
         CDragRun run(fixture);
-        QPointer<QDrag> pDrag;
-        run.Run(fixture.Row("alpha"),
-                { [&] { run.MoveOnto(fixture.Row("Hall")); },
-                  [&] {
-                      pDrag = run.Drag();
-                      QVERIFY(!pDrag->pixmap().isNull());
-                      run.Release();
-                  } });
-        QVERIFY2(pDrag, "lives until the loop runs again");
-        QVERIFY(pDrag->pixmap().isNull());
+        run.Run(fixture.Row("alpha"), { [&] {
+                    QVERIFY(!run.Drag()->pixmap().isNull());
+                    const QPoint pos = fixture.At(fixture.Row("Hall"));
+                    QDropEvent drop(pos, Qt::MoveAction, run.Drag()->mimeData(), Qt::LeftButton, Qt::NoModifier);
+                    QMouseEvent release(QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+                    bDrop ? fixture.pTree->dropEvent(&drop) : fixture.pTree->mouseReleaseEvent(&release);
+                    QVERIFY(run.Drag()->pixmap().isNull());
+                } });
+        QVERIFY(run.HasRun());
     }
 
     void theWheelDoesNothingDuringADrag()
