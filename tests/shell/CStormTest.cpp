@@ -15,12 +15,17 @@ namespace
 {
 constexpr int nRainThreads = 4;
 
-/// How often the panel is created and ended; PTV_STORM_CYCLES sets another number, for slow builds.
+/// How often the panel is created and ended; PTV_STORM_CYCLES sets another number.
 int Cycles()
 {
     bool bOk = false;
     const int nCycles = qEnvironmentVariableIntValue("PTV_STORM_CYCLES", &bOk);
     return bOk ? nCycles : 2000;
+}
+
+SProcessorAllNode Site(bool bOnline)
+{
+    return Root({ Group("Stage", { Processor("alpha").Online(bOnline), Processor("beta") }) }, { Processor("loose") });
 }
 
 class CHost final : public IUIManagement
@@ -78,8 +83,8 @@ private:
             answers.bChiefMode = i % 5 == 0;
             answers.strProject = QString::number(i % 7);
             answers.vecDiscoveredSelection = { ProcessorId(i % 2 == 0 ? "alpha" : "beta") };
-            SProcessorNode& node = answers.nodeDiscovered.listGroup[0].listProcessor[0];
-            node.bOnline = !node.bOnline;
+            // Anew, since what was handed out is shared with the worker and must not be written again.
+            answers.nodeDiscovered = Site(i % 2 == 0);
         });
     }
 
@@ -113,7 +118,7 @@ void CStormTest::init()
 {
     control.ClearJournal();
     control.Set([](SControlAnswers& answers) {
-        answers.nodeDiscovered = Root({ Group("Stage", { Processor("alpha"), Processor("beta") }) }, { Processor("loose") });
+        answers.nodeDiscovered = Site(false);
         answers.nodeSimulator = Root({}, { Processor("sim") });
     });
 }
