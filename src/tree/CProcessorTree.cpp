@@ -45,10 +45,10 @@ CProcessorTree::~CProcessorTree()
     if (pRenameEditor) {
         disconnect(pRenameEditor, nullptr, this, nullptr);
     }
-    if (pDrag) {
-        QDrag::cancel();
-        delete pDrag;
+    if (bDragging) {
+        QDrag::cancel(); // exec() is still running further up the stack
     }
+    delete pDrag;
 }
 
 void CProcessorTree::InitWidget()

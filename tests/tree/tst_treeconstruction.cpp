@@ -106,6 +106,7 @@ private slots:
     {
         const CTreeFixture fixture(Site());
         QCOMPARE(fixture.pTree->model()->parent(), static_cast<QObject*>(fixture.pTree.data()));
+        QVERIFY(fixture.pTree->itemDelegate()->inherits("CProcessorTreeDelegate"));
         QCOMPARE(fixture.pTree->itemDelegate()->parent(), static_cast<QObject*>(fixture.pTree.data()));
         const auto listTimer = fixture.pTree->findChildren<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
         QCOMPARE(listTimer.size(), 1);

@@ -141,6 +141,17 @@ private slots:
         QCOMPARE(fixture.control.Commands(), (QStringList{ SelectCall("beta"), MoveCall("beta", "{null}") }));
     }
 
+    void aDragOfProcessorsMayOnlyMoveThem()
+    {
+        CTreeFixture fixture(Site());
+        CDragRun run(fixture);
+        run.Run(fixture.Row("alpha"), { [&] {
+                    QCOMPARE(run.Drag()->supportedActions(), Qt::DropActions(Qt::MoveAction));
+                    QCOMPARE(run.Drag()->mimeData()->data("PROCESSOR DATA"), QByteArray(1, 1));
+                } });
+        QVERIFY(run.HasRun());
+    }
+
     void aDragWithAGroupOrTheRootIsRefusedEverywhere_data()
     {
         QTest::addColumn<QStringList>("listSelected");

@@ -1,6 +1,7 @@
 #include "CTreeFixture.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "data/EnNodeType.h"
 #include "tree/EnTreeAction.h"
 
 #include <QLineEdit>
@@ -55,6 +56,24 @@ private slots:
         QCOMPARE(fixture.control.CommandsWithThread(),
                  OnGui({ "g_pPrcListControl.AddGroup(\"Group 7\", false)", MoveCall("gamma", "Group 7"),
                          MoveCall("alpha", "Group 7"), SelectCall("Group 7") }));
+    }
+
+    void aNewGroupIsOpenAndEmptyAndHasAnIdOfItsOwn()
+    {
+        CTreeFixture fixture(Site());
+        fixture.Select({ "loose" });
+        fixture.pTree->DealAction(ActionGroup);
+        fixture.pTree->DealAction(ActionGroup);
+        const QList<SProcessorGroupNode> listGroup = fixture.control.Answers().listAddedGroup;
+        QCOMPARE(listGroup.size(), 2);
+        const SProcessorGroupNode& group = listGroup.first();
+        QVERIFY(group.bExpanded);
+        QCOMPARE(group.nNodeType, qint32(NodeGroup));
+        QVERIFY(group.listProcessor.isEmpty());
+        QVERIFY(group.idChief.isNull());
+        QVERIFY(group.setAux.isEmpty());
+        QVERIFY(!group.idNode.isNull());
+        QVERIFY(group.idNode != listGroup.last().idNode);
     }
 
     void theNumberOfANewGroupIsAskedOnceAndTakenAsItComes_data()
