@@ -24,7 +24,7 @@ constexpr int g_nThreadWidth = 56;
 constexpr int g_nObjectWidth = 152;
 constexpr int g_nMargin = 8;
 constexpr int g_nFieldHeight = 24;
-constexpr int g_nBarHeight = 34; ///< that of the panel's header and the gap under it
+constexpr int g_nBarMargin = 5; ///< makes the bar as high as the panel's header and the gap under it
 } // namespace
 
 CJournalDock::CJournalDock(CCallLog& callLog, const CTheme& theme, QWidget* parent)
@@ -62,10 +62,11 @@ QWidget* CJournalDock::MakeBar()
     auto* pBar = new QFrame(this);
     pBar->setObjectName(QStringLiteral("JournalBar"));
     pTitle->setObjectName(QStringLiteral("JournalTitle"));
+    pClear->setObjectName(QStringLiteral("JournalClear"));
     pSearch->setClearButtonEnabled(true);
     pClose->setIcon(QIcon(QStringLiteral(":/image/control/close/close.svg")));
     auto* pLayout = new QHBoxLayout(pBar);
-    pLayout->setContentsMargins(g_nMargin, 0, g_nMargin, 0);
+    pLayout->setContentsMargins(g_nMargin, g_nBarMargin, g_nMargin, g_nBarMargin);
     pLayout->setSpacing(g_nMargin);
     pLayout->addWidget(pTitle);
     pLayout->addWidget(pSearch, 1);
@@ -73,7 +74,6 @@ QWidget* CJournalDock::MakeBar()
     pLayout->addWidget(pClear);
     pLayout->addWidget(pClose);
     pSearch->setFixedHeight(g_nFieldHeight);
-    pBar->setFixedHeight(g_nBarHeight);
     return pBar;
 }
 

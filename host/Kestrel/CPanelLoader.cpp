@@ -23,7 +23,8 @@ std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIMan
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(g_szSymbol));
     if (!pInit) {
-        strError = library.errorString();
+        strError = library.isLoaded() ? QStringLiteral("%1 has no symbol %2").arg(library.fileName(), QLatin1String(g_szSymbol))
+                                      : library.errorString();
         return nullptr;
     }
     ICorvidWidget* pWidget = nullptr;

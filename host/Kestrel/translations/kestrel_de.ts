@@ -478,4 +478,11 @@ Fortfahren?</translation>
         <translation>Leeren</translation>
     </message>
 </context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>E&amp;infügen</translation>
+    </message>
+</context>
 </TS>

@@ -478,4 +478,11 @@ Continue?</source>
         <translation>清除</translation>
     </message>
 </context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>粘贴(&amp;P)</translation>
+    </message>
+</context>
 </TS>
