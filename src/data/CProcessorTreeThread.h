@@ -6,8 +6,9 @@
 /// loop, on a thread of its own, runs one refresh of the store for each.
 ///
 /// Attached to seven control objects from its construction to its destruction. Created on the GUI
-/// thread without a parent, then moved to its thread, on which it is destroyed.
-class CProcessorTreeThread : public CBaseThread
+/// thread without a parent, then moved to its thread, on which it is destroyed. Final, since it is
+/// called before its constructor and until its destructor has ended.
+class CProcessorTreeThread final : public CBaseThread
 {
     Q_OBJECT
 

@@ -149,9 +149,9 @@ void CWorkerLoopTest::aMessageStaysInTheQueueDuringItsRefresh()
     control.RaiseHere(1);
     rig.Start();
     QVERIFY(control.WaitForHeld("GetDiscoveredTree"));
-    QCOMPARE(rig.pWorker->Queue(), QList<int>{ 1 });
+    QCOMPARE(rig.Probe().Queue(), QList<int>{ 1 });
     control.RaiseHere(7);
-    QCOMPARE(rig.pWorker->Queue(), (QList<int>{ 1, 7 }));
+    QCOMPARE(rig.Probe().Queue(), (QList<int>{ 1, 7 }));
     control.Release("GetDiscoveredTree");
     QVERIFY(control.WaitForCall("IsSimulatorPane", 2));
     QVERIFY(rig.WaitForIdle());

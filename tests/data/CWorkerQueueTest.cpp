@@ -53,7 +53,7 @@ private slots:
 void CWorkerQueueTest::theWorkerIsAnObjectFirstAndAnObserverSecond()
 {
     CControlDouble control;
-    CProbeWorker worker;
+    CProcessorTreeThread worker;
     QCOMPARE(static_cast<void*>(static_cast<QObject*>(&worker)), static_cast<void*>(&worker));
     QVERIFY(static_cast<void*>(static_cast<CObserver*>(&worker)) != static_cast<void*>(&worker));
     QVERIFY(worker.inherits("CBaseThread"));
@@ -76,9 +76,9 @@ void CWorkerQueueTest::aNewWorkerIsIdleWithAnEmptyQueue()
 {
     CControlDouble control;
     CWorkerRig rig;
-    QCOMPARE(rig.pWorker->bIdle, true);
-    QCOMPARE(rig.pWorker->bExit, false);
-    QCOMPARE(rig.pWorker->Queue(), QList<int>());
+    QCOMPARE(rig.Probe().IsIdle(), true);
+    QCOMPARE(rig.Probe().IsToExit(), false);
+    QCOMPARE(rig.Probe().Queue(), QList<int>());
 }
 
 void CWorkerQueueTest::sevenObjectsAreHeardFromTheStart()
@@ -134,7 +134,7 @@ void CWorkerQueueTest::everySubjectIsHeard()
     CWorkerRig rig;
     control.Raise(1, strSubject);
     QVERIFY(control.WaitForDelivery());
-    QCOMPARE(rig.pWorker->Queue(), QList<int>{ 1 });
+    QCOMPARE(rig.Probe().Queue(), QList<int>{ 1 });
 }
 
 void CWorkerQueueTest::onlyTenNumbersAreFiled_data()
@@ -161,10 +161,10 @@ void CWorkerQueueTest::onlyTenNumbersAreFiled()
     QFETCH(int, nMessage);
     QFETCH(bool, bFiled);
     CControlDouble control;
-    CProbeWorker worker;
+    CProcessorTreeThread worker;
     worker.Notify(nMessage);
-    QCOMPARE(worker.Queue(), bFiled ? QList<int>{ nMessage } : QList<int>());
-    QCOMPARE(worker.bIdle, !bFiled);
+    QCOMPARE(CWorkerProbe(&worker).Queue(), bFiled ? QList<int>{ nMessage } : QList<int>());
+    QCOMPARE(CWorkerProbe(&worker).IsIdle(), !bFiled);
 }
 
 void CWorkerQueueTest::eachMessageLeadsToItsOwnAction_data()
@@ -196,14 +196,14 @@ void CWorkerQueueTest::messagesAreFiledInOrderAndNeverMerged()
     for (const int nMessage : { 54, 1, 1, 2, 59, 1, 0, 59, 14 }) {
         rig.pWorker->Notify(nMessage);
     }
-    QCOMPARE(rig.pWorker->Queue(), (QList<int>{ 54, 1, 1, 59, 1, 59, 14 }));
+    QCOMPARE(rig.Probe().Queue(), (QList<int>{ 54, 1, 1, 59, 1, 59, 14 }));
 }
 
 void CWorkerQueueTest::aDroppedMessageTakesNoLock()
 {
     CControlDouble control;
-    CProbeWorker worker;
-    std::unique_lock<std::mutex> lock(worker.mutexQueue);
+    CProcessorTreeThread worker;
+    std::unique_lock<std::mutex> lock(CWorkerProbe(&worker).QueueMutex());
     const auto dropped = std::async(std::launch::async, [&] { worker.Notify(2); });
     const bool bDropped = dropped.wait_for(10s) == std::future_status::ready;
     const auto filed = std::async(std::launch::async, [&] { worker.Notify(1); });
@@ -218,7 +218,7 @@ void CWorkerQueueTest::anUnknownNumberInTheQueueIsOnlyRemoved()
     CControlDouble control;
     CWorkerRig rig;
     for (const int nMessage : { 2, 63, 0 }) {
-        rig.pWorker->Append(nMessage);
+        rig.Probe().Append(nMessage);
     }
     rig.pWorker->Notify(59);
     rig.Start();
@@ -231,8 +231,8 @@ void CWorkerQueueTest::anEmptyQueueAnswersZero()
 {
     CControlDouble control;
     CWorkerRig rig;
-    rig.pWorker->ActivateThread();
-    QCOMPARE(rig.pWorker->bIdle, false);
+    rig.Probe().Activate();
+    QCOMPARE(rig.Probe().IsIdle(), false);
     rig.Start();
     QVERIFY(rig.WaitForIdle());
     QCOMPARE(control.CallCount("GetDiscoveredTree"), 0);

@@ -2,19 +2,53 @@
 
 #include <QDeadlineTimer>
 
-QList<int> CProbeWorker::Queue()
+namespace
 {
-    const std::lock_guard<std::mutex> lock(mutexQueue);
-    return listMessage;
+/// Names what is protected; there is no object of it.
+class CAccess : public CBaseThread
+{
+public:
+    static constexpr auto IDLE = &CAccess::bIdle;
+    static constexpr auto EXIT = &CAccess::bExit;
+    static constexpr auto QUEUE = &CAccess::listMessage;
+    static constexpr auto QUEUE_MUTEX = &CAccess::mutexQueue;
+    static constexpr auto ACTIVATE = &CAccess::ActivateThread;
+};
+} // namespace
+
+bool CWorkerProbe::IsIdle() const
+{
+    return pThread->*CAccess::IDLE;
 }
 
-void CProbeWorker::Append(int nMessage)
+bool CWorkerProbe::IsToExit() const
 {
-    const std::lock_guard<std::mutex> lock(mutexQueue);
-    listMessage.append(nMessage);
+    return pThread->*CAccess::EXIT;
 }
 
-CWorkerRig::CWorkerRig() : pWorker(new CProbeWorker)
+QList<int> CWorkerProbe::Queue() const
+{
+    const std::lock_guard<std::mutex> lock(QueueMutex());
+    return pThread->*CAccess::QUEUE;
+}
+
+std::mutex& CWorkerProbe::QueueMutex() const
+{
+    return pThread->*CAccess::QUEUE_MUTEX;
+}
+
+void CWorkerProbe::Activate() const
+{
+    (pThread->*CAccess::ACTIVATE)();
+}
+
+void CWorkerProbe::Append(int nMessage) const
+{
+    const std::lock_guard<std::mutex> lock(QueueMutex());
+    (pThread->*CAccess::QUEUE).append(nMessage);
+}
+
+CWorkerRig::CWorkerRig() : pWorker(new CProcessorTreeThread)
 {
     QObject::connect(
         pWorker, &CProcessorTreeThread::UpdateToolBar, pWorker, [this] { semaphoreToolBar.release(); }, Qt::DirectConnection);
@@ -65,7 +99,7 @@ bool CWorkerRig::WaitForIdle(int nTimeout)
 {
     const QDeadlineTimer deadline(nTimeout);
     while (!deadline.hasExpired()) {
-        if (pWorker->bIdle && pWorker->Queue().isEmpty()) {
+        if (Probe().IsIdle() && Probe().Queue().isEmpty()) {
             return true;
         }
         QThread::yieldCurrentThread();

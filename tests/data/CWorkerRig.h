@@ -5,21 +5,23 @@
 #include <QSemaphore>
 #include <QThread>
 
-/// The worker with its inside open to a test.
-class CProbeWorker : public CProcessorTreeThread
+/// The inside of a worker, which nothing can derive from: it is heard before its constructor ends.
+class CWorkerProbe
 {
-    Q_OBJECT
-
 public:
-    using CBaseThread::ActivateThread;
-    using CBaseThread::bExit;
-    using CBaseThread::bIdle;
-    using CBaseThread::mutexQueue;
+    explicit CWorkerProbe(CBaseThread* pBaseThread) : pThread(pBaseThread) { }
 
-    QList<int> Queue();
+    bool IsIdle() const;
+    bool IsToExit() const;
+    QList<int> Queue() const;
+    std::mutex& QueueMutex() const;
+    void Activate() const;
 
     /// Past the filter, without a wake-up.
-    void Append(int nMessage);
+    void Append(int nMessage) const;
+
+private:
+    CBaseThread* pThread;
 };
 
 /// A worker and its thread, made, started and stopped in the order in which the panel does it.
@@ -43,7 +45,12 @@ public:
     /// True when the loop has nothing to do.
     bool WaitForIdle(int nTimeout = 5000);
 
-    CProbeWorker* pWorker; ///< ends itself when its thread has run
+    CWorkerProbe Probe() const
+    {
+        return CWorkerProbe(pWorker);
+    }
+
+    CProcessorTreeThread* pWorker; ///< ends itself when its thread has run
     QThread thread;
 
 private:

@@ -8,6 +8,12 @@
 
 namespace
 {
+/// A fraction of the cycles where a sanitizer makes each of them slow.
+int Cycles(int n)
+{
+    return qEnvironmentVariableIsEmpty("PTV_SANITIZE") ? n : n / 5;
+}
+
 /// Threads that send messages as fast as they can.
 class CMessageRain
 {
@@ -55,7 +61,7 @@ private slots:
 void CWorkerStressTest::noStopIsLost()
 {
     CControlDouble control;
-    for (int i = 0; i < 4000; ++i) {
+    for (int i = 0; i < Cycles(4000); ++i) {
         CWorkerRig rig;
         rig.Start();
         if (i % 2 != 0) {
@@ -70,7 +76,7 @@ void CWorkerStressTest::noStopIsLost()
 void CWorkerStressTest::noStopIsLostRightAfterAMessage()
 {
     CControlDouble control;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < Cycles(2000); ++i) {
         CWorkerRig rig;
         rig.pWorker->Notify(i % 2 != 0 ? 1 : 59);
         rig.Start();
@@ -85,7 +91,7 @@ void CWorkerStressTest::workersComeAndGoWhileMessagesRain()
 {
     CControlDouble control;
     const CMessageRain rain(control, 4);
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < Cycles(2000); ++i) {
         CWorkerRig rig;
         rig.Start();
         QVERIFY(i % 10 != 0 || control.WaitForCall("GetDiscoveredTree"));

@@ -7,7 +7,8 @@
 
 namespace
 {
-constexpr int REFRESHES = 20000;
+/// A fraction where a sanitizer makes each of them slow.
+const int REFRESHES = qEnvironmentVariableIsEmpty("PTV_SANITIZE") ? 20000 : 2000;
 
 /// A list whose shape changes with its number: processors wander between groups that come and go.
 SProcessorAllNode Shape(int n)
