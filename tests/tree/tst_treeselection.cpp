@@ -6,6 +6,8 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <thread>
+
 namespace
 {
 
@@ -36,15 +38,20 @@ private slots:
     void theStoreIsToldBeforeTheLibraryAndTheToolBarLast()
     {
         CTreeFixture fixture(Site());
-        std::vector<QUuid> vecAtToolBar;
         int nCallsAtToolBar = 0;
-        connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyButton, this, [&] {
-            vecAtToolBar = g_pProcessorTreeData->GetSelectedNodes();
-            nCallsAtToolBar = fixture.control.CallCount("SetSelectedNodes");
+        connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyButton, this,
+                [&] { nCallsAtToolBar = fixture.control.CallCount("SetSelectedNodes"); });
+        fixture.control.Hold("SetSelectedNodes");
+        std::vector<QUuid> vecAtLibrary;
+        std::thread library([&] {
+            fixture.control.WaitForHeld("SetSelectedNodes");
+            vecAtLibrary = g_pProcessorTreeData->GetSelectedNodes();
+            fixture.control.Release("SetSelectedNodes");
         });
         fixture.Click(fixture.Row("beta"));
+        library.join();
         g_pProcessorTreeData->disconnect(this);
-        QCOMPARE(vecAtToolBar, std::vector<QUuid>{ ProcessorId("beta") });
+        QCOMPARE(vecAtLibrary, std::vector<QUuid>{ ProcessorId("beta") });
         QCOMPARE(nCallsAtToolBar, 1);
     }
 
