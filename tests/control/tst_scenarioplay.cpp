@@ -115,7 +115,8 @@ void CScenarioPlayTest::nothingHappensBeforeTheLifeStarts()
     QCOMPARE(pFixture->pHost->GetLifeTime(), qint64(0));
     QVERIFY(!pFixture->pHost->IsChiefMode());
     int nFinished = 0;
-    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, this, [&] { ++nFinished; });
+    QObject context; // goes first, and with it what is still queued
+    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, &context, [&] { ++nFinished; });
     pFixture->pHost->StartLife();
     QTRY_COMPARE(nFinished, 1);
     QVERIFY(pFixture->pHost->IsChiefMode());
@@ -126,8 +127,9 @@ void CScenarioPlayTest::stepsAreTakenInTheirOrderAndThenItIsFinished()
     pFixture->Write("day.json", R"({"steps":[{"at":0.2,"do":"offline","node":"b"},{"at":0.1,"do":"offline","node":"a"}]})");
     pFixture->Start(Root({}, { Processor("a").Online(), Processor("b").Online() }));
     QStringList listStep;
-    connect(pFixture->pHost.get(), &CControlHost::LifeStep, this, [&](const QString& strLine) { listStep.append(strLine); });
-    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, this, [&] { listStep.append("finished"); });
+    QObject context; // goes first, and with it what is still queued
+    connect(pFixture->pHost.get(), &CControlHost::LifeStep, &context, [&](const QString& strLine) { listStep.append(strLine); });
+    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, &context, [&] { listStep.append("finished"); });
     pFixture->pHost->StartLife();
     QTRY_COMPARE(listStep, (QStringList{ "offline a", "offline b", "finished" }));
     QVERIFY(pFixture->pHost->GetLifeTime() >= 200);
@@ -144,7 +146,8 @@ void CScenarioPlayTest::aStormChangesManyDevices()
 {
     Play(R"({"at":0,"do":"storm","rate":200,"for":0.2})");
     int nSteps = 0;
-    connect(pFixture->pHost.get(), &CControlHost::LifeStep, this, [&] { ++nSteps; });
+    QObject context; // goes first, and with it what is still queued
+    connect(pFixture->pHost.get(), &CControlHost::LifeStep, &context, [&] { ++nSteps; });
     QTRY_VERIFY(nSteps >= 30);
     QVERIFY(pFixture->recorder.Await(MessageDevicesChanged));
 }
@@ -173,7 +176,8 @@ void CScenarioPlayTest::aFaultyScenarioIsNotPlayed()
     pFixture->Start();
     QVERIFY(pFixture->pHost->GetScenarioError().startsWith(pFixture->GetPath("day.json") + ": step 2: "));
     int nFinished = 0;
-    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, this, [&] { ++nFinished; });
+    QObject context; // goes first, and with it what is still queued
+    connect(pFixture->pHost.get(), &CControlHost::ScenarioFinished, &context, [&] { ++nFinished; });
     pFixture->pHost->StartLife();
     QTRY_COMPARE(nFinished, 1);
     QVERIFY(!pFixture->pHost->IsChiefMode());
