@@ -119,7 +119,8 @@ bool CToolTipControl::IsVisible() const
 bool CToolTipControl::eventFilter(QObject* pWatched, QEvent* event)
 {
     const bool bOwn = pWatched == pWindow;
-    const bool bLeft = event->type() == QEvent::Leave && pWatched == pTarget;
+    // A window manager makes the mouse leave and come back when it grabs it; that hides nothing.
+    const bool bLeft = event->type() == QEvent::Leave && pWatched == pTarget && QApplication::widgetAt(QCursor::pos()) != pTarget;
     if (bLeft || (!bOwn && pWatched->isWidgetType() && IsHiddenBy(event->type()))) {
         Hide();
     }

@@ -42,6 +42,7 @@ private slots:
     void userGoingOnHidesTheTip();
     void leavingTheWidgetHidesTheTipAndDropsAWaitingOne();
     void mouseMovesWithinTheWidgetKeepTheTip();
+    void leaveWithoutAMoveKeepsTheTip();
     void tipTakesNoMouseAndNoFocus();
     void longTextsWrap();
     void markupIsShownAsItIs();
@@ -228,6 +229,14 @@ void CToolTipTest::mouseMovesWithinTheWidgetKeepTheTip()
     CToolTip::ShowText(QStringLiteral("Text"));
     QCursor::setPos(pLabel->mapToGlobal(QPoint(120, 110)));
     QCoreApplication::processEvents();
+    QVERIFY(CToolTip::IsVisible());
+}
+
+void CToolTipTest::leaveWithoutAMoveKeepsTheTip()
+{
+    CToolTip::ShowText(QStringLiteral("Text"));
+    QEvent event(QEvent::Leave);
+    QCoreApplication::sendEvent(pLabel, &event);
     QVERIFY(CToolTip::IsVisible());
 }
 
