@@ -21,6 +21,7 @@ private slots:
     void hiddenEntryStaysSelected();
     void boxWithoutAMenuBearsEverything();
     void clickOpensTheMenuBelowTheBox();
+    void pressOnTheBoxClosesItsOpenMenu();
     void menuIsAsWideAsTheBoxWhenAskedFor_data();
     void menuIsAsWideAsTheBoxWhenAskedFor();
     void keysOpenTheMenu_data();
@@ -148,6 +149,21 @@ void CComboBoxTest::clickOpensTheMenuBelowTheBox()
     QVERIFY(!pBox->property("MenuOpen").toBool());
     QTest::mouseClick(pBox, Qt::RightButton);
     QVERIFY(!OpenMenu());
+}
+
+void CComboBoxTest::pressOnTheBoxClosesItsOpenMenu()
+{
+    // Through the windows, where a press beside the popup closes it and is then given to what lies below.
+    const QPoint ptBox = pBox->mapTo(pWindow.get(), pBox->rect().center());
+    QCursor::setPos(pWindow->mapToGlobal(ptBox));
+    QTest::mouseClick(pWindow->windowHandle(), Qt::LeftButton, Qt::NoModifier, ptBox);
+    QTRY_COMPARE(OpenMenu(), pMenu);
+    QTest::mouseClick(pMenu->windowHandle(), Qt::LeftButton, Qt::NoModifier, pMenu->mapFromGlobal(QCursor::pos()));
+    QTRY_VERIFY(!OpenMenu());
+    QVERIFY(!pMenu->isVisible());
+    QTest::mouseClick(pWindow->windowHandle(), Qt::LeftButton, Qt::NoModifier, ptBox);
+    QTRY_COMPARE(OpenMenu(), pMenu);
+    pMenu->close();
 }
 
 void CComboBoxTest::menuIsAsWideAsTheBoxWhenAskedFor_data()
