@@ -4,13 +4,11 @@
 #include "interfaces/widgets/CMenu.h"
 
 #include <QAction>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -21,7 +19,6 @@ public:
 
     void SetConnection();
     void OpenMenu();
-    void NoteMenuClosed();
     void Choose(QAction* pAction, bool bNotify);
     QList<QAction*> GetChoices() const;
     QAction* FindAction(const QVariant& id) const;
@@ -32,13 +29,11 @@ public:
     QPointer<CMenu> pMenu;
     QPointer<QAction> pCurrent;
     bool bMatchWidth = false;
-    bool bSkipPress = false; ///< the press that closed the menu must not open it again
 };
 
 void CComboBox::CPrivate::SetConnection()
 {
     connect(pMenu, &QMenu::triggered, pBox, [this](QAction* pAction) { Choose(pAction, true); });
-    connect(pMenu, &QMenu::aboutToHide, pBox, [this] { NoteMenuClosed(); });
 }
 
 void CComboBox::CPrivate::OpenMenu()
@@ -53,13 +48,6 @@ void CComboBox::CPrivate::OpenMenu()
     if (pCurrent && pCurrent->isVisible()) {
         pMenu->setActiveAction(pCurrent);
     }
-}
-
-void CComboBox::CPrivate::NoteMenuClosed()
-{
-    const bool bPressed = QGuiApplication::mouseButtons() & Qt::LeftButton;
-    bSkipPress = bPressed && pBox->rect().contains(pBox->mapFromGlobal(QCursor::pos()));
-    QTimer::singleShot(0, pBox, [this] { bSkipPress = false; });
 }
 
 void CComboBox::CPrivate::Choose(QAction* pAction, bool bNotify)
@@ -235,10 +223,9 @@ void CComboBox::ChooseByLetter(QKeyEvent* event)
 
 void CComboBox::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && !d->bSkipPress) {
+    if (event->button() == Qt::LeftButton) {
         d->OpenMenu();
     }
-    d->bSkipPress = false;
 }
 
 void CComboBox::paintEvent(QPaintEvent*)

@@ -13,7 +13,8 @@ void CMenu::setMinimumWidth(int nWidth)
 {
     QMenu::setMinimumWidth(nWidth);
     // The base class keeps the rectangles of its entries over a change of the minimum; this makes it lay them out anew.
-    setSeparatorsCollapsible(separatorsCollapsible());
+    setSeparatorsCollapsible(!separatorsCollapsible());
+    setSeparatorsCollapsible(!separatorsCollapsible());
 }
 
 void CMenu::SetControlWidget(QWidget* pWidget)

@@ -4,7 +4,10 @@
 #include <QElapsedTimer>
 #include <QThread>
 
+#include <functional>
+#include <memory>
 #include <thread>
+#include <vector>
 
 namespace
 {
@@ -35,6 +38,9 @@ public:
     {
         while (!bExit) {
             if (bIdle) {
+                if (fnBeforeWait) {
+                    fnBeforeWait();
+                }
                 std::unique_lock<std::mutex> lock(mutexWake);
                 nWaits++;
                 condWake.wait(lock);
@@ -50,6 +56,7 @@ public:
         ThreadFinished();
     }
 
+    std::function<void()> fnBeforeWait; ///< runs in the gap between the test of bIdle and the wait
     std::atomic<int> nWaits{ 0 };
     std::atomic<int> nTaken{ 0 };
     std::atomic<int> nLastMessage{ -1 };
@@ -85,6 +92,7 @@ private slots:
     void stopWithoutALoopReturnsAndTheObjectCanGo();
     void secondStopIsHarmless();
     void stopReturnsAtOnceWhileTheLoopIsBusy();
+    void stopThatFallsBeforeTheWaitStillEndsTheLoop();
     void noStopEverHangs();
     void stopWhileMessagesRainFromManyThreads();
     void wholeLifeOnAQThread();
@@ -195,6 +203,28 @@ void CBaseThreadTest::stopReturnsAtOnceWhileTheLoopIsBusy()
     worker.ThreadExit();
     bStopped = true;
     QVERIFY(Join(thread, worker.bEnded));
+}
+
+void CBaseThreadTest::stopThatFallsBeforeTheWaitStillEndsTheLoop()
+{
+    auto pWorker = std::make_unique<CRecordingThread>();
+    std::atomic<bool> bInGap{ false };
+    std::atomic<bool> bStopped{ false };
+    pWorker->fnBeforeWait = [&bInGap, &bStopped] {
+        bInGap = true;
+        while (!bStopped) {
+            std::this_thread::yield();
+        }
+    };
+    std::thread thread(&CRecordingThread::ThreadStart, pWorker.get());
+    QTRY_VERIFY(bInGap);
+    pWorker->ThreadExit();
+    bStopped = true;
+    const bool bJoined = Join(thread, pWorker->bEnded);
+    if (!bJoined) {
+        pWorker.release(); // its loop still sleeps
+    }
+    QVERIFY(bJoined);
 }
 
 void CBaseThreadTest::noStopEverHangs()

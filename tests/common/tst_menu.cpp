@@ -69,6 +69,11 @@ void CMenuTest::minimumWidthCountsAfterTheFirstOpening()
     pMenu->popup(QPoint(10, 10));
     QCOMPARE(pMenu->width(), 222);
     QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() > 200);
+    pMenu->close();
+    pMenu->setMinimumWidth(10);
+    pMenu->popup(QPoint(10, 10));
+    QVERIFY(pMenu->width() < 222);
+    QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() <= pMenu->width());
 }
 
 void CMenuTest::openMenuMarksItsControlWidget()
