@@ -1,4 +1,5 @@
 #include "Builders.h"
+#include "CBracketTranslator.h"
 #include "CNameRegistry.h"
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
@@ -6,8 +7,6 @@
 #include "IconColour.h"
 #include "TestMain.h"
 #include "data/EnNodeType.h"
-
-#include <QTranslator>
 
 namespace
 {
@@ -45,22 +44,6 @@ QImage Expected(const CPaintedRow& row, const QString& strText, const QString& s
     return CReferenceRow(row).Background().Icon(strIcon, rcIcon).Text(strText, rcText, colour).Image();
 }
 
-// Speaks one sentence of another language.
-class CRootTranslator : public QTranslator
-{
-public:
-    QString translate(const char* pContext, const char* pText, const char*, int) const override
-    {
-        const bool bRoot = qstrcmp(pContext, "CProcessorTreeDelegate") == 0 && qstrcmp(pText, "All processors(%1)") == 0;
-        return bRoot ? QStringLiteral("Alle Prozessoren: %1") : QString();
-    }
-
-    bool isEmpty() const override
-    {
-        return false;
-    }
-};
-
 } // namespace
 
 Q_DECLARE_METATYPE(SProcessorAllNode)
@@ -93,6 +76,7 @@ private slots:
 
     void unknownGroupLeavesTheRowUnpainted_data();
     void unknownGroupLeavesTheRowUnpainted();
+    void missingIconIsDrawnAsNothing();
     void groupRowWithoutAnIdShowsADefaultGroup();
     void idGivenAsTextIsUnderstood();
 
@@ -181,14 +165,12 @@ void CGroupRowTest::rootCountsTheCurrentPane()
 
 void CGroupRowTest::rootTextIsTranslatedGroupTextIsNot()
 {
-    CRootTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const CBracketTranslator translator;
     store.Show(Root({ Group(strStage, Processors(2)) }));
     CPaintedRow rowRoot = RootRow();
     CPaintedRow rowGroup = GroupRow();
-    QCOMPARE(rowRoot.Paint(), Expected(rowRoot, QStringLiteral("Alle Prozessoren: 2")));
+    QCOMPARE(rowRoot.Paint(), Expected(rowRoot, QStringLiteral("<All processors(2)>")));
     QCOMPARE(rowGroup.Paint(), Expected(rowGroup, QStringLiteral("Stage(2)")));
-    QCoreApplication::removeTranslator(&translator);
 }
 
 void CGroupRowTest::rootNeverShowsAChief()
@@ -296,6 +278,17 @@ void CGroupRowTest::unknownGroupLeavesTheRowUnpainted()
     row.SetState(QStyle::State_Selected);
     QCOMPARE(row.Paint(), row.Blank());
     QVERIFY(!row.ToolTip().isValid());
+}
+
+void CGroupRowTest::missingIconIsDrawnAsNothing()
+{
+    store.Show(Root({ Group(strStage) }));
+    CPaintedRow row = GroupRow();
+    ExpectWarning(QStringLiteral("Cannot open file .*group_normal.svg"));
+    Q_CLEANUP_RESOURCE(testicons);
+    const QImage image = row.Paint();
+    Q_INIT_RESOURCE(testicons);
+    QCOMPARE(image, CReferenceRow(row).Text(strStage, rcText, colourText).Image());
 }
 
 void CGroupRowTest::groupRowWithoutAnIdShowsADefaultGroup()

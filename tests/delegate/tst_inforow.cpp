@@ -1,12 +1,11 @@
 #include "Builders.h"
+#include "CBracketTranslator.h"
 #include "CNameRegistry.h"
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
 #include "CStoreFixture.h"
 #include "TestMain.h"
 #include "data/EnNodeType.h"
-
-#include <QTranslator>
 
 namespace
 {
@@ -38,21 +37,6 @@ QString Shortened(const QString& strText, int nWidth)
 {
     return QFontMetrics(RowFont()).elidedText(strText, Qt::ElideMiddle, nWidth);
 }
-
-// Turns every text of the delegate into capitals.
-class CCapitals : public QTranslator
-{
-public:
-    QString translate(const char* pContext, const char* pText, const char*, int) const override
-    {
-        return qstrcmp(pContext, "CProcessorTreeDelegate") == 0 ? QString::fromLatin1(pText).toUpper() : QString();
-    }
-
-    bool isEmpty() const override
-    {
-        return false;
-    }
-};
 
 } // namespace
 
@@ -156,15 +140,13 @@ void CInfoRowTest::textIsGreyInEveryState()
 
 void CInfoRowTest::textsAreTranslatedDashesAreNot()
 {
-    CCapitals translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const CBracketTranslator translator;
     CPaintedRow row{ int(NodeInfo), idAlpha };
     store.Show(Root({}, { Alpha() }));
-    QCOMPARE(row.Paint(), Expected(row, { "TYPE: --", "IP: 10.0.0.7", "PROJECT: --", "UID: --" }));
+    QCOMPARE(row.Paint(), Expected(row, { "<Type: -->", "<IP: 10.0.0.7>", "<Project: -->", "<UID: -->" }));
     store.Show(Root({}, { Alpha().Online() }));
     row.Paint();
-    QCOMPARE(row.ToolTip().toString(), "TYPE: KX-4\nIP: 10.0.0.7\nPROJECT: --\nUID: " + strAlphaId);
-    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(row.ToolTip().toString(), "<Type: >KX-4\n<IP: 10.0.0.7>\n<Project: >--\n<UID: >" + strAlphaId);
 }
 
 void CInfoRowTest::longTypeIsClippedNotShortened()

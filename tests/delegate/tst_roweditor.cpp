@@ -53,6 +53,9 @@ private slots:
     void heightOfARowComesFromItsItem();
     void classHasTwoSlotsAndNoSignals();
     void editorAsksForTheFocusForNoSpecialReason();
+    void editorIsFilteredByTheDelegateItself();
+    void nodeOfTheOtherPaneStartsEmpty();
+    void idThatCannotBeReadStartsEmpty();
     void menuKeyShowsNoMenuEither();
 
 private:
@@ -61,6 +64,7 @@ private:
 
 void CRowEditorTest::init()
 {
+    store.SetSimulatorPane(false);
     store.Show(Site());
     store.Control().ClearJournal();
 }
@@ -246,8 +250,36 @@ void CRowEditorTest::editorAsksForTheFocusForNoSpecialReason()
     view.Delegate().setEditorData(&editor, Gamma(view));
     QVERIFY(editor.hasFocus());
     QCOMPARE(reasons.listReason, QList<Qt::FocusReason>({ Qt::OtherFocusReason }));
-    QSignalBlocker quiet(&editor);
-    view.setFocus();
+}
+
+// The view filters its editors through the delegate as well; this one it does not know.
+void CRowEditorTest::editorIsFilteredByTheDelegateItself()
+{
+    CRowView view;
+    QLineEdit editor(&view);
+    editor.show();
+    view.Delegate().setEditorData(&editor, Gamma(view));
+    QSignalSpy commits(&view.Delegate(), &QAbstractItemDelegate::commitData);
+    QSignalSpy returns(&editor, &QLineEdit::returnPressed);
+    QTest::keyClick(&editor, Qt::Key_Return);
+    QCOMPARE(commits.size(), 1);
+    QCOMPARE(returns.size(), 0);
+}
+
+void CRowEditorTest::nodeOfTheOtherPaneStartsEmpty()
+{
+    CRowView view;
+    store.SetSimulatorPane(true);
+    const QLineEdit* pEditor = view.Edit(Gamma(view));
+    QCOMPARE(pEditor->text(), QString());
+}
+
+void CRowEditorTest::idThatCannotBeReadStartsEmpty()
+{
+    CRowView view;
+    const QModelIndex index = Gamma(view);
+    view.Rows().setData(index, QVariantList(), RoleNodeId);
+    QCOMPARE(view.Edit(index)->text(), QString());
 }
 
 void CRowEditorTest::menuKeyShowsNoMenuEither()

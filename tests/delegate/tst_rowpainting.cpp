@@ -34,6 +34,7 @@ private slots:
     void init();
 
     void delegateMakesItsMarksComparable();
+    void delegateGoesWithItsParent();
 
     void rowOfAnotherKindStaysUnpainted_data();
     void rowOfAnotherKindStaysUnpainted();
@@ -64,6 +65,15 @@ void CRowPaintingTest::delegateMakesItsMarksComparable()
     const CProcessorTreeDelegate second(nullptr);
     QVERIFY(QMetaType::hasRegisteredComparators<SPrcNodeItem>());
     QCOMPARE(QMetaType::type("SPrcNodeItem"), qMetaTypeId<SPrcNodeItem>());
+}
+
+void CRowPaintingTest::delegateGoesWithItsParent()
+{
+    QScopedPointer<QObject> parent(new QObject);
+    const QPointer<CProcessorTreeDelegate> pDelegate = new CProcessorTreeDelegate(parent.data());
+    QCOMPARE(pDelegate->parent(), parent.data());
+    parent.reset();
+    QVERIFY(pDelegate.isNull());
 }
 
 void CRowPaintingTest::rowOfAnotherKindStaysUnpainted_data()
