@@ -60,6 +60,7 @@ void CProcessorTreeModel::RebuildFromStore()
 {
     SProcessorAllNode node;
     g_pProcessorTreeData->GetCurrentTree(node);
+    mapIndex.clear(); // before its rows go: whoever asks in between gets the root
     pRootItem->UpdateChildren();
     pTree->setExpanded(GetRootIndex(), true);
     FillMap(node);
@@ -70,7 +71,6 @@ void CProcessorTreeModel::RebuildFromStore()
 // row, and without a parent the index of its first member would be the root's.
 void CProcessorTreeModel::FillMap(const SProcessorAllNode& node)
 {
-    mapIndex.clear();
     const QModelIndex indexRoot = GetRootIndex();
     mapIndex.insert(QUuid(), indexRoot);
     int nRow = 0;

@@ -40,8 +40,8 @@ public:
     void SetSearchText(const QString& strText);
 
     /// Builds all rows anew, with the expansion of the records; the root is always expanded. The caller
-    /// keeps the tree's signals blocked. Until it returns nothing may ask the view for geometry or the
-    /// map for rows: both would meet rows that are gone, and a forced layout makes it quadratic.
+    /// keeps the tree's signals blocked. Until it returns nothing may ask the view for geometry, since a
+    /// forced layout makes it quadratic, and every id gives the root.
     void RebuildFromStore();
 
 private:

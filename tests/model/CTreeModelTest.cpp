@@ -47,6 +47,7 @@ private slots:
     void aRebuildOfAnEmptyPaneLeavesTheRoot();
     void aRebuildSaysNothingOfExpansionWhileTheTreeIsBlocked();
     void aRebuildReplacesAllRowsButTheRoot();
+    void idsAskedForInTheMiddleOfARebuildGiveTheRoot();
 
     void openingARowTellsTheStoreAndTheLibrary_data();
     void openingARowTellsTheStoreAndTheLibrary();
@@ -253,6 +254,25 @@ void CTreeModelTest::aRebuildReplacesAllRowsButTheRoot()
     QVERIFY(indexRoot.isValid());
     QVERIFY(!indexGroup.isValid());
     QVERIFY(!indexMember.isValid());
+}
+
+void CTreeModelTest::idsAskedForInTheMiddleOfARebuildGiveTheRoot()
+{
+    SModelRig rig(TwoGroups());
+    rig.Rebuild();
+    int nAsked = 0;
+    int nRoots = 0;
+    const auto fnAsk = [&] {
+        for (const QUuid& id : { GroupId("Stage"), ProcessorId("a"), ProcessorId("e"), QUuid() }) {
+            ++nAsked;
+            nRoots += rig.Index(id) == rig.pModel->GetRootIndex() ? 1 : 0;
+        }
+    };
+    connect(rig.pModel, &QStandardItemModel::rowsRemoved, this, fnAsk);
+    connect(rig.pModel, &QStandardItemModel::rowsInserted, this, fnAsk);
+    rig.Rebuild();
+    QVERIFY(nAsked > 0);
+    QCOMPARE(nRoots, nAsked);
 }
 
 void CTreeModelTest::openingARowTellsTheStoreAndTheLibrary_data()
