@@ -14,6 +14,7 @@ constexpr double g_dMostScale = 4.0;
 
 constexpr QLatin1String g_strAt("at");
 constexpr QLatin1String g_strHelp("help");
+constexpr QLatin1String g_strJournal("journal");
 constexpr QLatin1String g_strLang("lang");
 constexpr QLatin1String g_strList("list");
 constexpr QLatin1String g_strPanel("panel");
@@ -27,7 +28,7 @@ void AddOptions(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), g_strHelp }));
     for (const QLatin1String strName :
-         { g_strAt, g_strLang, g_strList, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
+         { g_strAt, g_strJournal, g_strLang, g_strList, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
         parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
 }
 } // namespace
@@ -74,6 +75,7 @@ QString CCommandLine::GetHelp()
                           "  --shots FOLDER     write the pictures that the scenario asks for, numbered, then quit\n"
                           "  --lang LANGUAGE    %1\n"
                           "  --scale FACTOR     size of everything, 0.5 to 4\n"
+                          "  --journal FILE     write the journal to that file as it grows\n"
                           "  --panel FILE       the panel's library; default: beside the program\n"
                           "  --help             this text\n"
                           "\n"
@@ -87,6 +89,7 @@ void CCommandLine::ReadValues(const QCommandLineParser& parser)
     options.strScenarioFile = parser.value(g_strScenario);
     options.strShotFile = parser.value(g_strShot);
     options.strShotFolder = parser.value(g_strShots);
+    options.strJournalFile = parser.value(g_strJournal);
     options.strPanelFile = parser.value(g_strPanel);
     options.strLanguage = parser.value(g_strLang);
     if (parser.isSet(g_strAt))

@@ -2,6 +2,7 @@
 
 #include "CorvidControl/CControlHost.h"
 #include "Kestrel/CInterfacePlayer.h"
+#include "Kestrel/CJournalFile.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "interfaces/host/ICorvidWidget.h"
@@ -46,6 +47,11 @@ int CKestrel::Run()
         Complain(pHost->GetListError());
     Log(*pHost, log);
     const CControlJournal journal(log, &CControlHost::GetMessageName);
+    CJournalFile journalFile(log, options.strJournalFile);
+    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
+        Complain(journalFile.GetError());
+        return g_nCodeBadFile;
+    }
     return RunWindow(*pHost, log);
 }
 

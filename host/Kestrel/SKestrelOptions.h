@@ -12,6 +12,7 @@ struct SKestrelOptions
     QString strShotFile;     ///< picture of the window to write, after which the program ends; empty for none
     double dShotAt = 2.0;    ///< seconds from the window's appearance to that picture
     QString strShotFolder;   ///< where the pictures go that the scenario asks for; empty: they are not taken
+    QString strJournalFile;  ///< where the journal is written too; empty: nowhere
     QString strPanelFile;    ///< the panel's library; empty: the one beside the program
     QString strLanguage;     ///< "en", "de", "zh_CN"; empty: the system's
     double dScale = 0.0;     ///< pixels a point; 0: as the screen says

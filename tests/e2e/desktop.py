@@ -1,0 +1,239 @@
+"""Drives the real application on a real X server, as a user does: by mouse and keyboard.
+
+Nothing here waits for a fixed time; whoever needs something to have happened waits for the journal, for
+a pixel or for a window. The pauses between the steps of a drag are the drag's own pace.
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+from PIL import ImageGrab
+
+DEADLINE = 30.0  # seconds that anything may take
+POLL = 0.03
+
+ROW = 32
+INFO = 92
+MENU_BAR = 27
+HEADER = 34  # the panel's header and the gap under it
+
+
+class Failure(AssertionError):
+    pass
+
+
+def wait_until(what, condition, deadline=DEADLINE):
+    """The first true result of condition()."""
+    end = time.monotonic() + deadline
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise Failure(f"not within {deadline} s: {what}")
+        time.sleep(POLL)
+
+
+class Desktop:
+    """An X server of its own with a window manager, and what a user does on it."""
+
+    SIZE = (1280, 900)
+
+    def __init__(self, shots):
+        self.shots = pathlib.Path(shots)
+        self.shots.mkdir(parents=True, exist_ok=True)
+        read_end, write_end = os.pipe()
+        geometry = f"{self.SIZE[0]}x{self.SIZE[1]}x24"
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", geometry, "-nolisten", "tcp"],
+            pass_fds=[write_end], stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as display:
+            self.display = ":" + display.readline().strip()
+        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
+        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+        wait_until("a window manager", self._has_manager)
+
+    def _has_manager(self):
+        check = subprocess.run(["xdotool", "get_num_desktops"], env=self.environment, capture_output=True)
+        return check.returncode == 0
+
+    def close(self):
+        for process in (self.manager, self.server):
+            process.terminate()
+            process.wait()
+
+    def xdotool(self, *words):
+        done = subprocess.run(["xdotool", *map(str, words)], env=self.environment, capture_output=True, text=True)
+        if done.returncode != 0:
+            raise Failure(f"xdotool {' '.join(map(str, words))}: {done.stderr.strip()}")
+        return done.stdout.strip()
+
+    def move(self, x, y):
+        self.xdotool("mousemove", int(x), int(y))
+
+    def click(self, x, y, button=1, holding=None):
+        self.move(x, y)
+        if holding:
+            self.xdotool("keydown", holding)
+        self.xdotool("click", button)
+        if holding:
+            self.xdotool("keyup", holding)
+
+    def double_click(self, x, y):
+        self.move(x, y)
+        self.xdotool("click", "--repeat", 2, "--delay", 60, 1)
+
+    def drag(self, start, end):
+        """Press, pull free, travel in steps, let go."""
+        self.move(*start)
+        self.xdotool("mousedown", 1)
+        for offset in (3, 9):
+            self.move(start[0], start[1] + offset)
+        time.sleep(0.3)
+        for step in range(1, 5):
+            self.move(start[0] + (end[0] - start[0]) * step / 4, start[1] + (end[1] - start[1]) * step / 4)
+            time.sleep(0.1)
+        self.xdotool("mouseup", 1)
+
+    def key(self, *names):
+        self.xdotool("key", *names)
+
+    def type(self, text):
+        self.xdotool("type", "--delay", 15, text)
+
+    def copy(self, text):
+        """Puts text on the clipboard."""
+        subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), env=self.environment, check=True)
+
+    def grab(self):
+        return ImageGrab.grab(xdisplay=self.display)
+
+    def shoot(self, name):
+        """Keeps a picture of the whole screen to look at."""
+        path = self.shots / f"{name}.png"
+        self.grab().save(path)
+        return path
+
+    def windows(self, title):
+        """Visible windows whose title matches the pattern."""
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], env=self.environment,
+                               capture_output=True, text=True)
+        return found.stdout.split()
+
+    def wait_for_window(self, title):
+        window = wait_until(f"a window '{title}'", lambda: self.windows(title))[0]
+        self.xdotool("windowactivate", "--sync", window)
+        return window
+
+    def wait_for_no_window(self, title):
+        wait_until(f"no window '{title}'", lambda: not self.windows(title))
+
+
+class Kestrel:
+    """One run of the application. Positions are those of the screen."""
+
+    def __init__(self, desktop, program, list_file, options=(), scenario=None):
+        self.desktop = desktop
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kestrel-"))
+        self.list_file = pathlib.Path(list_file)
+        self.journal_file = self.folder / "journal"
+        script = self.folder / "scenario.json"
+        script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
+        self.error_file = open(self.folder / "errors", "w+")
+        environment = dict(desktop.environment, HOME=str(self.folder), XDG_RUNTIME_DIR=str(self.folder),
+                           QT_HASH_SEED="0", LANG="C.UTF-8", LANGUAGE="en")
+        os.chmod(self.folder, 0o700)
+        self.process = subprocess.Popen(
+            [program, "--list", self.list_file, "--scenario", script, "--journal", self.journal_file, "--lang", "en",
+             *options], env=environment, stderr=self.error_file)
+        self.window = desktop.wait_for_window("Kestrel$")
+        self._find_origin()
+        wait_until("the first rows", lambda: self.journal("Attach", kind="command"))
+
+    def _find_origin(self):
+        geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.window)
+        values = dict(line.split("=") for line in geometry.split())
+        self.x, self.y = int(values["X"]), int(values["Y"])
+        self.width, self.height = int(values["WIDTH"]), int(values["HEIGHT"])
+
+    def quit(self):
+        """Closes the window as its menu does and waits for the end; the exit code."""
+        if self.process.poll() is None:
+            self.desktop.xdotool("windowactivate", "--sync", self.window)
+            self.desktop.key("ctrl+q")
+        code = self.process.wait(DEADLINE)
+        self.clean()
+        return code
+
+    def clean(self):
+        if self.process.poll() is None:
+            self.process.send_signal(signal.SIGKILL)
+            self.process.wait()
+        self.error_file.close()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def errors(self):
+        self.error_file.flush()
+        return (self.folder / "errors").read_text()
+
+    # The journal
+
+    def records(self):
+        if not self.journal_file.exists():
+            return []
+        lines = self.journal_file.read_text(encoding="utf-8").split("\n")[:-1]
+        return [dict(zip(("number", "time", "kind", "thread", "object", "text"), line.split("\t"))) for line in lines]
+
+    def mark(self):
+        """The number of the newest record, to look behind it later."""
+        records = self.records()
+        return int(records[-1]["number"]) if records else 0
+
+    def journal(self, pattern, kind=None, after=0):
+        """Texts of the records behind a mark that match."""
+        return [record["text"] for record in self.records()
+                if int(record["number"]) > after and re.search(pattern, record["text"]) and kind in (None, record["kind"])]
+
+    def commands(self, after=0):
+        """The commands behind a mark, with gui or job in front for the thread."""
+        return [("gui " if record["thread"] == "gui" else "job ") + record["text"] for record in self.records()
+                if int(record["number"]) > after and record["kind"] == "command"]
+
+    def wait_for(self, pattern, after=0, kind=None):
+        return wait_until(f"'{pattern}' in the journal; it holds {self.commands(after)}",
+                          lambda: self.journal(pattern, kind, after))
+
+    # The panel
+
+    def row(self, number, column=90):
+        """A point on the row of that number, counted from 0, while no information row above it is open."""
+        return self.x + column, self.y + MENU_BAR + HEADER + number * ROW + ROW // 2
+
+    def pixel(self, point):
+        return self.desktop.grab().getpixel((int(point[0]), int(point[1])))[:3]
+
+    def wait_for_pixel(self, what, point, test):
+        wait_until(what, lambda: test(self.pixel(point)))
+
+    def dot(self, number, depth):
+        """The centre of the state mark of a processor's row, depth being 1 in the root and 2 in a group."""
+        return self.row(number, 15 * (depth + 1) + 1 + 3)
+
+    def tool_bar_button(self, name):
+        """Menu, Add group, Add, Delete."""
+        right = self.panel_width() - 2 - 14
+        offsets = {"Menu": 16, "Add group": right - 64, "Add": right - 32, "Delete": right}
+        return self.x + offsets[name], self.y + self.height - self.status_bar() - 16
+
+    def panel_width(self):
+        return 358
+
+    def status_bar(self):
+        return 28
