@@ -11,9 +11,10 @@ run_packages=(
 )
 test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
-    xvfb openbox xdotool xclip  # the application on a real X server, by mouse and keyboard
+    xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
     imagemagick                 # what its screenshots show
     binutils python3            # the exported symbols, the include rules
+    python3-pil                 # pixels of the screen
     clang clang-format clang-tidy clazy
     libbenchmark-dev
 )

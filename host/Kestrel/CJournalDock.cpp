@@ -19,7 +19,7 @@ namespace
 {
 constexpr int g_nMostRows = 2000;
 constexpr int g_nBatchMs = 100;
-constexpr int g_nTimeWidth = 96;
+constexpr int g_nTimeWidth = 108;
 constexpr int g_nThreadWidth = 56;
 constexpr int g_nObjectWidth = 152;
 constexpr int g_nMargin = 8;

@@ -15,7 +15,7 @@ import time
 
 from PIL import ImageGrab
 
-DEADLINE = 30.0  # seconds that anything may take
+DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
 
 ROW = 32
@@ -158,10 +158,12 @@ class Kestrel:
         wait_until("the first rows", lambda: self.journal("Attach", kind="command"))
 
     def _find_origin(self):
-        geometry = self.desktop.xdotool("getwindowgeometry", "--shell", self.window)
-        values = dict(line.split("=") for line in geometry.split())
-        self.x, self.y = int(values["X"]), int(values["Y"])
-        self.width, self.height = int(values["WIDTH"]), int(values["HEIGHT"])
+        # xwininfo, since xdotool counts the window manager's frame twice.
+        done = subprocess.run(["xwininfo", "-id", self.window], env=self.desktop.environment, capture_output=True, text=True,
+                              check=True)
+        keys = {"x": "Absolute upper-left X", "y": "Absolute upper-left Y", "width": "Width", "height": "Height"}
+        for name, key in keys.items():
+            setattr(self, name, int(re.search(rf"{key}: +(-?\d+)", done.stdout).group(1)))
 
     def quit(self):
         """Closes the window as its menu does and waits for the end; the exit code."""
@@ -220,7 +222,11 @@ class Kestrel:
         return self.desktop.grab().getpixel((int(point[0]), int(point[1])))[:3]
 
     def wait_for_pixel(self, what, point, test):
-        wait_until(what, lambda: test(self.pixel(point)))
+        try:
+            wait_until(what, lambda: test(self.pixel(point)))
+        except Failure as failure:
+            picture = self.desktop.shoot("failed")
+            raise Failure(f"{failure}; at {point} is {self.pixel(point)}, see {picture}") from None
 
     def dot(self, number, depth):
         """The centre of the state mark of a processor's row, depth being 1 in the root and 2 in a group."""

@@ -26,8 +26,7 @@ def processor(name, address, online=True, failover=0, project="Aurora", chief=0)
 
 
 def group(name, processors, expanded=True):
-    null = "00000000-0000-0000-0000-000000000000"
-    return {"aux": [], "chief": null, "expanded": expanded, "id": node_id(name), "name": name, "processors": processors}
+    return {"aux": [], "chief": "", "expanded": expanded, "id": node_id(name), "name": name, "processors": processors}
 
 
 def write(path, groups, processors):

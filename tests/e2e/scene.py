@@ -1,0 +1,70 @@
+"""What every end-to-end test starts from: a desktop, the application with a small list, and its end."""
+
+import os
+import pathlib
+import shutil
+import tempfile
+import unittest
+
+import desktop
+import listfile
+from listfile import group, processor
+
+PROGRAM = os.environ["KESTREL"]
+SHOTS = os.environ["SHOTS"]
+
+
+def small_list():
+    """Rows 0 to 9: All processors, Stage (alpha, beta, gamma), Folded (delta), Empty, one, two, three."""
+    stage = group("Stage", [processor("alpha", "192.168.1.11", failover=1), processor("beta", "192.168.1.12", failover=2),
+                            processor("gamma", "192.168.1.13", online=False)])
+    folded = group("Folded", [processor("delta", "192.168.1.14")], expanded=False)
+    loose = [processor("one", "192.168.1.21"), processor("two", "192.168.1.22"), processor("three", "192.168.1.23")]
+    return [stage, folded, group("Empty", [])], loose
+
+
+class Scene(unittest.TestCase):
+    """One desktop for all tests of a class, one application for each test."""
+
+    ROOT, STAGE, ALPHA, BETA, GAMMA, FOLDED, EMPTY, ONE, TWO, THREE = range(10)
+    SCENARIO = None
+    LIST = staticmethod(small_list)
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = desktop.Desktop(pathlib.Path(SHOTS) / cls.__name__)
+        cls.addClassCleanup(cls.desktop.close)
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="scene-"))
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+        self.list_file = self.folder / "list.kvtl"
+        listfile.write(self.list_file, *self.LIST())
+        self.start()
+
+    def start(self):
+        self.kestrel = desktop.Kestrel(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO)
+        self.addCleanup(self.kestrel.clean)
+        self.kestrel.wait_for_pixel("the root selected", self.kestrel.row(0, 250), lambda colour: colour == SELECTED)
+
+    def outline_after_quit(self):
+        self.assertEqual(self.kestrel.quit(), 0)
+        return listfile.outline(self.list_file)
+
+    def select(self, row, holding=None, column=90):
+        """Clicks a row and waits until the library has heard of it."""
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.row(row, column), holding=holding)
+        self.kestrel.wait_for("SetSelectedNodes", after=mark)
+
+    def expect_commands(self, expected, after):
+        """The commands behind the mark are exactly these, in this order."""
+        desktop.wait_until(f"{len(expected)} commands, not {self.kestrel.commands(after)}",
+                           lambda: len(self.kestrel.commands(after)) >= len(expected))
+        self.assertEqual(self.kestrel.commands(after), expected)
+
+
+SELECTED = (0x5F, 0x64, 0x6D)
+TREE = (0x1C, 0x1E, 0x21)
+ONLINE = (0x38, 0xFC, 0x4C)
+ACCENT = (0xED, 0x81, 0x1D)
