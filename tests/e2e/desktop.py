@@ -206,7 +206,7 @@ class Kestrel:
     def commands(self, after=0):
         """The commands behind a mark, with gui or job in front for the thread."""
         return [("gui " if record["thread"] == "gui" else "job ") + record["text"] for record in self.records()
-                if int(record["number"]) > after and record["kind"] == "command"]
+                if int(record["number"]) > after and record["kind"] == "command" and "came back after" not in record["text"]]
 
     def wait_for(self, pattern, after=0, kind=None):
         return wait_until(f"'{pattern}' in the journal; it holds {self.commands(after)}",
@@ -237,6 +237,10 @@ class Kestrel:
         right = self.panel_width() - 2 - 14
         offsets = {"Menu": 16, "Add group": right - 64, "Add": right - 32, "Delete": right}
         return self.x + offsets[name], self.y + self.height - self.status_bar() - 16
+
+    def mark_column(self):
+        """Where a processor's Primary or Backup mark stands."""
+        return self.panel_width() - 16
 
     def panel_width(self):
         return 358

@@ -57,6 +57,11 @@ class Scene(unittest.TestCase):
         self.desktop.click(*self.kestrel.row(row, column), holding=holding)
         self.kestrel.wait_for("SetSelectedNodes", after=mark)
 
+    def wait_for_hover(self, row):
+        """Moves the mouse to a row that is not selected and waits until it is lit."""
+        self.desktop.move(*self.kestrel.row(row, 200))
+        self.kestrel.wait_for_pixel("the row under the mouse lit", self.kestrel.row(row, 250), lambda colour: colour == HOVERED)
+
     def expect_commands(self, expected, after):
         """The commands behind the mark are exactly these, in this order."""
         desktop.wait_until(f"{len(expected)} commands, not {self.kestrel.commands(after)}",
@@ -65,6 +70,6 @@ class Scene(unittest.TestCase):
 
 
 SELECTED = (0x5F, 0x64, 0x6D)
+HOVERED = (0x42, 0x46, 0x4D)
 TREE = (0x1C, 0x1E, 0x21)
 ONLINE = (0x38, 0xFC, 0x4C)
-ACCENT = (0xED, 0x81, 0x1D)
