@@ -30,13 +30,13 @@ public:
     void InitLayout();
     void SetConnection();
     void ConnectField(int nField);
-    void SetAddress(quint32 nIP);
+    void SetAddress(quint32 nIP, bool bByUser);
     void GoTo(int nField, int nDirection);
     void GoNext(int nField, bool bByDot);
     void Erase(int nField, int nDirection);
     void CopyAddress() const;
     QString FindError() const;
-    void UpdateError();
+    void UpdateError(bool bByUser);
 
     CIPEdit* pEdit;
     std::array<CIPField*, FIELDS> fields{};
@@ -89,27 +89,27 @@ void CIPEdit::CPrivate::SetConnection()
 void CIPEdit::CPrivate::ConnectField(int nField)
 {
     const CIPField* pField = fields[nField];
-    connect(pField, &QLineEdit::textChanged, pEdit, [this] { UpdateError(); });
+    connect(pField, &QLineEdit::textChanged, pEdit, [this] { UpdateError(true); });
     connect(pField, &CIPField::SignalDot, pEdit, [this, nField] { GoNext(nField, true); });
     connect(pField, &CIPField::SignalFull, pEdit, [this, nField] { GoNext(nField, false); });
     connect(pField, &CIPField::SignalStep, pEdit, [this, nField](int nDirection) { GoTo(nField, nDirection); });
     connect(pField, &CIPField::SignalErase, pEdit, [this, nField](int nDirection) { Erase(nField, nDirection); });
     connect(pField, &CIPField::SignalPasteAddress, pEdit, [this](quint32 nIP) {
-        SetAddress(nIP);
+        SetAddress(nIP, true);
         fields[FIELDS - 1]->setFocus();
         fields[FIELDS - 1]->end(false);
     });
     connect(pField, &CIPField::SignalCopyAddress, pEdit, [this] { CopyAddress(); });
 }
 
-void CIPEdit::CPrivate::SetAddress(quint32 nIP)
+void CIPEdit::CPrivate::SetAddress(quint32 nIP, bool bByUser)
 {
     bSetting = true;
     for (int i = 0; i < FIELDS; ++i) {
         fields[i]->SetValue(nIP >> (BITS * (FIELDS - 1 - i)) & 0xFF);
     }
     bSetting = false;
-    UpdateError();
+    UpdateError(bByUser);
 }
 
 void CIPEdit::CPrivate::GoTo(int nField, int nDirection)
@@ -162,7 +162,9 @@ QString CIPEdit::CPrivate::FindError() const
     return listLimit.contains(nIP) ? CIPEdit::tr("This address is in use or reserved.") : QString();
 }
 
-void CIPEdit::CPrivate::UpdateError()
+// A user who goes from one refused address to another is told again: who let the first one pass, as a
+// proposal, must not let the next one pass too.
+void CIPEdit::CPrivate::UpdateError(bool bByUser)
 {
     if (bSetting) {
         return;
@@ -173,7 +175,7 @@ void CIPEdit::CPrivate::UpdateError()
     pEdit->setToolTip(strError);
     pEdit->setAccessibleDescription(strError);
     SetStyleProperty(pEdit, "Error", bNow);
-    if (bNow != bError) {
+    if (bNow != bError || (bNow && bByUser)) {
         bError = bNow;
         emit pEdit->ExistError(bNow);
     }
@@ -194,7 +196,7 @@ CIPEdit::~CIPEdit() = default;
 
 void CIPEdit::SetAddress(quint32 nIP)
 {
-    d->SetAddress(nIP);
+    d->SetAddress(nIP, false);
 }
 
 bool CIPEdit::GetAddress(quint32& nIP) const
@@ -212,7 +214,7 @@ bool CIPEdit::GetAddress(quint32& nIP) const
 void CIPEdit::SetLimitIP(const QList<quint32>& listIP)
 {
     d->listLimit = listIP;
-    d->UpdateError();
+    d->UpdateError(false);
 }
 
 bool CIPEdit::eventFilter(QObject* pWatched, QEvent* event)

@@ -22,6 +22,7 @@ private slots:
     void incompleteAddressIsTold();
     void errorIsToldOncePerChange();
     void startInErrorIsNotTold();
+    void anotherRefusedAddressIsToldAgain();
     void markAndTipSayWhatIsWrong_data();
     void markAndTipSayWhatIsWrong();
 
@@ -113,6 +114,19 @@ void CIPEditErrorTest::startInErrorIsNotTold()
     QVERIFY(spy.isEmpty());
     edit.SetAddress(ADDRESS + 1);
     QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{ { false } });
+}
+
+void CIPEditErrorTest::anotherRefusedAddressIsToldAgain()
+{
+    pEdit->SetAddress(ADDRESS);
+    pEdit->SetLimitIP({ ADDRESS, ADDRESS + 5 });
+    QSignalSpy spy(pEdit.get(), &CIPEdit::ExistError);
+    Place(3)->setFocus();
+    Place(3)->selectAll();
+    Type(Qt::Key_Delete);
+    QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{ { true } });
+    pEdit->SetAddress(ADDRESS + 5);
+    QCOMPARE(spy.count(), 1);
 }
 
 void CIPEditErrorTest::markAndTipSayWhatIsWrong_data()

@@ -74,6 +74,7 @@ private slots:
     void anAddressThatIsTakenCannotBeAccepted();
     void aDefectThatIsMendedEnablesTheButton();
     void theLocalAddressIsProposedAndAcceptedUntilItIsLeft();
+    void fromTheLocalAddressNoTakenOneIsReached();
     void theAddressIsReadInHostOrder();
     void acceptedByButtonAndReturn_data();
     void acceptedByButtonAndReturn();
@@ -281,6 +282,23 @@ void CAddProcessorDlgTest::theLocalAddressIsProposedAndAcceptedUntilItIsLeft()
     TypeLastPlace(dlg, QStringLiteral("10"));
 
     QCOMPARE(dlg.GetIP().toString(), QStringLiteral("192.168.1.10"));
+    QVERIFY(!AcceptButton(dlg)->isEnabled());
+}
+
+void CAddProcessorDlgTest::fromTheLocalAddressNoTakenOneIsReached()
+{
+    pControl->Set([](SControlAnswers& answers) {
+        answers.addressLocal.nIP = Ip("192.168.1.10");
+        answers.listReservedIP = { Ip("192.168.1.7") };
+    });
+    CAddProcessorDlg dlg(pHost.data());
+    dlg.show();
+    QVERIFY(AcceptButton(dlg)->isEnabled());
+
+    // One key: from an address that is refused, but proposed, to one that is taken.
+    TypeLastPlace(dlg, QStringLiteral("7"));
+
+    QCOMPARE(dlg.GetIP().toString(), QStringLiteral("192.168.1.7"));
     QVERIFY(!AcceptButton(dlg)->isEnabled());
 }
 

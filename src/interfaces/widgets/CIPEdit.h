@@ -27,7 +27,8 @@ public:
 
 signals:
     /// The address has come into (true) or has left (false) the state in which it cannot be taken,
-    /// being forbidden or incomplete. Emitted when that state changes.
+    /// being forbidden or incomplete. Emitted when that state changes, and with true again when the user
+    /// goes from one such address to another.
     void ExistError(bool bExist);
 
 protected:
