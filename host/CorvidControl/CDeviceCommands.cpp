@@ -59,8 +59,10 @@ CDeviceCommands::CDeviceCommands(CSite& siteNew, CJobs& jobsNew, IDeviceNetwork&
 void CDeviceCommands::Scan()
 {
     const QString strCommand = QStringLiteral("Scanning the network");
-    if (site.GetHost().IsLocked() || site.GetHost().IsRefreshBlocked())
-        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("refresh is blocked"));
+    if (site.GetHost().IsLocked() || site.GetHost().IsRefreshBlocked()) {
+        site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("refresh is blocked"));
+        return;
+    }
     const CJobScope job(jobs, strCommand);
     const QList<SProcessorNode> listFound = network.Scan();
     for (const SProcessorNode& device : listFound)
@@ -72,16 +74,22 @@ void CDeviceCommands::Add(quint32 nIP)
 {
     const QString strCommand = QStringLiteral("Adding the processor at %1").arg(QHostAddress(nIP).toString());
     const QString strFault = FindAddFault(nIP);
-    if (!strFault.isEmpty())
-        return site.Refuse(SenderPrcBasic, strCommand, strFault);
+    if (!strFault.isEmpty()) {
+        site.Refuse(SenderPrcBasic, strCommand, strFault);
+        return;
+    }
     const CJobScope job(jobs, strCommand);
     SProcessorNode device;
-    if (!network.Ask(nIP, device))
-        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("nothing answers there"));
+    if (!network.Ask(nIP, device)) {
+        site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("nothing answers there"));
+        return;
+    }
     // A second request for the same address may have been quicker.
     const QString strLateFault = FindAddFault(nIP);
-    if (!strLateFault.isEmpty())
-        return site.Refuse(SenderPrcBasic, strCommand, strLateFault);
+    if (!strLateFault.isEmpty()) {
+        site.Refuse(SenderPrcBasic, strCommand, strLateFault);
+        return;
+    }
     Adopt(device, false);
 }
 
@@ -89,10 +97,14 @@ void CDeviceCommands::AddSimulators(const SSimulatorRequest& request)
 {
     const QString strCommand = QStringLiteral("Adding %1 simulators").arg(request.nCount);
     const int nPresent = site.CopyTree(true).GetProcessorCount();
-    if (!CDeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3)
-        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("there is no such type or output"));
-    if (request.nCount < 1 || request.nCount > site.GetLimits().nSimulators - nPresent)
-        return site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("at most two can exist"));
+    if (!CDeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3) {
+        site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("there is no such type or output"));
+        return;
+    }
+    if (request.nCount < 1 || request.nCount > site.GetLimits().nSimulators - nPresent) {
+        site.Refuse(SenderPrcBasic, strCommand, QStringLiteral("at most two can exist"));
+        return;
+    }
     for (int n = 0; n < request.nCount; ++n) {
         const CNodeTree tree = site.CopyTree(true);
         int nNumber = 1;
@@ -111,8 +123,10 @@ void CDeviceCommands::Delete(const QUuid& id)
             continue;
         const QString strCommand = QStringLiteral("Deleting \"%1\"").arg(tree.GetProcessor(*place).strName);
         const QString strFault = site.FindDeleteFault(id);
-        if (!strFault.isEmpty())
-            return site.Refuse(SenderPrcBasic, strCommand, strFault);
+        if (!strFault.isEmpty()) {
+            site.Refuse(SenderPrcBasic, strCommand, strFault);
+            return;
+        }
         const CJobScope job(jobs, strCommand);
         network.Release(id);
         if (!site.RemoveProcessor(id))

@@ -11,12 +11,12 @@ Q_LOGGING_CATEGORY(logControl, "corvid.control", QtInfoMsg)
 
 void CHostEvents::Refuse(const QString& strLine)
 {
-    qCInfo(logControl).noquote() << strLine;
+    qCInfo(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }
 
 void CHostEvents::Warn(const QString& strLine)
 {
-    qCWarning(logControl).noquote() << strLine;
+    qCWarning(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }

@@ -171,8 +171,8 @@ QSet<int> CListReader::ReadNumbers(const QJsonObject& object, const QString& str
 {
     QSet<int> setNumber;
     const QJsonArray array = ReadArray(object, strKey);
-    for (const QJsonValue value : array)
-        setNumber.insert(static_cast<int>(CheckNumber(value, strKey, nMinInt, nMaxInt)));
+    for (int n = 0; n < array.size(); ++n)
+        setNumber.insert(static_cast<int>(CheckNumber(array.at(n), strKey, nMinInt, nMaxInt)));
     if (setNumber.size() != array.size())
         Fail(QStringLiteral("\"%1\" holds a number twice").arg(strKey));
     return setNumber;

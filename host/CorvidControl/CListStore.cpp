@@ -30,7 +30,7 @@ CListStore::CListStore(CSite& siteNew, CHostEvents& eventsNew, const QString& st
 
 bool CListStore::Load()
 {
-    if (!QFileInfo(strOwnPath).exists() && !QFileInfo(strOwnPath).isSymLink())
+    if (!QFileInfo::exists(strOwnPath) && !QFileInfo(strOwnPath).isSymLink())
         return true;
     const SListReading reading = ReadFile(strOwnPath);
     if (reading.verdict != SListReading::Valid) {

@@ -8,7 +8,7 @@ namespace
 // U+00B7, the brackets and quotation marks of CJK text, and its punctuation: the devices cannot show them.
 const QString& GetRefused()
 {
-    static const QString strRefused = QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—");
+    static const QString strRefused = QStringLiteral("=}·~+{【】《》‘’“”，。、；：？—");
     return strRefused;
 }
 

@@ -111,14 +111,15 @@ const SProcessorNode& CNodeTree::GetProcessor(const SNodePlace& place) const
 
 SProcessorNode& CNodeTree::EditProcessor(const SNodePlace& place)
 {
-    return place.nGroup < 0 ? node.listProcessor[place.nIndex] : node.listGroup[place.nGroup].listProcessor[place.nIndex];
+    QList<SProcessorNode>& listProcessor = EditList(place.nGroup);
+    return listProcessor[place.nIndex];
 }
 
 SProcessorNode CNodeTree::TakeProcessor(const SNodePlace& place)
 {
     if (place.nGroup < 0)
         return node.listProcessor.takeAt(place.nIndex);
-    SProcessorGroupNode& group = node.listGroup[place.nGroup];
+    SProcessorGroupNode& group = EditGroup(place.nGroup);
     SProcessorNode processor = group.listProcessor.takeAt(place.nIndex);
     processor.nChief = 0;
     if (group.idChief == processor.idNode)
@@ -131,8 +132,14 @@ bool CNodeTree::MoveProcessor(const SNodePlace& place, int nGroup)
     if (place.nGroup == nGroup)
         return false;
     const SProcessorNode processor = TakeProcessor(place);
-    (nGroup < 0 ? node.listProcessor : node.listGroup[nGroup].listProcessor).append(processor);
+    EditList(nGroup).append(processor);
     return true;
+}
+
+// That of the root for -1.
+QList<SProcessorNode>& CNodeTree::EditList(int nGroup)
+{
+    return nGroup < 0 ? node.listProcessor : EditGroup(nGroup).listProcessor;
 }
 
 void CNodeTree::RemoveGroup(int nGroup, bool bWithProcessors)

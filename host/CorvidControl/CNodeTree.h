@@ -76,5 +76,7 @@ public:
     int GetNextGroupIndex() const;
 
 private:
+    QList<SProcessorNode>& EditList(int nGroup);
+
     SProcessorAllNode node;
 };

@@ -50,13 +50,13 @@ QString CScenario::Fill(const QJsonObject& object)
     if (!strReason.isEmpty())
         return strReason;
     const QJsonArray arrayStep = object.value(QLatin1String("steps")).toArray();
-    for (const QJsonValue value : arrayStep) {
-        const QJsonObject keys = value.toObject();
+    for (int n = 0; n < arrayStep.size(); ++n) {
+        const QJsonObject keys = arrayStep.at(n).toObject();
         const double dAt = keys.value(QLatin1String("at")).toDouble();
         vecStep.append({ qRound64(dAt * 1000), keys.value(QLatin1String("do")).toString(), keys });
     }
-    std::stable_sort(vecStep.begin(), vecStep.end(),
-                     [](const SScenarioStep& a, const SScenarioStep& b) { return a.nAt < b.nAt; });
+    const auto isEarlier = [](const SScenarioStep& a, const SScenarioStep& b) { return a.nAt < b.nAt; };
+    std::stable_sort(vecStep.begin(), vecStep.end(), isEarlier); // clazy:exclude=detaching-member
     arrayMark = object.value(QLatin1String("ui")).toArray();
     return {};
 }

@@ -25,8 +25,9 @@ void CSimulatedNetwork::Adopt(const SProcessorNode& device)
 {
     const std::lock_guard<std::mutex> lock(mutex);
     hashAdopted.insert(device.idNode, device);
-    const auto isIt = [&](const SProcessorNode& entry) { return entry.idNode == device.idNode; };
-    listUnlisted.erase(std::remove_if(listUnlisted.begin(), listUnlisted.end(), isIt), listUnlisted.end());
+    for (int n = listUnlisted.size() - 1; n >= 0; --n)
+        if (listUnlisted.at(n).idNode == device.idNode)
+            listUnlisted.removeAt(n);
 }
 
 void CSimulatedNetwork::Forget(const QUuid& id)
@@ -47,7 +48,10 @@ QList<SProcessorNode> CSimulatedNetwork::Scan()
 {
     std::unique_lock<std::mutex> lock(mutex);
     Wait(lock, delays.timeScan);
-    return hashAdopted.values() + listUnlisted;
+    QList<SProcessorNode> listAll = listUnlisted;
+    for (const SProcessorNode& device : std::as_const(hashAdopted))
+        listAll.append(device);
+    return listAll;
 }
 
 bool CSimulatedNetwork::Ask(quint32 nIP, SProcessorNode& device)
@@ -116,11 +120,11 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
     SProcessorNode device;
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        const auto it = hashAdopted.find(id);
-        if (it == hashAdopted.end())
+        if (!hashAdopted.contains(id))
             return;
-        change(*it);
-        device = *it;
+        device = hashAdopted.value(id);
+        change(device);
+        hashAdopted.insert(id, device);
     }
     listener(device);
 }

@@ -6,9 +6,9 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
-#include <QVector>
 
 #include <algorithm>
+#include <vector>
 
 namespace
 {
@@ -36,7 +36,7 @@ struct SKeyRule
     bool bNeeded;
 };
 
-using Rules = QVector<SKeyRule>;
+using Rules = std::vector<SKeyRule>;
 
 const QMap<QString, Rules>& GetRules()
 {

@@ -157,10 +157,11 @@ QString CStepRunner::RunSelect(const SScenarioStep& step, QVector<SScenarioStep>
     }
     std::vector<QUuid> vecId;
     const QJsonArray arrayNode = step.keys.value(QLatin1String("nodes")).toArray();
-    for (const QJsonValue value : arrayNode) {
-        vecId.push_back(FindText(value.toString()));
+    for (int n = 0; n < arrayNode.size(); ++n) {
+        const QString strName = arrayNode.at(n).toString();
+        vecId.push_back(FindText(strName));
         if (vecId.back().isNull())
-            return GetNotThere(value.toString());
+            return GetNotThere(strName);
     }
     if (vecId.empty())
         vecId.push_back(QUuid());
