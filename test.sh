@@ -12,7 +12,7 @@ log_dir=build/test-logs
 mkdir -p "$log_dir"
 
 if command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=time_macros
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 fi
 export CLICOLOR_FORCE=0
 
@@ -60,27 +60,33 @@ run_tests() {
     failed=$((failed + bad))
 }
 
-section "Setup"
-step "packages" scripts/setup.sh test
+# Read whole before it runs, so that an edit meanwhile does no harm.
+main() {
+    section "Setup"
+    step "packages" scripts/setup.sh test
 
-section "Build"
-build dev
+    section "Build"
+    build dev
 
-section "Quick tests"
-run_tests dev -j "$jobs" -LE '^(e2e|stress)$'
+    section "Quick tests"
+    run_tests dev -j "$jobs" -LE '^(e2e|stress)$'
 
-section "Address, undefined behaviour, leaks"
-build asan --target ptv_tests && run_tests asan -j "$jobs" -LE '^(e2e|lint)$'
+    section "Address, undefined behaviour, leaks"
+    build asan --target ptv_tests && run_tests asan -j "$jobs" -LE '^(e2e|lint)$'
 
-section "Threads"
-build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$' -LE '^e2e$'
+    section "Threads"
+    build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$' -LE '^e2e$'
 
-section "Checkers"
-step "checkers" scripts/check.sh
+    section "Checkers"
+    step "checkers" scripts/check.sh
 
-section "Stress and end to end"
-run_tests dev -L '^(e2e|stress)$'
+    section "Stress and end to end"
+    run_tests dev -L '^(e2e|stress)$'
 
-section "Done"
-echo "$passed passed, $failed failed"
-[ "$failed" = 0 ]
+    section "Done"
+    echo "$passed passed, $failed failed"
+    [ "$failed" = 0 ]
+}
+
+main
+exit
