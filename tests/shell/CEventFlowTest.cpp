@@ -107,6 +107,7 @@ private slots:
     void aBlockedRefreshDisablesItsButton();
     void aLockedListDisablesRefreshAndImportWithoutARebuild();
     void aSelectionOfTheLibraryIsShownThenTheToolBarFollows();
+    void aSelectionThatIsGoneStillReachesTheToolBar();
     void aSelectionChangeRebuildsNoRows();
     void chiefModeAsksForARepaintOnly();
     void updateRepaintsTheView();
@@ -124,6 +125,8 @@ private slots:
     void aRebuildWithoutASearchTextShowsAllRowsAsRecorded();
     void closingTheSearchRowShowsAllRowsAndHidesIt();
     void theMenuBarReachesTheTreeOfTheCurrentPane();
+    void aListAtTheLimitsAndAboveGoesAllTheWay_data();
+    void aListAtTheLimitsAndAboveGoesAllTheWay();
     void theTitleFollowsTheProject_data();
     void theTitleFollowsTheProject();
     void theTitleIsNotTouchedBeforeAProjectIsKnown();
@@ -210,6 +213,23 @@ void CEventFlowTest::aSelectionOfTheLibraryIsShownThenTheToolBarFollows()
     const int nToolBar = listCall.lastIndexOf(QStringLiteral("gui: g_pRuntimeControl.IsDeleteBlocked(beta)"));
     QVERIFY(nReport >= 0);
     QVERIFY(nToolBar > nReport);
+}
+
+void CEventFlowTest::aSelectionThatIsGoneStillReachesTheToolBar()
+{
+    CPanel panel(FillBothPanes);
+    panel.Refresh();
+    panel.control.ClearJournal();
+
+    // No row can be selected, so no report of the tree leads to the tool bar.
+    panel.Refresh([](SControlAnswers& answers) {
+        answers.vecDiscoveredSelection = { ProcessorId("gone") };
+        answers.setDeleteBlocked = { ProcessorId("gone") };
+    });
+
+    QCOMPARE(panel.control.Commands(), QStringList());
+    QVERIFY(panel.Tree()->selectionModel()->selectedIndexes().isEmpty());
+    QVERIFY(!panel.ToolButton("Delete")->isEnabled());
 }
 
 void CEventFlowTest::aSelectionChangeRebuildsNoRows()
@@ -444,6 +464,38 @@ void CEventFlowTest::theMenuBarReachesTheTreeOfTheCurrentPane()
 
     QVERIFY(TreeText(panel.Tree(true)).contains(QStringLiteral("processor sim alpha [selected]")));
     QCOMPARE(TreeText(panel.Tree(false)), QString::fromLatin1(szDiscovered));
+}
+
+void CEventFlowTest::aListAtTheLimitsAndAboveGoesAllTheWay_data()
+{
+    QTest::addColumn<int>("count");
+    QTest::newRow("256 groups, 256 processors") << 256;
+    QTest::newRow("2560 groups, 2560 processors") << 2560;
+}
+
+void CEventFlowTest::aListAtTheLimitsAndAboveGoesAllTheWay()
+{
+    QFETCH(int, count);
+    CPanel panel;
+    panel.Refresh([&](SControlAnswers& answers) {
+        for (int i = 0; i < count; ++i)
+            answers.nodeDiscovered.listGroup.append(
+                Group(QStringLiteral("g%1").arg(i), { Processor(QStringLiteral("p%1").arg(i)).Expanded(false) }));
+    });
+    const QModelIndex root = panel.Tree()->model()->index(0, 0);
+    QCOMPARE(panel.Tree()->model()->rowCount(root), count);
+    QVERIFY(!panel.ToolButton("Add group")->isEnabled());
+    QVERIFY(!panel.ToolButton("Add a processor")->isEnabled());
+
+    panel.SearchEdit()->setText(QStringLiteral("p%1").arg(count - 1));
+    QVERIFY(panel.Tree()->isRowHidden(0, root));
+    QVERIFY(!panel.Tree()->isRowHidden(count - 1, root));
+    panel.Click(panel.SimulatorTab());
+    panel.Click(panel.DiscoveredTab());
+    QVERIFY(panel.Tree()->isRowHidden(0, panel.Tree()->model()->index(0, 0)));
+    panel.Click(panel.CloseSearchButton());
+    panel.pWidget->UpdateWidget();
+    QVERIFY(!panel.Tree()->isRowHidden(0, panel.Tree()->model()->index(0, 0)));
 }
 
 void CEventFlowTest::theTitleFollowsTheProject_data()
