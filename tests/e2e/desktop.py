@@ -37,7 +37,7 @@ def wait_until(what, condition, deadline=DEADLINE):
             return result
         if time.monotonic() > end:
             raise Failure(f"not within {deadline} s: {what}")
-        time.sleep(POLL)
+        time.sleep(POLL)  # paced: between two looks at the condition
 
 
 class Desktop:
@@ -96,10 +96,10 @@ class Desktop:
         self.xdotool("mousedown", 1)
         for offset in (3, 9):
             self.move(start[0], start[1] + offset)
-        time.sleep(0.3)
+        time.sleep(0.3)  # paced: a drag starts after a rest
         for step in range(1, 5):
             self.move(start[0] + (end[0] - start[0]) * step / 4, start[1] + (end[1] - start[1]) * step / 4)
-            time.sleep(0.1)
+            time.sleep(0.1)  # paced: and travels in steps
         self.xdotool("mouseup", 1)
 
     def key(self, *names):
