@@ -12,7 +12,6 @@ run_packages=(
 test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
     xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
-    x11-utils                   # where its windows are
     binutils python3            # the exported symbols, the include rules
     python3-pil                 # pixels of the screen
     clang clang-format clang-tidy clazy
@@ -37,7 +36,7 @@ is_debian_12() {
 missing_packages() {
     local installed
     installed=$(dpkg-query -W -f '${Package} ${Status}\n' "$@" 2>/dev/null | awk '/ installed$/ { print $1 }' || true)
-    comm -23 <(printf '%s\n' "$@" | sort) <(sort <<<"$installed")
+    comm -23 <(printf "%s\n" "$@" | sort -u) <(sort -u <<<"$installed")
 }
 
 missing_by_hand() {
