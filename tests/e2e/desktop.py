@@ -128,12 +128,15 @@ class Desktop:
         return found.stdout.split()
 
     def wait_for_window(self, title):
-        window = wait_until(f"a window '{title}'", lambda: self.windows(title))[0]
+        try:
+            window = wait_until(f"a window '{title}'", lambda: self.windows(title))[0]
+        except Failure as failure:
+            raise Failure(f"{failure}; see {self.shoot('failed')}") from None
         self.xdotool("windowactivate", "--sync", window)
         return window
 
-    def wait_for_no_window(self, title):
-        wait_until(f"no window '{title}'", lambda: not self.windows(title))
+    def wait_for_no_window(self, title, deadline=DEADLINE):
+        wait_until(f"no window '{title}'", lambda: not self.windows(title), deadline)
 
 
 class Kestrel:
