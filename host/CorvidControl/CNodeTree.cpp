@@ -115,6 +115,12 @@ SProcessorNode& CNodeTree::EditProcessor(const SNodePlace& place)
     return listProcessor[place.nIndex];
 }
 
+SProcessorGroupNode& CNodeTree::EditGroup(int nGroup)
+{
+    QList<SProcessorGroupNode>& listGroup = node.listGroup;
+    return listGroup[nGroup];
+}
+
 SProcessorNode CNodeTree::TakeProcessor(const SNodePlace& place)
 {
     if (place.nGroup < 0)

@@ -42,10 +42,7 @@ public:
     {
         return node.listGroup.at(nGroup);
     }
-    SProcessorGroupNode& EditGroup(int nGroup)
-    {
-        return node.listGroup[nGroup];
-    }
+    SProcessorGroupNode& EditGroup(int nGroup);
 
     void AppendProcessor(const SProcessorNode& processor)
     {

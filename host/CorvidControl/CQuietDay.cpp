@@ -71,7 +71,7 @@ SScenarioStep CQuietDay::DrawFailOver(const QList<SProcessorNode>& listOnline)
 
 SScenarioStep CQuietDay::DrawProject(const QList<SProcessorNode>& listOnline)
 {
-    const SProcessorNode source = listOnline.at(static_cast<int>(Draw(listOnline.size())));
+    const SProcessorNode& source = listOnline.at(static_cast<int>(Draw(listOnline.size())));
     SScenarioStep step = BuildStep(QStringLiteral("project"), listOnline.at(static_cast<int>(Draw(listOnline.size()))));
     step.keys.insert(QStringLiteral("project"), source.strProject);
     return step;

@@ -316,16 +316,16 @@ CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strName)
     if (nPane < 0)
         return { false, GetGone() };
     const int nGroup = tree[nPane].FindGroup(id);
-    const QString strOld = nGroup >= 0 ? tree[nPane].GetGroup(nGroup).strName : FindProcessor(id)->strName;
-    if (strOld == strName)
+    const std::optional<SNodePlace> place = tree[nPane].FindProcessor(id);
+    if (strName == (place ? tree[nPane].GetProcessor(*place).strName : tree[nPane].GetGroup(nGroup).strName))
         return {};
     const QString strFault = CNameRules::FindFault(strName);
     if (!strFault.isEmpty())
         return { false, strFault };
-    if (nGroup >= 0)
-        Edit(nPane).EditGroup(nGroup).strName = strName;
+    if (place)
+        Edit(nPane).EditProcessor(*place).strName = strName;
     else
-        Edit(nPane).EditProcessor(*tree[nPane].FindProcessor(id)).strName = strName;
+        Edit(nPane).EditGroup(nGroup).strName = strName;
     return { true, {} };
 }
 

@@ -95,16 +95,16 @@ SProcessorGroupNode BuildStage(CBuilder& builder)
 
 SProcessorGroupNode BuildNames(CBuilder& builder)
 {
-    SProcessorGroupNode group = builder.BuildGroup(QString::fromUtf8("北京演播室"), true);
-    const QStringList listName{ QString::fromUtf8("左侧大屏"),
-                                QString::fromUtf8("右侧大屏"),
-                                QString::fromUtf8("舞台地砖"),
-                                QString::fromUtf8("リハーサル室モニター"),
-                                QString::fromUtf8("서울 스튜디오 중앙 화면"),
-                                QString::fromUtf8("演播室主屏幕左侧备用处理器第一号机柜上层左x"), // 64 bytes
+    SProcessorGroupNode group = builder.BuildGroup(QStringLiteral("北京演播室"), true);
+    const QStringList listName{ QStringLiteral("左侧大屏"),
+                                QStringLiteral("右侧大屏"),
+                                QStringLiteral("舞台地砖"),
+                                QStringLiteral("リハーサル室モニター"),
+                                QStringLiteral("서울 스튜디오 중앙 화면"),
+                                QStringLiteral("演播室主屏幕左侧备用处理器第一号机柜上层左x"), // 64 bytes
                                 QStringLiteral("A processor whose name is as long as a name can ever be, 64 byte") };
     for (const QString& strName : listName)
-        group.listProcessor.append(builder.BuildProcessor(strName, QString::fromUtf8("春节晚会"), 22));
+        group.listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("春节晚会"), 22));
     MakePair(group, 0);
     group.listProcessor[4].bOnline = false;
     return group;
@@ -115,35 +115,38 @@ SProcessorGroupNode BuildNames(CBuilder& builder)
 SProcessorAllNode CExampleLists::BuildStudio()
 {
     CBuilder builder;
-    SProcessorAllNode node;
-    node.listGroup.append(BuildStage(builder));
-    node.listGroup.append(
+    QList<SProcessorGroupNode> listGroup;
+    listGroup.append(BuildStage(builder));
+    listGroup.append(
         builder.BuildRow(QStringLiteral("Side screens"), QStringLiteral("Side screen"), 8, QStringLiteral("Aurora"), 12, true));
-    node.listGroup.append(BuildNames(builder));
-    node.listGroup.append(builder.BuildGroup(QStringLiteral("Spare rack"), true));
-    node.listGroup.append(builder.BuildRow(QStringLiteral("Foyer and ticket hall"), QStringLiteral("Foyer"), 6,
-                                           QStringLiteral("Welcome loop"), 41, false));
-    node.listGroup.append(builder.BuildRow(QStringLiteral("Broadcast"), QStringLiteral("Studio B camera wall"), 9,
-                                           QStringLiteral("Evening News"), 12, true));
-    node.listGroup.append(
+    listGroup.append(BuildNames(builder));
+    listGroup.append(builder.BuildGroup(QStringLiteral("Spare rack"), true));
+    listGroup.append(builder.BuildRow(QStringLiteral("Foyer and ticket hall"), QStringLiteral("Foyer"), 6,
+                                      QStringLiteral("Welcome loop"), 41, false));
+    listGroup.append(builder.BuildRow(QStringLiteral("Broadcast"), QStringLiteral("Studio B camera wall"), 9,
+                                      QStringLiteral("Evening News"), 12, true));
+    listGroup.append(
         builder.BuildRow(QStringLiteral("Touring rack 1"), QStringLiteral("Tour"), 10, QStringLiteral("Summer Tour"), 30, false));
-    node.listGroup.append(builder.BuildRow(QStringLiteral("Rehearsal"), QStringLiteral("Rehearsal"), 4, QString(), 22, true));
-    node.listGroup.append(builder.BuildGroup(QStringLiteral("Group 1"), false));
-    node.listGroup.append(builder.BuildRow(QStringLiteral("Workshop"), QStringLiteral("Bench"), 5, QString(), 12, false));
-    MakePair(node.listGroup[1], 0);
-    MakePair(node.listGroup[5], 0);
-    MakePair(node.listGroup[5], 2);
-    MakeChief(node.listGroup[5], 0);
-    MakePair(node.listGroup[6], 0);
-    node.listGroup[1].listProcessor[5].bOnline = false;
-    node.listGroup[7].listProcessor[0].bOnline = false;
-    node.listGroup[9].listProcessor[3].bOnline = false;
+    listGroup.append(builder.BuildRow(QStringLiteral("Rehearsal"), QStringLiteral("Rehearsal"), 4, QString(), 22, true));
+    listGroup.append(builder.BuildGroup(QStringLiteral("Group 1"), false));
+    listGroup.append(builder.BuildRow(QStringLiteral("Workshop"), QStringLiteral("Bench"), 5, QString(), 12, false));
+    MakePair(listGroup[1], 0);
+    MakePair(listGroup[5], 0);
+    MakePair(listGroup[5], 2);
+    MakeChief(listGroup[5], 0);
+    MakePair(listGroup[6], 0);
+    listGroup[1].listProcessor[5].bOnline = false;
+    listGroup[7].listProcessor[0].bOnline = false;
+    listGroup[9].listProcessor[3].bOnline = false;
+    SProcessorAllNode node;
+    node.listGroup = listGroup;
     const QStringList listSingle{ QStringLiteral("Lobby clock"), QStringLiteral("Roof sign"), QStringLiteral("Test bench"),
                                   QStringLiteral("Loan unit 7"), QStringLiteral("Service case") };
+    QList<SProcessorNode>& listProcessor = node.listProcessor;
     for (const QString& strName : listSingle)
-        node.listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("Welcome loop"), 41));
-    node.listProcessor[2].strProject.clear();
-    node.listProcessor[3].bOnline = false;
+        listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("Welcome loop"), 41));
+    listProcessor[2].strProject.clear();
+    listProcessor[3].bOnline = false;
     return node;
 }
 
