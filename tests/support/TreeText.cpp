@@ -2,6 +2,7 @@
 
 #include "CNameRegistry.h"
 #include "data/EnNodeType.h"
+#include "model/EnItemRole.h"
 
 #include <QAbstractItemModel>
 #include <QItemSelectionModel>
@@ -15,8 +16,8 @@ using FnFlags = std::function<QString(const QModelIndex&)>;
 
 QString RowText(const QModelIndex& index)
 {
-    const int nType = index.data(Qt::UserRole + 2).toInt();
-    const QString strName = QLatin1Char(' ') + CNameRegistry::Instance().Text(index.data(Qt::UserRole + 1).value<QUuid>());
+    const int nType = index.data(RoleNodeType).toInt();
+    const QString strName = QLatin1Char(' ') + CNameRegistry::Instance().Text(index.data(RoleNodeId).value<QUuid>());
     switch (nType) {
     case NodeAll:
         return QStringLiteral("all");

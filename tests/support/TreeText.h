@@ -13,7 +13,7 @@ class QTreeView;
 ///           info alpha
 ///       processor loose
 ///
-/// Kind and name come from the node type and id that the row carries (UserRole + 2, UserRole + 1), the
+/// Kind and name come from the node type and id that the row carries (EnItemRole), the
 /// name through CNameRegistry; a row of an unknown kind prints as "row 17". The flags are the view's,
 /// always in the order expanded, hidden, selected; a row without children is never [expanded].
 /// Each line ends in a line feed.
