@@ -8,20 +8,25 @@
 
 namespace
 {
+template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize])
+{
+    return QLatin1String(szText, nSize - 1);
+}
+
 constexpr double g_dMostSeconds = 3600.0;
 constexpr double g_dLeastScale = 0.5;
 constexpr double g_dMostScale = 4.0;
 
-constexpr QLatin1String g_strAt("at");
-constexpr QLatin1String g_strHelp("help");
-constexpr QLatin1String g_strJournal("journal");
-constexpr QLatin1String g_strLang("lang");
-constexpr QLatin1String g_strList("list");
-constexpr QLatin1String g_strPanel("panel");
-constexpr QLatin1String g_strScale("scale");
-constexpr QLatin1String g_strScenario("scenario");
-constexpr QLatin1String g_strShot("shot");
-constexpr QLatin1String g_strShots("shots");
+constexpr QLatin1String g_strAt = Literal("at");
+constexpr QLatin1String g_strHelp = Literal("help");
+constexpr QLatin1String g_strJournal = Literal("journal");
+constexpr QLatin1String g_strLang = Literal("lang");
+constexpr QLatin1String g_strList = Literal("list");
+constexpr QLatin1String g_strPanel = Literal("panel");
+constexpr QLatin1String g_strScale = Literal("scale");
+constexpr QLatin1String g_strScenario = Literal("scenario");
+constexpr QLatin1String g_strShot = Literal("shot");
+constexpr QLatin1String g_strShots = Literal("shots");
 
 void AddOptions(QCommandLineParser& parser)
 {

@@ -50,24 +50,24 @@ void CHostMenu::UpdateText()
 void CHostMenu::MakeProjectMenu()
 {
     pOpenProject = MakeAction(pProjectMenu, QKeySequence::Open);
-    pCloseProject = MakeAction(pProjectMenu, Qt::CTRL | Qt::Key_W);
+    pCloseProject = MakeAction(pProjectMenu, QKeySequence(QStringLiteral("Ctrl+W")));
     pProjectMenu->addSeparator();
-    pQuit = MakeAction(pProjectMenu, Qt::CTRL | Qt::Key_Q);
+    pQuit = MakeAction(pProjectMenu, QKeySequence(QStringLiteral("Ctrl+Q")));
 }
 
 void CHostMenu::MakeListMenu()
 {
     pSelectAll = MakeAction(pListMenu, QKeySequence::SelectAll);
     pListMenu->addSeparator();
-    pChiefMode = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_M);
-    pListLocked = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_L);
-    pRefreshBlocked = MakeSwitch(pListMenu, Qt::CTRL | Qt::Key_B);
+    pChiefMode = MakeSwitch(pListMenu, QKeySequence(QStringLiteral("Ctrl+M")));
+    pListLocked = MakeSwitch(pListMenu, QKeySequence(QStringLiteral("Ctrl+L")));
+    pRefreshBlocked = MakeSwitch(pListMenu, QKeySequence(QStringLiteral("Ctrl+B")));
 }
 
 void CHostMenu::MakeViewMenu(QAction* pJournalAction)
 {
     pJournal = pJournalAction;
-    pJournal->setShortcut(Qt::CTRL | Qt::Key_J);
+    pJournal->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
     pViewMenu->addAction(pJournal);
     pLanguageMenu = pViewMenu->addMenu(QString());
     const QStringList listCode = CLanguage::GetCodes();

@@ -6,9 +6,14 @@
 
 namespace
 {
-constexpr QLatin1String g_strEnglish("en");
-constexpr QLatin1String g_strGerman("de");
-constexpr QLatin1String g_strChinese("zh_CN");
+template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize])
+{
+    return QLatin1String(szText, nSize - 1);
+}
+
+constexpr QLatin1String g_strEnglish = Literal("en");
+constexpr QLatin1String g_strGerman = Literal("de");
+constexpr QLatin1String g_strChinese = Literal("zh_CN");
 } // namespace
 
 QStringList CLanguage::GetCodes()

@@ -21,7 +21,7 @@ public:
     template <typename Result, typename... Args>
     void Read(const char* pOperation, const Result& result, const Args&... args) const
     {
-        journal.Write(RecordRead, pObject, GetCall(pOperation, { GetText(args)... }) + QLatin1String(" = ") + GetText(result));
+        journal.Write(RecordRead, pObject, GetCall(pOperation, { GetText(args)... }) + QStringLiteral(" = ") + GetText(result));
     }
 
     /// The result of a command that was written before it was carried out.
