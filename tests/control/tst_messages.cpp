@@ -6,6 +6,7 @@
 #include "interfaces/control/IProtocalControl.h"
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 /// How messages reach the observers.
@@ -140,25 +141,23 @@ void CMessagesTest::anObserverMayDetachItselfWithinNotify()
 void CMessagesTest::detachWaitsForARunningNotify()
 {
     std::atomic<bool> bInside{ false };
-    std::atomic<bool> bGo{ false };
     std::atomic<bool> bDetached{ false };
+    std::atomic<bool> bDetachedTooEarly{ false };
     CMessageRecorder slow;
     slow.onNotify = [&](int) {
         bInside = true;
-        while (!bGo)
+        const auto timeEnd = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
+        while (!bDetached && std::chrono::steady_clock::now() < timeEnd)
             std::this_thread::yield();
-        QVERIFY(!bDetached);
+        bDetachedTooEarly = bDetached.load();
     };
     g_pRuntimeControl->Attach(&slow);
     g_pRuntimeControl->PostMessage(14);
     QTRY_VERIFY(bInside);
-    std::thread detacher([&] {
-        g_pRuntimeControl->Detach(&slow);
-        bDetached = true;
-    });
-    bGo = true;
-    detacher.join();
+    g_pRuntimeControl->Detach(&slow);
+    bDetached = true;
     QCOMPARE(slow.GetMessages(), QVector<int>{ 14 });
+    QVERIFY(!bDetachedTooEarly);
 }
 
 void CMessagesTest::aDetachedObserverHearsNothingMore()
