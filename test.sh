@@ -83,6 +83,9 @@ main() {
     section "Threads"
     build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$' -LE '^e2e$'
 
+    section "Fuzzing the reader of list files"
+    step "fuzzing, 20 s" scripts/fuzz.sh 20
+
     section "Checkers"
     step "checkers" scripts/check.sh
 
