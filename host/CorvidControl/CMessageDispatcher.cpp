@@ -29,7 +29,7 @@ void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
     const auto isIt = [&](const SSubscription& entry) { return entry.sender == sender && entry.pObserver == pObserver; };
     vecSubscription.erase(std::remove_if(vecSubscription.begin(), vecSubscription.end(), isIt), vecSubscription.end());
     if (std::this_thread::get_id() != threadDelivery.get_id())
-        condDelivered.wait(lock, [&] { return pRunning != pObserver || true; });
+        condDelivered.wait(lock, [&] { return pRunning != pObserver; });
 }
 
 void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
