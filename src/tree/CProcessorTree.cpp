@@ -42,9 +42,7 @@ CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeVi
 
 CProcessorTree::~CProcessorTree()
 {
-    if (pRenameEditor) {
-        disconnect(pRenameEditor, nullptr, this, nullptr);
-    }
+    ForgetEditor();
     if (bDragging) {
         QDrag::cancel(); // exec() is still running further up the stack
     }

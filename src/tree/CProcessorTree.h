@@ -101,7 +101,8 @@ private:
     void Fold(QKeyEvent* pEvent, const QModelIndex& index);
 
     void Rename();
-    void DealEditorDestroyed(QObject* pEditor);
+    void DealEditorDestroyed();
+    void ForgetEditor();
     void Group();
     void Ungroup();
     void RemoveFromGroup();
@@ -137,5 +138,5 @@ private:
     QTimer* pScrollTimer = nullptr;
     bool bScrollUp = false;
     bool bScrollDown = false;
-    QWidget* pRenameEditor = nullptr; ///< open editor of Rename; null once it has closed or died
+    QWidget* pRenameEditor = nullptr; ///< open editor of Rename, watched for its end; null once it has closed or died
 };

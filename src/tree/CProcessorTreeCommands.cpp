@@ -198,8 +198,9 @@ void CProcessorTree::Rename()
     const QModelIndex index = listSelected.first();
     edit(index, AllEditTriggers, nullptr);
     if (QWidget* const pEditor = indexWidget(index)) {
+        ForgetEditor();
         pRenameEditor = pEditor;
-        connect(pEditor, &QObject::destroyed, this, &CProcessorTree::DealEditorDestroyed, Qt::UniqueConnection);
+        connect(pEditor, &QObject::destroyed, this, &CProcessorTree::DealEditorDestroyed);
     }
 }
 
@@ -211,18 +212,25 @@ void CProcessorTree::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEdi
     }
     bSuppressSelection = false;
     if (pRenameEditor == pEditor) {
-        pRenameEditor = nullptr;
+        ForgetEditor();
     }
     QTreeView::closeEditor(pEditor, hint);
 }
 
-// A rebuild takes the editor away with its row and closes none: the rename ends here. An editor that was
-// closed is destroyed later and must not end the next rename.
-void CProcessorTree::DealEditorDestroyed(QObject* pEditor)
+// A rebuild takes the editor away with its row and closes none: the rename ends here.
+void CProcessorTree::DealEditorDestroyed()
 {
-    if (pRenameEditor == pEditor) {
+    pRenameEditor = nullptr;
+    bSuppressSelection = false;
+}
+
+// An editor that was closed is destroyed later, which must neither end the next rename nor reach a tree
+// that is being destroyed itself.
+void CProcessorTree::ForgetEditor()
+{
+    if (pRenameEditor) {
+        disconnect(pRenameEditor, &QObject::destroyed, this, nullptr);
         pRenameEditor = nullptr;
-        bSuppressSelection = false;
     }
 }
 

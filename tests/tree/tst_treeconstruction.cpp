@@ -97,9 +97,10 @@ private slots:
 
     void hoverEventsReachTheTreeWhateverTheStyleSheetSays()
     {
-        const CTreeFixture fixture(Site());
-        QVERIFY(fixture.pTree->testAttribute(Qt::WA_Hover));
-        QVERIFY(fixture.pTree->viewport()->testAttribute(Qt::WA_Hover));
+        CControlDouble control;
+        const CTestTree tree(nullptr, true); // has no sheet
+        QVERIFY(tree.testAttribute(Qt::WA_Hover));
+        QVERIFY(tree.viewport()->testAttribute(Qt::WA_Hover));
     }
 
     void theTreeOwnsItsPartsAndItsScrollTimerRests()

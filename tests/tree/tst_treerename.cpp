@@ -329,6 +329,39 @@ private slots:
         QCOMPARE(fixture.control.Commands().filter("Rename"), QStringList());
     }
 
+    void theTreeMayGoRightAfterAnEditorHasClosedOrWasTakenAway_data()
+    {
+        QTest::addColumn<bool>("bClosed");
+        QTest::newRow("closed") << true;
+        QTest::newRow("taken away by a rebuild") << false;
+    }
+    void theTreeMayGoRightAfterAnEditorHasClosedOrWasTakenAway()
+    {
+        QFETCH(bool, bClosed);
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pEditor = OpenEditor(fixture, "alpha");
+        bClosed ? QTest::keyClick(pEditor, Qt::Key_Return) : fixture.pTree->RefreshTree();
+        QVERIFY2(pEditor, "dies later");
+        fixture.pTree.reset();
+        QVERIFY(!pEditor);
+    }
+
+    void aRenameThatFollowsARebuildAtOnceIsNotEndedByTheOldEditor()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pFirst = OpenEditor(fixture, "alpha");
+        fixture.pTree->RefreshTree();
+        fixture.pTree->setCurrentIndex(fixture.Row("alpha"));
+        fixture.Press(Qt::Key_F2);
+        QLineEdit* const pSecond = Editor(fixture);
+        QVERIFY(pSecond && pSecond != pFirst);
+        RunDeletions();
+        QVERIFY(!pFirst);
+        fixture.Clear();
+        fixture.pTree->selectionModel()->select(fixture.Row("loose"), QItemSelectionModel::Select);
+        QCOMPARE(fixture.control.CallCount("SetSelectedNodes"), 0);
+    }
+
     void aNameThatTheLibraryRefusesComesBackWithTheNextRows()
     {
         CTreeFixture fixture(Site());

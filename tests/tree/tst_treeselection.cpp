@@ -236,6 +236,16 @@ private slots:
         QCOMPARE(listAtOnce, fixture.Selected());
     }
 
+    void aRestoredSelectionLeavesNoCurrentRow()
+    {
+        CTreeFixture fixture(Site());
+        fixture.Click(fixture.Row("alpha"));
+        QCOMPARE(fixture.pTree->currentIndex(), fixture.Row("alpha"));
+        fixture.pTree->RestoreSelection();
+        QVERIFY(!fixture.pTree->currentIndex().isValid());
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+    }
+
     void aSingleProcessorOfTheLibraryTakesTheSelectionOverQuietly()
     {
         CTreeFixture fixture(Site(), { ProcessorId("alpha") });
@@ -275,7 +285,7 @@ private slots:
     void aListThatIsNoSingleProcessorIsLeftAlone_data()
     {
         QTest::addColumn<QVariantList>("listStored");
-        QTest::newRow("two processors") << QVariantList{ ProcessorId("alpha"), ProcessorId("beta") };
+        QTest::newRow("two processors") << QVariantList{ ProcessorId("gamma"), ProcessorId("beta") };
         QTest::newRow("a group") << QVariantList{ GroupId("Hall") };
         QTest::newRow("the root") << QVariantList{ QUuid() };
         QTest::newRow("a node that has gone") << QVariantList{ ProcessorId("gone") };
