@@ -128,5 +128,5 @@ void CLife::Tell(const SScenarioStep& step, const QString& strFault)
     if (!strFault.isEmpty())
         events.Refuse(QStringLiteral("The step \"%1\" was passed over: %2").arg(step.strDo, strFault));
     else
-        emit events.LifeStep(QStringLiteral("%1 %2").arg(step.strDo, step.GetText("node")).trimmed());
+        emit events.LifeStep(runner.GetText(step));
 }

@@ -212,6 +212,19 @@ QString CStepRunner::RunStorm(const SScenarioStep& step, QVector<SScenarioStep>&
     return {};
 }
 
+QString CStepRunner::GetText(const SScenarioStep& step) const
+{
+    // A quiet day names its nodes by their ids.
+    const QString strName = FindProcessor(Find(step, "node")).strName;
+    QStringList listWord{ step.strDo, strName.isEmpty() ? step.GetText("node") : strName };
+    for (const char* pKey : { "group", "role", "project", "name", "pane", "ip" })
+        listWord.append(step.GetText(pKey));
+    if (step.keys.contains(QLatin1String("on")))
+        listWord.append(step.IsOn() ? QStringLiteral("on") : QStringLiteral("off"));
+    listWord.removeAll(QString());
+    return listWord.join(QLatin1Char(' '));
+}
+
 QUuid CStepRunner::Find(const SScenarioStep& step, const char* pKey) const
 {
     return FindText(step.GetText(pKey));

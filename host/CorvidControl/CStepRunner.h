@@ -28,6 +28,9 @@ public:
     /// done; empty when all could.
     QString Run(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
 
+    /// The step in one line, for people: "project Ceiling Evening News". Any thread.
+    QString GetText(const SScenarioStep& step) const;
+
 private:
     using Action = QString (CStepRunner::*)(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
     static const QMap<QString, Action>& GetActions();

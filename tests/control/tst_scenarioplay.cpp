@@ -21,6 +21,7 @@ private slots:
     void aStepHasItsEffectAndIsTold();
     void nothingHappensBeforeTheLifeStarts();
     void stepsAreTakenInTheirOrderAndThenItIsFinished();
+    void aStepIsToldByItsNodesNameAlsoWhenItGivesTheId();
     void aBootEndsOnlineAgain();
     void aStormChangesManyDevices();
     void aStepWithoutItsNodeIsPassedOverAndTheRestGoesOn();
@@ -133,6 +134,18 @@ void CScenarioPlayTest::stepsAreTakenInTheirOrderAndThenItIsFinished()
     pFixture->pHost->StartLife();
     QTRY_COMPARE(listStep, (QStringList{ "offline a", "offline b", "finished" }));
     QVERIFY(pFixture->pHost->GetLifeTime() >= 200);
+}
+
+void CScenarioPlayTest::aStepIsToldByItsNodesNameAlsoWhenItGivesTheId()
+{
+    const QByteArray id = ProcessorId("a").toByteArray();
+    pFixture->Write("day.json", R"({"steps":[{"at":0,"do":"project","node":")" + id + R"(","project":"News"}]})");
+    pFixture->Start(Root({}, { Processor("a").Online() }));
+    QStringList listStep;
+    QObject context; // goes first, and with it what is still queued
+    connect(pFixture->pHost.get(), &CControlHost::LifeStep, &context, [&](const QString& strLine) { listStep.append(strLine); });
+    pFixture->pHost->StartLife();
+    QTRY_COMPARE(listStep, QStringList{ "project a News" });
 }
 
 void CScenarioPlayTest::aBootEndsOnlineAgain()
