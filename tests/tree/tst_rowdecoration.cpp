@@ -113,6 +113,7 @@ private slots:
         const QImage image = fixture.Grab();
         QCOMPARE(ColorAt(image, Bare(fixture, fixture.Row("beta"))), colorHovered);
         QCOMPARE(ColorAt(image, Bare(fixture, fixture.Row("loose"))), colorBackground);
+        QCOMPARE(ColorAt(image, Bare(fixture, fixture.Row("alpha"))), colorBackground);
     }
 
     void aSelectedRowGetsNoHoverShape()

@@ -391,6 +391,16 @@ private slots:
         QCOMPARE(fixture.control.Commands().last(), MoveCall("alpha", "{null}"));
     }
 
+    void afterADragTheRowUnderTheMouseIsHoveredAgain()
+    {
+        CTreeFixture fixture(Site());
+        CDragRun run(fixture);
+        run.Run(fixture.Row("alpha"), { [&] { run.MoveOnto(fixture.Row("Hall")); }, [] { QDrag::cancel(); } });
+        run.Release();
+        run.MoveOnto(fixture.Row("loose"));
+        QCOMPARE(ColorOf(fixture, fixture.Row("loose"), 30), QColor("#42464D"));
+    }
+
     void theTreeMayGoWhileItsRowsAreDragged()
     {
         CTreeFixture fixture(Site());

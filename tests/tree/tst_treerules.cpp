@@ -113,6 +113,7 @@ private slots:
     void theInformationCardHangsFromTheRowAbove()
     {
         const QPainterPath path = SRowShape(QRect(0, 100, 300, 92)).GetInfoCard();
+        QCOMPARE(qRound(path.boundingRect().top()), 95);
         QCOMPARE(path.boundingRect().bottom(), 192.0);
         QVERIFY2(path.contains(QPointF(0.3, 99.5)) && path.contains(QPointF(293.7, 99.5)), "flares");
         QVERIFY2(!path.contains(QPointF(150, 98)), "free between the flares");
@@ -253,6 +254,8 @@ private slots:
         QTest::newRow("Chief and Primary, on Primary") << ptFailover << "CP" << szPrimary;
         QTest::newRow("no flag, on the mark") << ptFailover << ""
                                               << "the name";
+        QTest::newRow("no Chief, on its place") << ptChief << "P"
+                                                << "the name";
         QTest::newRow("beside the marks") << ptName << "CP"
                                           << "the name";
         QTest::newRow("Primary before Backup") << ptFailover << "PB" << szPrimary;
