@@ -291,24 +291,28 @@ private slots:
 
     void theAreaOfAMarkIsRoundedToWholePixels_data()
     {
-        QTest::addColumn<QPoint>("pos");
+        QTest::addColumn<qreal>("fLeft");
+        QTest::addColumn<int>("nX");
         QTest::addColumn<bool>("bHit");
-        QTest::newRow("left edge, rounded up") << QPoint(100, 10) << false;
-        QTest::newRow("inside") << QPoint(101, 10) << true;
-        QTest::newRow("right edge, rounded up") << QPoint(115, 10) << true;
-        QTest::newRow("beyond") << QPoint(116, 10) << false;
+        QTest::newRow("left edge, rounded up") << 100.6 << 100 << false;
+        QTest::newRow("inside") << 100.6 << 101 << true;
+        QTest::newRow("right edge, rounded up") << 100.6 << 115 << true;
+        QTest::newRow("beyond") << 100.6 << 116 << false;
+        QTest::newRow("left edge, rounded down") << 100.4 << 100 << true;
+        QTest::newRow("right edge, rounded down") << 100.4 << 115 << false;
     }
     void theAreaOfAMarkIsRoundedToWholePixels()
     {
-        QFETCH(QPoint, pos);
+        QFETCH(qreal, fLeft);
+        QFETCH(int, nX);
         QFETCH(bool, bHit);
         SPrcNodeItem item;
-        item.rcFailover = QRectF(100.6, 3.4, 14, 14);
+        item.rcFailover = QRectF(fLeft, 3.4, 14, 14);
         item.bPrimary = true;
         QStandardItemModel model;
         model.appendRow(Item(NodeProcessor, ProcessorId("alpha")));
         model.item(0)->setData(QVariant::fromValue(item), RoleNodeItem);
-        QCOMPARE(!CRowToolTip::GetText(model.index(0, 0), pos).isEmpty(), bHit);
+        QCOMPARE(!CRowToolTip::GetText(model.index(0, 0), QPoint(nX, 10)).isEmpty(), bHit);
     }
 
     void otherRowsHaveTheTipThatPaintingLeft_data()
