@@ -75,15 +75,18 @@ void CBaseThread::ActivateThread()
 int CBaseThread::GetFrontType()
 {
     const std::lock_guard<std::mutex> lock(mutexQueue);
-    return listMessage.isEmpty() ? 0 : listMessage.constFirst();
+    bFrontMissed = listMessage.isEmpty();
+    return bFrontMissed ? 0 : listMessage.constFirst();
 }
 
+// A late wake-up makes the loop look into an empty queue. A message that comes between that look and this
+// removal was not served: it stays, and the count of 1 makes the loop come back for it.
 int CBaseThread::RemoveFront()
 {
     const std::lock_guard<std::mutex> lock(mutexQueue);
-    if (!listMessage.isEmpty()) {
+    if (!bFrontMissed && !listMessage.isEmpty())
         listMessage.removeFirst();
-    }
+    bFrontMissed = false;
     return listMessage.size();
 }
 

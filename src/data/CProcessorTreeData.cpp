@@ -4,7 +4,6 @@
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 
-#include <QReadLocker>
 #include <QReadWriteLock>
 #include <QThread>
 #include <QWriteLocker>

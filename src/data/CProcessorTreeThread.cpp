@@ -14,7 +14,7 @@
 
 namespace
 {
-constexpr int MESSAGE_MAX = 59;
+constexpr unsigned MESSAGE_MAX = 59;
 constexpr int MESSAGE_TOOL_BAR = 59;
 
 /// Bit n stands for message n.
@@ -26,12 +26,12 @@ constexpr unsigned long PACING = 10;
 
 bool IsIn(quint64 nSet, int nMessage)
 {
-    return ((nSet >> nMessage) & 1U) != 0;
+    return static_cast<unsigned>(nMessage) <= MESSAGE_MAX && ((nSet >> nMessage) & 1U) != 0;
 }
 
 bool IsWanted(int nMessage)
 {
-    return nMessage != 0 && static_cast<unsigned>(nMessage) <= MESSAGE_MAX && IsIn(QUEUE_SET, nMessage);
+    return IsIn(QUEUE_SET, nMessage); // 0 is in no set
 }
 
 template <typename Call> void ForEachSubject(Call fnCall)

@@ -95,7 +95,7 @@ void CProcessorTreeModel::FillMap(const QList<SProcessorNode>& listProcessor, co
 
 void CProcessorTreeModel::MapRow(const QUuid& id, const QModelIndex& indexRow)
 {
-    if (indexRow.isValid()) {
+    if (indexRow.isValid() && !id.isNull()) { // the null id is the root's, whatever a record says
         mapIndex.insert(id, indexRow);
     }
 }
@@ -153,7 +153,7 @@ void CProcessorTreeModel::HideRow(const QUuid& id, bool bHide)
     // The store may already know a node whose row is still to come. It must not fall back to the root,
     // which is never hidden.
     const QModelIndex indexRow = mapIndex.value(id);
-    if (indexRow.isValid()) {
+    if (indexRow.isValid() && indexRow != GetRootIndex()) {
         pTree->setRowHidden(indexRow.row(), indexRow.parent(), bHide);
     }
 }

@@ -41,7 +41,7 @@ public:
 
     /// Builds all rows anew, with the expansion of the records; the root is always expanded. The caller
     /// keeps the tree's signals blocked. Until it returns nothing may ask the view for geometry, since a
-    /// forced layout makes it quadratic, and every id gives the root.
+    /// forced layout makes it quadratic. While rows are replaced every id gives the root.
     void RebuildFromStore();
 
 private:

@@ -96,7 +96,19 @@ private slots:
     void noStopEverHangs();
     void stopWhileMessagesRainFromManyThreads();
     void wholeLifeOnAQThread();
+    void messageThatComesDuringALateWakeUpIsNotLost();
 };
+
+void CBaseThreadTest::messageThatComesDuringALateWakeUpIsNotLost()
+{
+    CRecordingThread worker;
+    worker.ActivateThread(); // late: the queue is empty already
+    QCOMPARE(worker.GetFrontType(), 0);
+    worker.Notify(7);
+    QCOMPARE(worker.RemoveFront(), 1);
+    QCOMPARE(worker.GetFrontType(), 7);
+    QCOMPARE(worker.RemoveFront(), 0);
+}
 
 void CBaseThreadTest::newThreadIsIdleWithAnEmptyQueue()
 {

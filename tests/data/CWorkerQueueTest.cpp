@@ -217,7 +217,7 @@ void CWorkerQueueTest::anUnknownNumberInTheQueueIsOnlyRemoved()
 {
     CControlDouble control;
     CWorkerRig rig;
-    for (const int nMessage : { 2, 63, 0 }) {
+    for (const int nMessage : { 2, 63, 0, 65, -1, 64 + 32, std::numeric_limits<int>::min() }) {
         rig.Probe().Append(nMessage);
     }
     rig.pWorker->Notify(59);

@@ -35,7 +35,20 @@ private slots:
     void aSearchBeforeTheFirstRebuildHidesNothing();
     void aNodeThatHasNoRowYetHidesNothing();
     void aSearchWorksOnTheCurrentPane();
+    void aNodeWithoutAnIdNeverHidesTheRoot();
 };
+
+void CSearchFilterTest::aNodeWithoutAnIdNeverHidesTheRoot()
+{
+    SModelRig rig(Site());
+    rig.Rebuild();
+    rig.Change(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()) }));
+    rig.pModel->SetSearchText("violin");
+    QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
+    rig.Rebuild();
+    rig.pModel->SetSearchText("violin");
+    QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
+}
 
 void CSearchFilterTest::rowsThatMatchAreShown_data()
 {

@@ -56,7 +56,16 @@ private slots:
     void anInvalidRowIsNotOpened();
     void aRowOfAnotherModelIsReadAsAnId_data();
     void aRowOfAnotherModelIsReadAsAnId();
+    void aNodeWithoutAnIdLeavesTheNullIdToTheRoot();
 };
+
+void CTreeModelTest::aNodeWithoutAnIdLeavesTheNullIdToTheRoot()
+{
+    SModelRig rig(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()), Processor("b") }));
+    rig.Rebuild();
+    QCOMPARE(rig.Index(QUuid()), rig.pModel->GetRootIndex());
+    QCOMPARE(rig.Index(ProcessorId("b")).row(), 2);
+}
 
 void CTreeModelTest::theModelHasOneColumnAndOneTopRow()
 {

@@ -41,10 +41,11 @@ protected:
     /// Clears bIdle and wakes the loop. Any thread.
     void ActivateThread();
 
-    /// The oldest message, which stays in the queue; 0 when the queue is empty. Any thread.
+    /// The oldest message, which stays in the queue; 0 when the queue is empty. The loop's thread.
     int GetFrontType();
 
-    /// Removes the oldest message and returns how many are left; 0 when the queue is empty. Any thread.
+    /// Removes the oldest message and returns how many are left. Removes nothing when GetFrontType has
+    /// just found the queue empty: what came since then was not seen by the loop. The loop's thread.
     int RemoveFront();
 
     /// The loop's last step, once, on the loop's thread.
@@ -54,10 +55,11 @@ protected:
     std::mutex mutexWake;             ///< guards the wait on condWake
     std::condition_variable condWake; ///< the loop sleeps on it
     std::atomic<bool> bIdle{ true };  ///< true: the loop is to sleep; false: the queue has work
-    std::mutex mutexQueue;            ///< guards listMessage
+    std::mutex mutexQueue;            ///< guards listMessage and bFrontMissed
     QList<int> listMessage;           ///< message numbers, oldest first; guarded by mutexQueue
 
 private:
     class CStopHelper;
     QScopedPointer<CStopHelper> pStopHelper;
+    bool bFrontMissed = false; ///< the last GetFrontType found nothing; guarded by mutexQueue
 };
