@@ -225,18 +225,18 @@ void CProcessorTree::RestoreSelection()
 
 void CProcessorTree::SelectNodes(const std::vector<QUuid>& vecId)
 {
+    if (!bRebuilding) {
+        for (const QUuid& id : vecId) { // looked up one by one: each report may reach a slot that rebuilds
+            selectionModel()->select(pModel->GetIndexById(id), QItemSelectionModel::Select);
+        }
+        return;
+    }
     QModelIndexList listRow;
     for (const QUuid& id : vecId) {
         listRow.append(pModel->GetIndexById(id));
     }
-    if (bRebuilding) {
-        // Nobody listens, so one call may do: one a row takes quadratic time.
-        selectionModel()->select(SNodeSelection::GetRanges(listRow), QItemSelectionModel::Select);
-        return;
-    }
-    for (const QModelIndex& index : std::as_const(listRow)) {
-        selectionModel()->select(index, QItemSelectionModel::Select);
-    }
+    // Nobody listens, so one call may do: one a row takes quadratic time.
+    selectionModel()->select(SNodeSelection::GetRanges(listRow), QItemSelectionModel::Select);
 }
 
 void CProcessorTree::UpdateCurrentNode()

@@ -249,11 +249,8 @@ void CProcessorTree::Group()
 void CProcessorTree::Ungroup()
 {
     const QUuid idNext = GetNodeAboveSelection();
-    const QModelIndexList listSelected = selectedIndexes();
-    for (const QModelIndex& index : listSelected) {
-        if (IsGroup(index)) {
-            g_pPrcListControl->DeleteGroup(index.data(RoleNodeId).toUuid(), false);
-        }
+    for (const QUuid& id : SNodeSelection::GetGroupIds(selectedIndexes())) {
+        g_pPrcListControl->DeleteGroup(id, false);
     }
     g_pRuntimeControl->SetSelectedNodes({ idNext });
 }

@@ -39,6 +39,17 @@ QSet<QUuid> IdsOf(const SProcessorAllNode& nodeAll)
     return setId;
 }
 
+std::vector<QUuid> GetIdsOfType(const QModelIndexList& listRow, EnNodeType nType)
+{
+    std::vector<QUuid> vecId;
+    for (const QModelIndex& index : listRow) {
+        if (TypeOf(index) == nType) {
+            vecId.push_back(IdOf(index));
+        }
+    }
+    return vecId;
+}
+
 } // namespace
 
 std::vector<QUuid> SNodeSelection::GetIds(const QModelIndexList& listRow)
@@ -100,11 +111,10 @@ QModelIndex SNodeSelection::FindProcessor(const QModelIndex& indexRoot, const QU
 
 std::vector<QUuid> SNodeSelection::GetProcessorIds(const QModelIndexList& listRow)
 {
-    std::vector<QUuid> vecId;
-    for (const QModelIndex& index : listRow) {
-        if (TypeOf(index) == NodeProcessor) {
-            vecId.push_back(IdOf(index));
-        }
-    }
-    return vecId;
+    return GetIdsOfType(listRow, NodeProcessor);
+}
+
+std::vector<QUuid> SNodeSelection::GetGroupIds(const QModelIndexList& listRow)
+{
+    return GetIdsOfType(listRow, NodeGroup);
 }

@@ -27,4 +27,7 @@ struct SNodeSelection
 
     /// The ids of the processors among the rows, in their order.
     static std::vector<QUuid> GetProcessorIds(const QModelIndexList& listRow);
+
+    /// The ids of the groups among the rows, in their order.
+    static std::vector<QUuid> GetGroupIds(const QModelIndexList& listRow);
 };
