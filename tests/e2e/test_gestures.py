@@ -5,7 +5,7 @@ import unittest
 import desktop
 import listfile
 from listfile import short_id
-from scene import SELECTED, TREE, Scene
+from scene import SELECTED, TREE, Scene, small_list
 
 
 def looks_orange(colour):
@@ -38,20 +38,35 @@ class Selecting(Scene):
         self.kestrel.wait_for_pixel("no row lit", self.kestrel.row(self.TWO, 250), lambda colour: colour == TREE)
         self.assertEqual(self.kestrel.quit(), 0)
 
+
+class Tips(Scene):
+    SCENARIO = '{ "title": "Chiefs are shown", "steps": [ { "at": 0.2, "do": "chief-mode", "on": true } ] }'
+
+    @staticmethod
+    def LIST():
+        groups, loose = small_list()
+        groups[0]["processors"][0]["chief"] = 1
+        return groups, loose
+
     def test_each_mark_has_its_tool_tip(self):
-        self.desktop.move(*self.kestrel.row(self.ALPHA, 300))
-        self.desktop.move(*self.kestrel.row(self.ALPHA, self.kestrel.mark_column()))
-        before = self.kestrel.pixel(self.tip_point(self.ALPHA))
-        self.kestrel.wait_for_pixel("a tip beside the mouse", self.tip_point(self.ALPHA), lambda colour: colour != before)
-        self.desktop.shoot("tip-primary")
-        self.desktop.move(*self.kestrel.row(self.BETA, self.kestrel.mark_column()))
-        self.kestrel.wait_for_pixel("the tip follows", self.tip_point(self.BETA), lambda colour: colour != TREE)
-        self.desktop.shoot("tip-backup")
+        marks = self.kestrel.mark_column()
+        self.kestrel.wait_for("ChiefChanged", kind="message")
+        self.expect_tip("primary", self.ALPHA, marks)
+        self.expect_tip("chief", self.ALPHA, marks - 18)
+        self.expect_tip("backup", self.BETA, marks)
         self.assertEqual(self.kestrel.quit(), 0)
 
-    def tip_point(self, row):
-        x, y = self.kestrel.row(row, self.kestrel.mark_column())
-        return x + 40, y + 26
+    def expect_tip(self, name, row, column):
+        """A tip comes up where there was none: to the right of the mouse, over the dock."""
+        self.desktop.move(self.kestrel.x + 700, self.kestrel.y + 600)
+        x, y = self.kestrel.row(row, column)
+        area = (self.kestrel.x + 380, y + 8, self.kestrel.x + 640, y + 44)
+        self.desktop.click(*self.kestrel.row(self.ROOT, 300))  # ends a tip that is up
+        self.wait_for_hover(self.THREE)
+        before = self.desktop.grab().crop(area).tobytes()
+        self.desktop.move(x, y)
+        desktop.wait_until(f"the tip of the {name} mark", lambda: self.desktop.grab().crop(area).tobytes() != before)
+        self.desktop.shoot("tip-" + name)
 
 
 class Renaming(Scene):
@@ -110,15 +125,43 @@ class Menus(Scene):
         self.assertEqual(outline[outline.index("  one") - 1], "Group 1")
         self.assertIn("  two", outline)
 
-    def test_the_menu_key_opens_the_menu_too(self):
+    def test_the_menu_key_opens_the_menu_and_its_first_entry_renames(self):
         self.select(self.ALPHA)
         mark = self.kestrel.mark()
-        self.desktop.move(*self.kestrel.row(self.ALPHA))
         self.desktop.key("Menu")
         self.desktop.shoot("menu-by-key")
-        self.desktop.key("Escape")
-        self.assertEqual(self.kestrel.commands(mark), [])
-        self.assertEqual(self.kestrel.quit(), 0)
+        self.desktop.key("Down", "Return")
+        self.desktop.key("ctrl+a")
+        self.desktop.type("first")
+        self.desktop.key("Return")
+        self.kestrel.wait_for("RenameProcessor", after=mark)
+        self.assertEqual(self.kestrel.commands(mark)[0], f'gui RenameProcessor({short_id("alpha")}, "first")')
+        self.assertIn("  first", self.outline_after_quit())
+
+    def test_ungroup_leaves_the_processors_at_the_root(self):
+        self.select(self.STAGE)
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.row(self.STAGE), button=3)
+        self.desktop.key("Down", "Down", "Return")
+        self.kestrel.wait_for("DeleteGroup", after=mark)
+        self.kestrel.wait_for("SetSelectedNodes", after=mark)
+        self.assertEqual(self.kestrel.commands(mark)[:2],
+                         [f"gui DeleteGroup({short_id('Stage')}, false)", "gui SetSelectedNodes([null])"])
+        outline = self.outline_after_quit()
+        self.assertEqual(outline[:3], ["Folded", "  delta", "Empty"])
+        self.assertEqual(sorted(outline[3:]), sorted(["alpha", "beta", "gamma", "one", "two", "three"]))
+
+    def test_move_to_group_puts_a_processor_into_the_chosen_group(self):
+        self.select(self.ONE)
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.row(self.ONE), button=3)
+        self.desktop.key("Down", "Down", "Down", "Right")
+        self.desktop.shoot("move-to-group")
+        self.desktop.key("Down", "Return")
+        self.kestrel.wait_for("MoveProcessor", after=mark)
+        self.assertEqual(self.kestrel.journal("^MoveProcessor", "command", mark),
+                         [f"MoveProcessor({short_id('one')}, {short_id('Folded')})"])
+        self.assertEqual(self.outline_after_quit()[4:7], ["Folded", "  delta", "  one"])
 
 
 class Dragging(Scene):
@@ -201,6 +244,22 @@ class Deleting(Scene):
         self.desktop.wait_for_no_window("Delete processors")
         self.assertEqual(self.kestrel.commands(mark), [])
         self.assertIn("one", self.outline_after_quit())
+
+    def test_the_menus_delete_with_a_yes_removes_the_processor(self):
+        self.select(self.ONE)
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.row(self.ONE), button=3)
+        self.desktop.key("Up", "Return")
+        self.desktop.wait_for_window("Delete processors")
+        self.desktop.key("alt+y")
+        self.kestrel.wait_for(r"SetBusy\(false\)", after=mark)
+        self.assertEqual([command for command in self.kestrel.commands(mark) if "PostMessage" not in command][:4], [
+            "gui SetBusy(true)",
+            f"job DeleteProcessor({short_id('one')}, false)",
+            f"job SetSelectedNodes({ids('Empty')})",
+            "job SetBusy(false)",
+        ])
+        self.assertNotIn("one", self.outline_after_quit())
 
     def test_the_tool_bars_delete_offers_to_keep_the_processors(self):
         self.select(self.STAGE)
