@@ -11,7 +11,6 @@
 namespace
 {
 
-constexpr int nMaxTextBytes = 256;
 constexpr qint64 nMaxInt = std::numeric_limits<qint32>::max();
 constexpr qint64 nMinInt = std::numeric_limits<qint32>::min();
 constexpr qint64 nMaxUnsigned = std::numeric_limits<quint32>::max();
@@ -122,8 +121,8 @@ QString CListReader::ReadText(const QJsonObject& object, const QString& strKey)
 {
     const QJsonValue value = object.value(strKey);
     const QString strText = value.toString();
-    if (!value.isString() || !CNameRules::IsCleanText(strText) || strText.toUtf8().size() > nMaxTextBytes)
-        Fail(QStringLiteral("\"%1\" is no text of at most %2 bytes").arg(strKey).arg(nMaxTextBytes));
+    if (!value.isString() || !CNameRules::IsText(strText))
+        Fail(QStringLiteral("\"%1\" is no text of at most %2 bytes").arg(strKey).arg(CNameRules::nMaxTextBytes));
     return strText;
 }
 

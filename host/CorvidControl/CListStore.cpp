@@ -51,16 +51,15 @@ CListStore::EnExportResult CListStore::Export(const QString& strPath)
         return ExportProtected;
     }
     const QByteArray bytes = CListFormat::Write(site.GetTree(false));
-    const QString strFault = strPath.isEmpty() ? QStringLiteral("no file was named") : WriteFile(strPath, bytes);
+    const QString strFault = WriteProven(strPath, bytes);
     if (!strFault.isEmpty()) {
         events.Warn(QStringLiteral("The list was not saved. ") + Describe(strPath, strFault));
         return ExportNotWritten;
     }
     // Reading it back is the only proof there is that the disk took it.
-    const SListReading reading = ReadFile(strPath);
-    if (reading.verdict == SListReading::Invalid) {
-        events.Warn(QStringLiteral("The list was saved, but what is there now is no list. ")
-                    + Describe(strPath, reading.strReason));
+    QFile file(strPath);
+    if (file.open(QIODevice::ReadOnly) && file.readAll() != bytes) {
+        events.Warn(QStringLiteral("The list was saved, but what is there now is no list. ") + strPath);
         return ExportWorthless;
     }
     return ExportDone;
@@ -96,6 +95,18 @@ SListReading CListStore::ReadFile(const QString& strPath) const
     else
         reading = CListFormat::Read(file.read(CListFormat::nMaxBytes + 1), site.GetLimits());
     return reading;
+}
+
+// What went wrong; empty when nothing did. A list that the next start would refuse must not take the
+// place of a good one.
+QString CListStore::WriteProven(const QString& strPath, const QByteArray& bytes) const
+{
+    if (strPath.isEmpty())
+        return QStringLiteral("no file was named");
+    const SListReading proof = CListFormat::Read(bytes, site.GetLimits());
+    if (proof.verdict != SListReading::Valid)
+        return QStringLiteral("it could not be read again, ") + proof.strReason;
+    return WriteFile(strPath, bytes);
 }
 
 // What went wrong; empty when nothing did. Unbuffered and synchronised by hand: QSaveFile itself notices

@@ -53,6 +53,7 @@ public:
 
 private:
     SListReading ReadFile(const QString& strPath) const;
+    QString WriteProven(const QString& strPath, const QByteArray& bytes) const;
     QString WriteFile(const QString& strPath, const QByteArray& bytes) const;
     EnImportResult Overwrite(const QString& strPath, const QByteArray& bytes);
 

@@ -41,3 +41,8 @@ bool CNameRules::IsCleanText(const QString& strText)
 {
     return strText.isValidUtf16() && std::none_of(strText.cbegin(), strText.cend(), IsControl);
 }
+
+bool CNameRules::IsText(const QString& strText)
+{
+    return IsCleanText(strText) && strText.toUtf8().size() <= nMaxTextBytes;
+}

@@ -7,13 +7,17 @@
 class CNameRules
 {
 public:
-    static constexpr int nMaxBytes = 64; ///< in UTF-8
+    static constexpr int nMaxBytes = 64;      ///< of a name, in UTF-8
+    static constexpr int nMaxTextBytes = 256; ///< of any other text, in UTF-8
 
     /// Why strName is refused, in a few words; empty when it is a good name.
     static QString FindFault(const QString& strName);
 
     /// True for text that survives the way to UTF-8 and back and holds no control characters.
     static bool IsCleanText(const QString& strText);
+
+    /// True for clean text of at most nMaxTextBytes: a project or the name of a type.
+    static bool IsText(const QString& strText);
 
     CNameRules() = delete;
 };

@@ -19,6 +19,7 @@ enum EnKind
 {
     KindText,
     KindName,
+    KindProject,
     KindFlag,
     KindSeconds,
     KindRate,
@@ -48,7 +49,7 @@ const QMap<QString, Rules>& GetRules()
         { QStringLiteral("boot"), { { "node", KindText, true }, { "for", KindSeconds, false } } },
         { QStringLiteral("role"), { { "node", KindText, true }, { "role", KindRole, true } } },
         { QStringLiteral("fail-over"), { { "node", KindText, true }, { "with", KindText, false } } },
-        { QStringLiteral("project"), { { "node", KindText, true }, { "project", KindText, true } } },
+        { QStringLiteral("project"), { { "node", KindText, true }, { "project", KindProject, true } } },
         { QStringLiteral("chief"), { { "group", KindText, true }, { "node", KindText, false } } },
         { QStringLiteral("chief-mode"), listFlag },
         { QStringLiteral("open-project"), { { "project", KindName, true } } },
@@ -93,6 +94,10 @@ QString FindValueFault(EnKind kind, const QJsonValue& value)
         return value.isString() ? QString() : QStringLiteral("must be a text");
     case KindName:
         return CNameRules::FindFault(strText).isEmpty() ? QString() : QStringLiteral("must be a good name");
+    case KindProject:
+        return value.isString() && CNameRules::IsText(strText)
+            ? QString()
+            : QStringLiteral("must be a text of at most %1 bytes without control characters").arg(CNameRules::nMaxTextBytes);
     case KindFlag:
         return value.isBool() ? QString() : QStringLiteral("must be true or false");
     case KindSeconds:

@@ -1,7 +1,12 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
+#include "CorvidControl/CHostEvents.h"
+#include "CorvidControl/CHostState.h"
 #include "CorvidControl/CListFormat.h"
+#include "CorvidControl/CListStore.h"
+#include "CorvidControl/CMessageDispatcher.h"
+#include "CorvidControl/CSite.h"
 #include "CorvidControl/EnControlMessage.h"
 #include "TestMain.h"
 
@@ -86,6 +91,8 @@ private slots:
     void aLockedListIsNotImportedOver();
     void aFailedExportLeavesTheOldFile_data();
     void aFailedExportLeavesTheOldFile();
+    void aListThatCouldNotBeReadBackIsNotWritten_data();
+    void aListThatCouldNotBeReadBackIsNotWritten();
     void aKillAtAnyMomentLeavesAWholeList();
 
 private:
@@ -314,6 +321,31 @@ void CListFilesTest::aFailedExportLeavesTheOldFile()
     QVERIFY2(nResult != 0 && nResult != 1, "1 would remove the file");
     QCOMPARE(pFixture->Read("list.kvtl"), before);
     QVERIFY(!QDir(pFixture->folder.path()).exists("nowhere"));
+}
+
+void CListFilesTest::aListThatCouldNotBeReadBackIsNotWritten_data()
+{
+    QTest::addColumn<QString>("strProject");
+    QTest::newRow("a control character") << "a\tb";
+    QTest::newRow("over its length") << QString(257, 'x');
+    QTest::newRow("half a character") << QString(QChar(0xD800));
+}
+
+void CListFilesTest::aListThatCouldNotBeReadBackIsNotWritten()
+{
+    QFETCH(QString, strProject);
+    const QByteArray before = CListFormat::Write(Root({}, { Processor("alpha") }));
+    pFixture->Write("list.kvtl", before);
+    CMessageDispatcher dispatcher;
+    CHostEvents events;
+    const CHostState host(dispatcher, events);
+    CSite site(dispatcher, events, host, {});
+    CListStore store(site, events, pFixture->GetPath());
+    QVERIFY(store.Load());
+    site.ApplyReport(Processor("alpha").Project(strProject));
+    ExpectWarning("The list was not saved");
+    QCOMPARE(store.Export(pFixture->GetPath()), CListStore::ExportNotWritten);
+    QCOMPARE(pFixture->Read("list.kvtl"), before);
 }
 
 void CListFilesTest::aKillAtAnyMomentLeavesAWholeList()

@@ -114,6 +114,10 @@ void CScenarioFileTest::aFaultIsToldInOneLineWithTheFile_data()
     QTest::newRow("three simulators") << step(R"("at":1,"do":"add-simulators","count":3)") << "must be 1 or 2";
     QTest::newRow("too hard a storm") << step(R"("at":1,"do":"storm","rate":1001,"for":1)") << "must be a number of 1 to 1000";
     QTest::newRow("a bad name") << step(R"("at":1,"do":"appear","ip":"10.0.0.1","name":"a=b"})") << "";
+    QTest::newRow("a project of two lines") << step(R"("at":1,"do":"project","node":"a","project":"a\nb")")
+                                            << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
+    QTest::newRow("a project too long") << step(R"("at":1,"do":"project","node":"a","project":")" + QByteArray(257, 'x') + '"')
+                                        << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
     QTest::newRow("a mark without a time") << QByteArray(R"({"steps":[],"ui":[{"shot":"x"}]})") << "mark 1 of \"ui\": \"at\"";
     QTest::newRow("a mark that is no object") << QByteArray(R"({"steps":[],"ui":[3]})") << "mark 1 of \"ui\": must be an object";
     QTest::newRow("marks that are no list") << QByteArray(R"({"steps":[],"ui":{}})") << "\"ui\" must be a list";
