@@ -11,6 +11,20 @@
 
 #include <thread>
 
+namespace
+{
+/// Runs a dialog that lives on the stack. When its parent is destroyed meanwhile, which would delete its
+/// children, the dialog leaves it in time and counts as rejected.
+int Run(QDialog& dlg)
+{
+    QObject::connect(dlg.parentWidget(), &QObject::destroyed, &dlg, [&dlg] {
+        dlg.reject();
+        dlg.setParent(nullptr);
+    });
+    return dlg.exec();
+}
+} // namespace
+
 CAddCommands::CAddCommands(CProcessorTreeView* pPanel) : pView(pPanel) { }
 
 void CAddCommands::AddGroup()
@@ -29,7 +43,7 @@ void CAddCommands::AddGroup()
 void CAddCommands::AddSimulators()
 {
     CAddSimulatorDlg dlg(pView);
-    if (dlg.exec() != QDialog::Accepted)
+    if (Run(dlg) != QDialog::Accepted)
         return;
     SSimulatorRequest request;
     request.nCount = dlg.GetCount();
@@ -41,7 +55,7 @@ void CAddCommands::AddSimulators()
 void CAddCommands::AddProcessor()
 {
     CAddProcessorDlg dlg(pView);
-    if (dlg.exec() != QDialog::Accepted)
+    if (Run(dlg) != QDialog::Accepted)
         return;
     const QHostAddress address = dlg.GetIP();
     g_pRuntimeControl->SetBusy(true);

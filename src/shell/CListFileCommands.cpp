@@ -83,12 +83,14 @@ bool CListFileCommands::ConfirmOverwrite()
         == CMessageBox::ButtonYes;
 }
 
-/// Runs the dialog and releases it. Returns the file chosen; empty for none.
-QString CListFileCommands::ChooseFile(QFileDialog* pDialog)
+/// Runs the dialog and releases it. Returns the file chosen; empty for none, also when the panel was ended
+/// under the open dialog, which went with it: then the panel must not be used any more.
+QString CListFileCommands::ChooseFile(QPointer<QFileDialog> pDialog)
 {
-    QString strPath;
-    if (pDialog->exec() == QDialog::Accepted)
-        strPath = pDialog->selectedFiles().value(0);
+    const bool bAccepted = pDialog->exec() == QDialog::Accepted;
+    if (!pDialog)
+        return {};
+    const QString strPath = bAccepted ? pDialog->selectedFiles().value(0) : QString();
     pDialog->deleteLater();
     return strPath;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 
 class CProcessorTreeView;
@@ -26,7 +27,7 @@ public:
 
 private:
     bool ConfirmOverwrite();
-    QString ChooseFile(QFileDialog* pDialog);
+    QString ChooseFile(QPointer<QFileDialog> pDialog);
     void TellImportFailed(int nResult);
     void StartImportJob();
     void Tell(const QString& strTitle, const QString& strText);

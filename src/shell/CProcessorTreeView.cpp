@@ -18,6 +18,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QStyleOption>
@@ -377,7 +378,10 @@ void CProcessorTreeView::Add()
 // Goes on also when the user has declined, and without waiting for the deletion.
 void CProcessorTreeView::DeleteNodes()
 {
+    const QPointer<CProcessorTreeView> pAlive = this; // the host may end the panel under the open question
     GetCurrentTree()->DeleteNode(true);
+    if (!pAlive)
+        return;
     UpdateWidget();
     emit NodeSelectChanged();
 }
