@@ -1,6 +1,7 @@
 #include "CUserHand.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QPushButton>
 #include <QWindow>
 #include <QtTest>
@@ -15,12 +16,13 @@ QString Plain(QString strText)
 
 /// The offscreen platform activates the windows of menus, a moment after they are shown; that would take
 /// the focus from what the chosen entry opens. Other platforms never do.
-bool IsActivated(const QMenu* pMenu)
+bool IsSettled(const QMenu* pMenu)
 {
-    return pMenu->windowHandle() && pMenu->windowHandle() == QGuiApplication::focusWindow();
+    return QGuiApplication::platformName() != QLatin1String("offscreen")
+        || (pMenu->windowHandle() && pMenu->windowHandle() == QGuiApplication::focusWindow());
 }
 
-const int nPatience = 100; // tries
+const int nPatience = 5000; // milliseconds, for a menu whose activation fell out
 
 QAction* FindEntry(const QMenu* pMenu, const QString& strText)
 {
@@ -36,9 +38,12 @@ QAction* FindEntry(const QMenu* pMenu, const QString& strText)
 
 CUserHand::CUserHand(const FnMenu& fnAct)
 {
-    Watch([fnAct, nTries = 0]() mutable {
+    Watch([fnAct, deadline = QDeadlineTimer(QDeadlineTimer::Forever)]() mutable {
         auto* const pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (!pMenu || (!IsActivated(pMenu) && ++nTries < nPatience)) {
+        if (pMenu && deadline.isForever()) {
+            deadline.setRemainingTime(nPatience);
+        }
+        if (!pMenu || (!IsSettled(pMenu) && !deadline.hasExpired())) {
             return false;
         }
         fnAct(pMenu);
