@@ -128,18 +128,28 @@ void CDeviceCommands::Delete(const QUuid& id)
             return;
         }
         const CJobScope job(jobs, strCommand);
-        network.Release(id);
-        if (!site.RemoveProcessor(id))
-            network.Adopt(tree.GetProcessor(*place));
+        ReleaseAndRemove({ id }, [&] { site.RemoveProcessor(id); });
         return;
     }
 }
 
 void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
 {
-    const QList<SProcessorNode> listGone = site.RemoveGroup(id, bWithProcessors);
-    for (const SProcessorNode& processor : listGone)
-        network.Forget(processor.idNode);
+    const auto remove = [&] {
+        const QList<SProcessorNode> listGone = site.RemoveGroup(id, bWithProcessors);
+        for (const SProcessorNode& processor : listGone)
+            network.Forget(processor.idNode);
+    };
+    const SProcessorGroupNode group = site.CopyGroup(id);
+    if (!bWithProcessors || group.listProcessor.isEmpty() || !site.FindDeleteFault(id).isEmpty()) {
+        remove(); // nobody to wait for, or refused there
+        return;
+    }
+    QList<QUuid> listId;
+    for (const SProcessorNode& processor : group.listProcessor)
+        listId.append(processor.idNode);
+    const CJobScope job(jobs, QStringLiteral("Deleting \"%1\" with its processors").arg(group.strName));
+    ReleaseAndRemove(listId, remove);
 }
 
 void CDeviceCommands::FollowList(const QList<QUuid>& listBefore)
@@ -177,4 +187,17 @@ bool CDeviceCommands::Adopt(const SProcessorNode& device, bool bSimulator)
     if (!bAdded && site.GetNodeType(device.idNode) == 0)
         network.Forget(device.idNode);
     return bAdded;
+}
+
+// What is still in the list afterwards, refused or moved elsewhere meanwhile, the network gets back.
+void CDeviceCommands::ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove)
+{
+    network.Release(listId);
+    remove();
+    for (const bool bSimulator : { false, true }) {
+        const CNodeTree tree = site.CopyTree(bSimulator);
+        for (const QUuid& id : listId)
+            if (const std::optional<SNodePlace> place = tree.FindProcessor(id))
+                network.Adopt(tree.GetProcessor(*place));
+    }
 }

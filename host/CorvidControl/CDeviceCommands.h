@@ -5,6 +5,8 @@
 #include <QList>
 #include <QUuid>
 
+#include <functional>
+
 class CJobs;
 class CSite;
 class IDeviceNetwork;
@@ -21,7 +23,7 @@ public:
     void Add(quint32 nIP);
     void AddSimulators(const SSimulatorRequest& request);
     void Delete(const QUuid& id);
-    void DeleteGroup(const QUuid& id, bool bWithProcessors); ///< never blocks
+    void DeleteGroup(const QUuid& id, bool bWithProcessors); ///< blocks only with its processors
 
     /// Makes the network know the devices of the Discovered list, and no others of the list before.
     void FollowList(const QList<QUuid>& listBefore);
@@ -32,6 +34,7 @@ public:
 private:
     QString FindAddFault(quint32 nIP) const;
     bool Adopt(const SProcessorNode& device, bool bSimulator);
+    void ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove);
 
     CSite& site;
     CJobs& jobs;

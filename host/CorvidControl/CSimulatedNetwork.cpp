@@ -36,12 +36,14 @@ void CSimulatedNetwork::Forget(const QUuid& id)
     hashAdopted.remove(id);
 }
 
-void CSimulatedNetwork::Release(const QUuid& id)
+void CSimulatedNetwork::Release(const QList<QUuid>& listId)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    if (hashAdopted.value(id).bOnline)
+    const auto isOnline = [this](const QUuid& id) { return hashAdopted.value(id).bOnline; };
+    if (std::any_of(listId.cbegin(), listId.cend(), isOnline))
         Wait(lock, delays.timeRelease);
-    hashAdopted.remove(id);
+    for (const QUuid& id : listId)
+        hashAdopted.remove(id);
 }
 
 QList<SProcessorNode> CSimulatedNetwork::Scan()

@@ -28,7 +28,7 @@ public:
     void SetListener(const Listener& listenerNew) override;
     void Adopt(const SProcessorNode& device) override;
     void Forget(const QUuid& id) override;
-    void Release(const QUuid& id) override;
+    void Release(const QList<QUuid>& listId) override;
     QList<SProcessorNode> Scan() override;
     bool Ask(quint32 nIP, SProcessorNode& device) override;
     void Stop() override;

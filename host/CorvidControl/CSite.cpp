@@ -39,6 +39,17 @@ CNodeTree CSite::CopyTree(bool bSimulator) const
     return tree[bSimulator];
 }
 
+SProcessorGroupNode CSite::CopyGroup(const QUuid& id) const
+{
+    for (const bool bSimulator : { false, true }) {
+        const CNodeTree treeNow = CopyTree(bSimulator);
+        const int nGroup = treeNow.FindGroup(id);
+        if (nGroup >= 0)
+            return treeNow.GetGroup(nGroup);
+    }
+    return {};
+}
+
 void CSite::SetSimulatorPane(bool bSimulator)
 {
     if (bSimulatorPane.exchange(bSimulator) != bSimulator)

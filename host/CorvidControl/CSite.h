@@ -31,6 +31,7 @@ public:
     }
     SProcessorAllNode GetTree(bool bSimulator) const;
     CNodeTree CopyTree(bool bSimulator) const;
+    SProcessorGroupNode CopyGroup(const QUuid& id) const; ///< empty when it is gone
     bool IsSimulatorPane() const
     {
         return bSimulatorPane;

@@ -25,8 +25,8 @@ public:
     /// The list knows the device no longer. Returns at once.
     virtual void Forget(const QUuid& id) = 0;
 
-    /// As Forget, but blocks until the device has let go.
-    virtual void Release(const QUuid& id) = 0;
+    /// As Forget for each, but blocks until all the devices have let go, which they do at the same time.
+    virtual void Release(const QList<QUuid>& listId) = 0;
 
     /// Blocks. All devices that a scan finds, adopted or not, with their state.
     virtual QList<SProcessorNode> Scan() = 0;

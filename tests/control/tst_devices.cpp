@@ -1,8 +1,16 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
+#include "CorvidControl/CDeviceCommands.h"
+#include "CorvidControl/CHostEvents.h"
+#include "CorvidControl/CHostState.h"
+#include "CorvidControl/CJobs.h"
+#include "CorvidControl/CMessageDispatcher.h"
+#include "CorvidControl/CSimulatedNetwork.h"
+#include "CorvidControl/CSite.h"
 #include "CorvidControl/EnControlMessage.h"
 #include "TestMain.h"
+#include "data/EnNodeType.h"
 
 #include <QElapsedTimer>
 
@@ -19,6 +27,11 @@ private slots:
 
     void aCommandBlocksAsLongAsTheDeviceTakes_data();
     void aCommandBlocksAsLongAsTheDeviceTakes();
+    void theMembersOfAGroupLetGoAtTheSameTime();
+    void dissolvingAGroupWaitsForNoDevice();
+    void aGroupDeletedTwiceAtOnceIsGoneWithoutARefusal();
+    void whatIsNotDeletedAfterAllIsStillHeard_data();
+    void whatIsNotDeletedAfterAllIsStillHeard();
     void readsGoOnWhileACommandBlocks();
     void anAddressThatAnswersIsAddedToTheRoot();
     void theSameAddressGivesTheSameProcessorAgain();
@@ -58,7 +71,8 @@ void CDevicesTest::StartSlow()
 {
     pFixture->options.nScanMs = pFixture->options.nAnswerMs = pFixture->options.nReleaseMs = 250;
     pFixture->options.nTimeoutMs = 600000;
-    pFixture->Start(Root({}, { Processor("alpha").Online() }));
+    pFixture->Start(
+        Root({ Group("Stage", { Processor("beta").Online(), Processor("gamma") }) }, { Processor("alpha").Online() }));
 }
 
 void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes_data()
@@ -67,6 +81,7 @@ void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes_data()
     QTest::newRow("refresh") << 0;
     QTest::newRow("add") << 1;
     QTest::newRow("delete") << 2;
+    QTest::newRow("delete a group with its processors") << 3;
 }
 
 void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes()
@@ -79,9 +94,82 @@ void CDevicesTest::aCommandBlocksAsLongAsTheDeviceTakes()
         g_pPrcBasicControl->RefreshProcessors();
     else if (nCommand == 1)
         g_pPrcBasicControl->AddProcessor(0xC0A8010A);
-    else
+    else if (nCommand == 2)
         g_pPrcListControl->DeleteProcessor(ProcessorId("alpha"), false);
+    else
+        g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
     QVERIFY2(timer.elapsed() >= 245, qPrintable(QString::number(timer.elapsed())));
+}
+
+void CDevicesTest::theMembersOfAGroupLetGoAtTheSameTime()
+{
+    SProcessorAllNode node = Root({ Group("Stage") });
+    for (int n = 0; n < 200; ++n)
+        node.listGroup[0].listProcessor.append(Processor(QStringLiteral("p%1").arg(n)).Online());
+    pFixture->options.nReleaseMs = 250;
+    pFixture->Start(node);
+    QElapsedTimer timer;
+    timer.start();
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
+    QVERIFY2(timer.elapsed() < 25000, "one after another they take 50 seconds");
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+    g_pPrcBasicControl->RefreshProcessors();
+    QCOMPARE(CControlFixture::GetText(), QString("all*"));
+}
+
+void CDevicesTest::dissolvingAGroupWaitsForNoDevice()
+{
+    pFixture->options.nReleaseMs = 600000;
+    pFixture->Start(Root({ Group("Stage", { Processor("alpha").Online() }), Group("Hall") }));
+    QElapsedTimer timer;
+    timer.start();
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), false);
+    g_pPrcListControl->DeleteGroup(GroupId("Hall"), true);
+    g_pPrcListControl->DeleteGroup(GroupId("Gone"), true);
+    QVERIFY(timer.elapsed() < 60000);
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha"));
+}
+
+void CDevicesTest::aGroupDeletedTwiceAtOnceIsGoneWithoutARefusal()
+{
+    StartSlow();
+    std::thread other([] { g_pPrcListControl->DeleteGroup(GroupId("Stage"), true); });
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
+    other.join();
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  alpha"));
+    QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageListChanged });
+}
+
+void CDevicesTest::whatIsNotDeletedAfterAllIsStillHeard_data()
+{
+    QTest::addColumn<bool>("bRefused");
+    QTest::newRow("it leaves the group meanwhile") << false;
+    QTest::newRow("it runs a project that is opened meanwhile") << true;
+}
+
+void CDevicesTest::whatIsNotDeletedAfterAllIsStillHeard()
+{
+    QFETCH(bool, bRefused);
+    CMessageDispatcher dispatcher;
+    CHostEvents events;
+    CHostState host(dispatcher, events);
+    CSite site(dispatcher, events, host, {});
+    CJobs jobs(events);
+    CSimulatedNetwork network({ {}, {}, {}, std::chrono::minutes(10) });
+    CDeviceCommands commands(site, jobs, network);
+    network.SetListener([&](const SProcessorNode& device) { site.ApplyReport(device); });
+    site.ReplaceList(Root({ Group("Stage", { Processor("alpha").Online().Project("Aurora") }) }));
+    commands.FollowList({});
+    std::thread deletion([&] { commands.DeleteGroup(GroupId("Stage"), true); });
+    QTRY_COMPARE(jobs.GetRunning().size(), 1);
+    bRefused ? host.SetProject("Aurora") : site.MoveProcessor(ProcessorId("alpha"), QUuid());
+    network.Stop(); // the devices let go at once
+    deletion.join();
+    QVERIFY(site.IsActive(ProcessorId("alpha")));
+    network.SetOnline(ProcessorId("alpha"), false);
+    QVERIFY(!site.IsActive(ProcessorId("alpha")));
+    QCOMPARE(site.GetNodeType(ProcessorId("alpha")), int(NodeProcessor));
 }
 
 void CDevicesTest::readsGoOnWhileACommandBlocks()

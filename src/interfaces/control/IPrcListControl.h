@@ -42,8 +42,8 @@ public:
     /// Adds the group to the current pane. bEmpty is true when no processors will be moved into it.
     virtual void AddGroup(SProcessorGroupNode node, bool bEmpty) = 0;
 
-    /// Deletes a group: with its processors, or, bWithProcessors false, the group only, whose
-    /// processors then move to the root of the pane. Bears an id that is gone.
+    /// Deletes a group: with its processors, as DeleteProcessor does, or, bWithProcessors false, the group
+    /// only: they move to the root of the pane, and the call must not block. Bears an id that is gone.
     virtual void DeleteGroup(QUuid idGroup, bool bWithProcessors) = 0;
 
     /// Deletes a processor; bOption is always false. May block as long as the device takes. Bears an id
