@@ -79,6 +79,10 @@ void CAddSimulatorDlg::InitWidget()
     pComboType = new CComboBox(this);
     pSpinCount = new CDoubleSpinBox(this);
     pComboOutput = new CComboBox(this);
+    // What a screen reader calls the fields.
+    mapLabel.value(LabelType)->setBuddy(pComboType);
+    mapLabel.value(LabelCount)->setBuddy(pSpinCount);
+    mapLabel.value(LabelOutput)->setBuddy(pComboOutput);
 
     pSpinCount->setDecimals(0);
     pSpinCount->setRange(1.0, double(nMaxSimulators - g_pPrcListControl->GetSimulatorCount()));

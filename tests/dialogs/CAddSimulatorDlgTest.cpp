@@ -6,6 +6,7 @@
 #include "interfaces/widgets/CDoubleSpinBox.h"
 #include "interfaces/widgets/CMenu.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QGridLayout>
 #include <QLabel>
@@ -74,6 +75,7 @@ private slots:
     void theDialogHasItsTitleWidthAndButtons();
     void thePartsStandInTheirPlaces();
     void textsAreTranslated();
+    void aScreenReaderHearsTheLabelOfEachField();
     void oneTypeIsOfferedUnderTheLibrarysName();
     void theTypeMenuHasNoShadow();
     void theLibraryIsAskedForTheSimulatorsAndTheName();
@@ -165,6 +167,19 @@ void CAddSimulatorDlgTest::textsAreTranslated()
         listText.append(pLabel->text());
     QCOMPARE(listText, QStringList({ "Typ", "Anzahl", "Ausgang" }));
     QCOMPARE(SParts(dlg).VisibleOutputs(), QStringList({ "5G-Anschluss", "10G-Faser" }));
+}
+
+void CAddSimulatorDlgTest::aScreenReaderHearsTheLabelOfEachField()
+{
+    const CMapTranslator german({ { "CAddSimulatorDlg|Count", "Anzahl" } });
+    const CAddSimulatorDlg dlg(pHost.data());
+    const SParts parts(dlg);
+    const auto name = [](QWidget* pField) { return QAccessible::queryAccessibleInterface(pField)->text(QAccessible::Name); };
+
+    QCOMPARE(name(parts.pType), QStringLiteral("Type"));
+    QCOMPARE(name(parts.pCount), QStringLiteral("Anzahl"));
+    QCOMPARE(name(parts.pOutput), QStringLiteral("Output"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(parts.pType)->text(QAccessible::Value), QStringLiteral("KX-4"));
 }
 
 void CAddSimulatorDlgTest::oneTypeIsOfferedUnderTheLibrarysName()

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStackedLayout>
+#include <QThreadPool>
 #include <QToolButton>
 
 namespace
@@ -107,6 +108,7 @@ private slots:
     void aBlockedRefreshDisablesItsButton();
     void aLockedListDisablesRefreshAndImportWithoutARebuild();
     void aSelectionOfTheLibraryIsShownThenTheToolBarFollows();
+    void aSelectedRowThatIsGoneStaysMarkedUntilTheScanEnds();
     void aSelectionThatIsGoneStillReachesTheToolBar();
     void aSelectionChangeRebuildsNoRows();
     void chiefModeAsksForARepaintOnly();
@@ -213,6 +215,26 @@ void CEventFlowTest::aSelectionOfTheLibraryIsShownThenTheToolBarFollows()
     const int nToolBar = listCall.lastIndexOf(QStringLiteral("gui: g_pRuntimeControl.IsDeleteBlocked(beta)"));
     QVERIFY(nReport >= 0);
     QVERIFY(nToolBar > nReport);
+}
+
+// While a scan runs the rows stay as they are, also those of nodes that the store has lost.
+void CEventFlowTest::aSelectedRowThatIsGoneStaysMarkedUntilTheScanEnds()
+{
+    CPanel panel(FillBothPanes);
+    panel.Refresh([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("beta") }; });
+    panel.control.Hold(QStringLiteral("RefreshProcessors"));
+    panel.Click(panel.RefreshButton());
+    QVERIFY(panel.control.WaitForHeld(QStringLiteral("RefreshProcessors")));
+
+    panel.Refresh([](SControlAnswers& answers) {
+        answers.nodeDiscovered = Root({}, { Processor("beta").Expanded(false) });
+        answers.vecDiscoveredSelection = { ProcessorId("alpha") };
+    });
+
+    QVERIFY(TreeText(panel.Tree()).contains(QStringLiteral("processor alpha [selected]")));
+    panel.control.Release(QStringLiteral("RefreshProcessors"));
+    QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+    QTRY_VERIFY(!TreeText(panel.Tree()).contains(QStringLiteral("alpha")));
 }
 
 void CEventFlowTest::aSelectionThatIsGoneStillReachesTheToolBar()

@@ -63,10 +63,13 @@ private slots:
     void anImportRunsItsScanOnThePool();
     void theImportIsAnnouncedBeforeTheBusyStateEnds();
     void theSuccessIsToldAndNothingElseDone();
+    void theWordOfASuccessGoesAwayHoweverItIsAnswered_data();
+    void theWordOfASuccessGoesAwayHoweverItIsAnswered();
     void anImportThatFailsIsToldByItsReason_data();
     void anImportThatFailsIsToldByItsReason();
     void anImportThatFailsStartsNothing();
     void aScanThatThrowsIsNotToldAndStaysBusy();
+    void afterAScanThatThrewTheNextImportIsToldAndEnds();
     void importLeavesRefreshUsable();
     void importWorksInBothPanes();
     void theExportDialogProposesAName();
@@ -79,6 +82,8 @@ private slots:
     void fileDialogsAreReleased_data();
     void fileDialogsAreReleased();
     void theWordsAreTranslated();
+    void theOutcomeIsToldInTheUsersLanguage_data();
+    void theOutcomeIsToldInTheUsersLanguage();
 
 private:
     QString CreateFile(const QString& strName) const;
@@ -318,6 +323,38 @@ void CListFileTest::theSuccessIsToldAndNothingElseDone()
     QCOMPARE(told.count(), 0);
 }
 
+void CListFileTest::theWordOfASuccessGoesAwayHoweverItIsAnswered_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("button");
+    QTest::newRow("import, OK") << 6 << szImported << "ButtonOk";
+    QTest::newRow("import, cross") << 6 << szImported << "DialogClose";
+    QTest::newRow("import, Escape") << 6 << szImported << QString();
+    QTest::newRow("export, OK") << 7 << szExported << "ButtonOk";
+    QTest::newRow("export, cross") << 7 << szExported << "DialogClose";
+    QTest::newRow("export, Escape") << 7 << szExported << QString();
+}
+
+void CListFileTest::theWordOfASuccessGoesAwayHoweverItIsAnswered()
+{
+    QFETCH(int, id);
+    QFETCH(QString, message);
+    QFETCH(QString, button);
+    CPanel panel;
+    CDialogDriver driver;
+    driver.AnswerByFile(id == 6 ? CreateFile("site.kvtl") : pDir->filePath("site.kvtl"));
+    button.isEmpty() ? driver.AnswerByEscape() : driver.AnswerByButton(button);
+
+    panel.View()->DealToolBarButton(id);
+    QVERIFY(WaitForJob(panel));
+
+    QTRY_VERIFY(driver.IsDone());
+    QCOMPARE(driver.Shown().last(), message);
+    QVERIFY(!QApplication::activeModalWidget());
+    QCOMPARE(panel.control.CallCount(id == 6 ? "ImportList" : "ExportList"), 1);
+}
+
 void CListFileTest::anImportThatFailsIsToldByItsReason_data()
 {
     QTest::addColumn<int>("result");
@@ -383,6 +420,31 @@ void CListFileTest::aScanThatThrowsIsNotToldAndStaysBusy()
     QCOMPARE(driver.Shown(), QStringList("Import..."));
     QCOMPARE(panel.control.Commands().last(), QStringLiteral("g_pRuntimeControl.SetSelectedNodes([{null}])"));
     QCOMPARE(panel.control.CallCount(QStringLiteral("SetBusy")), 1);
+}
+
+void CListFileTest::afterAScanThatThrewTheNextImportIsToldAndEnds()
+{
+    CPanel panel;
+    CDialogDriver driver;
+    driver.AnswerByFile(CreateFile("site.kvtl"));
+    {
+        const CFailingScan failing;
+        TriggerImport(panel);
+        QVERIFY(WaitForJob(panel));
+    }
+    panel.control.ClearJournal();
+    driver.AnswerByFile(CreateFile("other.kvtl"));
+    driver.AnswerOk();
+
+    TriggerImport(panel);
+    QVERIFY(WaitForJob(panel));
+
+    // The busy state that the first job left is ended by the second one.
+    QTRY_VERIFY(driver.IsDone());
+    QCOMPARE(driver.Shown(), QStringList({ "Import...", "Import...", szImported }));
+    QCOMPARE(panel.control.Commands().mid(1, 1), QStringList("g_pRuntimeControl.SetBusy(true)"));
+    QCOMPARE(panel.control.Commands().last(), QStringLiteral("g_pRuntimeControl.SetBusy(false)"));
+    QCOMPARE(panel.control.CallCount(QStringLiteral("SetBusy")), 2);
 }
 
 void CListFileTest::importLeavesRefreshUsable()
@@ -582,6 +644,44 @@ void CListFileTest::theWordsAreTranslated()
 
     QVERIFY(driver.IsDone());
     QCOMPARE(driver.Shown(), QStringList({ "Überschreiben: Weiter?", "Einlesen...", "Nicht lesbar: Ungültig." }));
+}
+
+void CListFileTest::theOutcomeIsToldInTheUsersLanguage_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("result");
+    QTest::addColumn<QStringList>("shown");
+    QTest::newRow("imported") << 6 << 0 << QStringList({ "Einlesen...", "Einlesen: Eingelesen." });
+    QTest::newRow("not overwritten") << 6 << 3 << QStringList({ "Einlesen...", "Einlesen: Nicht ersetzt." });
+    QTest::newRow("not copied") << 6 << 4 << QStringList({ "Einlesen...", "Einlesen: Nicht kopiert." });
+    QTest::newRow("over the limit") << 6 << 5 << QStringList({ "Einlesen...", "Nicht lesbar: Zu viele." });
+    QTest::newRow("exported") << 7 << 0 << QStringList({ "Sichern...", "Ausgabe: Gesichert." });
+}
+
+void CListFileTest::theOutcomeIsToldInTheUsersLanguage()
+{
+    QFETCH(int, id);
+    QFETCH(int, result);
+    const CMapTranslator german({ { "CProcessorTreeView|Import...", "Einlesen..." },
+                                  { "CProcessorTreeView|Import", "Einlesen" },
+                                  { "CProcessorTreeView|Import sucessfully.", "Eingelesen." },
+                                  { "CProcessorTreeView|Overwrite failed.", "Nicht ersetzt." },
+                                  { "CProcessorTreeView|Copy failed.", "Nicht kopiert." },
+                                  { "CProcessorTreeView|Cannot import file", "Nicht lesbar" },
+                                  { "CProcessorTreeView|The number of processors involved exceeds the limit.", "Zu viele." },
+                                  { "CProcessorTreeView|Save...", "Sichern..." },
+                                  { "CProcessorTreeView|Export", "Ausgabe" },
+                                  { "CProcessorTreeView|Export sucessfully.", "Gesichert." } });
+    CPanel panel([&](SControlAnswers& answers) { answers.nImportResult = result; });
+    CDialogDriver driver;
+    driver.AnswerByFile(id == 6 ? CreateFile("site.kvtl") : pDir->filePath("site.kvtl"));
+    driver.AnswerOk();
+
+    panel.View()->DealToolBarButton(id);
+    QVERIFY(WaitForJob(panel));
+
+    QTRY_VERIFY(driver.IsDone());
+    QTEST(driver.Shown(), "shown");
 }
 
 PTV_TEST_MAIN(CListFileTest)
