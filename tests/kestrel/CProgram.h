@@ -3,6 +3,14 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+/// What the program meets when it writes into its folder.
+enum EnDisk
+{
+    DiskUsable,
+    DiskReadOnly, ///< nothing can be created or changed; also for root, whose rights the program then lacks
+    DiskFull,     ///< no file takes more than a few bytes
+};
+
 /// Runs the built program, offscreen, in a folder of its own that goes with the object.
 class CProgram
 {
@@ -11,6 +19,9 @@ public:
 
     /// False when it did not end within the time, in milliseconds; it is then killed.
     bool Run(const QStringList& listOption, int nTimeout = 20000);
+
+    /// For the runs to come.
+    void SetDisk(EnDisk enNow);
 
     int ExitCode() const;
     QString Output() const;
@@ -31,6 +42,7 @@ public:
 
 private:
     QTemporaryDir folder;
+    EnDisk enDisk = DiskUsable;
     int nExitCode = -1;
     QString strOutput;
     QStringList listError;

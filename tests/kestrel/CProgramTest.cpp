@@ -1,6 +1,7 @@
 #include "CProgram.h"
 #include "TestMain.h"
 
+#include <QDir>
 #include <QImage>
 
 class CProgramTest : public QObject
@@ -12,6 +13,8 @@ private slots:
     void theScaleMultipliesThePicture_data();
     void theScaleMultipliesThePicture();
     void theListIsBackAfterTheNextStart();
+    void aListThatCannotBeSavedIsToldAndStaysAsItWas_data();
+    void aListThatCannotBeSavedIsToldAndStaysAsItWas();
     void aDamagedListIsNamedAndLeftAlone_data();
     void aDamagedListIsNamedAndLeftAlone();
     void aLibraryThatIsNoPanelEndsWithTheLoadersMessage_data();
@@ -71,6 +74,34 @@ void CProgramTest::theListIsBackAfterTheNextStart()
 
     QVERIFY(saved.contains("Night shift"));
     QCOMPARE(CProgram::Read(strList), saved);
+}
+
+void CProgramTest::aListThatCannotBeSavedIsToldAndStaysAsItWas_data()
+{
+    QTest::addColumn<int>("nDisk");
+    QTest::newRow("read-only folder") << int(DiskReadOnly);
+    QTest::newRow("full disk") << int(DiskFull);
+}
+
+void CProgramTest::aListThatCannotBeSavedIsToldAndStaysAsItWas()
+{
+    QFETCH(int, nDisk);
+    CProgram program;
+    const QString strList = program.CopyExample("studio.kvtl");
+    const QByteArray before = CProgram::Read(strList);
+    const QString strScenario = program.Write("a.json", R"({"steps": [{"at": 0, "do": "add-group", "name": "Night shift"}]})");
+    // The picture, which ends the run, goes nowhere: only the list is to fail.
+    QVERIFY(QFile::link("/dev/null", program.Path("a.png")));
+    const QStringList listBefore = QDir(QFileInfo(strList).path()).entryList(QDir::Files);
+    program.SetDisk(EnDisk(nDisk));
+
+    QVERIFY(program.Run({ "--list", strList, "--scenario", strScenario, "--shot", program.Path("a.png"), "--at", "0.5" }));
+
+    QCOMPARE(program.ExitCode(), 0);
+    const QStringList listTold = program.Errors().filter("kestrel: The list was not saved. ");
+    QVERIFY2(listTold.size() == 1 && listTold.constFirst().contains(strList), qPrintable(program.Errors().join('\n')));
+    QCOMPARE(CProgram::Read(strList), before);
+    QCOMPARE(QDir(QFileInfo(strList).path()).entryList(QDir::Files), listBefore);
 }
 
 void CProgramTest::aDamagedListIsNamedAndLeftAlone_data()
