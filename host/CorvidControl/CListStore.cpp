@@ -123,7 +123,8 @@ QString CListStore::WriteFile(const QString& strPath, const QByteArray& bytes) c
     return file.commit() ? QString() : file.errorString();
 }
 
-// The copy stands beside the own list, so that the step that overwrites is one rename within a folder.
+// The copy stands beside the own list, so that the step that overwrites is one rename within a folder. An
+// own list that is a symbolic link stays one: what it leads to is replaced, as it is when it is saved.
 CListStore::EnImportResult CListStore::Overwrite(const QString& strPath, const QByteArray& bytes)
 {
     const QString strCommand = QStringLiteral("Importing ") + strPath;
@@ -131,16 +132,18 @@ CListStore::EnImportResult CListStore::Overwrite(const QString& strPath, const Q
         site.Refuse(SenderPrcList, strCommand, QStringLiteral("the own list is not touched, ") + strLoadError);
         return ImportNotOverwritten;
     }
-    const QString strCopy = strOwnPath + QStringLiteral(".import");
+    const QString strLinked = QFileInfo(strOwnPath).canonicalFilePath(); // empty without such a file
+    const QString strReal = strLinked.isEmpty() ? strOwnPath : strLinked;
+    const QString strCopy = strReal + QStringLiteral(".import");
     const QString strFault = WriteFile(strCopy, bytes);
     if (!strFault.isEmpty()) {
         site.Refuse(SenderPrcList, strCommand, Describe(strCopy, strFault));
         return ImportNotCopied;
     }
-    if (std::rename(QFile::encodeName(strCopy).constData(), QFile::encodeName(strOwnPath).constData()) != 0) {
+    if (std::rename(QFile::encodeName(strCopy).constData(), QFile::encodeName(strReal).constData()) != 0) {
         const QString strReason = QString::fromLocal8Bit(std::strerror(errno));
         QFile::remove(strCopy);
-        site.Refuse(SenderPrcList, strCommand, Describe(strOwnPath, strReason));
+        site.Refuse(SenderPrcList, strCommand, Describe(strReal, strReason));
         return ImportNotOverwritten;
     }
     return ImportDone;

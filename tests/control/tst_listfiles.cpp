@@ -47,7 +47,8 @@ class CReadOnlyFolder
 public:
     explicit CReadOnlyFolder(const QString& strFolder) : strPath(strFolder)
     {
-        QFile::setPermissions(strPath, QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
+        const QFile::Permissions seeing = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup;
+        QFile::setPermissions(strPath, seeing | QFile::ReadOther | QFile::ExeOther);
         if (geteuid() == 0)
             bLowered = seteuid(65534) == 0;
     }
@@ -86,7 +87,9 @@ private slots:
     void anImportTakesTheDevicesWithIt();
     void anImportThatFailsLeavesListAndFiles_data();
     void anImportThatFailsLeavesListAndFiles();
-    void anImportWithoutRoomForTheCopyLeavesListAndFiles();
+    void anImportOverAnOwnListThatIsALinkKeepsTheLink();
+    void anImportThatCannotCopyLeavesListAndFiles_data();
+    void anImportThatCannotCopyLeavesListAndFiles();
     void anImportOverAnOwnListThatIsAFolderLeavesListAndFiles();
     void aLockedListIsNotImportedOver();
     void aFailedExportLeavesTheOldFile_data();
@@ -255,13 +258,37 @@ void CListFilesTest::anImportThatFailsLeavesListAndFiles()
     QVERIFY(logged.value(0).value(0).toString().contains("other.kvtl was refused: "));
 }
 
-void CListFilesTest::anImportWithoutRoomForTheCopyLeavesListAndFiles()
+void CListFilesTest::anImportOverAnOwnListThatIsALinkKeepsTheLink()
 {
+    QVERIFY(QDir(pFixture->folder.path()).mkpath("shared"));
+    pFixture->Write("shared/ours.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+    QVERIFY(QFile::link("shared/ours.kvtl", pFixture->GetPath()));
+    pFixture->StartAsIs();
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+    QVERIFY(QFileInfo(pFixture->GetPath()).isSymLink());
+    QCOMPARE(pFixture->Read("shared/ours.kvtl"), pFixture->Read("other.kvtl"));
+    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
+    QVERIFY(QFileInfo(pFixture->GetPath()).isSymLink());
+    QCOMPARE(QDir(pFixture->GetPath("shared")).entryList(QDir::Files), QStringList{ "ours.kvtl" });
+}
+
+void CListFilesTest::anImportThatCannotCopyLeavesListAndFiles_data()
+{
+    QTest::addColumn<bool>("bReadOnly");
+    QTest::newRow("full disk") << false;
+    QTest::newRow("read-only folder") << true;
+}
+
+void CListFilesTest::anImportThatCannotCopyLeavesListAndFiles()
+{
+    QFETCH(bool, bReadOnly);
     pFixture->Start(Root({ Group("Stage") }));
     const QByteArray before = pFixture->Read("list.kvtl");
     pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
     {
-        const CFullDisk full(64);
+        const QScopedPointer<CFullDisk> pFull(bReadOnly ? nullptr : new CFullDisk(64));
+        const QScopedPointer<CReadOnlyFolder> pReadOnly(bReadOnly ? new CReadOnlyFolder(pFixture->folder.path()) : nullptr);
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 4);
     }
     QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));

@@ -5,6 +5,8 @@
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryFile>
 
 namespace
 {
@@ -58,6 +60,8 @@ private slots:
     void aListOverTheLimitIsTooLarge();
     void hostileTextIsRefusedQuickly_data();
     void hostileTextIsRefusedQuickly();
+    void hostileTextTakesLessThan64MiB_data();
+    void hostileTextTakesLessThan64MiB();
 };
 
 void CListFormatTest::aListComesBackWithAllItsFields()
@@ -189,7 +193,17 @@ void CListFormatTest::aListOverTheLimitIsTooLarge()
 void CListFormatTest::hostileTextIsRefusedQuickly_data()
 {
     QTest::addColumn<QByteArray>("body");
-    const int nBytes = 1024 * 1024;
+    constexpr int nBytes = 1024 * 1024;
+    const auto repeat = [](const QByteArray& part) { // with a number of its own each
+        QByteArray text;
+        for (int n = 0; text.size() < nBytes - 64; ++n)
+            text += (n ? "," : "") + QByteArray(part).replace('#', QByteArray::number(n));
+        return text;
+    };
+    QTest::newRow("distinct numbers") << "{\"groups\":[{\"aux\":[" + repeat("#") + "]}]}";
+    QTest::newRow("distinct keys") << '{' + repeat("\"#\":0") + '}';
+    QTest::newRow("processors that are texts") << "{\"processors\":[" + repeat("\"\"") + "]}";
+    QTest::newRow("wide texts") << "{\"groups\":[{\"name\":\"" + QByteArray("\xe4\xb8\x80").repeated(nBytes / 3 - 9) + "\"}]}";
     QTest::newRow("deep") << QByteArray(nBytes, '[');
     QTest::newRow("wide") << '[' + QByteArray("[],").repeated(nBytes / 3) + "[]]";
     QTest::newRow("numbers") << "{\"aux\":[" + QByteArray("1,").repeated(nBytes / 2) + "1]}";
@@ -205,6 +219,29 @@ void CListFormatTest::hostileTextIsRefusedQuickly()
     timer.start();
     QCOMPARE(CListFormat::Read(Seal(body), {}).verdict, SListReading::Invalid);
     QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+}
+
+void CListFormatTest::hostileTextTakesLessThan64MiB_data()
+{
+    hostileTextIsRefusedQuickly_data();
+}
+
+void CListFormatTest::hostileTextTakesLessThan64MiB()
+{
+    QFETCH(QByteArray, body);
+    if (!qEnvironmentVariableIsEmpty("PTV_SANITIZE"))
+        QSKIP("the sanitizers take memory of their own");
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(Seal(body));
+    file.close();
+    QProcess reader; // of its own, so that nothing else counts
+    reader.start(QCoreApplication::applicationDirPath() + "/list_reader", { file.fileName() });
+    QVERIFY(reader.waitForFinished());
+    const QList<QByteArray> listAnswer = reader.readAllStandardOutput().simplified().split(' ');
+    QCOMPARE(listAnswer.value(0).toInt(), int(SListReading::Invalid));
+    const int nKiB = listAnswer.value(1).toInt();
+    QVERIFY2(nKiB > 0 && nKiB < 64 * 1024, qPrintable(QStringLiteral("%1 KiB").arg(nKiB)));
 }
 
 PTV_TEST_MAIN_CORE(CListFormatTest)

@@ -5,28 +5,28 @@
 #include "TestMain.h"
 
 #include <atomic>
+#include <deque>
 #include <thread>
 
 namespace
 {
 
-/// Fails the program when it is notified after its end.
+/// Fails the program when it is notified after it was detached, or still then.
 class CShortLived : public CObserver
 {
 public:
-    virtual ~CShortLived()
-    {
-        bAlive = false;
-    }
+    virtual ~CShortLived() = default;
 
     void Notify(int /*nMessage*/) override
     {
-        if (!bAlive)
-            qFatal("notified after its end");
+        for (int n = 0; n < 20; ++n) { // others get a turn meanwhile
+            if (bDetached)
+                qFatal("notified after its end");
+            std::this_thread::yield();
+        }
     }
 
-private:
-    std::atomic<bool> bAlive{ true };
+    std::atomic<bool> bDetached{ false };
 };
 
 } // namespace
@@ -73,12 +73,14 @@ void CMessageStormTest::observersComeAndGoWhileMessagesRain()
         });
     for (int n = 0; n < 2; ++n)
         vecThread.emplace_back([] {
+            std::deque<CShortLived> listObserver; // they stay, so that a late message finds them
             for (int nRound = 0; nRound < 2000; ++nRound) {
-                CShortLived observer;
+                CShortLived& observer = listObserver.emplace_back();
                 g_pRuntimeControl->Attach(&observer);
                 g_pPrcListControl->Attach(&observer);
                 g_pPrcListControl->Detach(&observer);
                 g_pRuntimeControl->Detach(&observer);
+                observer.bDetached = true;
             }
         });
     vecThread.at(4).join();
