@@ -196,6 +196,21 @@ private slots:
                  (QStringList{ SelectCall("open"), SelectCall("open, Hall"), SelectCall("open, Hall, alpha") }));
     }
 
+    void aSlotThatRebuildsTheRowsDuringAReportDoesNoHarm()
+    {
+        CTreeFixture fixture(Site());
+        connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyButton, this, [&] { fixture.pTree->RefreshTree(); });
+        fixture.Click(fixture.Row("beta"));
+        QCOMPARE(fixture.Selected(), QStringList{ "beta" });
+        fixture.control.Set([](SControlAnswers& answers) {
+            answers.vecDiscoveredSelection = { ProcessorId("open"), GroupId("Hall"), ProcessorId("alpha") };
+        });
+        fixture.RefreshStore();
+        fixture.pTree->RestoreSelection();
+        g_pProcessorTreeData->disconnect(this);
+        QCOMPARE(fixture.Selected(), (QStringList{ "open", "Hall", "alpha" }));
+    }
+
     void anEmptyListSelectsTheRootAndIsReportedAsSuch()
     {
         CTreeFixture fixture(Site(), { ProcessorId("alpha") });
