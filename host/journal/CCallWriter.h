@@ -27,7 +27,7 @@ public:
     /// The result of a command that was written before it was carried out.
     template <typename Result> void Returned(const char* pOperation, const Result& result) const
     {
-        journal.Write(RecordRead, pObject, QString::fromLatin1(pOperation) + QLatin1String(" returned ") + GetText(result));
+        journal.Write(RecordRead, pObject, QString::fromLatin1(pOperation) + QStringLiteral(" returned ") + GetText(result));
     }
 
     /// A command that took its time has come back.
