@@ -5,6 +5,7 @@
 #include "TestMain.h"
 
 #include <atomic>
+#include <chrono>
 #include <deque>
 #include <thread>
 
@@ -19,13 +20,23 @@ public:
 
     void Notify(int /*nMessage*/) override
     {
-        for (int n = 0; n < 20; ++n) { // others get a turn meanwhile
+        bHeard = true;
+        for (int n = 0; n < 200; ++n) { // others get a turn meanwhile
             if (bDetached)
                 qFatal("notified after its end");
             std::this_thread::yield();
         }
     }
 
+    /// Waits until a Notify has begun.
+    void AwaitNotify() const
+    {
+        const auto timeEnd = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        while (!bHeard && std::chrono::steady_clock::now() < timeEnd)
+            std::this_thread::yield();
+    }
+
+    std::atomic<bool> bHeard{ false };
     std::atomic<bool> bDetached{ false };
 };
 
@@ -78,6 +89,8 @@ void CMessageStormTest::observersComeAndGoWhileMessagesRain()
                 CShortLived& observer = listObserver.emplace_back();
                 g_pRuntimeControl->Attach(&observer);
                 g_pPrcListControl->Attach(&observer);
+                if (nRound % 200 == 0)
+                    observer.AwaitNotify();
                 g_pPrcListControl->Detach(&observer);
                 g_pRuntimeControl->Detach(&observer);
                 observer.bDetached = true;
