@@ -60,7 +60,7 @@ void CMessageDialog::InitContents(const QString& strText)
     auto* pRow = new QHBoxLayout;
     pRow->setSpacing(SPACING);
     pRow->addWidget(pIcon, 0, Qt::AlignTop);
-    pRow->addWidget(pText, 1, Qt::AlignVCenter);
+    pRow->addWidget(pText, 1, Qt::AlignLeft | Qt::AlignVCenter);
     GetContentLayout()->addLayout(pRow);
 }
 

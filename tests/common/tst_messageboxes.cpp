@@ -23,6 +23,8 @@ private slots:
     void boxOffersOnlyWhatWasAskedFor();
     void markupInATextIsNotFollowed();
     void longTextsWrap();
+    void theTextStandsBesideItsIconAlsoUnderALongTitle_data();
+    void theTextStandsBesideItsIconAlsoUnderALongTitle();
     void boxWhoseParentDiesAgreesToNothing();
     void boxLeavesNothingBehind();
 
@@ -171,6 +173,27 @@ void CMessageBoxesTest::longTextsWrap()
                              CMessageBox::ButtonOk);
     QCOMPARE(sizeText.width(), 400);
     QVERIFY(sizeText.height() > 3 * QFontMetrics(QApplication::font()).lineSpacing());
+}
+
+void CMessageBoxesTest::theTextStandsBesideItsIconAlsoUnderALongTitle_data()
+{
+    QTest::addColumn<QString>("strTitle");
+    QTest::newRow("short title") << "Import";
+    QTest::newRow("title wider than the text") << QStringLiteral("title ").repeated(12);
+}
+
+void CMessageBoxesTest::theTextStandsBesideItsIconAlsoUnderALongTitle()
+{
+    QFETCH(QString, strTitle);
+    int nGap = 0;
+    AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        const auto* pIcon = pDialog->findChild<QLabel*>(QStringLiteral("MessageIcon"));
+        const int nIconEnd = pIcon->x() + pIcon->pixmap(Qt::ReturnByValue).width();
+        nGap = pDialog->findChild<QLabel*>(QStringLiteral("MessageText"))->x() - nIconEnd;
+        pDialog->close();
+    });
+    CMessageBox::information(pParent.get(), strTitle, QStringLiteral("Invalid."), CMessageBox::ButtonOk, CMessageBox::ButtonOk);
+    QCOMPARE(nGap, 12);
 }
 
 void CMessageBoxesTest::boxWhoseParentDiesAgreesToNothing()
