@@ -215,6 +215,36 @@ private slots:
         QVERIFY(fixture.control.Commands().contains("g_pPrcBasicControl.RenameProcessor(alpha, \"x\")"));
     }
 
+    // On purpose: the move falls into the rename, so nobody hears of the new selection.
+    void downInAnEditorSelectsTheNextRowWithoutAReport()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        QTest::keyClick(pEditor, Qt::Key_Down);
+        QCOMPARE(fixture.Selected(), QStringList{ "beta" });
+        QCOMPARE(fixture.control.Commands(), QStringList{ "g_pPrcBasicControl.RenameProcessor(alpha, \"x\")" });
+        QVERIFY(g_pProcessorTreeData->GetSelectedNodes() == std::vector<QUuid>{ ProcessorId("alpha") });
+    }
+
+    // On purpose: a selection of the library takes the current row away, and Qt commits the open editor.
+    void aSelectionOfTheLibraryEndsAnOpenRenameAndCommitsWhatWasTyped()
+    {
+        CTreeFixture fixture(Site());
+        fixture.ConnectLikeTheView();
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QTest::keyClicks(pEditor, "x");
+        fixture.control.Set([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("loose") }; });
+        fixture.RefreshStore();
+        QCOMPARE(fixture.control.Commands(),
+                 (QStringList{ "g_pPrcBasicControl.RenameProcessor(alpha, \"x\")", SelectCall("loose") }));
+        QCOMPARE(fixture.Selected(), QStringList{ "loose" });
+        QVERIFY(!Editor(fixture));
+        fixture.Clear();
+        fixture.Click(fixture.Row("beta"));
+        QCOMPARE(fixture.control.Commands(), QStringList{ SelectCall("beta") });
+    }
+
     void deleteInAnEditorDeletesACharacterAndNoRow()
     {
         CTreeFixture fixture(Site());
