@@ -5,6 +5,7 @@
 #include "data/CProcessorTreeData.h"
 #include "data/CProcessorTreeThread.h"
 
+#include <QDrag>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QThread>
@@ -222,6 +223,7 @@ private slots:
         QVERIFY(storm.Blow());
         QMouseEvent move(QEvent::MouseMove, pos + QPoint(9, 0), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(fixture.pTree->viewport(), &move);
+        QCOMPARE(fixture.pTree->findChildren<QDrag*>().size(), 1);
         QCOMPARE(fixture.Selected(), QStringList{ "m7" });
     }
 
