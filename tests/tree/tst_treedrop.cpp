@@ -1,5 +1,6 @@
 #include "CTreeFixture.h"
 #include "TestMain.h"
+#include "TreeText.h"
 #include "tree/SDragPayload.h"
 
 #include <QDrag>
@@ -140,6 +141,22 @@ private slots:
         const QScopedPointer<QMimeData> pData(Payload(true));
         Drop(fixture, fixture.At(fixture.Row("Stage")), pData.data());
         QCOMPARE(fixture.control.Commands(), (QStringList{ MoveCall("alpha", "Stage"), MoveCall("beta", "Stage") }));
+    }
+
+    void aMoveThatTheLibraryRefusesLeavesTheRowsAsTheyWere()
+    {
+        CTreeFixture fixture(Site());
+        fixture.ConnectLikeTheView();
+        fixture.Select({ "loose" });
+        const QScopedPointer<QMimeData> pData(Payload(true));
+        QVERIFY(Drop(fixture, fixture.At(fixture.Row("Stage")), pData.data()));
+        QCOMPARE(fixture.control.Commands(), QStringList{ MoveCall("loose", "Stage") });
+        const QString strRows = TreeText(fixture.pTree.data());
+        fixture.RefreshStore(); // the double keeps its trees: the move was not carried out
+        fixture.pTree->RefreshTree();
+        QCOMPARE(TreeText(fixture.pTree.data()), strRows);
+        QCOMPARE(fixture.Row("loose").parent(), fixture.Root());
+        QCOMPARE(fixture.Selected(), QStringList{ "loose" });
     }
 
     void rowsThatAreNoProcessorsArePassedOver()
