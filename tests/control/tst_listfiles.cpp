@@ -260,17 +260,17 @@ void CListFilesTest::anImportThatFailsLeavesListAndFiles()
 
 void CListFilesTest::anImportOverAnOwnListThatIsALinkKeepsTheLink()
 {
-    QVERIFY(QDir(pFixture->folder.path()).mkpath("shared"));
-    pFixture->Write("shared/ours.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+    QVERIFY(QDir(pFixture->folder.path()).mkpath("network"));
+    pFixture->Write("network/ours.kvtl", CListFormat::Write(Root({ Group("Stage") })));
     pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
-    QVERIFY(QFile::link("shared/ours.kvtl", pFixture->GetPath()));
+    QVERIFY(QFile::link("network/ours.kvtl", pFixture->GetPath()));
     pFixture->StartAsIs();
     QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
     QVERIFY(QFileInfo(pFixture->GetPath()).isSymLink());
-    QCOMPARE(pFixture->Read("shared/ours.kvtl"), pFixture->Read("other.kvtl"));
+    QCOMPARE(pFixture->Read("network/ours.kvtl"), pFixture->Read("other.kvtl"));
     QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
     QVERIFY(QFileInfo(pFixture->GetPath()).isSymLink());
-    QCOMPARE(QDir(pFixture->GetPath("shared")).entryList(QDir::Files), QStringList{ "ours.kvtl" });
+    QCOMPARE(QDir(pFixture->GetPath("network")).entryList(QDir::Files), QStringList{ "ours.kvtl" });
 }
 
 void CListFilesTest::anImportThatCannotCopyLeavesListAndFiles_data()
