@@ -6,6 +6,7 @@
 #include "interfaces/control/IPrcListControl.h"
 #include "model/CProcessorItem.h"
 #include "model/EnItemRole.h"
+#include "model/SRowKey.h"
 #include "tree/CProcessorTree.h"
 
 namespace
@@ -34,6 +35,13 @@ QModelIndex CProcessorTreeModel::GetIndexById(const QUuid& id) const
 {
     const auto it = mapIndex.constFind(id);
     return it == mapIndex.constEnd() ? GetRootIndex() : it.value();
+}
+
+QModelIndex CProcessorTreeModel::FindRow(const SRowKey& key) const
+{
+    const QModelIndex indexNode = mapIndex.value(key.idNode);
+    const QModelIndex indexRow = key.nType == NodeInfo ? index(0, 0, indexNode) : indexNode;
+    return SRowKey::Of(indexRow) == key ? indexRow : QModelIndex();
 }
 
 void CProcessorTreeModel::DealExpanded(const QModelIndex& index)

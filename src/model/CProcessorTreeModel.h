@@ -9,6 +9,7 @@ class CProcessorTree;
 struct SProcessorAllNode;
 struct SProcessorGroupNode;
 struct SProcessorNode;
+struct SRowKey;
 
 /// The rows of one pane: their shape and their ids, nothing of what they show. GUI thread.
 ///
@@ -28,6 +29,10 @@ public:
     /// The row of a group or processor; the root for the null id and, on purpose, for every id that has
     /// no row: callers ask for ids that may have gone.
     QModelIndex GetIndexById(const QUuid& id) const;
+
+    /// The row of this kind and id, without that fallback: invalid when there is none, as before the first
+    /// RebuildFromStore.
+    QModelIndex FindRow(const SRowKey& key) const;
 
     /// The user opened or folded a row: told to the store first, then to the control library, so that
     /// the next refresh finds no difference.

@@ -10,6 +10,7 @@
 #include "model/CProcessorTreeModel.h"
 #include "model/EnItemRole.h"
 #include "tree/CNodeWalk.h"
+#include "tree/CSelectionAnchor.h"
 #include "tree/EnTreeAction.h"
 #include "tree/SNodeSelection.h"
 #include "tree/SOverlayBars.h"
@@ -53,6 +54,7 @@ void CProcessorTree::InitWidget()
 {
     pModel = new CProcessorTreeModel(this);
     pDelegate = new CProcessorTreeDelegate(this);
+    pAnchor = std::make_unique<CSelectionAnchor>(*this, *pModel);
     for (int nAction = ActionRename; nAction <= ActionRemoveFromGroup; ++nAction) {
         auto* pAction = new QAction(this);
         pAction->setText(GetActionText(nAction));
@@ -157,16 +159,15 @@ void CProcessorTree::changeEvent(QEvent* pEvent)
 
 void CProcessorTree::RefreshTree()
 {
-    const bool bEditorHasFocus = pRenameEditor && pRenameEditor->hasFocus();
+    const CSelectionAnchor::SPlace place = pAnchor->Note();
+    DropEditor();
     bRebuilding = true;
     blockSignals(true);
     pModel->RebuildFromStore();
-    RestoreSelection();
+    SelectStoredNodes();
+    pAnchor->Restore(place);
     bRebuilding = false;
     blockSignals(false);
-    if (bEditorHasFocus) {
-        setFocus(); // the editor went with its row; the keyboard stays with the tree
-    }
 }
 
 void CProcessorTree::SetSearchText(const QString& strText)
@@ -208,8 +209,15 @@ void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const 
     }
 }
 
-// The ids are those of this tree's pane, their rows those of the current pane.
 void CProcessorTree::RestoreSelection()
+{
+    const CSelectionAnchor::SPlace place = pAnchor->Note();
+    SelectStoredNodes();
+    pAnchor->Restore(place);
+}
+
+// The ids are those of this tree's pane, their rows those of the current pane.
+void CProcessorTree::SelectStoredNodes()
 {
     selectionModel()->clear();
     SProcessorAllNode nodeAll;

@@ -7,11 +7,13 @@
 #include <QTreeView>
 #include <QUuid>
 
+#include <memory>
 #include <vector>
 
 class CProcessorTreeDelegate;
 class CProcessorTreeModel;
 class CScrollBar;
+class CSelectionAnchor;
 struct SProcessorGroupNode;
 
 /// The tree of one pane: shows the nodes of the store and turns the user's gestures into commands of
@@ -30,12 +32,14 @@ public:
     ~CProcessorTree() override;
 
     /// Builds all rows anew from the store, expanded and selected as the store says. Nothing of it is
-    /// reported to the library, but for a pane without a recorded selection, which gets its root. Filter
-    /// and current row are gone afterwards.
+    /// reported to the library, but for a pane without a recorded selection, which gets its root. The filter
+    /// is gone afterwards. The current row and the start of a Shift range live on by their ids. An open
+    /// editor is closed, its text is dropped, and nobody has the keyboard focus then: the keys that were
+    /// meant for the name reach nothing.
     void RefreshTree();
 
     /// Selects the rows that the store names. Outside of RefreshTree() each row that it selects is
-    /// reported, with the rows selected before it.
+    /// reported, with the rows selected before it. The current row stays if it is among them.
     void RestoreSelection();
 
     /// Brings a single selected processor from the store to the rows, without a report.
@@ -91,16 +95,20 @@ private:
     void UpdateScrollBars();
 
     void DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
+    void SelectStoredNodes();
     void SelectNodes(const std::vector<QUuid>& vecId);
     void SelectRowQuietly(const QModelIndex& index);
 
     void DealDeleteKey(QKeyEvent* pEvent);
     void DealArrowKey(QKeyEvent* pEvent);
+    void DealMoveKey(QKeyEvent* pEvent);
+    void MoveTo(const QModelIndex& index);
     void MoveUp(QKeyEvent* pEvent, const QModelIndex& index);
     void MoveDown(QKeyEvent* pEvent, const QModelIndex& index);
     void Fold(QKeyEvent* pEvent, const QModelIndex& index);
 
     void Rename();
+    void DropEditor();
     void DealEditorDestroyed();
     void ForgetEditor();
     void Group();
@@ -109,6 +117,7 @@ private:
     void MoveToGroup(const SProcessorGroupNode& group);
     void MoveSelectedProcessors(const QUuid& idGroup);
 
+    void PressRow(QMouseEvent* pEvent, const QModelIndex& index);
     bool IsOnSelection(const QPoint& pos) const;
     void StartDrag(const QPoint& pos);
     void RunDrag();
@@ -138,5 +147,6 @@ private:
     QTimer* pScrollTimer = nullptr;
     bool bScrollUp = false;
     bool bScrollDown = false;
+    std::unique_ptr<CSelectionAnchor> pAnchor;
     QWidget* pRenameEditor = nullptr; ///< open editor of Rename, watched for its end; null once it has closed or died
 };

@@ -14,6 +14,7 @@
 #include "tree/CDeleteDialog.h"
 #include "tree/CDeleteJob.h"
 #include "tree/CNodeWalk.h"
+#include "tree/CSelectionAnchor.h"
 #include "tree/CTreeMenu.h"
 #include "tree/DeleteBlock.h"
 #include "tree/EnTreeAction.h"
@@ -98,6 +99,12 @@ void CProcessorTree::keyPressEvent(QKeyEvent* pEvent)
     case Qt::Key_Down:
         DealArrowKey(pEvent);
         break;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        DealMoveKey(pEvent);
+        break;
     default:
         QTreeView::keyPressEvent(pEvent);
         break;
@@ -105,9 +112,10 @@ void CProcessorTree::keyPressEvent(QKeyEvent* pEvent)
 }
 
 // Reads the action as the last menu has left it, on purpose: the key asks neither the lock nor the user.
+// What a held key repeats, or what an open editor passes on, was not meant for the rows.
 void CProcessorTree::DealDeleteKey(QKeyEvent* pEvent)
 {
-    if (!mapAction[ActionDelete]->isEnabled()) {
+    if (!mapAction[ActionDelete]->isEnabled() || pEvent->isAutoRepeat() || state() == EditingState) {
         return;
     }
     DeleteNode(false);
@@ -136,14 +144,36 @@ void CProcessorTree::DealArrowKey(QKeyEvent* pEvent)
     }
 }
 
+// The base class moves the current row, and with Shift draws a range to it.
+void CProcessorTree::DealMoveKey(QKeyEvent* pEvent)
+{
+    const bool bRange = selectionCommand(currentIndex(), pEvent).testFlag(QItemSelectionModel::Current);
+    if (bRange) {
+        pAnchor->PrepareRange(currentIndex());
+    }
+    const QPersistentModelIndex indexBefore = currentIndex();
+    QTreeView::keyPressEvent(pEvent);
+    if (!bRange && currentIndex() != indexBefore) {
+        pAnchor->StartAt(currentIndex());
+    }
+}
+
+void CProcessorTree::MoveTo(const QModelIndex& index)
+{
+    setCurrentIndex(index);
+    if (!selectionCommand(index).testFlag(QItemSelectionModel::Current)) {
+        pAnchor->StartAt(index);
+    }
+}
+
 void CProcessorTree::MoveUp(QKeyEvent* pEvent, const QModelIndex& index)
 {
     if (index.parent().isValid()) {
-        setCurrentIndex(CNodeWalk(*this).Above(index));
+        MoveTo(CNodeWalk(*this).Above(index));
     } else if (index.row() == 0) {
         pEvent->ignore();
     } else {
-        QTreeView::keyPressEvent(pEvent);
+        DealMoveKey(pEvent);
     }
 }
 
@@ -151,9 +181,9 @@ void CProcessorTree::MoveDown(QKeyEvent* pEvent, const QModelIndex& index)
 {
     const QModelIndex indexRoot = pModel->GetRootIndex();
     if (indexRoot.isValid()) {
-        setCurrentIndex(CNodeWalk(*this).Below(indexRoot, index));
+        MoveTo(CNodeWalk(*this).Below(indexRoot, index));
     } else {
-        QTreeView::keyPressEvent(pEvent);
+        DealMoveKey(pEvent);
     }
 }
 
@@ -164,7 +194,7 @@ void CProcessorTree::Fold(QKeyEvent* pEvent, const QModelIndex& index)
     if (pModel->hasChildren(index) && isExpanded(index) == bOpens) {
         pEvent->ignore();
     } else {
-        QTreeView::keyPressEvent(pEvent);
+        DealMoveKey(pEvent);
     }
 }
 
@@ -194,8 +224,11 @@ void CProcessorTree::Rename()
     if (listSelected.size() != 1) {
         return;
     }
-    bSuppressSelection = true;
     const QModelIndex index = listSelected.first();
+    if (!visualRect(index).isEmpty()) { // scrollTo() would unfold a group for its member
+        scrollTo(index);
+    }
+    bSuppressSelection = true;
     edit(index, AllEditTriggers, nullptr);
     if (QWidget* const pEditor = indexWidget(index)) {
         ForgetEditor();
@@ -217,7 +250,22 @@ void CProcessorTree::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEdi
     QTreeView::closeEditor(pEditor, hint);
 }
 
-// A rebuild takes the editor away with its row and closes none: the rename ends here.
+// Before the rows go. Closed by the base class alone, on purpose: neither the text nor a selection is sent.
+// The focus that it gives to the tree is taken away again, or the keys that were meant for the name would
+// act on rows. An editor that still stood while its row goes would let the view scroll to its top.
+void CProcessorTree::DropEditor()
+{
+    if (!pRenameEditor) {
+        return;
+    }
+    const bool bFocus = pRenameEditor->hasFocus();
+    QTreeView::closeEditor(pRenameEditor, QAbstractItemDelegate::NoHint);
+    if (bFocus) {
+        clearFocus();
+    }
+}
+
+// Its editor went with a rebuild, not through closeEditor(): the rename ends here.
 void CProcessorTree::DealEditorDestroyed()
 {
     pRenameEditor = nullptr;

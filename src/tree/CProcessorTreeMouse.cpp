@@ -8,6 +8,7 @@
 #include "tree/CDragImage.h"
 #include "tree/CRowPainter.h"
 #include "tree/CRowToolTip.h"
+#include "tree/CSelectionAnchor.h"
 #include "tree/SDragPayload.h"
 #include "tree/SDropTarget.h"
 #include "tree/SScrollBands.h"
@@ -57,7 +58,7 @@ void CProcessorTree::mousePressEvent(QMouseEvent* pEvent)
     if (index.data(RoleNodeType).toInt() == NodeInfo) {
         return;
     }
-    QTreeView::mousePressEvent(pEvent);
+    PressRow(pEvent, index);
     if (!(pEvent->buttons() & Qt::LeftButton)) {
         return;
     }
@@ -66,6 +67,20 @@ void CProcessorTree::mousePressEvent(QMouseEvent* pEvent)
         ptPress = pEvent->pos();
     }
     viewport()->update();
+}
+
+// Without its scrolling, with which the base class moves a half-visible row into sight half a second later:
+// a drag may be on its way by then, and its drop would hit another row.
+void CProcessorTree::PressRow(QMouseEvent* pEvent, const QModelIndex& index)
+{
+    if (selectionCommand(index, pEvent).testFlag(QItemSelectionModel::Current)) {
+        pAnchor->PrepareRange(index);
+    } else {
+        pAnchor->StartAt(index);
+    }
+    setAutoScroll(false);
+    QTreeView::mousePressEvent(pEvent);
+    setAutoScroll(true);
 }
 
 bool CProcessorTree::IsOnSelection(const QPoint& pos) const

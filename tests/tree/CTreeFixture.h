@@ -18,6 +18,13 @@ public:
     using CProcessorTree::mouseReleaseEvent;
     using CProcessorTree::selectedIndexes;
     using CProcessorTree::wheelEvent;
+
+    void doItemsLayout() override
+    {
+        ++nLayouts;
+        CProcessorTree::doItemsLayout();
+    }
+    int nLayouts = 0;
 };
 
 /// One tree on the screen, filled from the doubled library through the store, in the dark style sheet of

@@ -234,15 +234,6 @@ private slots:
         QCOMPARE(fixture.control.Commands(), QStringList());
     }
 
-    void aRefreshRemovesTheCurrentRow()
-    {
-        CTreeFixture fixture(Site());
-        fixture.Click(fixture.Row("alpha"));
-        QVERIFY(fixture.pTree->currentIndex().isValid());
-        fixture.pTree->RefreshTree();
-        QVERIFY(!fixture.pTree->currentIndex().isValid());
-    }
-
     void signalsFlowAgainAfterARefresh()
     {
         CTreeFixture fixture(Site());

@@ -64,7 +64,15 @@ bool Sweep(const CTreeFixture& fixture, const QPoint& pos)
     return fixture.pTree->findChildren<QDrag*>().size() > nDrags;
 }
 
-/// The same where a drag is to come of it; offscreen it ends at once.
+/// Runs the event loop until a timer has fired that is started behind those of the tree and takes longer.
+bool ALaterTimerHasFired()
+{
+    bool bFired = false;
+    QTimer::singleShot(250, [&bFired] { bFired = true; });
+    return QTest::qWaitFor([&bFired] { return bFired; });
+}
+
+/// Sweeps where a drag is to come of it; offscreen it ends at once.
 bool SweepIntoDrag(const CTreeFixture& fixture, const QPoint& pos)
 {
     return Sweep(fixture, pos);
@@ -265,6 +273,31 @@ private slots:
         const QPoint pos = fixture.At(fixture.Row("loose"));
         PressLeft(fixture, pos);
         QCOMPARE(bDrag ? SweepIntoDrag(fixture, pos + ptMoved) : Sweep(fixture, pos + ptMoved), bDrag);
+    }
+
+    void aPressOnAHalfVisibleRowScrollsNothingUnderIt()
+    {
+        CTreeFixture fixture(Site());
+        fixture.pTree->resize(300, 100); // three rows and four pixels of a fourth
+        const int nInterval = QApplication::doubleClickInterval();
+        QApplication::setDoubleClickInterval(0); // the base class scrolls a tenth of a second after that
+        const QPoint pos(100, fixture.pTree->viewport()->height() - 2);
+        QVERIFY(!fixture.pTree->viewport()->rect().contains(fixture.pTree->visualRect(fixture.pTree->indexAt(pos))));
+        PressLeft(fixture, pos);
+        QVERIFY(ALaterTimerHasFired());
+        QCOMPARE(fixture.pTree->verticalScrollBar()->value(), 0);
+        SendMouse(fixture, QEvent::MouseButtonRelease, pos, Qt::LeftButton, Qt::NoButton);
+        QApplication::setDoubleClickInterval(nInterval);
+        QVERIFY(fixture.pTree->hasAutoScroll());
+    }
+
+    void aKeyStillScrollsToItsRow()
+    {
+        CTreeFixture fixture(Site());
+        fixture.pTree->resize(300, 100);
+        fixture.Click(fixture.Row("Stage"));
+        fixture.Press(Qt::Key_End);
+        QVERIFY(fixture.pTree->verticalScrollBar()->value() > 0);
     }
 
     void aPressSelectsTheRowThatIsDragged()

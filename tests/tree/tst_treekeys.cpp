@@ -231,16 +231,6 @@ private slots:
         QCOMPARE(fixture.Selected(), QStringList{ "all" });
     }
 
-    void afterARebuildLeftHasNoCurrentRowToActOn()
-    {
-        CKeyFixture fixture;
-        fixture.Select({ "Stage" });
-        fixture.pTree->RefreshTree();
-        fixture.Clear();
-        fixture.Press(Qt::Key_Left);
-        QVERIFY(fixture.pTree->isExpanded(fixture.Row("Stage")));
-    }
-
     void deleteKeyRemovesAGroupWithItsProcessorsWithoutAsking()
     {
         CKeyFixture fixture;
@@ -300,6 +290,62 @@ private slots:
         fixture.Press(Qt::Key_Delete);
         QCOMPARE(fixture.control.Commands(), QStringList());
         QCOMPARE(spy.count(), 1);
+    }
+
+    void aHeldDeleteKeyDeletesOnce()
+    {
+        CKeyFixture fixture;
+        fixture.ConnectLikeTheView();
+        fixture.Select({ "last" });
+        fixture.Press(Qt::Key_Delete);
+        QTRY_COMPARE(fixture.control.CallCount("SetBusy"), 2);
+        fixture.Clear();
+        fixture.parent.listKey.clear();
+        const QSignalSpy spy(g_pProcessorTreeData, &CProcessorTreeData::NotifyNodeInfo);
+        for (int n = 0; n < 50; ++n) {
+            QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(fixture.pTree.data(), &event);
+            QVERIFY(event.isAccepted());
+        }
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(fixture.control.Calls(), QStringList());
+        QVERIFY2(fixture.parent.listKey.isEmpty(), "the key stops at the tree");
+    }
+
+    void afterAHeldDeleteKeyTheNextPressDeletes()
+    {
+        CKeyFixture fixture;
+        fixture.Select({ "last" });
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(fixture.pTree.data(), &event);
+        fixture.Press(Qt::Key_Delete);
+        QTRY_VERIFY(HasDeleted(fixture));
+        QCOMPARE(fixture.control.CallCount("DeleteProcessor"), 1);
+    }
+
+    void deleteInAnOpenEditorDeletesNoNode_data()
+    {
+        QTest::addColumn<int>("nModifiers");
+        for (const int nModifiers : { 0x00000000, 0x02000000, 0x04000000, 0x06000000, 0x08000000, 0x0A000000, 0x0C000000,
+                                      0x0E000000, 0x10000000, 0x12000000, 0x14000000, 0x18000000, 0x1E000000, 0x20000000 }) {
+            QTest::addRow("%08X", nModifiers) << nModifiers;
+        }
+    }
+    void deleteInAnOpenEditorDeletesNoNode()
+    {
+        QFETCH(int, nModifiers);
+        CKeyFixture fixture;
+        fixture.Select({ "last" });
+        fixture.Press(Qt::Key_F2);
+        auto* const pEditor = fixture.pTree->findChild<QLineEdit*>();
+        QVERIFY(pEditor && pEditor->hasFocus());
+        fixture.parent.listKey.clear();
+        const QSignalSpy spy(g_pProcessorTreeData, &CProcessorTreeData::NotifyNodeInfo);
+        QTest::keyClick(pEditor, Qt::Key_Delete, Qt::KeyboardModifiers(nModifiers));
+        QVERIFY(pEditor->hasFocus());
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(fixture.control.Calls(), QStringList());
+        QVERIFY2(!fixture.parent.listKey.contains(Qt::Key_Delete), "the key stops at the tree");
     }
 
     void f2OpensTheEditorAlsoWhereTheMenuHasNoRename()

@@ -5,6 +5,10 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -38,6 +42,30 @@ bool ReportsSelections(CTreeFixture& fixture)
     fixture.Click(fixture.Row("loose"));
     fixture.Click(fixture.Row("beta"));
     return fixture.control.Commands() == QStringList{ SelectCall("loose"), SelectCall("beta") };
+}
+
+QList<SProcessorNode> Many(int nProcessors)
+{
+    QList<SProcessorNode> listProcessor;
+    for (int n = 0; n < nProcessors; ++n) {
+        listProcessor.append(Processor(QStringLiteral("p%1").arg(n)).Expanded(false));
+    }
+    return listProcessor;
+}
+
+/// Shows the tree below the other children of the window, with the focus.
+void PutInto(QWidget& window, CTreeFixture& fixture)
+{
+    auto* const pLayout = new QVBoxLayout(&window);
+    for (QWidget* const pChild : window.findChildren<QWidget*>()) {
+        pLayout->addWidget(pChild);
+    }
+    pLayout->addWidget(fixture.pTree.data());
+    window.resize(300, 600);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    fixture.pTree->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
 }
 
 /// Deletes what deleteLater() was called for.
@@ -291,13 +319,115 @@ private slots:
         QVERIFY(ReportsSelections(fixture));
     }
 
-    void afterARebuildHasTakenTheEditorTheTreeHasTheFocus()
+    void untilATakenEditorHasDiedSelectionChangesAreNotReported()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pEditor = OpenEditor(fixture, "alpha");
+        fixture.pTree->RefreshTree();
+        QVERIFY(pEditor);
+        fixture.pTree->selectionModel()->select(fixture.Row("loose"), QItemSelectionModel::Select);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+        RunDeletions();
+        QVERIFY(!pEditor);
+        QVERIFY(ReportsSelections(fixture));
+    }
+
+    void afterARebuildHasTakenTheEditorNobodyHasTheFocus()
     {
         CTreeFixture fixture(Site());
         QVERIFY(OpenEditor(fixture, "alpha"));
         fixture.pTree->RefreshTree();
+        QVERIFY(!QApplication::focusWidget());
         RunDeletions();
-        QVERIFY(fixture.pTree->hasFocus());
+        QVERIFY(!QApplication::focusWidget());
+    }
+
+    void aRebuildTakesTheFocusFromNobodyElse()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit other(fixture.pTree.data());
+        other.show();
+        other.setFocus();
+        fixture.pTree->RefreshTree();
+        QVERIFY(other.hasFocus());
+    }
+
+    void keysMeantForATakenEditorReachNothing_data()
+    {
+        QTest::addColumn<int>("nKey");
+        for (const Qt::Key key : { Qt::Key_Delete, Qt::Key_Space, Qt::Key_Return, Qt::Key_Left, Qt::Key_Down, Qt::Key_F2 }) {
+            QTest::newRow(qPrintable(QKeySequence(key).toString())) << static_cast<int>(key);
+        }
+    }
+    void keysMeantForATakenEditorReachNothing()
+    {
+        QFETCH(int, nKey);
+        CTreeFixture fixture(Site());
+        QWidget window;
+        auto* const pButton = new QPushButton(&window);
+        PutInto(window, fixture);
+        const QSignalSpy spy(pButton, &QPushButton::clicked);
+        QTest::keyClicks(OpenEditor(fixture, "alpha"), "typed");
+        fixture.pTree->RefreshTree();
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(nKey));
+        RunDeletions();
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(nKey));
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
+        QVERIFY(!Editor(fixture));
+        fixture.pTree.reset();
+    }
+
+    void aRebuildUnderAnEditorScrollsNothing()
+    {
+        CTreeFixture fixture(Root({ Group("Stage", Many(64)) }));
+        fixture.pTree->verticalScrollBar()->setValue(500);
+        QTest::keyClicks(OpenEditor(fixture, "p20"), "typed");
+        QCOMPARE(fixture.pTree->verticalScrollBar()->value(), 500);
+        fixture.pTree->RefreshTree();
+        fixture.Grab();
+        QCOMPARE(fixture.pTree->verticalScrollBar()->value(), 500);
+        QCOMPARE(fixture.control.Commands(), QStringList());
+    }
+
+    void aRenameOfARowOutOfSightScrollsToIt_data()
+    {
+        QTest::addColumn<QString>("strRow");
+        QTest::addColumn<int>("nScroll");
+        QTest::newRow("above") << "p2" << 900;
+        QTest::newRow("below") << "p60" << 0;
+        QTest::newRow("half") << "p17" << 0;
+    }
+    void aRenameOfARowOutOfSightScrollsToIt()
+    {
+        QFETCH(QString, strRow);
+        QFETCH(int, nScroll);
+        CTreeFixture fixture(Root({}, Many(64)), { ProcessorId(strRow) });
+        fixture.pTree->verticalScrollBar()->setValue(nScroll);
+        fixture.Press(Qt::Key_F2);
+        QVERIFY(Editor(fixture) && Editor(fixture)->hasFocus());
+        QVERIFY(fixture.pTree->viewport()->rect().contains(Editor(fixture)->geometry()));
+    }
+
+    void aRenameOfARowInSightScrollsNothing()
+    {
+        CTreeFixture fixture(Root({}, Many(64)), { ProcessorId("p20") });
+        fixture.pTree->verticalScrollBar()->setValue(333);
+        fixture.Press(Qt::Key_F2);
+        QVERIFY(Editor(fixture));
+        QCOMPARE(fixture.pTree->verticalScrollBar()->value(), 333);
+    }
+
+    void aRenameInAFoldedGroupUnfoldsAndScrollsNothing()
+    {
+        CTreeFixture fixture(Root({ Group("Hall", { Processor("gamma") }).Expanded(false) }, Many(64)), { ProcessorId("gamma") });
+        fixture.pTree->verticalScrollBar()->setValue(333);
+        ExpectWarning("Negative sizes"); // the place of such a row is empty
+        fixture.Press(Qt::Key_F2);
+        QVERIFY(!fixture.pTree->isExpanded(fixture.Row("Hall")));
+        QCOMPARE(fixture.pTree->verticalScrollBar()->value(), 333);
+        QCOMPARE(fixture.control.Commands(), QStringList());
     }
 
     void afterARebuildHasTakenTheEditorARenameWorksAgain()

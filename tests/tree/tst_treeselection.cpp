@@ -251,16 +251,6 @@ private slots:
         QCOMPARE(listAtOnce, fixture.Selected());
     }
 
-    void aRestoredSelectionLeavesNoCurrentRow()
-    {
-        CTreeFixture fixture(Site());
-        fixture.Click(fixture.Row("alpha"));
-        QCOMPARE(fixture.pTree->currentIndex(), fixture.Row("alpha"));
-        fixture.pTree->RestoreSelection();
-        QVERIFY(!fixture.pTree->currentIndex().isValid());
-        QCOMPARE(fixture.Selected(), QStringList{ "alpha" });
-    }
-
     void aSingleProcessorOfTheLibraryTakesTheSelectionOverQuietly()
     {
         CTreeFixture fixture(Site(), { ProcessorId("alpha") });

@@ -1,0 +1,109 @@
+#include "tree/CSelectionAnchor.h"
+
+#include "data/EnNodeType.h"
+#include "model/CProcessorTreeModel.h"
+
+#include <QSignalBlocker>
+#include <QTreeView>
+
+CSelectionAnchor::CSelectionAnchor(QTreeView& treeIn, const CProcessorTreeModel& modelIn) : tree(treeIn), model(modelIn) { }
+
+void CSelectionAnchor::StartAt(const QModelIndex& index)
+{
+    keyStart = SRowKey::Of(index);
+}
+
+void CSelectionAnchor::PrepareRange(const QModelIndex& indexEnd)
+{
+    if (IsLaidOut(model.FindRow(keyStart))) {
+        return;
+    }
+    // Left alone the view would take such a start for the top of its viewport.
+    const QModelIndex indexCurrent = tree.currentIndex();
+    const QModelIndex indexStart = IsLaidOut(indexCurrent) ? indexCurrent : indexEnd;
+    StartAt(indexStart);
+    const QSignalBlocker blocker(tree.selectionModel());
+    SetStart(indexStart);
+    tree.selectionModel()->setCurrentIndex(indexCurrent, QItemSelectionModel::NoUpdate);
+}
+
+CSelectionAnchor::SPlace CSelectionAnchor::Note() const
+{
+    SPlace place;
+    place.keyCurrent = SRowKey::Of(tree.currentIndex());
+    const QModelIndexList listKept = GetKeptRows();
+    for (const QModelIndex& index : listKept) {
+        const SRowKey key = SRowKey::Of(index);
+        if (key.nType != NodeInfo) {
+            place.setKept.insert(key.idNode);
+        }
+    }
+    return place;
+}
+
+// The selection does not say which rows its last command selected: an empty range in the place of that
+// command leaves the others.
+QModelIndexList CSelectionAnchor::GetKeptRows() const
+{
+    QItemSelectionModel* const pSelection = tree.selectionModel();
+    const QSignalBlocker blocker(pSelection);
+    const QItemSelection selection = pSelection->selection();
+    pSelection->select(QItemSelection(), QItemSelectionModel::SelectCurrent);
+    const QModelIndexList listKept = pSelection->selectedIndexes();
+    pSelection->select(selection, QItemSelectionModel::SelectCurrent);
+    return listKept;
+}
+
+void CSelectionAnchor::Restore(const SPlace& place)
+{
+    const QSignalBlocker blocker(tree.selectionModel());
+    SplitSelection(place.setKept);
+    SetStart(model.FindRow(keyStart));
+    const QModelIndex indexCurrent = FindCurrent(place.keyCurrent);
+    if (indexCurrent.isValid()) {
+        tree.selectionModel()->setCurrentIndex(indexCurrent, QItemSelectionModel::NoUpdate);
+    } else {
+        tree.selectionModel()->clearCurrentIndex();
+    }
+}
+
+// The rows that were selected last are those that the next range replaces.
+void CSelectionAnchor::SplitSelection(const QSet<QUuid>& setKept)
+{
+    QItemSelection selectionKept;
+    QItemSelection selectionLast;
+    const QModelIndexList listSelected = tree.selectionModel()->selectedIndexes();
+    for (const QModelIndex& index : listSelected) {
+        QItemSelection& selection = setKept.contains(SRowKey::Of(index).idNode) ? selectionKept : selectionLast;
+        selection.append(QItemSelectionRange(index));
+    }
+    tree.selectionModel()->select(selectionKept, QItemSelectionModel::ClearAndSelect);
+    tree.selectionModel()->select(selectionLast, QItemSelectionModel::Select);
+}
+
+// The view has no operation for it alone; without a selection mode its setCurrentIndex() selects nothing,
+// whatever keys are held.
+void CSelectionAnchor::SetStart(const QModelIndex& index)
+{
+    if (index.isValid()) {
+        const QAbstractItemView::SelectionMode mode = tree.selectionMode();
+        tree.setSelectionMode(QAbstractItemView::NoSelection);
+        tree.setCurrentIndex(index);
+        tree.setSelectionMode(mode);
+    }
+}
+
+QModelIndex CSelectionAnchor::FindCurrent(const SRowKey& key) const
+{
+    const QModelIndex indexRow = model.FindRow(key);
+    if (indexRow.isValid() && tree.selectionModel()->isSelected(indexRow)) {
+        return indexRow;
+    }
+    const QModelIndexList listSelected = tree.selectionModel()->selectedIndexes();
+    return listSelected.size() == 1 ? listSelected.first() : QModelIndex();
+}
+
+bool CSelectionAnchor::IsLaidOut(const QModelIndex& index) const
+{
+    return !tree.visualRect(index).isEmpty();
+}
