@@ -5,7 +5,7 @@ import unittest
 import desktop
 import listfile
 from listfile import short_id
-from scene import SELECTED, TREE, Scene, small_list
+from scene import HOVERED, SELECTED, TIP, TREE, Scene, small_list
 
 
 def looks_orange(colour):
@@ -67,6 +67,46 @@ class Tips(Scene):
         self.desktop.move(x, y)
         desktop.wait_until(f"the tip of the {name} mark", lambda: self.desktop.grab().crop(area).tobytes() != before)
         self.desktop.shoot("tip-" + name)
+
+
+class TipUnderTheMouse(Scene):
+    SCENARIO = Tips.SCENARIO
+
+    @staticmethod
+    def LIST():
+        """alpha's Chief mark stands where beta's Backup mark stands below it."""
+        groups, loose = small_list()
+        groups[0]["processors"][0].update(chief=1, failover=0)
+        return groups, loose
+
+    def test_the_mouse_goes_through_a_tip_to_the_mark_below_it(self):
+        column = self.kestrel.mark_column()
+        chief, backup = self.kestrel.row(self.ALPHA, column - 4), self.kestrel.row(self.BETA, column + 4)
+        self.kestrel.wait_for("ChiefChanged", kind="message")
+        self.wait_for_hover(self.THREE)
+        self.desktop.move(*chief)
+        first = desktop.wait_until("the tip of the Chief mark", lambda: self.tip_text(self.desktop.grab(), chief))
+        self.desktop.move(*backup)  # lies under the tip now
+        second = desktop.wait_until("the tip of the Backup mark", lambda: self.tip_text(self.frame_with_a_lit_row(), backup))
+        self.desktop.shoot("tip-in-the-way")
+        self.assertNotEqual(first, second)
+        self.assertTrue(self.is_lit(self.desktop.grab(), self.BETA))
+        self.assertEqual(self.kestrel.quit(), 0)
+
+    def frame_with_a_lit_row(self):
+        frame = self.desktop.grab()
+        self.assertTrue(self.is_lit(frame, self.ALPHA) or self.is_lit(frame, self.BETA), "the row under the mouse is lit")
+        return frame
+
+    def is_lit(self, frame, row):
+        return frame.getpixel(self.kestrel.row(row, 250))[:3] == HOVERED
+
+    def tip_text(self, frame, mouse):
+        """The picture of the text of a tip that belongs to this place of the mouse; None without such a tip."""
+        x, y = mouse[0] + 2, mouse[1] + 20
+        if frame.getpixel((x + 4, y + 4))[:3] != TIP:
+            return None
+        return frame.crop((x + 8, y + 4, x + 300, y + 20)).tobytes()
 
 
 class Renaming(Scene):
