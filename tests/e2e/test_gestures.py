@@ -4,8 +4,8 @@ import unittest
 
 import desktop
 import listfile
-from listfile import short_id
-from scene import HOVERED, SELECTED, TIP, TREE, Scene, small_list
+from listfile import group, processor, short_id
+from scene import HOVERED, SELECTED, THUMB, TIP, TREE, Scene, small_list
 
 
 def looks_orange(colour):
@@ -257,6 +257,26 @@ class Dragging(Scene):
         for step in range(0, 9):
             self.desktop.move(start[0] + step, start[1] + (end[1] - start[1]) * step / 8)
         return True
+
+
+class DraggingOverTheBar(Scene):
+    @staticmethod
+    def LIST():
+        """More rows than fit: Stage is empty, below it stand p0, p1, ..."""
+        return [group("Stage", [])], [processor(f"p{n}", f"10.0.0.{n + 1}") for n in range(40)]
+
+    def test_a_drop_on_the_scroll_bar_is_a_drop_on_the_row_under_it(self):
+        stage, p0 = 1, 2
+        bar = self.kestrel.row(stage, self.kestrel.panel_width() - 5)
+        self.select(p0)
+        self.desktop.shoot("bar")
+        self.assertEqual(self.kestrel.pixel(bar), THUMB)
+        mark = self.kestrel.mark()
+        self.desktop.drag(self.kestrel.row(p0, 220), bar)
+        self.kestrel.wait_for("^MoveProcessor", after=mark, kind="command")
+        self.assertEqual(self.kestrel.journal("^MoveProcessor", "command", mark),
+                         [f"MoveProcessor({short_id('p0')}, {short_id('Stage')})"])
+        self.assertEqual(self.outline_after_quit()[:2], ["Stage", "  p0"])
 
 
 class Deleting(Scene):
