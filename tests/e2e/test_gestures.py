@@ -327,13 +327,23 @@ class Deleting(Scene):
         self.desktop.click(*self.kestrel.tool_bar_button("Delete"))
         self.desktop.wait_for_window("^Delete$")
         self.desktop.shoot("options")
-        self.desktop.key("Tab", "space")
+        self.desktop.key("Tab", "Tab", "space")
         self.desktop.wait_for_no_window("^Delete$")
         self.kestrel.wait_for(r"SetBusy\(false\)", after=mark)
         self.assertIn(f"job DeleteGroup({short_id('Stage')}, false)", self.kestrel.commands(mark))
         outline = self.outline_after_quit()
         self.assertNotIn("Stage", outline)
         self.assertIn("alpha", outline)
+
+    def test_a_return_in_a_hurry_cancels_the_tool_bars_delete(self):
+        self.select(self.STAGE)
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.tool_bar_button("Delete"))
+        self.desktop.wait_for_window("^Delete$")
+        self.desktop.key("Return")
+        self.desktop.wait_for_no_window("^Delete$")
+        self.assertEqual(self.kestrel.commands(mark), [])
+        self.assertIn("Stage", self.outline_after_quit())
 
 
 if __name__ == "__main__":

@@ -45,6 +45,7 @@ private slots:
     void thePanelsSheetGivesTheTreeWhatItNeeds();
     void aButtonShowsItsStates_data();
     void aButtonShowsItsStates();
+    void theFocusOfAButtonIsItsBorderAlone();
     void theThumbOverTheRowsStandsOut_data();
     void theThumbOverTheRowsStandsOut();
     void theFontForSmallSizesIsInUse();
@@ -158,6 +159,26 @@ void CThemeTest::aButtonShowsItsStates()
 
     for (int n = 0; n < vecState.size(); ++n)
         QCOMPARE(vecState.indexOf(vecState[n]), n);
+}
+
+void CThemeTest::theFocusOfAButtonIsItsBorderAlone()
+{
+    QWidget window;
+    window.setStyleSheet(CTheme().GetApplicationSheet());
+    auto* pOther = new QPushButton(&window);
+    auto* pButton = new QPushButton("Button", &window);
+    pOther->move(0, 100);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    pOther->setFocus();
+    const QImage imageWithout = pButton->grab().toImage();
+    QTest::keyClick(pOther, Qt::Key_Tab);
+    QTRY_VERIFY(pButton->hasFocus());
+    const QImage imageWith = pButton->grab().toImage();
+
+    const QRect rcInner = imageWith.rect().adjusted(2, 2, -2, -2);
+    QVERIFY(imageWith != imageWithout);
+    QCOMPARE(imageWith.copy(rcInner), imageWithout.copy(rcInner));
 }
 
 void CThemeTest::theThumbOverTheRowsStandsOut_data()
