@@ -1,11 +1,14 @@
 #include "interfaces/widgets/CScrollBar.h"
 
+#include "DragRelay.h"
+
 #include <QAbstractScrollArea>
 #include <QEvent>
 
 namespace
 {
-constexpr int THICKNESS = 8;
+constexpr int nThickness = 5;
+constexpr int nMinimumRoom = 10; // edge of the smallest parent that a bar shows itself on
 
 /// The view that a bar belongs to; null for a bar that stands alone.
 QAbstractScrollArea* FindScrollArea(QWidget* pWidget)
@@ -20,7 +23,7 @@ QAbstractScrollArea* FindScrollArea(QWidget* pWidget)
 
 CScrollBar::CScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent)
 {
-    orientation == Qt::Horizontal ? setFixedHeight(THICKNESS) : setFixedWidth(THICKNESS);
+    orientation == Qt::Horizontal ? setFixedHeight(nThickness) : setFixedWidth(nThickness);
 }
 
 CScrollBar::~CScrollBar() = default;
@@ -35,6 +38,7 @@ void CScrollBar::ConnectSystem(QScrollBar* pSystemBar)
     pSystem->installEventFilter(this);
     if (QAbstractScrollArea* pArea = FindScrollArea(pSystem)) {
         pArea->viewport()->installEventFilter(this);
+        setAcceptDrops(true); // otherwise a drag over the bar is refused and does not get as far as event()
     }
 }
 
@@ -49,7 +53,7 @@ void CScrollBar::SetConnection()
 QSize CScrollBar::sizeHint() const
 {
     const QSize size = QScrollBar::sizeHint();
-    return orientation() == Qt::Horizontal ? QSize(size.width(), THICKNESS) : QSize(THICKNESS, size.height());
+    return orientation() == Qt::Horizontal ? QSize(size.width(), nThickness) : QSize(nThickness, size.height());
 }
 
 bool CScrollBar::eventFilter(QObject* pWatched, QEvent* event)
@@ -63,6 +67,11 @@ bool CScrollBar::eventFilter(QObject* pWatched, QEvent* event)
 
 bool CScrollBar::event(QEvent* event)
 {
+    QAbstractScrollArea* pArea = pSystem && DragRelay::IsDrag(event->type()) ? FindScrollArea(pSystem) : nullptr;
+    if (pArea) {
+        DragRelay::Pass(event, this, pArea);
+        return true;
+    }
     const bool bInput = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress
         || event->type() == QEvent::Wheel || event->type() == QEvent::Show;
     if (bInput) {
@@ -108,6 +117,7 @@ void CScrollBar::ShowWhenUseful()
 {
     // A bar whose place is outside of the view was put away by the view, which is too small for it.
     if (const QWidget* pParent = parentWidget()) {
-        setVisible(pParent->rect().contains(geometry()) && minimum() != maximum());
+        const bool bRoom = pParent->width() >= nMinimumRoom && pParent->height() >= nMinimumRoom;
+        setVisible(bRoom && pParent->rect().contains(geometry()) && minimum() != maximum());
     }
 }

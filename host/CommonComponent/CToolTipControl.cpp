@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QScreen>
 #include <QToolTip>
+#include <QWindow>
 
 namespace
 {
@@ -90,7 +91,10 @@ void CToolTipControl::Show(const QString& strText)
     CreateWindow(pTarget ? pTarget->window() : QApplication::activeWindow());
     pWindow->setText(strText);
     Place();
-    pWindow->show();
+    if (!pWindow->isVisible()) {
+        pWindow->show();
+        LetTheMouseThrough();
+    }
     timerExpire.start(BASE_MILLISECONDS + MILLISECONDS_PER_CHARACTER * qMax(0, strText.size() - LONG_TEXT));
     qApp->installEventFilter(this);
 }
@@ -150,6 +154,14 @@ void CToolTipControl::DestroyWindow()
     const QLabel* pOld = pWindow;
     pWindow = nullptr;
     delete pOld;
+}
+
+// Qt on X11 ignores the flag of a window that is created with it, and heeds its change on a shown one.
+void CToolTipControl::LetTheMouseThrough()
+{
+    QWindow* pShown = pWindow->windowHandle();
+    pShown->setFlag(Qt::WindowTransparentForInput, false);
+    pShown->setFlag(Qt::WindowTransparentForInput, true);
 }
 
 void CToolTipControl::Place()

@@ -30,6 +30,10 @@ private:
 
     void CreateWindow(QWidget* pParent);
     void DestroyWindow();
+
+    /// The window must be shown.
+    void LetTheMouseThrough();
+
     void Place();
 
     static CToolTipControl* pInstance;

@@ -3,8 +3,24 @@
 #include "interfaces/widgets/CCommonOptionDlg.h"
 #include "interfaces/widgets/CMessageBox.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPushButton>
+
+namespace
+{
+
+/// Opens the table of buttons.
+class COptionDialog : public CCommonOptionDlg
+{
+    Q_OBJECT
+
+public:
+    using CCommonOptionDlg::CCommonOptionDlg;
+    using CCommonOptionDlg::mapButton;
+};
+
+} // namespace
 
 /// CMessageBox and CCommonOptionDlg, answered as a user would.
 class CMessageBoxesTest : public QObject
@@ -31,7 +47,11 @@ private slots:
     void optionDialogAnswers_data();
     void optionDialogAnswers();
     void optionWithoutATextIsRefused();
-    void arrowsWalkTheOptions();
+    void keysWalkTheOptionsAndChoose_data();
+    void keysWalkTheOptionsAndChoose();
+    void cancelHasTheFocusEachTimeTheDialogOpens();
+    void cancelStandsBelowTheOptions();
+    void optionsAreReadByTheirTexts();
 
 private:
     std::unique_ptr<QWidget> pParent;
@@ -218,11 +238,13 @@ void CMessageBoxesTest::optionDialogAnswers_data()
 {
     QTest::addColumn<QString>("strHow");
     QTest::addColumn<int>("nResult");
-    QTest::newRow("return takes the first") << "key Return" << 1;
-    QTest::newRow("space takes the first") << "key Space" << 1;
-    QTest::newRow("tab goes to the second") << "tab space" << 2;
+    QTest::newRow("return cancels") << "key Return" << 0;
+    QTest::newRow("space cancels") << "key Space" << 0;
+    QTest::newRow("tab goes to the first") << "tab space" << 1;
     QTest::newRow("mnemonic of the second") << "key Alt+G" << 2;
-    QTest::newRow("click") << "OptionButton" << 1;
+    QTest::newRow("mnemonic of cancel") << "key Alt+C" << 0;
+    QTest::newRow("click on the first") << "OptionButton" << 1;
+    QTest::newRow("click on cancel") << "DialogReject" << 0;
     QTest::newRow("escape") << "key Escape" << 0;
     QTest::newRow("cross") << "DialogClose" << 0;
     QTest::newRow("closed window") << "window closed" << 0;
@@ -243,25 +265,83 @@ void CMessageBoxesTest::optionWithoutATextIsRefused()
 {
     CCommonOptionDlg dialog(pParent.get(), QStringLiteral("Delete"));
     QVERIFY(!dialog.AddOption(QIcon(), QString()));
-    QVERIFY(dialog.findChildren<QPushButton*>().isEmpty());
+    QVERIFY(dialog.findChildren<QPushButton*>(QStringLiteral("OptionButton")).isEmpty());
     QVERIFY(dialog.AddOption(QIcon(), QStringLiteral("only")));
     AnswerNext(&dialog, [](QWidget* pDialog) { Answer(pDialog, QStringLiteral("OptionButton")); });
     QCOMPARE(dialog.exec(), 1);
 }
 
-void CMessageBoxesTest::arrowsWalkTheOptions()
+void CMessageBoxesTest::keysWalkTheOptionsAndChoose_data()
 {
+    QTest::addColumn<QList<Qt::Key>>("listKey");
+    QTest::addColumn<int>("nResult");
+    QTest::newRow("tab to the first") << QList{ Qt::Key_Tab, Qt::Key_Return } << 1;
+    QTest::newRow("tab to the second") << QList{ Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space } << 2;
+    QTest::newRow("tab round to cancel") << QList{ Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return } << 0;
+    QTest::newRow("back to the last") << QList{ Qt::Key_Backtab, Qt::Key_Return } << 3;
+    QTest::newRow("up to the last") << QList{ Qt::Key_Up, Qt::Key_Return } << 3;
+    QTest::newRow("up to the second") << QList{ Qt::Key_Up, Qt::Key_Up, Qt::Key_Enter } << 2;
+    QTest::newRow("down to the first") << QList{ Qt::Key_Down, Qt::Key_Space } << 1;
+    QTest::newRow("down and up again") << QList{ Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return } << 1;
+    QTest::newRow("down to cancel") << QList{ Qt::Key_Up, Qt::Key_Down, Qt::Key_Return } << 0;
+}
+
+void CMessageBoxesTest::keysWalkTheOptionsAndChoose()
+{
+    QFETCH(QList<Qt::Key>, listKey);
+    QFETCH(int, nResult);
     CCommonOptionDlg dialog(pParent.get(), QStringLiteral("Delete"));
     for (const char* szText : { "one", "two", "three" }) {
         dialog.AddOption(QIcon(), QLatin1String(szText));
     }
-    AnswerNext(&dialog, [](QWidget* pDialog) {
-        QTest::keyClick(pDialog->focusWidget(), Qt::Key_Down);
-        QTest::keyClick(pDialog->focusWidget(), Qt::Key_Down);
-        QTest::keyClick(pDialog->focusWidget(), Qt::Key_Up);
-        QTest::keyClick(pDialog->focusWidget(), Qt::Key_Return);
+    AnswerNext(&dialog, [listKey](QWidget* pDialog) {
+        for (const Qt::Key key : listKey) {
+            QTest::keyClick(pDialog->focusWidget(), key);
+        }
     });
-    QCOMPARE(dialog.exec(), 2);
+    QCOMPARE(dialog.exec(), nResult);
+}
+
+void CMessageBoxesTest::cancelHasTheFocusEachTimeTheDialogOpens()
+{
+    COptionDialog dialog(pParent.get(), QStringLiteral("Delete"));
+    dialog.AddOption(QIcon(), QStringLiteral("one"));
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QPushButton* pCancel = dialog.mapButton.value(0);
+    QTRY_VERIFY(pCancel->hasFocus());
+    QVERIFY(pCancel->isDefault());
+    Answer(&dialog, QStringLiteral("tab space"));
+    QCOMPARE(dialog.result(), 1);
+    dialog.show();
+    QCOMPARE(dialog.focusWidget(), pCancel);
+}
+
+void CMessageBoxesTest::cancelStandsBelowTheOptions()
+{
+    CCommonOptionDlg dialog(pParent.get(), QStringLiteral("Delete"));
+    dialog.AddOption(QIcon(), QStringLiteral("one"));
+    dialog.AddOption(QIcon(), QStringLiteral("two"));
+    dialog.show();
+    QStringList listText;
+    int nBottom = 0;
+    for (const auto* pButton : dialog.findChildren<QPushButton*>()) {
+        listText.append(QStringLiteral("%1 %2").arg(pButton->y(), 3).arg(pButton->text()));
+        nBottom = qMax(nBottom, pButton->geometry().bottom());
+    }
+    listText.sort();
+    listText.replaceInStrings(QRegularExpression("^ *\\d+ "), QString());
+    QCOMPARE(listText, QStringList({ "one", "two", "&Cancel" }));
+    QVERIFY(nBottom < dialog.height());
+}
+
+void CMessageBoxesTest::optionsAreReadByTheirTexts()
+{
+    CCommonOptionDlg dialog(pParent.get(), QStringLiteral("Delete"));
+    dialog.AddOption(QIcon(), QStringLiteral("Delete &group && processors"));
+    auto* pButton = dialog.findChild<QPushButton*>(QStringLiteral("OptionButton"));
+    QCOMPARE(pButton->accessibleName(), QStringLiteral("Delete group & processors"));
+    QCOMPARE(QAccessible::queryAccessibleInterface(pButton)->role(), QAccessible::Button);
 }
 
 PTV_TEST_MAIN(CMessageBoxesTest)

@@ -14,8 +14,8 @@ class CSmallWidgetsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void scrollBarIsEightPixelsThickFromTheStart_data();
-    void scrollBarIsEightPixelsThickFromTheStart();
+    void scrollBarIsFivePixelsThickFromTheStart_data();
+    void scrollBarIsFivePixelsThickFromTheStart();
     void tiedBarTakesOverAllOfTheSystemBar();
     void systemBarMovesTheTiedBar();
     void tiedBarMovesTheSystemBar();
@@ -27,6 +27,8 @@ private slots:
     void wheelOverTheTiedBarScrollsTheView();
     void barShowsItselfOnlyWhereThereIsSomethingToScroll();
     void barThatItsViewPutAwayStaysAway();
+    void barStaysAwayFromATinyView_data();
+    void barStaysAwayFromATinyView();
     void barOutlivesItsSystemBar();
 
     void separatorHasThePrescribedShape_data();
@@ -62,23 +64,23 @@ void SendWheel(QWidget* pWidget, int nDelta)
 }
 } // namespace
 
-void CSmallWidgetsTest::scrollBarIsEightPixelsThickFromTheStart_data()
+void CSmallWidgetsTest::scrollBarIsFivePixelsThickFromTheStart_data()
 {
     QTest::addColumn<Qt::Orientation>("orientation");
     QTest::newRow("horizontal") << Qt::Horizontal;
     QTest::newRow("vertical") << Qt::Vertical;
 }
 
-void CSmallWidgetsTest::scrollBarIsEightPixelsThickFromTheStart()
+void CSmallWidgetsTest::scrollBarIsFivePixelsThickFromTheStart()
 {
     QFETCH(Qt::Orientation, orientation);
     QWidget parent;
     CScrollBar bar(orientation, &parent);
     const bool bHorizontal = orientation == Qt::Horizontal;
-    QCOMPARE(bHorizontal ? bar.height() : bar.width(), 8);
-    QCOMPARE(bHorizontal ? bar.sizeHint().height() : bar.sizeHint().width(), 8);
+    QCOMPARE(bHorizontal ? bar.height() : bar.width(), 5);
+    QCOMPARE(bHorizontal ? bar.sizeHint().height() : bar.sizeHint().width(), 5);
     bar.setGeometry(0, 0, 50, 60);
-    QCOMPARE(bar.size(), bHorizontal ? QSize(50, 8) : QSize(8, 60));
+    QCOMPARE(bar.size(), bHorizontal ? QSize(50, 5) : QSize(5, 60));
 }
 
 void CSmallWidgetsTest::tiedBarTakesOverAllOfTheSystemBar()
@@ -186,7 +188,7 @@ void CSmallWidgetsTest::draggingTheTiedBarScrollsTheView()
     tree.resize(200, 300);
     tree.show();
     QVERIFY(QTest::qWaitForWindowExposed(&tree));
-    bar.setGeometry(190, 1, 8, 298);
+    bar.setGeometry(194, 1, 5, 299);
     bar.show();
     bar.setSliderDown(true);
     bar.setSliderPosition(bar.maximum() / 2);
@@ -215,7 +217,7 @@ void CSmallWidgetsTest::barShowsItselfOnlyWhereThereIsSomethingToScroll()
     CScrollBar bar(Qt::Vertical, &tree);
     bar.ConnectSystem(tree.verticalScrollBar());
     bar.hide();
-    bar.setGeometry(190, 1, 8, 298);
+    bar.setGeometry(194, 1, 5, 299);
     tree.show();
     QVERIFY(QTest::qWaitForWindowExposed(&tree));
     QVERIFY(!bar.isVisible());
@@ -232,12 +234,38 @@ void CSmallWidgetsTest::barThatItsViewPutAwayStaysAway()
     QScrollBar system(Qt::Vertical, &view);
     CScrollBar bar(Qt::Vertical, &view);
     bar.ConnectSystem(&system);
-    bar.setGeometry(190, 1, 8, 298);
+    bar.setGeometry(194, 1, 5, 299);
     bar.hide();
     view.show();
     system.setRange(0, 1000);
     QVERIFY(!bar.isVisible());
     QCOMPARE(bar.maximum(), 1000);
+}
+
+void CSmallWidgetsTest::barStaysAwayFromATinyView_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("bShown");
+    QTest::newRow("too narrow") << QSize(9, 300) << false;
+    QTest::newRow("too low") << QSize(300, 9) << false;
+    QTest::newRow("smallest") << QSize(10, 10) << true;
+}
+
+void CSmallWidgetsTest::barStaysAwayFromATinyView()
+{
+    QFETCH(QSize, size);
+    QFETCH(bool, bShown);
+    QWidget window;
+    QWidget view(&window); // a window itself may refuse to be so small
+    view.resize(size);
+    QScrollBar system(Qt::Vertical, &view);
+    CScrollBar bar(Qt::Vertical, &view);
+    bar.ConnectSystem(&system);
+    bar.setGeometry(0, 1, 5, 8);
+    bar.hide();
+    window.show();
+    system.setRange(0, 1000);
+    QCOMPARE(bar.isVisible(), bShown);
 }
 
 void CSmallWidgetsTest::barOutlivesItsSystemBar()

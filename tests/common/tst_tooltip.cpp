@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QScreen>
+#include <QWindow>
 
 namespace
 {
@@ -244,6 +245,7 @@ void CToolTipTest::tipTakesNoMouseAndNoFocus()
 {
     CToolTip::ShowText(QStringLiteral("Text"));
     QVERIFY(Tip()->windowFlags() & Qt::WindowTransparentForInput);
+    QVERIFY(Tip()->windowHandle()->flags() & Qt::WindowTransparentForInput);
     QVERIFY(Tip()->windowFlags() & Qt::WindowDoesNotAcceptFocus);
     QCOMPARE(Tip()->windowType(), Qt::ToolTip);
     QVERIFY(pWindow->isActiveWindow());

@@ -4,8 +4,8 @@ import unittest
 
 import desktop
 import listfile
-from listfile import short_id
-from scene import SELECTED, TREE, Scene, small_list
+from listfile import group, processor, short_id
+from scene import HOVERED, SELECTED, THUMB, TIP, TREE, Scene, small_list
 
 
 def looks_orange(colour):
@@ -67,6 +67,46 @@ class Tips(Scene):
         self.desktop.move(x, y)
         desktop.wait_until(f"the tip of the {name} mark", lambda: self.desktop.grab().crop(area).tobytes() != before)
         self.desktop.shoot("tip-" + name)
+
+
+class TipUnderTheMouse(Scene):
+    SCENARIO = Tips.SCENARIO
+
+    @staticmethod
+    def LIST():
+        """alpha's Chief mark stands where beta's Backup mark stands below it."""
+        groups, loose = small_list()
+        groups[0]["processors"][0].update(chief=1, failover=0)
+        return groups, loose
+
+    def test_the_mouse_goes_through_a_tip_to_the_mark_below_it(self):
+        column = self.kestrel.mark_column()
+        chief, backup = self.kestrel.row(self.ALPHA, column - 4), self.kestrel.row(self.BETA, column + 4)
+        self.kestrel.wait_for("ChiefChanged", kind="message")
+        self.wait_for_hover(self.THREE)
+        self.desktop.move(*chief)
+        first = desktop.wait_until("the tip of the Chief mark", lambda: self.tip_text(self.desktop.grab(), chief))
+        self.desktop.move(*backup)  # lies under the tip now
+        second = desktop.wait_until("the tip of the Backup mark", lambda: self.tip_text(self.frame_with_a_lit_row(), backup))
+        self.desktop.shoot("tip-in-the-way")
+        self.assertNotEqual(first, second)
+        self.assertTrue(self.is_lit(self.desktop.grab(), self.BETA))
+        self.assertEqual(self.kestrel.quit(), 0)
+
+    def frame_with_a_lit_row(self):
+        frame = self.desktop.grab()
+        self.assertTrue(self.is_lit(frame, self.ALPHA) or self.is_lit(frame, self.BETA), "the row under the mouse is lit")
+        return frame
+
+    def is_lit(self, frame, row):
+        return frame.getpixel(self.kestrel.row(row, 250))[:3] == HOVERED
+
+    def tip_text(self, frame, mouse):
+        """The picture of the text of a tip that belongs to this place of the mouse; None without such a tip."""
+        x, y = mouse[0] + 2, mouse[1] + 20
+        if frame.getpixel((x + 4, y + 4))[:3] != TIP:
+            return None
+        return frame.crop((x + 8, y + 4, x + 300, y + 20)).tobytes()
 
 
 class Renaming(Scene):
@@ -219,6 +259,26 @@ class Dragging(Scene):
         return True
 
 
+class DraggingOverTheBar(Scene):
+    @staticmethod
+    def LIST():
+        """More rows than fit: Stage is empty, below it stand p0, p1, ..."""
+        return [group("Stage", [])], [processor(f"p{n}", f"10.0.0.{n + 1}") for n in range(40)]
+
+    def test_a_drop_on_the_scroll_bar_is_a_drop_on_the_row_under_it(self):
+        stage, p0 = 1, 2
+        bar = self.kestrel.row(stage, self.kestrel.panel_width() - 5)
+        self.select(p0)
+        self.desktop.shoot("bar")
+        self.assertEqual(self.kestrel.pixel(bar), THUMB)
+        mark = self.kestrel.mark()
+        self.desktop.drag(self.kestrel.row(p0, 220), bar)
+        self.kestrel.wait_for("^MoveProcessor", after=mark, kind="command")
+        self.assertEqual(self.kestrel.journal("^MoveProcessor", "command", mark),
+                         [f"MoveProcessor({short_id('p0')}, {short_id('Stage')})"])
+        self.assertEqual(self.outline_after_quit()[:2], ["Stage", "  p0"])
+
+
 class Deleting(Scene):
     def test_the_delete_key_removes_a_group_with_its_processors_without_asking(self):
         self.select(self.STAGE)
@@ -267,13 +327,23 @@ class Deleting(Scene):
         self.desktop.click(*self.kestrel.tool_bar_button("Delete"))
         self.desktop.wait_for_window("^Delete$")
         self.desktop.shoot("options")
-        self.desktop.key("Tab", "space")
+        self.desktop.key("Tab", "Tab", "space")
         self.desktop.wait_for_no_window("^Delete$")
         self.kestrel.wait_for(r"SetBusy\(false\)", after=mark)
         self.assertIn(f"job DeleteGroup({short_id('Stage')}, false)", self.kestrel.commands(mark))
         outline = self.outline_after_quit()
         self.assertNotIn("Stage", outline)
         self.assertIn("alpha", outline)
+
+    def test_a_return_in_a_hurry_cancels_the_tool_bars_delete(self):
+        self.select(self.STAGE)
+        mark = self.kestrel.mark()
+        self.desktop.click(*self.kestrel.tool_bar_button("Delete"))
+        self.desktop.wait_for_window("^Delete$")
+        self.desktop.key("Return")
+        self.desktop.wait_for_no_window("^Delete$")
+        self.assertEqual(self.kestrel.commands(mark), [])
+        self.assertIn("Stage", self.outline_after_quit())
 
 
 if __name__ == "__main__":

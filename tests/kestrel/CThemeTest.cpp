@@ -1,5 +1,6 @@
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
+#include "interfaces/widgets/CScrollBar.h"
 
 #include <QFontDatabase>
 #include <QPushButton>
@@ -23,6 +24,12 @@ double Contrast(const QColor& a, const QColor& b)
     const double dB = Luminance(b) + 0.05;
     return std::max(dA, dB) / std::min(dA, dB);
 }
+
+// A bar at the start of its way, and points on it.
+constexpr QRect rcBar(40, 10, 5, 100);
+constexpr QPoint ptThumb(2, 5);
+constexpr QPoint ptGroove(2, 95);
+constexpr QPoint ptOutside(-20, 50);
 } // namespace
 
 class CThemeTest : public QObject
@@ -38,6 +45,9 @@ private slots:
     void thePanelsSheetGivesTheTreeWhatItNeeds();
     void aButtonShowsItsStates_data();
     void aButtonShowsItsStates();
+    void theFocusOfAButtonIsItsBorderAlone();
+    void theThumbOverTheRowsStandsOut_data();
+    void theThumbOverTheRowsStandsOut();
     void theFontForSmallSizesIsInUse();
 };
 
@@ -149,6 +159,67 @@ void CThemeTest::aButtonShowsItsStates()
 
     for (int n = 0; n < vecState.size(); ++n)
         QCOMPARE(vecState.indexOf(vecState[n]), n);
+}
+
+void CThemeTest::theFocusOfAButtonIsItsBorderAlone()
+{
+    QWidget window;
+    window.setStyleSheet(CTheme().GetApplicationSheet());
+    auto* pOther = new QPushButton(&window);
+    auto* pButton = new QPushButton("Button", &window);
+    pOther->move(0, 100);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    pOther->setFocus();
+    const QImage imageWithout = pButton->grab().toImage();
+    QTest::keyClick(pOther, Qt::Key_Tab);
+    QTRY_VERIFY(pButton->hasFocus());
+    const QImage imageWith = pButton->grab().toImage();
+
+    const QRect rcInner = imageWith.rect().adjusted(2, 2, -2, -2);
+    QVERIFY(imageWith != imageWithout);
+    QCOMPARE(imageWith.copy(rcInner), imageWithout.copy(rcInner));
+}
+
+void CThemeTest::theThumbOverTheRowsStandsOut_data()
+{
+    QTest::addColumn<QString>("strGround");
+    QTest::addColumn<QString>("strState");
+    for (const char* szGround : { "tree", "hoverFill", "selectFill" }) {
+        for (const char* szState : { "at rest", "hover", "pressed" }) {
+            QTest::addRow("%s on %s", szState, szGround) << szGround << szState;
+        }
+    }
+}
+
+void CThemeTest::theThumbOverTheRowsStandsOut()
+{
+    QFETCH(QString, strGround);
+    QFETCH(QString, strState);
+    const CTheme theme;
+    const QColor colourGround = theme.GetColour(strGround);
+    QWidget window;
+    window.setObjectName("Ground");
+    window.setStyleSheet(theme.GetApplicationSheet() + "#Ground { background: " + colourGround.name() + "; }");
+    CScrollBar bar(Qt::Vertical, &window);
+    bar.setGeometry(rcBar);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCursor::setPos(bar.mapToGlobal(ptOutside)); // the next move enters the bar, wherever the mouse rested before
+    if (strState != "at rest") {
+        QCursor::setPos(bar.mapToGlobal(ptThumb));
+        QTRY_VERIFY(bar.underMouse());
+    }
+    if (strState == "pressed") {
+        QTest::mousePress(&bar, Qt::LeftButton, Qt::NoModifier, ptThumb);
+    }
+
+    const QImage image = window.grab(rcBar).toImage();
+    QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, ptThumb);
+
+    QCOMPARE(image.pixelColor(ptGroove), colourGround);
+    const double dContrast = Contrast(image.pixelColor(ptThumb), colourGround);
+    QVERIFY2(dContrast >= 3, qPrintable(QString::number(dContrast)));
 }
 
 void CThemeTest::theFontForSmallSizesIsInUse()

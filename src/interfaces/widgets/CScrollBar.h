@@ -6,7 +6,8 @@
 #include <QScrollBar>
 
 /// A slim scroll bar that is laid over a view and moves with the view's own, hidden bar. Its thickness
-/// is 8 pixels, whatever the style says. Where it lies is the view's business.
+/// is 5 pixels, whatever the style says. Where it lies is the view's business. A drag that comes over it
+/// means the view: the bar passes it on to the viewport.
 class COMMONCOMPONENT_EXPORT CScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -17,9 +18,9 @@ public:
 
     /// Ties this bar to pSystemBar, both ways: range, steps and value. Steps of the system bar are taken
     /// over when its range or value changes, when its view paints and before this bar takes input.
-    /// When the range changes the bar shows itself if there is something to scroll and its place lies
-    /// within its parent, and hides itself otherwise. pSystemBar stays owned by its view and must not be
-    /// null. One call an object.
+    /// When the range changes the bar shows itself if there is something to scroll, its parent is at least
+    /// 10 pixels wide and high and its place lies within its parent, and hides itself otherwise.
+    /// pSystemBar stays owned by its view and must not be null. One call an object.
     void ConnectSystem(QScrollBar* pSystemBar);
 
     QSize sizeHint() const override;
