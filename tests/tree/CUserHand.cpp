@@ -88,11 +88,19 @@ void CUserHand::Choose(QMenu* pMenu, const QStringList& listPath)
     QAction* const pAction = FindEntry(pMenu, listPath.first());
     QVERIFY2(pAction, qPrintable(listPath.first()));
     const QPointer<QMenu> pSubMenu = pAction->menu();
-    QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
+    QTest::mouseClick(pMenu->windowHandle(), Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
     if (listPath.size() > 1) {
         QVERIFY(pSubMenu && QTest::qWaitFor([&] { return pSubMenu && pSubMenu->isVisible(); }));
         Choose(pSubMenu, listPath.mid(1));
     }
+}
+
+void CUserHand::ChooseByKey(QMenu* pMenu, const QString& strEntry)
+{
+    QAction* const pAction = FindEntry(pMenu, strEntry);
+    QVERIFY2(pAction, qPrintable(strEntry));
+    pMenu->setActiveAction(pAction);
+    QTest::keyPress(pMenu->windowHandle(), Qt::Key_Return); // the window may have gone before the release
 }
 
 QStringList CUserHand::Entries(const QMenu* pMenu)
