@@ -51,10 +51,10 @@ void CProcessorTreeToolBar::UpdateToolBarState()
     mapButton.value(ToolBarAddProcessor)->setToolTip(bSimulator ? tr("Add simulators") : GetToolTip(ToolBarAddProcessor));
     mapButton.value(ToolBarAddProcessor)->setEnabled(state.bAddProcessor);
     mapAction.value(ToolBarImport)->setEnabled(state.bImport);
-    UpdateActionIcon(ToolBarImport, QString::fromLatin1(szImportDisabledIcon));
     mapAction.value(ToolBarExport)->setEnabled(state.bExport);
-    UpdateActionIcon(ToolBarExport, QString::fromLatin1(szExportDisabledIcon));
     mapButton.value(ToolBarAddGroup)->setEnabled(state.bAddGroup);
+    UpdateActionIcon(ToolBarImport, QString::fromLatin1(szImportDisabledIcon));
+    UpdateActionIcon(ToolBarExport, QString::fromLatin1(szExportDisabledIcon));
     mapButton.value(ToolBarDelete)->setEnabled(IsDeleteEnabled(g_pProcessorTreeData->GetSelectedNodes(), bLocked));
 }
 
