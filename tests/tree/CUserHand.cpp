@@ -34,6 +34,14 @@ QAction* FindEntry(const QMenu* pMenu, const QString& strText)
     return nullptr;
 }
 
+/// Lets a test that has failed go on: its menu would wait for ever.
+void CloseMenus()
+{
+    while (QWidget* const pMenu = QApplication::activePopupWidget()) {
+        pMenu->close();
+    }
+}
+
 } // namespace
 
 CUserHand::CUserHand(const FnMenu& fnAct)
@@ -86,7 +94,10 @@ bool CUserHand::HasActed() const
 void CUserHand::Choose(QMenu* pMenu, const QStringList& listPath)
 {
     QAction* const pAction = FindEntry(pMenu, listPath.first());
-    QVERIFY2(pAction, qPrintable(listPath.first()));
+    if (!pAction) {
+        CloseMenus();
+        QFAIL(qPrintable("no entry " + listPath.first()));
+    }
     const QPointer<QMenu> pSubMenu = pAction->menu();
     QTest::mouseClick(pMenu->windowHandle(), Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
     if (listPath.size() > 1) {
@@ -98,7 +109,10 @@ void CUserHand::Choose(QMenu* pMenu, const QStringList& listPath)
 void CUserHand::ChooseByKey(QMenu* pMenu, const QString& strEntry)
 {
     QAction* const pAction = FindEntry(pMenu, strEntry);
-    QVERIFY2(pAction, qPrintable(strEntry));
+    if (!pAction) {
+        CloseMenus();
+        QFAIL(qPrintable("no entry " + strEntry));
+    }
     pMenu->setActiveAction(pAction);
     QTest::keyPress(pMenu->windowHandle(), Qt::Key_Return); // the window may have gone before the release
 }
