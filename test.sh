@@ -75,13 +75,16 @@ main() {
     build dev
 
     section "Quick tests"
-    run_tests dev -j "$jobs" -LE '^(e2e|stress)$'
+    run_tests dev -j "$jobs" -LE '^(e2e|stress|memcheck)$'
 
     section "Address, undefined behaviour, leaks"
     build asan --target ptv_tests && run_tests asan -j "$jobs" -LE '^(e2e|lint)$'
 
     section "Threads"
     build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$' -LE '^e2e$'
+
+    section "Memory that Qt's own code touches"
+    run_tests dev -j "$jobs" -L '^memcheck$'
 
     section "Fuzzing the reader of list files"
     step "fuzzing, 20 s" scripts/fuzz.sh 20

@@ -13,6 +13,8 @@ add_custom_target(ptv_tests_thread)
 # Labels: quick (the default: within a second or so), stress (long), gui (paints or takes input),
 # thread (runs threads of its own: these also run under the thread sanitizer), e2e (needs an X server
 # or the whole application: these run under no sanitizer). All but e2e run under the address sanitizer.
+# memcheck (widgets end inside their own handlers, or other uses of memory that Qt's own code makes, which
+# is not instrumented: registered a second time as memcheck_<name>, under valgrind, with this label alone).
 function(ptv_test name)
     cmake_parse_arguments(TEST "NO_DOUBLE;PLAIN" "TIMEOUT" "SOURCES;LIBS;LABELS;ENVIRONMENT" ${ARGN})
     if(TEST_UNPARSED_ARGUMENTS)
@@ -34,7 +36,28 @@ function(ptv_test name)
     if("thread" IN_LIST TEST_LABELS)
         add_dependencies(ptv_tests_thread ${name})
     endif()
+    if("memcheck" IN_LIST TEST_LABELS)
+        list(REMOVE_ITEM TEST_LABELS memcheck)
+        ptv_add_memcheck(${name} ENVIRONMENT ${TEST_ENVIRONMENT})
+    endif()
     ptv_add_test(${name} COMMAND ${name} LABELS ${TEST_LABELS} TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT ${TEST_ENVIRONMENT})
+endfunction()
+
+# The program once more, as memcheck_<name>; not in a build that has a sanitizer in the program. Valgrind cannot
+# follow what the regular expressions compile for themselves at run time. Leaks are the address sanitizer's.
+function(ptv_add_memcheck name)
+    cmake_parse_arguments(TEST "" "" "ENVIRONMENT" ${ARGN})
+    find_program(PTV_VALGRIND valgrind)
+    if(PTV_SANITIZE OR NOT PTV_VALGRIND)
+        return()
+    endif()
+    set(suppressions ${PROJECT_SOURCE_DIR}/tests/support/suppressions/memcheck.supp)
+    ptv_add_test(memcheck_${name}
+        COMMAND ${PTV_VALGRIND} --tool=memcheck --quiet --leak-check=no --num-callers=40 --error-exitcode=99
+            --suppressions=${suppressions} $<TARGET_FILE:${name}>
+        LABELS memcheck
+        TIMEOUT 300
+        ENVIRONMENT QT_ENABLE_REGEXP_JIT=0 ${TEST_ENVIRONMENT})
 endfunction()
 
 # What every program of the tests has in common, also those that a test starts.

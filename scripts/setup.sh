@@ -12,6 +12,7 @@ run_packages=(
 test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
     xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
+    valgrind                    # what Qt's own code, which is not instrumented, does to memory
     binutils python3            # the exported symbols, the include rules
     python3-pil                 # pixels of the screen
     clang clang-format clang-tidy clazy
@@ -20,7 +21,7 @@ test_packages=(
 
 # What stands for the packages where there is no dpkg.
 run_commands=(g++ cmake ninja lrelease)
-test_commands=(Xvfb openbox xdotool xclip xwininfo nm python3 clang-format clang-tidy clazy-standalone)
+test_commands=(Xvfb openbox xdotool xclip xwininfo valgrind nm python3 clang-format clang-tidy clazy-standalone)
 run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
 
 die() {

@@ -362,7 +362,11 @@ void CProcessorTreeView::StartRefresh()
 void CProcessorTreeView::FinishRefresh()
 {
     bRefreshing = false;
+    const QPointer<CProcessorTreeView> pAlive = this; // the host may end the panel in its slot
     emit NodeSelectChanged();
+    if (!pAlive) {
+        return;
+    }
     UpdateWidget();
     pRefreshButton->blockSignals(false);
 }

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -50,10 +51,10 @@ void CProcessorTreeToolBar::UpdateToolBarState()
     mapButton.value(ToolBarAddProcessor)->setToolTip(bSimulator ? tr("Add simulators") : GetToolTip(ToolBarAddProcessor));
     mapButton.value(ToolBarAddProcessor)->setEnabled(state.bAddProcessor);
     mapAction.value(ToolBarImport)->setEnabled(state.bImport);
-    UpdateActionIcon(ToolBarImport, QString::fromLatin1(szImportDisabledIcon));
     mapAction.value(ToolBarExport)->setEnabled(state.bExport);
-    UpdateActionIcon(ToolBarExport, QString::fromLatin1(szExportDisabledIcon));
     mapButton.value(ToolBarAddGroup)->setEnabled(state.bAddGroup);
+    UpdateActionIcon(ToolBarImport, QString::fromLatin1(szImportDisabledIcon));
+    UpdateActionIcon(ToolBarExport, QString::fromLatin1(szExportDisabledIcon));
     mapButton.value(ToolBarDelete)->setEnabled(IsDeleteEnabled(g_pProcessorTreeData->GetSelectedNodes(), bLocked));
 }
 
@@ -123,10 +124,28 @@ void CProcessorTreeToolBar::InitLayout()
 
 void CProcessorTreeToolBar::SetConnection()
 {
-    for (int id = ToolBarAddGroup; id <= ToolBarDelete; ++id)
-        connect(mapButton.value(id), &QAbstractButton::clicked, this, [this, id] { emit SignalToolBar(id); });
-    for (int id = ToolBarSearch; id <= ToolBarExport; ++id)
-        connect(mapAction.value(id), &QAction::triggered, this, [this, id] { emit SignalToolBar(id); });
+    for (int id = ToolBarAddGroup; id <= ToolBarDelete; ++id) {
+        connect(mapButton.value(id), &QAbstractButton::clicked, this, [this, id] { Send(id, mapButton.value(id)); });
+    }
+    for (int id = ToolBarSearch; id <= ToolBarExport; ++id) {
+        connect(mapAction.value(id), &QAction::triggered, this, [this, id] { Send(id, mapButton.value(ToolBarMenu)->menu()); });
+    }
+}
+
+// The host may end the panel under a dialog of the command. Qt's handler of the click uses what was clicked to
+// its end, and nobody else deletes the menu that Qt's button runs: so a tool bar that goes leaves it behind.
+// It is deleted from here, when that handler has returned; asked for where the tool bar goes, deeper in, the
+// dialog's event loop might already do it.
+void CProcessorTreeToolBar::Send(int id, QWidget* pClicked)
+{
+    const QPointer<CProcessorTreeToolBar> pSelf = this;
+    const auto leave = connect(this, &QObject::destroyed, pClicked, [pClicked] { pClicked->setParent(nullptr); });
+    emit SignalToolBar(id);
+    if (pSelf) {
+        disconnect(leave);
+    } else {
+        pClicked->deleteLater();
+    }
 }
 
 // Knows nothing of the pane, on purpose: the next UpdateToolBarState() mends the tip of Add.

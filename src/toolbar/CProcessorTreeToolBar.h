@@ -31,7 +31,7 @@ public:
     void UpdateToolBarState();
 
 signals:
-    /// A command was given; id is an EnToolBarButton, never ToolBarMenu.
+    /// A command was given; id is an EnToolBarButton, never ToolBarMenu. A slot may end the tool bar.
     void SignalToolBar(int id);
 
 protected:
@@ -44,6 +44,7 @@ private:
     void InitMenu();
     void InitLayout();
     void SetConnection();
+    void Send(int id, QWidget* pClicked);
     void UpdateText();
     void UpdateActionIcon(int id, const QString& strDisabledIcon);
     bool IsDeleteEnabled(const std::vector<QUuid>& vecId, bool bLocked) const;

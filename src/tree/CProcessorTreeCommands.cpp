@@ -51,13 +51,14 @@ void CProcessorTree::contextMenuEvent(QContextMenuEvent* pEvent)
     if (!index.isValid() || !listSelected.contains(index) || !HasMenu(index)) {
         return;
     }
-    // On the heap: this tree owns the menu too and may be destroyed while exec() runs.
-    const QPointer<CMenu> pMenu = new CMenu(this);
-    pMenu->setMinimumWidth(nMenuMinimumWidth);
-    CTreeMenu menu(mapAction, [this](const SProcessorGroupNode& group) { MoveToGroup(group); });
-    menu.Fill(pMenu, index, listSelected.size());
-    pMenu->exec(mapToGlobal(pEvent->pos()));
-    delete pMenu;
+    CMenu menu(this);
+    // The host may end this tree while exec() runs, also under a dialog that an entry has opened. Qt's handler
+    // of the click on that entry uses the menu to its end, so the menu leaves a tree that goes and dies here.
+    connect(this, &QObject::destroyed, &menu, [&menu] { menu.setParent(nullptr); });
+    menu.setMinimumWidth(nMenuMinimumWidth);
+    CTreeMenu filler(mapAction, [this](const SProcessorGroupNode& group) { MoveToGroup(group); });
+    filler.Fill(&menu, index, listSelected.size());
+    menu.exec(mapToGlobal(pEvent->pos()));
 }
 
 void CProcessorTree::DealAction(int nAction)
@@ -315,8 +316,11 @@ void CProcessorTree::RemoveFromGroup()
 
 void CProcessorTree::MoveToGroup(const SProcessorGroupNode& group)
 {
+    const QPointer<CProcessorTree> pSelf = this; // the host may end it in a call of the library
     MoveSelectedProcessors(group.idNode);
-    expand(pModel->GetIndexById(group.idNode));
+    if (pSelf) {
+        expand(pModel->GetIndexById(group.idNode));
+    }
 }
 
 void CProcessorTree::MoveSelectedProcessors(const QUuid& idGroup)

@@ -17,6 +17,12 @@ namespace
 
 const int nSubMenuMinimumWidth = 100;
 
+/// A menu takes a single "&" for the mark of a mnemonic and does not show it.
+QString EntryText(QString strName)
+{
+    return strName.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
 } // namespace
 
 CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActions, FnMoveToGroup fnMove)
@@ -58,7 +64,7 @@ void CTreeMenu::AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked)
     const QUuid idParent = indexClicked.parent().data(RoleNodeId).toUuid();
     for (const SProcessorGroupNode& group : std::as_const(nodeAll.listGroup)) {
         if (group.idNode != idParent) {
-            QAction* const pAction = pSubMenu->addAction(group.strName);
+            QAction* const pAction = pSubMenu->addAction(EntryText(group.strName));
             pAction->setShortcut(QKeySequence());
             QObject::connect(pAction, &QAction::triggered, pSubMenu, [fn = fnMoveToGroup, group] { fn(group); });
         }

@@ -18,9 +18,9 @@ bool SDragPayload::IsIn(const QMimeData* pData)
 
 SDragPayload SDragPayload::FromMime(const QMimeData* pData)
 {
+    // Not by QDataStream, which takes every other byte than 0 for true and leaves the rest unread.
     SDragPayload payload;
-    QDataStream stream(pData->data(szFormat));
-    stream >> payload.bAllow;
+    payload.bAllow = pData->data(szFormat) == QByteArray(1, 1);
     return payload;
 }
 

@@ -8,7 +8,7 @@ struct SDragPayload
     /// True when data is a drag of rows at all.
     static bool IsIn(const QMimeData* pData);
 
-    /// Reads the payload; an empty or broken one may not be dropped.
+    /// Reads the payload. One byte of value 1 may be dropped; anything else, also what is broken, may not.
     static SDragPayload FromMime(const QMimeData* pData);
 
     /// New data, owned by the caller.

@@ -9,7 +9,7 @@ const int nMinimumEdge = 10;
 
 SOverlayBars::SOverlayBars(const QSize& size, int nHorizontalHeight, int nVerticalWidth)
     : rcHorizontal(QPoint(0, size.height() - nHorizontalHeight - 1),
-                   QPoint(size.width() - nVerticalWidth - 2, size.height() - 2)),
+                   QPoint(size.width() - nHorizontalHeight - 2, size.height() - 2)),
       rcVertical(QPoint(size.width() - nVerticalWidth - 1, 1), QPoint(size.width() - 2, size.height() - 1))
 { }
 

@@ -12,6 +12,6 @@ struct SOverlayBars
     /// False for a tree that is too small for bars.
     static bool HasRoom(const QSize& size);
 
-    QRect rcHorizontal; ///< stops short of the corner; leaves the last row of pixels free
+    QRect rcHorizontal; ///< stops short of the corner by its own thickness; leaves the last row of pixels free
     QRect rcVertical;   ///< on purpose uneven to the other: leaves the first row of pixels free, not the last
 };

@@ -60,6 +60,7 @@ private slots:
     void unfaithfulDoubleKeepsItsAnswers();
     void refusedSelectionIsNotKept();
     void heldCallIsWrittenDownAndWaits();
+    void whatTheLibraryDoesMeanwhileRunsOnceInsideTheCall();
     void messageReachesEachObserverOnceOnAThreadOfItsOwn();
     void messageOfOneObjectReachesItsObserversOnly();
     void postedMessageIsDelivered();
@@ -194,6 +195,22 @@ void CControlDoubleTest::heldCallIsWrittenDownAndWaits()
     thread.join();
     QVERIFY(bReturned);
     QVERIFY(!control.WaitForHeld("RefreshProcessors", 0));
+}
+
+void CControlDoubleTest::whatTheLibraryDoesMeanwhileRunsOnceInsideTheCall()
+{
+    CControlDouble control;
+    QStringList listAtThatTime;
+    control.During("SetBusy", [&] {
+        g_pPrcListControl->GetNextGroupIndex();
+        listAtThatTime = control.Calls();
+    });
+
+    g_pRuntimeControl->SetBusy(true);
+    g_pRuntimeControl->SetBusy(false);
+
+    QCOMPARE(listAtThatTime, (QStringList{ "g_pRuntimeControl.SetBusy(true)", "g_pPrcListControl.GetNextGroupIndex()" }));
+    QCOMPARE(control.CallCount("GetNextGroupIndex"), 1);
 }
 
 void CControlDoubleTest::messageReachesEachObserverOnceOnAThreadOfItsOwn()

@@ -11,6 +11,8 @@
 #include <QHBoxLayout>
 #include <QSignalSpy>
 
+#include <utility>
+
 namespace
 {
 const char szImport[] = ":/image/projectManage/importProject/importProject.svg";
@@ -31,6 +33,54 @@ SProcessorAllNode Processors(int nCount)
         tree.listProcessor.append(SProcessorNode());
     return tree;
 }
+/// Nothing can be done there: against a usual Discovered pane each state changes, and the tip of Add.
+void FullSimulatorPane(SControlAnswers& answers)
+{
+    answers.bSimulatorPane = true;
+    answers.nodeSimulator = Processors(2);
+    for (int i = 0; i < 256; ++i) {
+        answers.nodeSimulator.listGroup.append(SProcessorGroupNode());
+    }
+    answers.vecSimulatorSelection = { QUuid() };
+}
+
+/// Writes down what changes at buttons and menu entries, in its order.
+class CChangeLog : public QObject
+{
+public:
+    void Watch(QWidget* pButton, const QString& strName)
+    {
+        pButton->setObjectName(strName);
+        pButton->installEventFilter(this);
+    }
+
+    void Watch(QAction* pAction, const QString& strName)
+    {
+        connect(pAction, &QAction::changed, this, [this, pAction, strName, bEnabled = pAction->isEnabled()]() mutable {
+            const bool bState = std::exchange(bEnabled, pAction->isEnabled()) != pAction->isEnabled();
+            listChange.append(strName + QStringLiteral(": ") + (bState ? "state" : "icon"));
+        });
+    }
+
+    QStringList Changes() const
+    {
+        return listChange;
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTipChange) {
+            listChange.append(watched->objectName() + QStringLiteral(": tip"));
+        } else if (event->type() == QEvent::EnabledChange) {
+            listChange.append(watched->objectName() + QStringLiteral(": state"));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QStringList listChange;
+};
+
 } // namespace
 
 /// The strip of buttons under the trees.
@@ -61,6 +111,7 @@ private slots:
     void buttonsFollowTheCurrentPane_data();
     void buttonsFollowTheCurrentPane();
     void importAndExportShowTheirStateByTheirIcons();
+    void iconsFollowAllStatesAndDeleteComesLast();
     void aLockedListDoesNotShowInTheSimulatorPane();
     void menuAndSearchAreNeverDisabled();
     void deleteFollowsTheSelection_data();
@@ -356,6 +407,26 @@ void CToolBarTest::importAndExportShowTheirStateByTheirIcons()
     pToolBar->UpdateToolBarState();
     QCOMPARE(CentreColour(Action(ToolBarImport)->icon()), IconColour(QString::fromLatin1(szImportDisabled)));
     QCOMPARE(CentreColour(Action(ToolBarExport)->icon()), IconColour(QString::fromLatin1(szExportDisabled)));
+}
+
+void CToolBarTest::iconsFollowAllStatesAndDeleteComesLast()
+{
+    g_pProcessorTreeData->SetCurrentTree(Processors(1));
+    SelectNodes({ ProcessorId("alpha") });
+    pControl->Set(FullSimulatorPane);
+    g_pProcessorTreeData->Refresh();
+    CChangeLog log;
+    log.Watch(Button(ToolBarAddProcessor), "Add");
+    log.Watch(Action(ToolBarImport), "Import");
+    log.Watch(Action(ToolBarExport), "Export");
+    log.Watch(Button(ToolBarAddGroup), "Add group");
+    log.Watch(Button(ToolBarDelete), "Delete");
+
+    pToolBar->UpdateToolBarState();
+
+    QCOMPARE(log.Changes(),
+             QStringList({ "Add: tip", "Add: state", "Import: state", "Export: state", "Add group: state", "Import: icon",
+                           "Export: icon", "Delete: state" }));
 }
 
 void CToolBarTest::aLockedListDoesNotShowInTheSimulatorPane()

@@ -34,6 +34,14 @@ QAction* FindEntry(const QMenu* pMenu, const QString& strText)
     return nullptr;
 }
 
+/// Lets a test that has failed go on: its menu would wait for ever.
+void CloseMenus()
+{
+    while (QWidget* const pMenu = QApplication::activePopupWidget()) {
+        pMenu->close();
+    }
+}
+
 } // namespace
 
 CUserHand::CUserHand(const FnMenu& fnAct)
@@ -86,13 +94,27 @@ bool CUserHand::HasActed() const
 void CUserHand::Choose(QMenu* pMenu, const QStringList& listPath)
 {
     QAction* const pAction = FindEntry(pMenu, listPath.first());
-    QVERIFY2(pAction, qPrintable(listPath.first()));
+    if (!pAction) {
+        CloseMenus();
+        QFAIL(qPrintable("no entry " + listPath.first()));
+    }
     const QPointer<QMenu> pSubMenu = pAction->menu();
-    QTest::mouseClick(pMenu, Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
+    QTest::mouseClick(pMenu->windowHandle(), Qt::LeftButton, Qt::NoModifier, pMenu->actionGeometry(pAction).center());
     if (listPath.size() > 1) {
         QVERIFY(pSubMenu && QTest::qWaitFor([&] { return pSubMenu && pSubMenu->isVisible(); }));
         Choose(pSubMenu, listPath.mid(1));
     }
+}
+
+void CUserHand::ChooseByKey(QMenu* pMenu, const QString& strEntry)
+{
+    QAction* const pAction = FindEntry(pMenu, strEntry);
+    if (!pAction) {
+        CloseMenus();
+        QFAIL(qPrintable("no entry " + strEntry));
+    }
+    pMenu->setActiveAction(pAction);
+    QTest::keyPress(pMenu->windowHandle(), Qt::Key_Return); // the window may have gone before the release
 }
 
 QStringList CUserHand::Entries(const QMenu* pMenu)

@@ -20,8 +20,12 @@ public:
     /// True once the menu or dialog has come.
     bool HasActed() const;
 
-    /// Clicks the entry, and then the entry of its sub-menu, and so on.
+    /// Clicks the entry through its window, and then the entry of its sub-menu, and so on. The menu may die
+    /// of the last click.
     static void Choose(QMenu* pMenu, const QStringList& listPath);
+
+    /// Goes to the entry and presses Return. The menu may die of it.
+    static void ChooseByKey(QMenu* pMenu, const QString& strEntry);
 
     /// "Rename", "(Delete)" for a disabled entry, "Move to group: [Hall, Yard]" for one with a sub-menu.
     static QStringList Entries(const QMenu* pMenu);

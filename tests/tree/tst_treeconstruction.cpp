@@ -296,15 +296,22 @@ private slots:
     void theOverlayBarsLieWhereTheyShould()
     {
         CTreeFixture fixture(ManyProcessors(100));
+        CScrollBar* const pHorizontal = Bar(fixture, Qt::Horizontal);
+        CScrollBar* const pVertical = Bar(fixture, Qt::Vertical);
+        pHorizontal->setFixedHeight(7);
+        pVertical->setFixedWidth(4);
         fixture.pTree->resize(200, 320);
-        const CScrollBar* const pHorizontal = Bar(fixture, Qt::Horizontal);
-        const CScrollBar* const pVertical = Bar(fixture, Qt::Vertical);
-        const int hb = pHorizontal->height();
-        const int vb = pVertical->width();
-        QCOMPARE(pHorizontal->geometry(), QRect(QPoint(0, 320 - hb - 1), QPoint(200 - vb - 2, 318)));
-        QCOMPARE(pVertical->geometry(), QRect(QPoint(200 - vb - 1, 1), QPoint(198, 319)));
-        QVERIFY2(hb == 5 && vb == 5, "slim bars");
-        QVERIFY2(pVertical->x() > 200 - 7, "beside the shapes of the rows, which stop 6 pixels short of the edge");
+        QCOMPARE(pHorizontal->geometry(), QRect(QPoint(0, 312), QPoint(191, 318)));
+        QCOMPARE(pVertical->geometry(), QRect(QPoint(195, 1), QPoint(198, 319)));
+    }
+
+    void theOverlayBarsLieBesideTheRows()
+    {
+        CTreeFixture fixture(ManyProcessors(100));
+        fixture.pTree->resize(200, 320);
+        QCOMPARE(Bar(fixture, Qt::Horizontal)->height(), 5);
+        QCOMPARE(Bar(fixture, Qt::Vertical)->width(), 5);
+        QVERIFY2(Bar(fixture, Qt::Vertical)->x() > 200 - 7, "the rows' shapes stop 6 pixels short of the edge");
     }
 
     void aBarShowsOnlyWhereThereIsSomethingToScroll()

@@ -44,6 +44,15 @@ bool Enter(const CTreeFixture& fixture, const QMimeData* pData)
     return event.isAccepted();
 }
 
+/// As after an enter that was refused.
+bool Move(const CTreeFixture& fixture, const QMimeData* pData)
+{
+    QDragMoveEvent event(QPoint(100, 40), Qt::MoveAction, pData, Qt::LeftButton, Qt::NoModifier);
+    event.setAccepted(false);
+    fixture.pTree->dragMoveEvent(&event);
+    return event.isAccepted();
+}
+
 void SendMouse(const CTreeFixture& fixture, QEvent::Type type, const QPoint& pos, Qt::MouseButton button,
                Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
@@ -182,6 +191,10 @@ private slots:
         QTest::addColumn<bool>("bOurs");
         QTest::newRow("refused") << QByteArray(1, 0) << true;
         QTest::newRow("empty") << QByteArray() << true;
+        QTest::newRow("2") << QByteArray(1, 2) << true;
+        QTest::newRow("255") << QByteArray(1, char(255)) << true;
+        QTest::newRow("1, and a byte more") << QByteArray(2, 1) << true;
+        QTest::newRow("1, and a zero byte") << QByteArray("\1\0", 2) << true;
         QTest::newRow("foreign") << QByteArray("text") << false;
     }
     void aRefusedForeignOrBrokenDropMovesNothing()
@@ -193,6 +206,7 @@ private slots:
         QMimeData data;
         data.setData(bOurs ? "PROCESSOR DATA" : "text/plain", bytes);
         QVERIFY(!Enter(fixture, &data));
+        QVERIFY(!Move(fixture, &data));
         QVERIFY(!Drop(fixture, fixture.At(fixture.Row("Hall")), &data));
         QCOMPARE(fixture.control.Commands(), QStringList());
     }

@@ -308,6 +308,22 @@ private slots:
                                "gui: " + MoveCall("gamma", "Hall"), "gui: g_pPrcListControl.SetExpanded(Hall, true)" }));
     }
 
+    void anAmpersandInAGroupsNameIsShown()
+    {
+        CTreeFixture fixture(Root({ Group("R&D"), Group("A & B") }, { Processor("loose").Expanded(false) }));
+        fixture.Select({ "loose" });
+        QStringList listShown;
+        const CUserHand hand([&](QMenu* pMenu) {
+            for (const QAction* const pAction : Action(fixture, "Move to group")->menu()->actions()) {
+                listShown.append(pAction->iconText()); // the text without the marks of mnemonics
+            }
+            CUserHand::Choose(pMenu, { "Move to group", "R&&D" });
+        });
+        fixture.RightClick(fixture.At(fixture.Row("loose")));
+        QCOMPARE(listShown, (QStringList{ "R&D", "A & B" }));
+        QCOMPARE(fixture.control.Commands(), QStringList{ MoveCall("loose", "R&D") });
+    }
+
     void aGroupThatHasGoneWhileTheMenuWasOpenOpensTheRoot()
     {
         CTreeFixture fixture(Site());

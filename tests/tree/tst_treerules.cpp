@@ -125,7 +125,7 @@ private slots:
     void theOverlayBarsAreUnevenOnPurpose()
     {
         const SOverlayBars bars(QSize(300, 600), 8, 10);
-        QCOMPARE(bars.rcHorizontal, QRect(QPoint(0, 591), QPoint(288, 598)));
+        QCOMPARE(bars.rcHorizontal, QRect(QPoint(0, 591), QPoint(290, 598)));
         QCOMPARE(bars.rcVertical, QRect(QPoint(289, 1), QPoint(298, 599)));
     }
 

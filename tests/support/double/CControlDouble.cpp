@@ -152,6 +152,11 @@ int CControlDouble::CallCount(const QString& strOperation) const
     return d->state.journal.CallCount(strOperation);
 }
 
+void CControlDouble::During(const QString& strOperation, const std::function<void()>& fn)
+{
+    d->state.journal.During(strOperation, fn);
+}
+
 void CControlDouble::Hold(const QString& strOperation)
 {
     d->state.journal.Hold(strOperation);

@@ -7,6 +7,8 @@
 #include <QScopedPointer>
 #include <QStringList>
 
+#include <functional>
+
 class CObserver;
 struct SCall;
 
@@ -57,6 +59,10 @@ public:
     /// Calls of an operation since the last ClearJournal(). Operations are named with their object,
     /// "g_pRuntimeControl.SetBusy", or without, "SetBusy", which then means each object's.
     int CallCount(const QString& strOperation) const;
+
+    /// fn runs once, inside the next call of the operation and on its thread: what a library does that runs an
+    /// event loop of its own, or that is slow in a way of its own.
+    void During(const QString& strOperation, const std::function<void()>& fn);
 
     /// From now on calls of the operation are written down and then wait until Release().
     void Hold(const QString& strOperation);

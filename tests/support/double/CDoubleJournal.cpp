@@ -51,6 +51,11 @@ CDoubleJournal::CCallGuard CDoubleJournal::Enter(EnCallKind kind, const QString&
     condition.notify_all();
     condition.wait(lock, [this, &strOperation] { return !IsHeld(strOperation); });
     listWaiting.removeOne(strOperation);
+    const FnDuring fnDuring = TakeDuring(strOperation);
+    lock.unlock(); // it may call the library itself
+    if (fnDuring) {
+        fnDuring();
+    }
     return CCallGuard(*this);
 }
 
@@ -71,6 +76,12 @@ void CDoubleJournal::Clear()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     listCall.clear();
+}
+
+void CDoubleJournal::During(const QString& strOperation, const FnDuring& fn)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    mapDuring.insert(strOperation, fn);
 }
 
 void CDoubleJournal::Hold(const QString& strOperation)
@@ -120,6 +131,19 @@ bool CDoubleJournal::IsHeld(const QString& strOperation) const
 {
     return std::any_of(setHeld.cbegin(), setHeld.cend(),
                        [&strOperation](const QString& strHeld) { return Names(strHeld, strOperation); });
+}
+
+// Called with the mutex held.
+CDoubleJournal::FnDuring CDoubleJournal::TakeDuring(const QString& strOperation)
+{
+    for (auto it = mapDuring.begin(); it != mapDuring.end(); ++it) {
+        if (Names(it.key(), strOperation)) {
+            const FnDuring fn = it.value();
+            mapDuring.erase(it);
+            return fn;
+        }
+    }
+    return FnDuring();
 }
 
 int CDoubleJournal::CountCalls(const QString& strOperation) const

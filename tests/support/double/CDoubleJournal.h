@@ -3,10 +3,12 @@
 #include "double/SCall.h"
 
 #include <QList>
+#include <QMap>
 #include <QSet>
 #include <QStringList>
 
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 
 /// The ordered journal of all calls, and the gate at which a call can be held. Any thread.
@@ -28,11 +30,18 @@ public:
         CDoubleJournal* pJournal;
     };
 
-    /// Writes the call down and, when its operation is held, waits until it is let go.
+    /// What the library does meanwhile.
+    using FnDuring = std::function<void()>;
+
+    /// Writes the call down and, when its operation is held, waits until it is let go. Then runs what During()
+    /// asked for.
     CCallGuard Enter(EnCallKind kind, const QString& strOperation, const QString& strArguments);
 
     QList<SCall> Calls() const;
     void Clear();
+
+    /// fn runs once, inside the next call of the operation, on the thread of that call.
+    void During(const QString& strOperation, const FnDuring& fn);
 
     void Hold(const QString& strOperation);
     void Release(const QString& strOperation);
@@ -55,11 +64,13 @@ private:
     void Leave();
     bool IsHeld(const QString& strOperation) const;
     int CountCalls(const QString& strOperation) const;
+    FnDuring TakeDuring(const QString& strOperation);
 
     mutable std::mutex mutex;          ///< guards the fields below
     std::condition_variable condition; ///< any of them changed
     QList<SCall> listCall;
     QSet<QString> setHeld;   ///< operations that are held
     QStringList listWaiting; ///< operations of the calls that stand at their gate
-    int nUnderWay = 0;       ///< calls between Enter and their end
+    QMap<QString, FnDuring> mapDuring;
+    int nUnderWay = 0; ///< calls between Enter and their end
 };

@@ -1,0 +1,100 @@
+#include "TestMain.h"
+#include "TreeText.h"
+#include "double/CControlDouble.h"
+#include "interfaces/host/ICorvidWidget.h"
+#include "interfaces/host/IUIManagement.h"
+
+#include <QLibrary>
+#include <QStackedLayout>
+#include <QTreeView>
+
+#include <dlfcn.h>
+
+namespace
+{
+
+constexpr char szEntryPoint[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
+constexpr int nLoads = 1000;
+using FnInit = int (*)(ICorvidWidget**, IUIManagement*);
+
+QString PluginPath()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/libProcessorTreeView.so");
+}
+
+/// A window with one panel in it, from a library that is loaded for it.
+class CLoadedPanel final : public IUIManagement
+{
+public:
+    CLoadedPanel() : library(PluginPath())
+    {
+        window.resize(300, 200);
+        if (const auto fnInit = reinterpret_cast<FnInit>(library.resolve(szEntryPoint))) {
+            fnInit(&pPanel, this);
+            pPanel->GetWidget()->resize(window.size());
+            window.show();
+        }
+    }
+
+    virtual ~CLoadedPanel()
+    {
+        delete pPanel;
+        library.unload();
+    }
+    Q_DISABLE_COPY(CLoadedPanel)
+
+    QWidget* GetParentWidget() override
+    {
+        return &window;
+    }
+
+    QTreeView* Tree() const
+    {
+        return qobject_cast<QTreeView*>(pPanel->GetWidget()->findChild<QStackedLayout*>()->currentWidget());
+    }
+
+    QLibrary library;
+    QWidget window;
+    ICorvidWidget* pPanel = nullptr;
+};
+
+} // namespace
+
+/// A host that loads and unloads the shipped library again and again.
+class CPluginReloadTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void unloadingLeavesTheLibraryInMemory()
+    {
+        CControlDouble control;
+        {
+            const CLoadedPanel panel;
+            QVERIFY2(panel.pPanel, qPrintable(panel.library.errorString()));
+        }
+        void* const pLibrary = dlopen(qPrintable(PluginPath()), RTLD_LAZY | RTLD_NOLOAD);
+        QVERIFY2(pLibrary, "Qt keeps what the library has registered with it");
+        dlclose(pLibrary);
+    }
+
+    void eachOfAThousandLoadsPaintsItsPanel()
+    {
+        CControlDouble control;
+        for (int i = 0; i < nLoads; ++i) {
+            const QString strName = QString::number(i);
+            control.Set([&](SControlAnswers& answers) { answers.nodeDiscovered = Root({}, { Processor(strName).Primary() }); });
+            const CLoadedPanel panel;
+            QVERIFY2(panel.pPanel, qPrintable(panel.library.errorString()));
+            QVERIFY(QTest::qWaitFor([&] { // a message may lie in the worker's queue until the next one
+                control.Raise(1);
+                return TreeText(panel.Tree()).contains("processor " + strName);
+            }));
+            QVERIFY(!panel.pPanel->GetWidget()->grab().isNull());
+            control.ClearJournal();
+        }
+    }
+};
+
+PTV_TEST_MAIN(CPluginReloadTest)
+#include "tst_pluginreload.moc"
