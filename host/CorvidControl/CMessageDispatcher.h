@@ -40,7 +40,7 @@ public:
     void Stop();
 
 private:
-    using Clock = std::chrono::system_clock;
+    using Clock = std::chrono::steady_clock;
 
     struct SSubscription
     {
