@@ -110,6 +110,21 @@ QStringList CControlHost::GetRunningJobs() const
     return pLibrary->jobs.GetRunning();
 }
 
+void CControlHost::SetUserEditing(bool bOn)
+{
+    pLibrary->dispatcher.SetUserEditing(bOn);
+}
+
+void CControlHost::SetUserActing(bool bOn)
+{
+    pLibrary->dispatcher.SetUserActing(bOn);
+}
+
+void CControlHost::NoteUserInput()
+{
+    pLibrary->dispatcher.NoteUserInput();
+}
+
 QString CControlHost::GetMessageName(int nMessage)
 {
     static const QMap<int, QString> mapName{

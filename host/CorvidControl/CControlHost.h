@@ -58,6 +58,20 @@ public:
     QDateTime GetBusySince() const;     ///< invalid when idle
     QStringList GetRunningJobs() const; ///< the blocking calls under way, oldest first, for display
 
+    /// What the user is in the middle of, so that no change takes it away. The control library holds its
+    /// messages back meanwhile, but not for long; a true that is never taken back costs no more.
+    ///
+    /// An editor of a row is open in the panel: all messages that make it read wait, at most ten seconds
+    /// from the first of them, and go when the editor closes.
+    void SetUserEditing(bool bOn);
+
+    /// A mouse button is down, or a drag or a menu runs: messages about devices wait, at most two seconds.
+    void SetUserActing(bool bOn);
+
+    /// A key, a button or the wheel, just now: messages about devices wait for 400 milliseconds without
+    /// any, at most two seconds.
+    void NoteUserInput();
+
     /// A short English name for a message number, such as "DeleteFinished"; empty for an unknown one.
     static QString GetMessageName(int nMessage);
 

@@ -71,7 +71,7 @@ void CJobs::AwaitIdle(std::chrono::milliseconds time)
     std::unique_lock<std::mutex> lock(mutex);
     const auto isQuiet = [this] { return listJob.isEmpty() && nTelling == 0; };
     condEnd.wait(lock, isQuiet);
-    condEnd.wait_until(lock, std::chrono::system_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
+    condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
 }
 
 // Wakes under the lock: who waits may destroy this object as soon as it has the lock.

@@ -32,7 +32,7 @@ public:
     qint64 GetTime() const; ///< milliseconds since the start; 0 before it
 
 private:
-    using Clock = std::chrono::system_clock;
+    using Clock = std::chrono::steady_clock;
 
     void Start(const std::function<void()>& body);
     void RunScenario(QVector<SScenarioStep> vecStep);

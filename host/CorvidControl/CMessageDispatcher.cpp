@@ -5,7 +5,16 @@
 
 #include <algorithm>
 
-CMessageDispatcher::CMessageDispatcher() : threadDelivery([this] { Run(); }) { }
+namespace
+{
+
+constexpr CSteadyClock::Time timeNever = CSteadyClock::Time::max();
+
+} // namespace
+
+CMessageDispatcher::CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn)
+    : pClock(std::move(pClockIn)), threadDelivery([this] { Run(); })
+{ }
 
 CMessageDispatcher::~CMessageDispatcher()
 {
@@ -20,7 +29,7 @@ void CMessageDispatcher::Attach(EnMessageSender sender, CObserver* pObserver)
         return;
     vecSubscription.push_back(subscription);
     if (sender == SenderPrcList)
-        Enqueue({ sender, MessageListChanged, pObserver });
+        Enqueue(sender, MessageListChanged, pObserver);
 }
 
 void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
@@ -35,7 +44,33 @@ void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
 void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    Enqueue({ sender, nMessage, nullptr });
+    Enqueue(sender, nMessage, nullptr);
+}
+
+// An editor that opens again before they went holds them as the one before did.
+void CMessageDispatcher::SetUserEditing(bool bOn)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    const bool bCloses = activity.IsEditing() && !bOn;
+    for (SPending& pending : listPending) {
+        pending.bReleased = !bOn && (bCloses || pending.bReleased);
+    }
+    activity.SetEditing(bOn);
+    condWork.notify_all();
+}
+
+void CMessageDispatcher::SetUserActing(bool bOn)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    activity.SetActing(bOn);
+    condWork.notify_all();
+}
+
+// Wakes nobody: input only makes messages wait longer.
+void CMessageDispatcher::NoteUserInput()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    activity.NoteInput(pClock->GetNow());
 }
 
 void CMessageDispatcher::Stop()
@@ -49,16 +84,17 @@ void CMessageDispatcher::Stop()
         threadDelivery.join();
 }
 
-void CMessageDispatcher::Enqueue(const SPending& pending)
+void CMessageDispatcher::Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
-    timeLast = Clock::now();
-    if (listPending.empty())
-        timeFirst = timeLast;
-    const auto isEqual = [&](const SPending& entry) {
-        return entry.sender == pending.sender && entry.nMessage == pending.nMessage && entry.pOnly == pending.pOnly;
-    };
-    if (std::none_of(listPending.cbegin(), listPending.cend(), isEqual))
-        listPending.push_back(pending);
+    const Time timeNow = pClock->GetNow();
+    const auto itEqual = std::find_if(listPending.begin(), listPending.end(), [&](const SPending& entry) {
+        return entry.sender == sender && entry.nMessage == nMessage && entry.pOnly == pOnly;
+    });
+    if (itEqual == listPending.end()) {
+        listPending.push_back({ sender, nMessage, pOnly, timeNow, timeNow });
+    } else {
+        itEqual->timeLast = timeNow;
+    }
     condWork.notify_all();
 }
 
@@ -66,53 +102,103 @@ void CMessageDispatcher::Run()
 {
     std::unique_lock<std::mutex> lock(mutex);
     while (AwaitBurst(lock)) {
-        AwaitQuiet(lock);
-        std::deque<SPending> listBurst;
-        listBurst.swap(listPending);
-        for (const SPending& pending : listBurst)
-            Deliver(lock, pending);
+        const std::deque<SPending> listBurst = TakeBurst();
+        for (const SPending& pending : listBurst) {
+            Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
+        }
         bUnsettled = true;
-        timeSettled = Clock::now() + timeSettle;
+        timeSettled = pClock->GetNow() + timeSettle;
     }
 }
 
-// Needs the lock. Sends the MessageSettled of the burst before, if no further burst comes first.
+// All below need the lock.
+
+// False at the end. Sends the MessageSettled of the burst before, if no further burst comes first.
 bool CMessageDispatcher::AwaitBurst(std::unique_lock<std::mutex>& lock)
 {
-    while (!bStop && listPending.empty()) {
-        if (!bUnsettled) {
-            condWork.wait(lock);
-        } else if (condWork.wait_until(lock, timeSettled) == std::cv_status::timeout) {
+    while (!bStop) {
+        const Time timeNow = pClock->GetNow();
+        const Time timeBurst = FindBurst(timeNow);
+        const Time timeEnd = bUnsettled && timeBurst == timeNever ? timeSettled : timeNever;
+        if (timeBurst <= timeNow) {
+            return true;
+        }
+        if (timeEnd <= timeNow) {
             bUnsettled = false;
-            Deliver(lock, { SenderProtocal, MessageSettled, nullptr });
+            Deliver(lock, SenderProtocal, MessageSettled, nullptr);
+        } else {
+            WaitUntil(lock, std::min({ timeBurst, timeEnd, FindRelease(timeNow) }));
         }
     }
-    return !bStop;
+    return false;
 }
 
-void CMessageDispatcher::AwaitQuiet(std::unique_lock<std::mutex>& lock)
+void CMessageDispatcher::WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd)
 {
-    while (!bStop) {
-        const Clock::time_point timeDue = std::min(timeLast + timeQuiet, timeFirst + timeLongest);
-        if (Clock::now() >= timeDue)
-            return;
-        condWork.wait_until(lock, timeDue);
+    if (timeEnd == timeNever) {
+        condWork.wait(lock);
+    } else {
+        pClock->Wait(condWork, lock, timeEnd);
     }
 }
 
-// Needs the lock, and lets go of it during each Notify.
-void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, const SPending& pending)
+std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst()
+{
+    const Time timeNow = pClock->GetNow();
+    const auto isFree = [&](const SPending& pending) { return IsFree(pending, timeNow); };
+    const bool bAllRead = std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
+        return isFree(pending) && !pending.pOnly && CUserActivity::MakesRead(pending.nMessage);
+    });
+    const auto itHeld = bAllRead ? listPending.end() : std::stable_partition(listPending.begin(), listPending.end(), isFree);
+    std::deque<SPending> listBurst(listPending.begin(), itHeld);
+    listPending.erase(listPending.begin(), itHeld);
+    return listBurst;
+}
+
+// When the messages are due that need not wait for the user; never without one.
+CMessageDispatcher::Time CMessageDispatcher::FindBurst(Time timeNow) const
+{
+    Time timeCalm;
+    Time timeLatest = timeNever;
+    for (const SPending& pending : listPending) {
+        if (IsFree(pending, timeNow)) {
+            timeCalm = std::max(timeCalm, pending.timeLast + timeQuiet);
+            timeLatest = std::min(timeLatest, pending.timeFirst + timeLongest);
+        }
+    }
+    return timeLatest == timeNever ? timeNever : std::min(timeCalm, timeLatest);
+}
+
+// When the next of those need not wait for the user any more that do now; never without one.
+CMessageDispatcher::Time CMessageDispatcher::FindRelease(Time timeNow) const
+{
+    Time timeRelease = timeNever;
+    for (const SPending& pending : listPending) {
+        if (!IsFree(pending, timeNow)) {
+            timeRelease = std::min(timeRelease, activity.GetRelease(pending.nMessage, pending.timeFirst));
+        }
+    }
+    return timeRelease;
+}
+
+bool CMessageDispatcher::IsFree(const SPending& pending, Time timeNow) const
+{
+    return pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
+}
+
+// Lets go of the lock during each Notify.
+void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
     const std::vector<SSubscription> vecReceiver = vecSubscription;
     for (const SSubscription& receiver : vecReceiver) {
         if (bStop)
             return;
-        const bool bMeant = pending.pOnly ? pending.pOnly == receiver.pObserver : true;
-        if (receiver.sender != pending.sender || !bMeant || !IsSubscribed(receiver))
+        const bool bMeant = pOnly ? pOnly == receiver.pObserver : true;
+        if (receiver.sender != sender || !bMeant || !IsSubscribed(receiver))
             continue;
         pRunning = receiver.pObserver;
         lock.unlock();
-        receiver.pObserver->Notify(pending.nMessage);
+        receiver.pObserver->Notify(nMessage);
         lock.lock();
         pRunning = nullptr;
         condDelivered.notify_all();

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "CorvidControl/CSteadyClock.h"
+#include "CorvidControl/CUserActivity.h"
 #include "CorvidControl/EnMessageSender.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -15,6 +18,10 @@ class CObserver;
 /// lock held. Equal messages that wait are merged, and delivery starts when no message has come for
 /// timeQuiet, at the latest after timeLongest: a burst of reports ends in one reading. Each burst is
 /// followed by one MessageSettled of SenderProtocal. All operations may be called on any thread.
+///
+/// While the user is in the middle of something, messages wait as CUserActivity says, each from when the
+/// first of its equals came. What waits delays nothing else and goes along, in the order in which it was
+/// raised, with the first message for all observers that makes them read: they read everything then.
 class CMessageDispatcher
 {
 public:
@@ -22,7 +29,7 @@ public:
     static constexpr std::chrono::milliseconds timeLongest{ 120 };
     static constexpr std::chrono::milliseconds timeSettle{ 60 };
 
-    CMessageDispatcher();
+    explicit CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn = std::make_unique<CSteadyClock>());
 
     /// As Stop.
     ~CMessageDispatcher();
@@ -36,11 +43,16 @@ public:
 
     void Post(EnMessageSender sender, int nMessage);
 
+    /// When it ends, all that waited for it goes, even if the user is acting by then.
+    void SetUserEditing(bool bOn);
+    void SetUserActing(bool bOn);
+    void NoteUserInput();
+
     /// Drops what waits, ends and joins the thread. Not from within a Notify.
     void Stop();
 
 private:
-    using Clock = std::chrono::system_clock;
+    using Time = CSteadyClock::Time;
 
     struct SSubscription
     {
@@ -53,23 +65,31 @@ private:
         EnMessageSender sender;
         int nMessage;
         CObserver* pOnly; ///< the one receiver; null for all
+        Time timeFirst;
+        Time timeLast;          ///< when the last of its equals came
+        bool bReleased = false; ///< the editor that it waited for has closed
     };
 
     void Run();
-    void Enqueue(const SPending& pending);
+    void Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly);
     bool AwaitBurst(std::unique_lock<std::mutex>& lock);
-    void AwaitQuiet(std::unique_lock<std::mutex>& lock);
-    void Deliver(std::unique_lock<std::mutex>& lock, const SPending& pending);
+    void WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd);
+    std::deque<SPending> TakeBurst();
+    Time FindBurst(Time timeNow) const;
+    Time FindRelease(Time timeNow) const;
+    bool IsFree(const SPending& pending, Time timeNow) const;
+    void Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
     bool IsSubscribed(const SSubscription& subscription) const;
 
-    std::mutex mutex; ///< guards all fields below but threadDelivery
+    const std::unique_ptr<const CSteadyClock> pClock;
+
+    std::mutex mutex; ///< guards all fields below but threadDelivery; held for moments only, never in a Notify
     std::condition_variable condWork;
     std::condition_variable condDelivered;
     std::vector<SSubscription> vecSubscription;
     std::deque<SPending> listPending;
-    Clock::time_point timeFirst;
-    Clock::time_point timeLast;
-    Clock::time_point timeSettled; ///< when MessageSettled is due
+    CUserActivity activity;
+    Time timeSettled; ///< when MessageSettled is due
     bool bUnsettled = false;
     bool bStop = false;
     CObserver* pRunning = nullptr; ///< whose Notify is running

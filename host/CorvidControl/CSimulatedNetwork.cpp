@@ -134,5 +134,5 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
 // Needs the lock, and lets go of it while it waits.
 void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
 {
-    condStop.wait_until(lock, std::chrono::system_clock::now() + time, [this] { return bStop; });
+    condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });
 }

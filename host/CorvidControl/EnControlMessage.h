@@ -2,6 +2,7 @@
 
 /// All messages of the library. The numbers are the panel's, see CorvidControl.h: it reads everything
 /// anew on each of them but MessageSettled. 14 and 15 are EnPostedMessage, which the panel posts itself.
+/// Which of them waits while the user is in the middle of something: see CUserActivity.
 enum EnControlMessage
 {
     MessageListChanged = 1,      ///< nodes came, went, moved, got a name, were folded; a list was imported

@@ -34,6 +34,8 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
 
 void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob)
 {
+    if (!bShown || timeBegin != timeSince)
+        timerBusy.start();
     bShown = bBusy;
     timeBegin = timeSince;
     listRunning = listJob;
@@ -60,7 +62,7 @@ void CBusyIndicator::UpdateText()
         pLabel->setText(tr("Ready"));
         return;
     }
-    const qint64 nSeconds = timeBegin.secsTo(QDateTime::currentDateTime());
+    const qint64 nSeconds = timerBusy.elapsed() / g_nSecondMs;
     pLabel->setText(tr("%1 – since %2 (%3 s)").arg(GetWhat(), timeBegin.toString(QStringLiteral("HH:mm:ss"))).arg(nSeconds));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
@@ -36,5 +37,6 @@ private:
     QTimer timer; ///< counts the seconds while busy
     bool bShown = false;
     QDateTime timeBegin;
+    QElapsedTimer timerBusy; ///< the seconds: timeBegin is a reading of a clock that may be set back
     QStringList listRunning;
 };

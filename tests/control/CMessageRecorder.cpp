@@ -47,7 +47,7 @@ void CMessageRecorder::Notify(int nMessage)
 bool CMessageRecorder::Await(int nMessage)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    const auto timeEnd = std::chrono::system_clock::now() + std::chrono::seconds(10);
+    const auto timeEnd = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     return condCome.wait_until(lock, timeEnd, [&] { return vecMessage.contains(nMessage); });
 }
 

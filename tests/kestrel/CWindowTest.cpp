@@ -88,6 +88,7 @@ private slots:
     void theMenuFollowsWhatChangesElsewhere();
     void closeProjectIsOfferedOnlyWithAProject();
     void theStatusBarSaysWhatIsBusyAndSinceWhen();
+    void theSecondsOfAJobCountOnWhenTheClockIsSetBack();
     void quittingWaitsForTheRunningJob();
     void aBusyFlagThatNoJobStandsBehindDoesNotKeepTheWindow();
     void theLanguageMenuChangesEveryText();
@@ -174,6 +175,16 @@ void CWindowTest::theStatusBarSaysWhatIsBusyAndSinceWhen()
     QTRY_VERIFY(kestrel.BusyText().startsWith("Scanning the network"));
     QTRY_COMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
     job.join();
+}
+
+void CWindowTest::theSecondsOfAJobCountOnWhenTheClockIsSetBack()
+{
+    const CTheme theme;
+    CBusyIndicator indicator(theme, nullptr);
+    const QDateTime timeBeforeSetBack = QDateTime::currentDateTime().addSecs(3600);
+    indicator.SetState(true, timeBeforeSetBack, {});
+    QVERIFY2(indicator.GetText().endsWith("(0 s)"), qPrintable(indicator.GetText()));
+    QTRY_VERIFY(indicator.GetText().endsWith("(1 s)"));
 }
 
 void CWindowTest::quittingWaitsForTheRunningJob()

@@ -88,6 +88,22 @@ class LintTest(unittest.TestCase):
         self.write("tests/e2e/drive.sh", "xdotool click 1\nsleep 0.5\n")
         self.assert_fault("fixed_waits.py", "tests/e2e/drive.sh:2:")
 
+    def test_wall_clock_is_found(self):
+        for folder in ("src", "host", "tests", "benchmarks"):
+            for clock in ("std::chrono::system_clock", "std::chrono::high_resolution_clock"):
+                self.write(f"{folder}/t.cpp", f"int a;\nauto end = {clock}::now() + 1s;\n")
+                self.assert_fault("wall_clock.py", f"{folder}/t.cpp:2:")
+            self.write(f"{folder}/t.cpp", "")
+
+    def test_steady_clock_and_a_time_of_day_with_its_reason_pass(self):
+        self.write("host/Kestrel/t.cpp", "std::chrono::steady_clock::now();\n"
+                   "std::chrono::system_clock::now(); // wall clock: shown to the user\n")
+        self.assert_clean("wall_clock.py")
+
+    def test_wall_clock_in_a_script_is_found(self):
+        self.write("tests/e2e/drive.py", "import time\nend = time.time() + 5\n")
+        self.assert_fault("wall_clock.py", "tests/e2e/drive.py:2:")
+
     def test_bad_habits_are_found(self):
         for line in ("connect(a, SIGNAL(b()), c, SLOT(d()));", "for (const auto node : list) {", "int n; // TODO later"):
             self.write("src/data/CStore.cpp", line + "\n")

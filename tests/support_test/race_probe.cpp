@@ -10,14 +10,18 @@
 
 #include "TestMain.h"
 
+#include <chrono>
+#include <condition_variable>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <string>
 #include <thread>
 
 namespace
 {
 constexpr int c_nRounds = 200;
+constexpr std::chrono::seconds timePatience{ 10 };
 int s_nShared = 0;
 
 /// Runs fn on two threads that nothing else orders.
@@ -106,6 +110,28 @@ void RaceWithThreadBeforeWait()
     thread.wait();
 }
 
+/// The write comes after the lock was given back, and the wait for a steady time orders it no more.
+void RaceBehindSteadyWait()
+{
+    std::mutex mutex;
+    std::condition_variable condition;
+    bool bReady = false;
+    std::thread other([&] {
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            bReady = true;
+            condition.notify_all();
+        }
+        Repeat([] { ++s_nShared; });
+    });
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        condition.wait_until(lock, std::chrono::steady_clock::now() + timePatience, [&] { return bReady; });
+    }
+    Repeat([] { ++s_nShared; });
+    other.join();
+}
+
 void CleanReadWriteLock()
 {
     QReadWriteLock lock(QReadWriteLock::Recursive);
@@ -164,6 +190,28 @@ void CleanWaitCondition()
         }
     }
     ++s_nShared;
+    other.join();
+}
+
+/// Each of two threads has its turn; both wait for a steady time, which also runs out now and then.
+void CleanSteadyWait()
+{
+    std::mutex mutex;
+    std::condition_variable condition;
+    int nTurn = 0;
+    const auto play = [&](int nMine) {
+        for (int i = 0; i < c_nRounds; ++i) {
+            std::unique_lock<std::mutex> lock(mutex);
+            while (nTurn != nMine) {
+                condition.wait_until(lock, std::chrono::steady_clock::now() + std::chrono::microseconds(50));
+            }
+            ++s_nShared;
+            nTurn = 1 - nTurn;
+            condition.notify_all();
+        }
+    };
+    std::thread other([&] { play(1); });
+    play(0);
     other.join();
 }
 
@@ -254,10 +302,12 @@ const std::map<std::string, FnPattern> c_mapPattern{
     { "raceTwoMutexes", &RaceTwoMutexes },
     { "raceWithPoolJob", &RaceWithPoolJob },
     { "raceWithThreadBeforeWait", &RaceWithThreadBeforeWait },
+    { "raceBehindSteadyWait", &RaceBehindSteadyWait },
     { "cleanReadWriteLock", &CleanReadWriteLock },
     { "cleanReaders", &CleanReaders },
     { "cleanMutex", &CleanMutex },
     { "cleanWaitCondition", &CleanWaitCondition },
+    { "cleanSteadyWait", &CleanSteadyWait },
     { "cleanSemaphore", &CleanSemaphore },
     { "cleanQueuedSignal", &CleanQueuedSignal },
     { "cleanInvokedMethods", &CleanInvokedMethods },

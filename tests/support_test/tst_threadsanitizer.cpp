@@ -42,7 +42,7 @@ int RunPattern(const QString& strPattern, QString& strOutput)
 void CThreadSanitizerTest::plantedRaceIsReported_data()
 {
     AddRows({ "raceWithoutLock", "raceWriteUnderReadLock", "raceAfterRecursiveUnlock", "raceTwoMutexes", "raceWithPoolJob",
-              "raceWithThreadBeforeWait" });
+              "raceWithThreadBeforeWait", "raceBehindSteadyWait" });
 }
 
 void CThreadSanitizerTest::plantedRaceIsReported()
@@ -55,8 +55,9 @@ void CThreadSanitizerTest::plantedRaceIsReported()
 
 void CThreadSanitizerTest::correctPatternIsSilent_data()
 {
-    AddRows({ "cleanReadWriteLock", "cleanReaders", "cleanMutex", "cleanWaitCondition", "cleanSemaphore", "cleanQueuedSignal",
-              "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait", "cleanWorkerThatDeletesItself" });
+    AddRows({ "cleanReadWriteLock", "cleanReaders", "cleanMutex", "cleanWaitCondition", "cleanSteadyWait", "cleanSemaphore",
+              "cleanQueuedSignal", "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait",
+              "cleanWorkerThatDeletesItself" });
 }
 
 void CThreadSanitizerTest::correctPatternIsSilent()

@@ -1,0 +1,435 @@
+#include "Builders.h"
+#include "CControlFixture.h"
+#include "CHandClock.h"
+#include "CNameRegistry.h"
+#include "CorvidControl/CMessageDispatcher.h"
+#include "CorvidControl/EnControlMessage.h"
+#include "TestMain.h"
+
+#include <QElapsedTimer>
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <thread>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+using SaySo = std::function<void(CControlHost& host, int n)>;
+
+constexpr int nFirstMark = 1000; // numbers that mean nothing to anybody
+
+const QVector<int> vecCommand{ 1, 9, 10, 14, 15, 32, 53, 54 };
+const QVector<int> vecRefreshing = vecCommand + QVector<int>{ MessageDevicesChanged };
+
+/// A dispatcher by a clock of the test's, and an observer of all senders that has read the beginning.
+class CRig
+{
+public:
+    CRig()
+    {
+        for (int nSender = SenderPrcBasic; nSender <= SenderPreference; ++nSender) {
+            dispatcher.Attach(EnMessageSender(nSender), &recorder);
+        }
+        HearAfter(60ms);
+        Forget();
+    }
+
+    /// As a device does.
+    void PostDevice()
+    {
+        dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
+    }
+
+    /// As a command of the user does.
+    void PostCommand(int nMessage = MessageListChanged)
+    {
+        dispatcher.Post(SenderPrcList, nMessage);
+    }
+
+    /// Lets the time pass, and that of a burst, and returns what has come since the last Forget.
+    QVector<int> HearAfter(std::chrono::milliseconds time)
+    {
+        pClock->Turn(time);
+        dispatcher.Post(SenderPrcBasic, ++nMark);
+        pClock->Turn(CMessageDispatcher::timeQuiet);
+        recorder.Await(nMark);
+        return Hear();
+    }
+
+    /// As HearAfter, in no time but that of the burst.
+    QVector<int> HearNow()
+    {
+        return HearAfter(0ms);
+    }
+
+    /// What has come since the last Forget.
+    QVector<int> Hear()
+    {
+        QVector<int> vecHeard;
+        const QVector<int> vecAll = recorder.GetMessages();
+        std::copy_if(vecAll.cbegin() + nForgotten, vecAll.cend(), std::back_inserter(vecHeard),
+                     [](int nMessage) { return nMessage < nFirstMark; });
+        return vecHeard;
+    }
+
+    /// Whether the thread of the dispatcher waits for a time; also true just before it is notified.
+    bool IsAsleep() const
+    {
+        return pClock->GetAlarm() != CSteadyClock::Time();
+    }
+
+    void Forget()
+    {
+        nForgotten = recorder.GetMessages().size();
+    }
+
+    CHandClock* pClock = new CHandClock;
+    CMessageDispatcher dispatcher{ std::unique_ptr<CSteadyClock>(pClock) };
+    CMessageRecorder recorder;
+
+private:
+    int nMark = nFirstMark;
+    int nForgotten = 0;
+};
+
+void AddRows(const QVector<int>& vecMessage)
+{
+    QTest::addColumn<int>("nMessage");
+    for (const int nMessage : vecMessage) {
+        QTest::addRow("%d", nMessage) << nMessage;
+    }
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(SaySo)
+
+/// Messages that wait while the user is in the middle of something.
+class CWaitingMessagesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void allThatRefreshWaitForAnOpenEditor_data()
+    {
+        AddRows(vecRefreshing);
+    }
+
+    void allThatRefreshWaitForAnOpenEditor()
+    {
+        QFETCH(int, nMessage);
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand(nMessage);
+        QCOMPARE(rig.HearAfter(9900ms), QVector<int>());
+        rig.dispatcher.SetUserEditing(false);
+        QCOMPARE(rig.HearNow(), QVector<int>{ nMessage });
+    }
+
+    void whatWaitedGoesInItsOrderWhenTheEditorCloses()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        for (const int nMessage : { 54, 7, 15, 14, 7, 1 }) {
+            rig.PostCommand(nMessage);
+        }
+        QCOMPARE(rig.HearAfter(200ms), QVector<int>());
+        QTRY_VERIFY(rig.IsAsleep());
+        rig.dispatcher.SetUserEditing(false);
+        QTRY_COMPARE(rig.Hear(), (QVector<int>{ 54, 7, 15, 14, 1 }));
+    }
+
+    void theReturnThatClosesTheEditorHoldsNothingBack()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostDevice();
+        rig.dispatcher.NoteUserInput();
+        rig.dispatcher.SetUserEditing(false);
+        QCOMPARE(rig.HearNow(), QVector<int>{ MessageDevicesChanged });
+    }
+
+    void whatWaitsGoesTenSecondsAfterTheFirstOfIt()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(6000ms), QVector<int>());
+        rig.PostCommand();
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(3900ms), QVector<int>());
+        QCOMPARE(rig.HearAfter(100ms), (QVector<int>{ MessageDevicesChanged, MessageListChanged }));
+    }
+
+    void afterTenSecondsTheNextMessageWaitsAgain()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand();
+        QCOMPARE(rig.HearAfter(10000ms), QVector<int>{ MessageListChanged });
+        rig.Forget();
+        rig.PostCommand();
+        QCOMPARE(rig.HearAfter(9900ms), QVector<int>());
+        QCOMPARE(rig.HearAfter(100ms), QVector<int>{ MessageListChanged });
+    }
+
+    void aMessageThatHasBeenRaisedAlreadyWaitsToo()
+    {
+        CRig rig;
+        rig.PostCommand();
+        rig.dispatcher.SetUserEditing(true);
+        QCOMPARE(rig.HearAfter(500ms), QVector<int>());
+    }
+
+    void theNextEditorHoldsWhatTheOneBeforeLetGo()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand();
+        rig.dispatcher.SetUserEditing(false);
+        rig.dispatcher.SetUserEditing(true);
+        QCOMPARE(rig.HearAfter(500ms), QVector<int>());
+        rig.dispatcher.SetUserEditing(false);
+        QCOMPARE(rig.HearNow(), QVector<int>{ MessageListChanged });
+    }
+
+    void whatMakesNobodyReadWaitsForNothing()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        for (const int nMessage : { 0, 60, 2, 55 }) {
+            rig.PostCommand(nMessage);
+        }
+        QCOMPARE(rig.HearNow(), (QVector<int>{ 0, 60, 2, 55 }));
+    }
+
+    void settledComesWhileOthersWait()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand();
+        rig.PostCommand(60);
+        rig.pClock->Turn(CMessageDispatcher::timeQuiet);
+        QTRY_COMPARE(rig.Hear(), QVector<int>{ 60 });
+        std::atomic<bool> bSettled{ false };
+        CMessageRecorder settled;
+        settled.onNotify = [&](int nMessage) { bSettled = nMessage == MessageSettled; };
+        rig.dispatcher.Attach(SenderProtocal, &settled);
+        QTRY_VERIFY((rig.pClock->Turn(CMessageDispatcher::timeSettle), bSettled.load()));
+        QCOMPARE(rig.Hear(), QVector<int>{ 60 });
+        rig.dispatcher.Detach(SenderProtocal, &settled);
+    }
+
+    void aNewObserversOwnMessageWaitsForTheEditorToo()
+    {
+        CRig rig;
+        CMessageRecorder late;
+        rig.dispatcher.SetUserEditing(true);
+        rig.dispatcher.Attach(SenderPrcList, &late);
+        rig.HearAfter(500ms);
+        QCOMPARE(late.GetMessages(), QVector<int>());
+        rig.dispatcher.SetUserEditing(false);
+        rig.HearNow();
+        QCOMPARE(late.GetMessages(), QVector<int>{ MessageListChanged });
+        rig.dispatcher.Detach(SenderPrcList, &late);
+    }
+
+    void aNewObserversOwnMessageTakesNoOtherAlong()
+    {
+        CRig rig;
+        CMessageRecorder late;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        rig.dispatcher.Attach(SenderPrcList, &late);
+        QCOMPARE(rig.HearNow(), QVector<int>());
+        QCOMPARE(late.GetMessages(), QVector<int>{ MessageListChanged });
+        rig.dispatcher.Detach(SenderPrcList, &late);
+    }
+
+    void devicesWaitTwoSecondsWhileTheUserActs()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(1000ms), QVector<int>());
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(900ms), QVector<int>());
+        QCOMPARE(rig.HearAfter(100ms), QVector<int>{ MessageDevicesChanged });
+    }
+
+    void devicesGoWhenTheUserHasActed()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(500ms), QVector<int>());
+        QTRY_VERIFY(rig.IsAsleep());
+        rig.dispatcher.SetUserActing(false);
+        QTRY_COMPARE(rig.Hear(), QVector<int>{ MessageDevicesChanged });
+    }
+
+    void devicesWaitUntilInputIsOld()
+    {
+        CRig rig;
+        rig.dispatcher.NoteUserInput();
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(300ms), QVector<int>());
+        rig.dispatcher.NoteUserInput();
+        QCOMPARE(rig.HearAfter(380ms), QVector<int>());
+        QCOMPARE(rig.HearAfter(20ms), QVector<int>{ MessageDevicesChanged });
+    }
+
+    void steadyInputHoldsDevicesBackForTwoSeconds()
+    {
+        CRig rig;
+        rig.PostDevice();
+        for (int nKey = 0; nKey < 9; ++nKey) {
+            rig.dispatcher.NoteUserInput();
+            QCOMPARE(rig.HearAfter(195ms), QVector<int>()); // 210 with the burst of the mark
+        }
+        rig.dispatcher.NoteUserInput();
+        QCOMPARE(rig.HearAfter(150ms), QVector<int>{ MessageDevicesChanged });
+    }
+
+    void commandsDoNotWaitWhileTheUserActs_data()
+    {
+        AddRows(vecCommand);
+    }
+
+    void commandsDoNotWaitWhileTheUserActs()
+    {
+        QFETCH(int, nMessage);
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.dispatcher.NoteUserInput();
+        rig.PostCommand(nMessage);
+        QCOMPARE(rig.HearNow(), QVector<int>{ nMessage });
+    }
+
+    void waitingDevicesGoAlongWithACommandBeforeIt()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(100ms), QVector<int>());
+        rig.PostCommand();
+        QCOMPARE(rig.HearNow(), (QVector<int>{ MessageDevicesChanged, MessageListChanged }));
+    }
+
+    void commandsAreStillMergedWhileDevicesWait()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostDevice();
+        QCOMPARE(rig.HearAfter(1000ms), QVector<int>());
+        rig.PostCommand(MessageSelectionChanged);
+        QTRY_VERIFY(rig.pClock->GetAlarm() == rig.pClock->GetNow() + CMessageDispatcher::timeQuiet);
+        rig.pClock->Turn(10ms);
+        rig.PostCommand(MessageSelectionChanged);
+        QCOMPARE(rig.HearNow(), (QVector<int>{ MessageDevicesChanged, MessageSelectionChanged }));
+    }
+
+    void aStormOfDevicesThatWaitDelaysNoCommand()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserActing(true);
+        rig.PostCommand();
+        for (int n = 0; n < 15; ++n) {
+            rig.PostDevice();
+            rig.pClock->Turn(1ms);
+        }
+        QTRY_COMPARE(rig.Hear(), (QVector<int>{ MessageListChanged, MessageDevicesChanged }));
+    }
+
+    void theEndDoesNotWaitForTheUser()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand();
+        rig.dispatcher.Stop();
+        QCOMPARE(rig.Hear(), QVector<int>());
+    }
+
+    void aDetachedObserverHearsNothingOfWhatWaited()
+    {
+        CRig rig;
+        rig.dispatcher.SetUserEditing(true);
+        rig.PostCommand();
+        rig.dispatcher.Detach(SenderPrcList, &rig.recorder);
+        rig.dispatcher.SetUserEditing(false);
+        QCOMPARE(rig.HearNow(), QVector<int>());
+    }
+
+    void theApplicationHoldsACommandBackWhileItsUserEdits()
+    {
+        CControlFixture fixture;
+        fixture.Start();
+        fixture.pHost->SetUserEditing(true);
+        g_pPrcListControl->AddGroup(Group("Hall"), true);
+        QCOMPARE(fixture.recorder.GetAllMessages(), QVector<int>());
+        fixture.pHost->SetUserEditing(false);
+        QVERIFY(fixture.recorder.Await(MessageListChanged));
+    }
+
+    void theApplicationHoldsDevicesBackWhileItsUserActs()
+    {
+        CControlFixture fixture;
+        fixture.Start();
+        fixture.pHost->SetUserActing(true);
+        QElapsedTimer timer;
+        timer.start();
+        g_pRuntimeControl->PostMessage(MessageDevicesChanged);
+        QVERIFY(fixture.recorder.Await(MessageDevicesChanged));
+        QVERIFY(timer.elapsed() >= 2000);
+    }
+
+    void theApplicationHoldsDevicesBackAfterInput()
+    {
+        CControlFixture fixture;
+        fixture.Start();
+        QElapsedTimer timer;
+        timer.start();
+        fixture.pHost->NoteUserInput();
+        g_pRuntimeControl->PostMessage(MessageDevicesChanged);
+        QVERIFY(fixture.recorder.Await(MessageDevicesChanged));
+        QVERIFY(timer.elapsed() >= 400);
+    }
+
+    void whatTheUserDoesMayBeSaidWhileMessagesRain_data()
+    {
+        QTest::addColumn<SaySo>("saySo");
+        QTest::newRow("editing") << SaySo([](CControlHost& host, int n) { host.SetUserEditing(n % 2); });
+        QTest::newRow("acting") << SaySo([](CControlHost& host, int n) { host.SetUserActing(n % 2); });
+        QTest::newRow("input") << SaySo([](CControlHost& host, int) { host.NoteUserInput(); });
+    }
+
+    void whatTheUserDoesMayBeSaidWhileMessagesRain()
+    {
+        QFETCH(SaySo, saySo);
+        CControlFixture fixture;
+        fixture.Start();
+        std::atomic<int> nFallen{ 0 };
+        std::thread user([&] {
+            for (int n = 0; nFallen < 5000; ++n) {
+                saySo(*fixture.pHost, n);
+                std::this_thread::yield(); // the thread that delivers gets a turn
+            }
+        });
+        while (nFallen < 5000) {
+            g_pRuntimeControl->PostMessage(vecRefreshing.at(nFallen++ % vecRefreshing.size()));
+            std::this_thread::yield();
+        }
+        user.join();
+        fixture.pHost->SetUserEditing(false);
+        QVERIFY(fixture.recorder.Await(MessageListChanged));
+    }
+};
+
+PTV_TEST_MAIN_CORE(CWaitingMessagesTest)
+#include "tst_waitingmessages.moc"
