@@ -7,7 +7,7 @@ namespace
 {
 
 /// Opens what a view does with the events of its viewport.
-class CViewportAccess : public QAbstractScrollArea
+class CViewportAccess : public QAbstractScrollArea // clazy:exclude=missing-qobject-macro
 {
 public:
     using QAbstractScrollArea::viewportEvent;

@@ -87,9 +87,9 @@ class TipUnderTheMouse(Scene):
         self.desktop.move(*chief)
         first = desktop.wait_until("the tip of the Chief mark", lambda: self.tip_text(self.desktop.grab(), chief))
         self.desktop.move(*backup)  # lies under the tip now
-        second = desktop.wait_until("the tip of the Backup mark", lambda: self.tip_text(self.frame_with_a_lit_row(), backup))
+        desktop.wait_until("the tip of the Backup mark",
+                           lambda: self.tip_text(self.frame_with_a_lit_row(), backup) not in (None, first))
         self.desktop.shoot("tip-in-the-way")
-        self.assertNotEqual(first, second)
         self.assertTrue(self.is_lit(self.desktop.grab(), self.BETA))
         self.assertEqual(self.kestrel.quit(), 0)
 
