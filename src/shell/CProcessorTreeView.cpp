@@ -217,6 +217,7 @@ void CProcessorTreeView::InitLayout()
     pStackedLayout->addWidget(pDiscoveredTree);
     pStackedLayout->addWidget(pSimulatorTree);
     pLayout->addLayout(pStackedLayout, 1);
+    setFocusProxy(pStackedLayout->currentWidget());
 
     InitSearchLayout();
     pLayout->addLayout(pSearchLayout, 0);
@@ -334,6 +335,7 @@ void CProcessorTreeView::SwitchPane(int nPane)
     g_pProcessorTreeData->SetSimulatorPane(nPane == PaneSimulator);
     g_pRuntimeControl->SetSimulatorPane(nPane == PaneSimulator);
     pStackedLayout->setCurrentIndex(nPane);
+    setFocusProxy(pStackedLayout->currentWidget());
     UpdateWidget();
 }
 

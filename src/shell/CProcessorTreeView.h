@@ -22,6 +22,10 @@ class QToolButton;
 /// Holds no data; it carries what the store tells to its children, and what the user commands to the
 /// control library. Which pane is current is the store's knowledge and is asked anew each time.
 ///
+/// The tree that is raised, that of the pane which the user has chosen last, is the panel's focus proxy: it has the
+/// keys after a click on a part of the panel that takes no focus itself, such as a button of the tool bar. A pane
+/// that the library changes raises no tree and leaves the keys where they are.
+///
 /// GUI thread, but for what the signals say. Slow operations run on other threads, between SetBusy(true)
 /// and SetBusy(false) of the control library, and nothing waits for them: the owner must not delete the
 /// panel while one runs. The destructor waits only for a refresh of the store, without a limit, and then
