@@ -20,6 +20,7 @@ public:
 signals:
     void BusyChanged(bool bBusy, const QDateTime& timeSince);
     void JobsChanged(const QStringList& listJob);
+    void ListTroubleChanged();
     void StateChanged();
     void LogLine(const QString& strLine);
     void LifeStep(const QString& strLine);

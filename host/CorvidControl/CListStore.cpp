@@ -5,6 +5,7 @@
 #include "CorvidControl/CListFormat.h"
 #include "CorvidControl/CSite.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -35,11 +36,62 @@ bool CListStore::Load()
     const SListReading reading = ReadFile(strOwnPath);
     if (reading.verdict != SListReading::Valid) {
         strLoadError = Describe(strOwnPath, reading.strReason);
+        SetTrouble(strLoadError);
         events.Warn(QStringLiteral("The list was not read, it stays empty. ") + strLoadError);
         return false;
     }
     site.ReplaceList(reading.node);
     return true;
+}
+
+QString CListStore::GetTrouble() const
+{
+    const std::lock_guard<std::mutex> lock(mutexTrouble);
+    return strTrouble;
+}
+
+void CListStore::SetTrouble(const QString& strTroubleNow)
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutexTrouble);
+        if (strTrouble == strTroubleNow) {
+            return;
+        }
+        strTrouble = strTroubleNow;
+    }
+    emit events.ListTroubleChanged();
+}
+
+QString CListStore::Save()
+{
+    const QString strReason = TrySave();
+    SetTrouble(strReason);
+    return strReason;
+}
+
+QString CListStore::TrySave()
+{
+    const std::lock_guard<std::mutex> lock(mutexFile);
+    if (!strLoadError.isEmpty()) {
+        return strLoadError;
+    }
+    const QString strFault = WriteProven(strOwnPath, CListFormat::Write(site.GetTree(false)));
+    return strFault.isEmpty() ? QString() : Describe(strOwnPath, strFault);
+}
+
+QString CListStore::SaveAside(QString& strReason)
+{
+    const std::lock_guard<std::mutex> lock(mutexFile);
+    const QFileInfo own(strOwnPath);
+    const QString strStem = own.path() + QLatin1Char('/') + own.completeBaseName() + QStringLiteral(".unsaved-")
+        + QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss"));
+    QString strPath = strStem + QStringLiteral(".kvtl");
+    for (int n = 2; QFileInfo::exists(strPath); ++n) {
+        strPath = QStringLiteral("%1-%2.kvtl").arg(strStem).arg(n);
+    }
+    const QString strFault = WriteProven(strPath, CListFormat::Write(site.GetTree(false)));
+    strReason = strFault.isEmpty() ? QString() : Describe(strPath, strFault);
+    return strFault.isEmpty() ? strPath : QString();
 }
 
 CListStore::EnExportResult CListStore::Export(const QString& strPath)

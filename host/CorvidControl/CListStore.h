@@ -48,10 +48,21 @@ public:
         return strOwnPath;
     }
 
+    /// Why the list was not read or is not being saved, in one line; empty when all is well.
+    QString GetTrouble() const;
+
+    /// Saves at the own place. Empty, or one line with the reason why not.
+    QString Save();
+
+    /// Writes to a dated file beside the own place. Its path; empty with a line in strReason when that failed.
+    QString SaveAside(QString& strReason);
+
     EnExportResult Export(const QString& strPath);
     EnImportResult Import(const QString& strPath);
 
 private:
+    QString TrySave();
+    void SetTrouble(const QString& strTroubleNow);
     SListReading ReadFile(const QString& strPath) const;
     QString WriteProven(const QString& strPath, const QByteArray& bytes) const;
     QString WriteFile(const QString& strPath, const QByteArray& bytes) const;
@@ -62,4 +73,7 @@ private:
     const QString strOwnPath;
     QString strLoadError; ///< set by Load, before anything else runs
     std::mutex mutexFile; ///< held while files are written
+
+    mutable std::mutex mutexTrouble; ///< guards strTrouble; taken last and never held during a call
+    QString strTrouble;
 };
