@@ -32,6 +32,9 @@ public:
     void Write(const QString& strName, const QByteArray& bytes) const;
     QByteArray Read(const QString& strName) const;
 
+    /// The names of the files in the folder that fit, but for the lock.
+    QStringList ListFiles(const QStringList& listFilter = {}) const;
+
     /// A pane as text, one node a line, members indented; "*" marks the selected nodes, in their order.
     static QString GetText(bool bSimulator = false);
     static SProcessorAllNode GetTree(bool bSimulator = false);
