@@ -63,7 +63,7 @@ SOutline FindOutline(const QByteArray& body)
 
 QByteArray CListFormat::Write(const SProcessorAllNode& node)
 {
-    const QByteArray body = QJsonDocument(CListWriter::WriteRoot(node)).toJson(QJsonDocument::Indented);
+    const QByteArray body = CListWriter::WriteRoot(node);
     return "kvtl " + QByteArray::number(nVersion) + " sha256:" + GetCheckSum(body) + '\n' + body;
 }
 

@@ -179,7 +179,12 @@ CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString
         strFault = reading.strReason;
         return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
     }
-    const SListSave save = own.Overwrite(site.GetEdition(), CListFormat::Write(reading.node));
+    const QByteArray bytes = CListFormat::Write(reading.node);
+    strFault = bytes == content.bytes ? QString() : CListFormat::FindProofFault(bytes, site.GetLimits());
+    if (!strFault.isEmpty()) {
+        return ImportNotCopied;
+    }
+    const SListSave save = own.Overwrite(site.GetEdition(), bytes);
     news.listWarning += save.listWarning;
     if (save.result != SListSave::Saved) {
         strFault = QStringLiteral("the own list is not overwritten, ") + save.strReason;

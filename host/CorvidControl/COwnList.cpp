@@ -120,6 +120,11 @@ SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes
     if (save.result != SListSave::Saved || place.Holds(bytes)) {
         return save;
     }
+    // A list that the next start would refuse must not take the place of a good one.
+    const QString strFault = CListFormat::FindProofFault(bytes, limits);
+    if (!strFault.isEmpty()) {
+        return BuildFault(SListSave::NotWritten, strFault);
+    }
     QString strKeepFault;
     if (IsEdited(edition.nEdit) && !place.GetKnown().isEmpty() && generations.IsDue(place.GetRealPath())) {
         strKeepFault = KeepGeneration(place.GetKnown(), save.listWarning);
@@ -133,13 +138,9 @@ SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes
     return save;
 }
 
-// A list that the next start would refuse must not take the place of a good one.
 SListSave COwnList::Replace(const QByteArray& bytes)
 {
-    QString strFault = CListFormat::FindProofFault(bytes, limits);
-    if (!strFault.isEmpty()) {
-        return BuildFault(SListSave::NotWritten, strFault);
-    }
+    QString strFault;
     switch (place.Replace(bytes, strFault)) {
     case CListPlace::Placed:
         return {};
@@ -175,11 +176,11 @@ QString COwnList::KeepGeneration(const QByteArray& bytes, QStringList& listWarni
     return strFault;
 }
 
-// Beside the list; where that is out of reach, beside the link that leads there.
+// Where the user looks for the list; where nothing can be written, behind the link that leads to the file.
 QString COwnList::WriteAside(const QByteArray& bytes, QString& strFault)
 {
     const QString strReal = place.GetRealPath();
     const bool bWritten
-        = aside.Write(strReal, bytes, strFault) || (strReal != place.GetPath() && aside.Write(place.GetPath(), bytes, strFault));
+        = aside.Write(place.GetPath(), bytes, strFault) || (strReal != place.GetPath() && aside.Write(strReal, bytes, strFault));
     return bWritten ? aside.GetPath() : QString();
 }

@@ -39,7 +39,7 @@ public:
 
     SListSave Save(const SListEdition& edition);
 
-    /// Writes bytes, which take the place of an edition that is kept as a generation.
+    /// Writes bytes, which were proven to be a list, in place of an edition, which is kept as a generation.
     SListSave Overwrite(const SListEdition& edition, const QByteArray& bytes);
 
     /// Writes the dated file. Its path; empty with a line in strFault when that failed.

@@ -32,40 +32,15 @@ QDateTime ReadDate(const QString& strText)
     return QDateTime::fromString(strText, QString::fromLatin1(szDateFormat));
 }
 
-} // namespace
-
-QString DatedFile::Write(const QString& strListPath, const QString& strMark, const QDateTime& date, const QByteArray& bytes,
-                         QString& strFault)
+struct SEntry
 {
-    const QString strStart = QFileInfo(strListPath).path() + QLatin1Char('/') + GetStem(strListPath) + QLatin1Char('.') + strMark
-        + date.toString(QString::fromLatin1(szDateFormat));
-    for (int n = 1;; ++n) {
-        const QString strPath = strStart + (n > 1 ? QStringLiteral("-%1").arg(n) : QString()) + QLatin1String(szSuffix);
-        const QFileInfo info(strPath);
-        if (info.exists() || info.isSymLink()) {
-            continue;
-        }
-        CFileReplacement replacement(strPath);
-        const CFileReplacement::EnResult result = replacement.Write(bytes) ? replacement.Place(false) : CFileReplacement::Failed;
-        if (result == CFileReplacement::Placed) {
-            return strPath;
-        }
-        if (result == CFileReplacement::Failed) {
-            strFault = strPath + QStringLiteral(": ") + replacement.GetFault();
-            return {};
-        }
-    }
-}
+    QDateTime date;
+    int nNumber = 1;
+    QString strPath;
+};
 
-QStringList DatedFile::Find(const QString& strListPath, const QString& strMark, const QDateTime& dateNow)
+std::vector<SEntry> FindEntries(const QString& strListPath, const QString& strMark)
 {
-    struct SEntry
-    {
-        bool bPast;
-        QDateTime date;
-        int nNumber;
-        QString strPath;
-    };
     const QDir folder(QFileInfo(strListPath).path());
     const QRegularExpression expression = BuildExpression(GetStem(strListPath) + QLatin1Char('.') + strMark);
     std::vector<SEntry> vecEntry;
@@ -74,11 +49,50 @@ QStringList DatedFile::Find(const QString& strListPath, const QString& strMark, 
         const QRegularExpressionMatch match = expression.match(strName);
         const QDateTime date = ReadDate(match.captured(1));
         if (date.isValid()) {
-            vecEntry.push_back({ date <= dateNow, date, match.captured(2).toInt(), folder.filePath(strName) });
+            vecEntry.push_back({ date, qMax(1, match.captured(2).toInt()), folder.filePath(strName) });
         }
     }
-    std::sort(vecEntry.begin(), vecEntry.end(), [](const SEntry& entry, const SEntry& other) {
-        return std::tie(entry.bPast, entry.date, entry.nNumber) < std::tie(other.bPast, other.date, other.nNumber);
+    return vecEntry;
+}
+
+// Behind all that are there, also where one between has been removed: the numbers are an order.
+int FindNextNumber(const QString& strListPath, const QString& strMark, const QString& strDate)
+{
+    int nNext = 1;
+    for (const SEntry& entry : FindEntries(strListPath, strMark)) {
+        nNext = entry.date == ReadDate(strDate) ? qMax(nNext, entry.nNumber + 1) : nNext;
+    }
+    return nNext;
+}
+
+} // namespace
+
+QString DatedFile::Write(const QString& strListPath, const QString& strMark, const QDateTime& date, const QByteArray& bytes,
+                         QString& strFault)
+{
+    const QString strDate = date.toString(QString::fromLatin1(szDateFormat));
+    const QString strStart
+        = QFileInfo(strListPath).path() + QLatin1Char('/') + GetStem(strListPath) + QLatin1Char('.') + strMark + strDate;
+    CFileReplacement::EnResult result = CFileReplacement::Taken;
+    for (int n = FindNextNumber(strListPath, strMark, strDate); result == CFileReplacement::Taken; ++n) {
+        const QString strPath = strStart + (n > 1 ? QStringLiteral("-%1").arg(n) : QString()) + QLatin1String(szSuffix);
+        CFileReplacement replacement(strPath);
+        result = replacement.Write(bytes) ? replacement.Place(false) : CFileReplacement::Failed;
+        if (result == CFileReplacement::Placed) {
+            return strPath;
+        }
+        strFault = strPath + QStringLiteral(": ") + replacement.GetFault();
+    }
+    return {};
+}
+
+QStringList DatedFile::Find(const QString& strListPath, const QString& strMark, const QDateTime& dateNow)
+{
+    std::vector<SEntry> vecEntry = FindEntries(strListPath, strMark);
+    std::sort(vecEntry.begin(), vecEntry.end(), [&](const SEntry& entry, const SEntry& other) {
+        const bool bPast = entry.date <= dateNow;
+        const bool bOtherPast = other.date <= dateNow;
+        return std::tie(bPast, entry.date, entry.nNumber) < std::tie(bOtherPast, other.date, other.nNumber);
     });
     QStringList listPath;
     for (const SEntry& entry : vecEntry) {

@@ -11,7 +11,10 @@
 #include "interfaces/control/IProjectManageControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 
+#include <QMetaType>
 #include <QTemporaryDir>
+
+Q_DECLARE_METATYPE(SProcessorNode)
 
 /// A running library over a list of the test's choice in a folder of its own, without a life and with
 /// quick devices, and an observer that has read the beginning already.

@@ -72,7 +72,7 @@ void CListRefusalsTest::aRefusedCommandChangesNothingAndIsTold_data()
     QTest::newRow("a group that cannot be seen") << Command([] { g_pPrcListControl->AddGroup(Group(QChar(0xFEFF)), true); });
     QTest::newRow("a group that carries too much") << Command([] {
         QSet<int> setAux;
-        for (int n = 0; n < 65; ++n) {
+        for (int n = 0; n < 33; ++n) {
             setAux.insert(n);
         }
         g_pPrcListControl->AddGroup(Group("x").Aux(setAux), true);

@@ -151,7 +151,7 @@ SProcessorAllNode Root(const QList<SProcessorGroupNode>& listGroup, const QList<
 SProcessorAllNode BuildLongestList()
 {
     constexpr int nNodes = 256;
-    constexpr int nNumbers = 64;
+    constexpr int nNumbers = 32;
     constexpr int nNameBytes = 64;
     constexpr int nTextBytes = 256;
     QSet<int> setAux;
