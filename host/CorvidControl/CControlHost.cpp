@@ -17,6 +17,7 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pNewLibrary) : pLibr
     const CHostEvents* pEvents = &pLibrary->events;
     connect(pEvents, &CHostEvents::BusyChanged, this, &CControlHost::BusyChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::JobsChanged, this, &CControlHost::JobsChanged, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::ListTroubleChanged, this, &CControlHost::ListTroubleChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::StateChanged, this, &CControlHost::StateChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LogLine, this, &CControlHost::LogLine, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LifeStep, this, &CControlHost::LifeStep, Qt::DirectConnection);
@@ -28,6 +29,21 @@ CControlHost::~CControlHost() = default;
 QString CControlHost::GetListError() const
 {
     return pLibrary->store.GetLoadError();
+}
+
+QString CControlHost::GetListTrouble() const
+{
+    return pLibrary->store.GetTrouble();
+}
+
+QString CControlHost::SaveList()
+{
+    return pLibrary->store.Save();
+}
+
+QString CControlHost::SaveListAside(QString& strReason)
+{
+    return pLibrary->store.SaveAside(strReason);
 }
 
 QString CControlHost::GetScenarioError() const

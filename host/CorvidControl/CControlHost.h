@@ -13,8 +13,8 @@
 class CControlLibrary;
 
 /// The control library as its application sees it: start, stop, and what an operator does outside the
-/// panel. At most one exists at a time. All operations may be called on any thread and none blocks;
-/// signals come on the thread that caused the event, often a thread of the library.
+/// panel. At most one exists at a time. All operations may be called on any thread, and none blocks but
+/// the two that save; signals come on the thread that caused the event, often a thread of the library.
 class CORVIDCONTROL_EXPORT CControlHost : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,19 @@ public:
     /// One line that names the list file and the reason why it was refused; empty when all is well. The
     /// list is then empty and the file is left alone: exports to it and imports are refused.
     QString GetListError() const;
+
+    /// One line, why the list was not read or is not being saved; empty when all is well. It changes while
+    /// the library runs: see ListTroubleChanged.
+    QString GetListTrouble() const;
+
+    /// Saves the list at its own place now, on the calling thread; blocks for the disk. Empty when what is
+    /// on disk is the list as it stands, also when there was nothing new; otherwise one line with the
+    /// reason, and nothing was overwritten.
+    QString SaveList();
+
+    /// Writes the list to a dated file beside its own place; blocks for the disk. Returns the file's path,
+    /// or an empty one with a line in strReason when even that failed.
+    QString SaveListAside(QString& strReason);
 
     /// One line that names the scenario file and what is wrong in it; empty when all is well.
     QString GetScenarioError() const;
@@ -78,6 +91,7 @@ public:
 signals:
     void BusyChanged(bool bBusy, const QDateTime& timeSince);
     void JobsChanged(const QStringList& listJob);
+    void ListTroubleChanged();             ///< GetListTrouble has another answer
     void StateChanged();                   ///< a project, a mode, a lock changed, by whomever
     void LogLine(const QString& strLine);  ///< what failed or was refused, and why
     void LifeStep(const QString& strLine); ///< a step of the scenario or of the quiet day was taken

@@ -35,14 +35,17 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsNew)
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
       commands(site, jobs, network), store(site, events, FindListFile(options.strListFile)),
+      keeper([this] { return store.SaveSoon(); }, {}),
+      deletions(site, jobs, [this](const SListEdition& edition) { store.KeepEarlier(edition); }),
       scenario(options.strScenarioFile.isEmpty() ? CScenario() : CScenario::ReadFile(options.strScenarioFile)),
       runner(site, host, commands, network, options.nSeed), life(site, runner, events), config(store.GetPath()),
       prcBasic(dispatcher, site, commands), prcList(dispatcher, site, commands, store), prcRuntime(dispatcher),
       preference(dispatcher, host), projectManage(dispatcher, host), protocal(dispatcher), runtime(dispatcher, site, jobs)
 {
-    network.SetListener([this](const SProcessorNode& device) { site.ApplyReport(device); });
-    if (store.Load())
+    Connect();
+    if (store.Load()) {
         commands.FollowList({});
+    }
     for (int n = 0; n < options.nUnlistedDevices; ++n)
         network.Appear(nFirstUnlisted + static_cast<quint32>(n), QStringLiteral("Newcomer %1").arg(n + 1));
     Publish();
@@ -53,8 +56,19 @@ CControlLibrary::~CControlLibrary()
     network.Stop();
     life.Stop();
     jobs.AwaitIdle(timeLastStep);
+    keeper.Stop();
     dispatcher.Stop();
     Withdraw();
+}
+
+// Before anything can change the list.
+void CControlLibrary::Connect()
+{
+    network.SetListener([this](const SProcessorNode& device) { site.ApplyReport(device); });
+    site.SetEditListener([this] { keeper.Touch(); });
+    commands.SetDeletionListener([this](int nNodes) { deletions.BeforeDeletion(nNodes); });
+    QObject::connect(
+        &events, &CHostEvents::BusyChanged, &events, [this] { deletions.EndJob(); }, Qt::DirectConnection);
 }
 
 void CControlLibrary::StartLife()

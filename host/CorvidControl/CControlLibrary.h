@@ -1,11 +1,13 @@
 #pragma once
 
 #include "CorvidControl/CConfigControl.h"
+#include "CorvidControl/CDeletionWatch.h"
 #include "CorvidControl/CDeviceCommands.h"
 #include "CorvidControl/CHostEvents.h"
 #include "CorvidControl/CHostState.h"
 #include "CorvidControl/CJobs.h"
 #include "CorvidControl/CLife.h"
+#include "CorvidControl/CListKeeper.h"
 #include "CorvidControl/CListStore.h"
 #include "CorvidControl/CMessageDispatcher.h"
 #include "CorvidControl/CPrcBasicControl.h"
@@ -27,7 +29,7 @@ class CControlLibrary
 public:
     explicit CControlLibrary(const SControlOptions& optionsNew);
 
-    /// Ends what blocks, waits for the jobs under way, joins the threads.
+    /// Ends what blocks, waits for the jobs under way, saves what waits to be saved, joins the threads.
     ~CControlLibrary();
 
     void StartLife();
@@ -41,11 +43,14 @@ public:
     CSimulatedNetwork network;
     CDeviceCommands commands;
     CListStore store;
+    CListKeeper keeper;
+    CDeletionWatch deletions;
     CScenario scenario;
     CStepRunner runner;
     CLife life;
 
 private:
+    void Connect();
     void Publish();
     static void Withdraw();
 

@@ -128,6 +128,7 @@ void CDeviceCommands::Delete(const QUuid& id)
             return;
         }
         const CJobScope job(jobs, strCommand);
+        TellDeletion(id, 1);
         ReleaseAndRemove({ id }, [&] { site.RemoveProcessor(id); });
         return;
     }
@@ -141,7 +142,12 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
             network.Forget(processor.idNode);
     };
     const SProcessorGroupNode group = site.CopyGroup(id);
-    if (!bWithProcessors || group.listProcessor.isEmpty() || !site.FindDeleteFault(id).isEmpty()) {
+    const int nMembers = bWithProcessors ? group.listProcessor.size() : 0;
+    const QString strFault = bWithProcessors ? site.FindDeleteFault(id) : QString();
+    if (strFault.isEmpty()) {
+        TellDeletion(id, 1 + nMembers);
+    }
+    if (nMembers == 0 || !strFault.isEmpty()) {
         remove(); // nobody to wait for, or refused there
         return;
     }
@@ -170,6 +176,14 @@ QList<quint32> CDeviceCommands::GetReservedAddresses()
 {
     // The router of the site and its time server.
     return { 0xC0A80101, 0xC0A801FE };
+}
+
+// Nobody keeps simulators.
+void CDeviceCommands::TellDeletion(const QUuid& id, int nNodes) const
+{
+    if (listenerDeletion && !site.GetHost().IsLocked() && site.CopyTree(false).Contains(id)) {
+        listenerDeletion(nNodes);
+    }
 }
 
 QString CDeviceCommands::FindAddFault(quint32 nIP) const

@@ -19,6 +19,13 @@ class CDeviceCommands
 public:
     CDeviceCommands(CSite& siteNew, CJobs& jobsNew, IDeviceNetwork& networkNew);
 
+    /// Who hears that nodes of the Discovered list are about to be deleted in one step, and how many. On the
+    /// thread that deletes, which may wait for it; without a lock. Set it once, before anything else.
+    void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew)
+    {
+        listenerDeletion = listenerNew;
+    }
+
     void Scan();
     void Add(quint32 nIP);
     void AddSimulators(const SSimulatorRequest& request);
@@ -32,6 +39,7 @@ public:
     static QList<quint32> GetReservedAddresses();
 
 private:
+    void TellDeletion(const QUuid& id, int nNodes) const;
     QString FindAddFault(quint32 nIP) const;
     bool Adopt(const SProcessorNode& device, bool bSimulator);
     void ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove);
@@ -39,4 +47,5 @@ private:
     CSite& site;
     CJobs& jobs;
     IDeviceNetwork& network;
+    std::function<void(int nNodes)> listenerDeletion;
 };

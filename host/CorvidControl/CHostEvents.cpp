@@ -1,5 +1,7 @@
 #include "CorvidControl/CHostEvents.h"
 
+#include "CorvidControl/CNameRules.h"
+
 #include <QLoggingCategory>
 
 namespace
@@ -9,14 +11,16 @@ Q_LOGGING_CATEGORY(logControl, "corvid.control", QtInfoMsg)
 
 } // namespace
 
-void CHostEvents::Refuse(const QString& strLine)
+void CHostEvents::Refuse(const QString& strText)
 {
+    const QString strLine = CNameRules::GetLine(strText);
     qCInfo(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }
 
-void CHostEvents::Warn(const QString& strLine)
+void CHostEvents::Warn(const QString& strText)
 {
+    const QString strLine = CNameRules::GetLine(strText);
     qCWarning(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }

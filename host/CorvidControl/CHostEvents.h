@@ -11,15 +11,16 @@ class CHostEvents : public QObject
     Q_OBJECT
 
 public:
-    /// What was refused, and why.
-    void Refuse(const QString& strLine);
+    /// What was refused, and why. Becomes one line, whatever a file put into it.
+    void Refuse(const QString& strText);
 
-    /// What failed outside the library: files, devices.
-    void Warn(const QString& strLine);
+    /// What failed outside the library: files, devices. As Refuse.
+    void Warn(const QString& strText);
 
 signals:
     void BusyChanged(bool bBusy, const QDateTime& timeSince);
     void JobsChanged(const QStringList& listJob);
+    void ListTroubleChanged();
     void StateChanged();
     void LogLine(const QString& strLine);
     void LifeStep(const QString& strLine);

@@ -27,70 +27,88 @@ QByteArray GetCheckSum(const QByteArray& body)
     return QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex();
 }
 
-// Counts brackets outside strings. Whether they match is for the parser to say.
-bool IsWithinBounds(const QByteArray& body)
+// What is seen of the text outside its strings. Whether brackets match is for the parser to say.
+struct SOutline
 {
+    bool bWithinBounds = true;
+    int nKeys = 0; ///< one for each colon
+};
+
+SOutline FindOutline(const QByteArray& body)
+{
+    SOutline outline;
     int nDepth = 0;
     int nContainers = 0;
     bool bString = false;
-    for (int n = 0; n < body.size(); ++n) {
+    for (int n = 0; n < body.size() && outline.bWithinBounds; ++n) {
         const char ch = body.at(n);
-        if (ch == '"')
+        if (ch == '"') {
             bString = !bString;
-        else if (bString && ch == '\\')
-            ++n;
-        else if (!bString && (ch == '{' || ch == '['))
-            ++nDepth, ++nContainers;
-        else if (!bString && (ch == '}' || ch == ']'))
+        } else if (bString) {
+            n += ch == '\\' ? 1 : 0;
+        } else if (ch == '{' || ch == '[') {
+            ++nDepth;
+            ++nContainers;
+        } else if (ch == '}' || ch == ']') {
             --nDepth;
-        if (nDepth > nMaxDepth || nContainers > nMaxContainers)
-            return false;
+        } else if (ch == ':') {
+            ++outline.nKeys;
+        }
+        outline.bWithinBounds = nDepth <= nMaxDepth && nContainers <= nMaxContainers;
     }
-    return true;
+    return outline;
 }
 
 } // namespace
 
 QByteArray CListFormat::Write(const SProcessorAllNode& node)
 {
-    const QByteArray body = QJsonDocument(CListWriter::WriteRoot(node)).toJson(QJsonDocument::Indented);
+    const QByteArray body = CListWriter::WriteRoot(node);
     return "kvtl " + QByteArray::number(nVersion) + " sha256:" + GetCheckSum(body) + '\n' + body;
 }
 
-SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limits)
+SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limits, EnNames names)
 {
-    if (bytes.size() > nMaxBytes)
+    if (bytes.size() > limits.nBytes) {
         return Refuse(SListReading::Invalid, QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size()));
+    }
     const int nEnd = bytes.left(256).indexOf('\n');
     const QByteArray body = bytes.mid(nEnd + 1);
     const QString strFault = nEnd < 0 ? QStringLiteral("it is not a list file") : FindHeaderFault(bytes.left(nEnd), body);
-    return strFault.isEmpty() ? ReadBody(body, limits) : Refuse(SListReading::Invalid, strFault);
+    return strFault.isEmpty() ? ReadBody(body, limits, names) : Refuse(SListReading::Invalid, strFault);
 }
 
-SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& limits)
+SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& limits, EnNames names)
 {
-    if (!IsWithinBounds(bytes))
+    const SOutline outline = FindOutline(bytes);
+    if (!outline.bWithinBounds) {
         return Refuse(SListReading::Invalid, QStringLiteral("it has more parts or levels than any list"));
+    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject())
+    if (error.error != QJsonParseError::NoError || !document.isObject()) {
         return Refuse(SListReading::Invalid,
                       QStringLiteral("its text is no JSON object (%1 at byte %2)").arg(error.errorString()).arg(error.offset));
-    CListReader reader;
-    const SProcessorAllNode node = reader.ReadRoot(document.object());
-    if (!reader.GetFault().isEmpty())
-        return Refuse(SListReading::Invalid, reader.GetFault());
-    if (reader.GetProcessorCount() > limits.nProcessors)
-        return Refuse(
-            SListReading::TooLarge,
-            QStringLiteral("it holds %1 processors, %2 are allowed").arg(reader.GetProcessorCount()).arg(limits.nProcessors));
-    if (node.listGroup.size() > limits.nGroups)
-        return Refuse(SListReading::TooLarge,
-                      QStringLiteral("it holds %1 groups, %2 are allowed").arg(node.listGroup.size()).arg(limits.nGroups));
+    }
+    CListReader reader(limits, names == NamesMended);
     SListReading reading;
+    reading.node = reader.ReadRoot(document.object());
+    if (!reader.GetFault().isEmpty()) {
+        return Refuse(reader.IsTooLarge() ? SListReading::TooLarge : SListReading::Invalid, reader.GetFault());
+    }
+    // The parser keeps the last of two equal keys without a word; every object that was read had all of its own.
+    if (outline.nKeys != reader.GetKeyCount()) {
+        return Refuse(SListReading::Invalid, QStringLiteral("a key is there twice"));
+    }
     reading.verdict = SListReading::Valid;
-    reading.node = node;
+    reading.listMended = reader.GetMended();
     return reading;
+}
+
+QString CListFormat::FindProofFault(const QByteArray& bytes, const SListLimits& limits)
+{
+    const SListReading proof = Read(bytes, limits);
+    return proof.verdict == SListReading::Valid ? QString() : QStringLiteral("it could not be read again, ") + proof.strReason;
 }
 
 QString CListFormat::FindHeaderFault(const QByteArray& line, const QByteArray& body)

@@ -17,6 +17,8 @@ constexpr qint64 nMaxUnsigned = std::numeric_limits<quint32>::max();
 
 } // namespace
 
+CListReader::CListReader(const SListLimits& limitsIn, bool bMendIn) : limits(limitsIn), bMend(bMendIn) { }
+
 SProcessorAllNode CListReader::ReadRoot(const QJsonObject& object)
 {
     SProcessorAllNode node;
@@ -24,18 +26,19 @@ SProcessorAllNode CListReader::ReadRoot(const QJsonObject& object)
     CheckKeys(object,
               { QStringLiteral("expanded"), QStringLiteral("groups"), QStringLiteral("name"), QStringLiteral("processors") });
     node.bExpanded = ReadBool(object, QStringLiteral("expanded"));
-    node.strName = ReadName(object);
+    node.strName = ReadName(object, node.strName);
     const QJsonArray arrayGroup = ReadArray(object, QStringLiteral("groups"));
+    CheckCount(arrayGroup.size(), limits.nGroups, QStringLiteral("groups"));
     for (int n = 0; n < arrayGroup.size() && strFault.isEmpty(); ++n) {
         strPlace = QStringLiteral("group %1").arg(n + 1);
-        node.listGroup.append(ReadGroup(CheckObject(arrayGroup.at(n))));
+        node.listGroup.append(ReadGroup(CheckObject(arrayGroup.at(n)), n + 1));
     }
     strPlace = QStringLiteral("the root");
     node.listProcessor = ReadProcessors(object);
     return node;
 }
 
-SProcessorGroupNode CListReader::ReadGroup(const QJsonObject& object)
+SProcessorGroupNode CListReader::ReadGroup(const QJsonObject& object, int nGroup)
 {
     SProcessorGroupNode group;
     CheckKeys(object,
@@ -45,7 +48,7 @@ SProcessorGroupNode CListReader::ReadGroup(const QJsonObject& object)
     group.idChief = ReadId(object, QStringLiteral("chief"));
     group.bExpanded = ReadBool(object, QStringLiteral("expanded"));
     group.idNode = ReadNodeId(object);
-    group.strName = ReadName(object);
+    group.strName = ReadName(object, QStringLiteral("Group %1").arg(nGroup));
     group.listProcessor = ReadProcessors(object);
     return group;
 }
@@ -65,13 +68,12 @@ SProcessorNode CListReader::ReadProcessor(const QJsonObject& object)
     processor.idNode = ReadNodeId(object);
     processor.nIP = ReadAddress(object);
     processor.nModel = static_cast<qint32>(ReadNumber(object, QStringLiteral("model"), nMinInt, nMaxInt));
-    processor.strName = ReadName(object);
+    processor.strName = ReadName(object, QHostAddress(processor.nIP).toString());
     processor.bOnline = ReadBool(object, QStringLiteral("online"));
     processor.nPortA = static_cast<quint32>(ReadNumber(object, QStringLiteral("portA"), 0, nMaxUnsigned));
     processor.nPortB = static_cast<quint32>(ReadNumber(object, QStringLiteral("portB"), 0, nMaxUnsigned));
     processor.strProject = ReadText(object, QStringLiteral("project"));
     processor.strType = ReadText(object, QStringLiteral("type"));
-    ++nProcessors;
     return processor;
 }
 
@@ -80,6 +82,8 @@ QList<SProcessorNode> CListReader::ReadProcessors(const QJsonObject& object)
     QList<SProcessorNode> listProcessor;
     const QString strParent = strPlace;
     const QJsonArray array = ReadArray(object, QStringLiteral("processors"));
+    nProcessors += array.size();
+    CheckCount(nProcessors, limits.nProcessors, QStringLiteral("processors"));
     for (int n = 0; n < array.size() && strFault.isEmpty(); ++n) {
         strPlace = QStringLiteral("processor %1 of %2").arg(n + 1).arg(strParent);
         listProcessor.append(ReadProcessor(CheckObject(array.at(n))));
@@ -87,11 +91,21 @@ QList<SProcessorNode> CListReader::ReadProcessors(const QJsonObject& object)
     return listProcessor;
 }
 
+// Before anything of it is read.
+void CListReader::CheckCount(int nCount, int nMost, const QString& strWhat)
+{
+    if (nCount > nMost && strFault.isEmpty()) {
+        bTooLarge = true;
+        strFault = QStringLiteral("it holds more than %1 %2").arg(nMost).arg(strWhat);
+    }
+}
+
 void CListReader::CheckKeys(const QJsonObject& object, const QStringList& listKey)
 {
     // Both are in order: QJsonObject sorts its keys.
     if (object.keys() != listKey)
         Fail(QStringLiteral("its keys are not those of version 1"));
+    nKeys += listKey.size();
 }
 
 bool CListReader::ReadBool(const QJsonObject& object, const QString& strKey)
@@ -126,12 +140,18 @@ QString CListReader::ReadText(const QJsonObject& object, const QString& strKey)
     return strText;
 }
 
-QString CListReader::ReadName(const QJsonObject& object)
+QString CListReader::ReadName(const QJsonObject& object, const QString& strSubstitute)
 {
-    const QString strName = object.value(QStringLiteral("name")).toString();
+    const QJsonValue value = object.value(QStringLiteral("name"));
+    QString strName = value.toString();
+    if (bMend && value.isString() && CNameRules::Mend(strName, strSubstitute) != strName) {
+        strName = CNameRules::Mend(strName, strSubstitute);
+        listMended.append(QStringLiteral("A name in the list was mended. %1: it is \"%2\" now").arg(strPlace, strName));
+    }
     const QString strNameFault = CNameRules::FindFault(strName);
-    if (!strNameFault.isEmpty())
+    if (!strNameFault.isEmpty()) {
         Fail(strNameFault);
+    }
     return strName;
 }
 
@@ -170,10 +190,16 @@ QSet<int> CListReader::ReadNumbers(const QJsonObject& object, const QString& str
 {
     QSet<int> setNumber;
     const QJsonArray array = ReadArray(object, strKey);
-    for (int n = 0; n < array.size(); ++n)
+    if (array.size() > limits.nAux) {
+        Fail(QStringLiteral("\"%1\" holds more than %2 numbers").arg(strKey).arg(limits.nAux));
+        return setNumber;
+    }
+    for (int n = 0; n < array.size(); ++n) {
         setNumber.insert(static_cast<int>(CheckNumber(array.at(n), strKey, nMinInt, nMaxInt)));
-    if (setNumber.size() != array.size())
+    }
+    if (setNumber.size() != array.size()) {
         Fail(QStringLiteral("\"%1\" holds a number twice").arg(strKey));
+    }
     return setNumber;
 }
 

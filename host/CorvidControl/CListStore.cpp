@@ -1,150 +1,215 @@
 #include "CorvidControl/CListStore.h"
 
+#include "CorvidControl/CFileReplacement.h"
 #include "CorvidControl/CHostEvents.h"
 #include "CorvidControl/CHostState.h"
 #include "CorvidControl/CListFormat.h"
+#include "CorvidControl/CNameRules.h"
 #include "CorvidControl/CSite.h"
+#include "CorvidControl/FileAccess.h"
 
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <unistd.h>
 
 namespace
 {
 
-QString Describe(const QString& strPath, const QString& strReason)
+using Lock = std::lock_guard<std::mutex>;
+
+QString BuildTrouble(const SListSave& save)
 {
-    return strPath + QStringLiteral(": ") + strReason;
+    return save.result == SListSave::Saved ? QString() : QStringLiteral("The list is not being saved. ") + save.strReason;
 }
 
 } // namespace
 
-CListStore::CListStore(CSite& siteNew, CHostEvents& eventsNew, const QString& strPath)
-    : site(siteNew), events(eventsNew), strOwnPath(QFileInfo(strPath).absoluteFilePath())
+CListStore::CListStore(CSite& siteIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn)
+    : site(siteIn), events(eventsIn), own(strPath, site.GetLimits(), clockIn)
 { }
 
 bool CListStore::Load()
 {
-    if (!QFileInfo::exists(strOwnPath) && !QFileInfo(strOwnPath).isSymLink())
-        return true;
-    const SListReading reading = ReadFile(strOwnPath);
-    if (reading.verdict != SListReading::Valid) {
-        strLoadError = Describe(strOwnPath, reading.strReason);
-        events.Warn(QStringLiteral("The list was not read, it stays empty. ") + strLoadError);
-        return false;
+    SNews news;
+    {
+        const Lock lock(mutexFile);
+        const SListReading reading = own.Load();
+        news.listWarning = reading.listMended;
+        QString strFault = BuildTrouble(own.Check());
+        if (reading.verdict != SListReading::Valid) {
+            strLoadError = GetPath() + QStringLiteral(": ") + CNameRules::GetLine(reading.strReason);
+            strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
+        }
+        own.Adopt(site.ReplaceList(reading.node));
+        SetTrouble(strFault, news);
+        if (!strFault.isEmpty()) {
+            news.listWarning.append(strFault);
+        }
     }
-    site.ReplaceList(reading.node);
-    return true;
+    Tell(news);
+    return strLoadError.isEmpty();
 }
 
+QString CListStore::GetTrouble() const
+{
+    const Lock lock(mutexTrouble);
+    return strTrouble;
+}
+
+QString CListStore::Save()
+{
+    SNews news;
+    QString strFault;
+    {
+        const Lock lock(mutexFile);
+        strFault = BuildTrouble(SaveHere(news, false));
+        if (!own.IsEdited(site.GetEdition().nEdit)) {
+            strFault.clear();
+        }
+    }
+    Tell(news);
+    return CNameRules::GetLine(strFault);
+}
+
+bool CListStore::SaveSoon()
+{
+    SNews news;
+    bool bSecured = true;
+    {
+        const Lock lock(mutexFile);
+        if (own.IsUnsecured(site.GetEdition().nEdit)) {
+            bSecured = SaveHere(news, false).bSecured;
+        }
+    }
+    Tell(news);
+    return bSecured;
+}
+
+QString CListStore::SaveAside(QString& strReason)
+{
+    const Lock lock(mutexFile);
+    const QString strPath = own.SaveAside(site.GetEdition(), strReason);
+    strReason = strPath.isEmpty() ? CNameRules::GetLine(strReason) : QString();
+    return strPath;
+}
+
+void CListStore::KeepEarlier(const SListEdition& edition)
+{
+    SNews news;
+    {
+        const Lock lock(mutexFile);
+        news.listWarning = own.KeepEarlier(edition);
+    }
+    Tell(news);
+}
+
+// At the own place in every spelling, and where the own file has a second name that is none of ours either.
 CListStore::EnExportResult CListStore::Export(const QString& strPath)
 {
-    const std::lock_guard<std::mutex> lock(mutexFile);
-    const QString strTarget = QFileInfo(strPath).absoluteFilePath();
-    if (!strLoadError.isEmpty() && strTarget == strOwnPath) {
-        events.Warn(QStringLiteral("The list was not saved over a file that could not be read. ") + strLoadError);
-        return ExportProtected;
+    SNews news;
+    EnExportResult result = ExportDone;
+    {
+        const Lock lock(mutexFile);
+        const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
+        if (bOwnFile || FileAccess::IsSamePlace(strPath, GetPath())) {
+            const SListSave save = SaveHere(news, true);
+            result = save.result == SListSave::Saved  ? ExportDone
+                : save.result == SListSave::LeftAlone ? ExportLeftAlone
+                                                      : ExportNotWritten;
+        } else {
+            result = ExportElsewhere(strPath, news);
+        }
     }
-    const QByteArray bytes = CListFormat::Write(site.GetTree(false));
-    const QString strFault = WriteProven(strPath, bytes);
-    if (!strFault.isEmpty()) {
-        events.Warn(QStringLiteral("The list was not saved. ") + Describe(strPath, strFault));
-        return ExportNotWritten;
-    }
-    // Reading it back is the only proof there is that the disk took it.
-    QFile file(strPath);
-    if (file.open(QIODevice::ReadOnly) && file.readAll() != bytes) {
-        events.Warn(QStringLiteral("The list was saved, but what is there now is no list. ") + strPath);
-        return ExportWorthless;
-    }
-    return ExportDone;
+    Tell(news);
+    return result;
 }
 
 CListStore::EnImportResult CListStore::Import(const QString& strPath)
 {
-    const std::lock_guard<std::mutex> lock(mutexFile);
-    const QString strCommand = QStringLiteral("Importing ") + strPath;
-    if (site.GetHost().IsLocked()) {
-        site.Refuse(SenderPrcList, strCommand, QStringLiteral("the list is locked"));
-        return ImportLocked;
+    SNews news;
+    QString strFault = QStringLiteral("the list is locked");
+    EnImportResult result = ImportLocked;
+    if (!site.GetHost().IsLocked()) {
+        const Lock lock(mutexFile);
+        result = TryImport(strPath, strFault, news);
     }
-    const SListReading reading = ReadFile(strPath);
-    if (reading.verdict != SListReading::Valid) {
-        site.Refuse(SenderPrcList, strCommand, reading.strReason);
-        return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
+    Tell(news);
+    if (result != ImportDone) {
+        site.Refuse(SenderPrcList, QStringLiteral("Importing ") + strPath, strFault);
     }
-    const EnImportResult result = Overwrite(strPath, CListFormat::Write(reading.node));
-    if (result == ImportDone)
-        site.ReplaceList(reading.node);
     return result;
 }
 
-SListReading CListStore::ReadFile(const QString& strPath) const
-{
-    SListReading reading;
-    QFile file(strPath);
-    if (QFileInfo(strPath).isDir())
-        reading.strReason = QStringLiteral("it is a folder");
-    else if (!file.open(QIODevice::ReadOnly))
-        reading.strReason = file.errorString();
-    else
-        reading = CListFormat::Read(file.read(CListFormat::nMaxBytes + 1), site.GetLimits());
-    return reading;
-}
+// All below but Tell need mutexFile.
 
-// What went wrong; empty when nothing did. A list that the next start would refuse must not take the
-// place of a good one.
-QString CListStore::WriteProven(const QString& strPath, const QByteArray& bytes) const
+SListSave CListStore::SaveHere(SNews& news, bool bAlways)
 {
-    if (strPath.isEmpty())
-        return QStringLiteral("no file was named");
-    const SListReading proof = CListFormat::Read(bytes, site.GetLimits());
-    if (proof.verdict != SListReading::Valid)
-        return QStringLiteral("it could not be read again, ") + proof.strReason;
-    return WriteFile(strPath, bytes);
-}
-
-// What went wrong; empty when nothing did. Unbuffered and synchronised by hand: QSaveFile itself notices
-// neither a write that its buffer could not complete nor a disk that is full only when it is asked.
-QString CListStore::WriteFile(const QString& strPath, const QByteArray& bytes) const
-{
-    QSaveFile file(strPath);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    if (file.write(bytes) != bytes.size())
-        return QStringLiteral("the disk took only a part of it");
-    if (fsync(file.handle()) != 0)
-        return QString::fromLocal8Bit(std::strerror(errno));
-    return file.commit() ? QString() : file.errorString();
-}
-
-// The copy stands beside the own list, so that the step that overwrites is one rename within a folder. An
-// own list that is a symbolic link stays one: what it leads to is replaced, as it is when it is saved.
-CListStore::EnImportResult CListStore::Overwrite(const QString& strPath, const QByteArray& bytes)
-{
-    const QString strCommand = QStringLiteral("Importing ") + strPath;
-    if (!strLoadError.isEmpty()) {
-        site.Refuse(SenderPrcList, strCommand, QStringLiteral("the own list is not touched, ") + strLoadError);
-        return ImportNotOverwritten;
+    const SListSave save = own.Save(site.GetEdition());
+    news.listWarning += save.listWarning;
+    SetTrouble(BuildTrouble(save), news);
+    if (save.result != SListSave::Saved && (bAlways || news.bTrouble)) {
+        news.listWarning.append(BuildTrouble(save));
     }
-    const QString strLinked = QFileInfo(strOwnPath).canonicalFilePath(); // empty without such a file
-    const QString strReal = strLinked.isEmpty() ? strOwnPath : strLinked;
-    const QString strCopy = strReal + QStringLiteral(".import");
-    const QString strFault = WriteFile(strCopy, bytes);
+    return save;
+}
+
+CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, SNews& news) const
+{
+    QString strFault = QStringLiteral("no file was named");
+    if (!strPath.isEmpty()) {
+        const QByteArray bytes = CListFormat::Write(site.GetTree(false));
+        strFault = CListFormat::FindProofFault(bytes, site.GetLimits());
+        CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
+        if (strFault.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
+            return ExportDone;
+        }
+        strFault = strFault.isEmpty() ? replacement.GetFault() : strFault;
+    }
+    news.listWarning.append(QStringLiteral("The list was not exported. %1: %2").arg(strPath, strFault));
+    return ExportNotWritten;
+}
+
+CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString& strFault, SNews& news)
+{
+    const SFileContent content = FileAccess::Read(strPath, site.GetLimits().nBytes);
+    if (content.kind != SFileContent::Read) {
+        strFault = content.kind == SFileContent::Absent ? QStringLiteral("it is not there") : content.strReason;
+        return ImportInvalid;
+    }
+    const SListReading reading = CListFormat::Read(content.bytes, site.GetLimits());
+    if (reading.verdict != SListReading::Valid) {
+        strFault = reading.strReason;
+        return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
+    }
+    const QByteArray bytes = CListFormat::Write(reading.node);
+    strFault = bytes == content.bytes ? QString() : CListFormat::FindProofFault(bytes, site.GetLimits());
     if (!strFault.isEmpty()) {
-        site.Refuse(SenderPrcList, strCommand, Describe(strCopy, strFault));
         return ImportNotCopied;
     }
-    if (std::rename(QFile::encodeName(strCopy).constData(), QFile::encodeName(strReal).constData()) != 0) {
-        const QString strReason = QString::fromLocal8Bit(std::strerror(errno));
-        QFile::remove(strCopy);
-        site.Refuse(SenderPrcList, strCommand, Describe(strReal, strReason));
-        return ImportNotOverwritten;
+    const SListSave save = own.Overwrite(site.GetEdition(), bytes);
+    news.listWarning += save.listWarning;
+    if (save.result != SListSave::Saved) {
+        strFault = QStringLiteral("the own list is not overwritten, ") + save.strReason;
+        return save.result == SListSave::NotWritten ? ImportNotCopied : ImportNotOverwritten;
     }
+    own.Adopt(site.ReplaceList(reading.node));
+    SetTrouble({}, news);
     return ImportDone;
+}
+
+void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)
+{
+    const QString strLine = CNameRules::GetLine(strTroubleNow);
+    const Lock lock(mutexTrouble);
+    news.bTrouble = strLine != strTrouble;
+    strTrouble = strLine;
+}
+
+// Without a lock: whoever hears it may ask.
+void CListStore::Tell(const SNews& news)
+{
+    for (const QString& strLine : news.listWarning) {
+        events.Warn(strLine);
+    }
+    if (news.bTrouble) {
+        emit events.ListTroubleChanged();
+    }
 }

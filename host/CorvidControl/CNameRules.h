@@ -13,11 +13,24 @@ public:
     /// Why strName is refused, in a few words; empty when it is a good name.
     static QString FindFault(const QString& strName);
 
+    /// strName as a command means it: line ends and control characters are blanks, the ends are trimmed.
+    static QString Clean(const QString& strName);
+
+    /// As Clean, and without the characters that turn the direction around; strSubstitute when nothing of it
+    /// can be seen. What FindFault may still refuse are single characters and the length.
+    static QString Mend(const QString& strName, const QString& strSubstitute);
+
+    /// strText as one line: line ends and control characters are blanks.
+    static QString GetLine(const QString& strText);
+
     /// True for text that survives the way to UTF-8 and back and holds no control characters.
     static bool IsCleanText(const QString& strText);
 
     /// True for clean text of at most nMaxTextBytes: a project or the name of a type.
     static bool IsText(const QString& strText);
+
+    /// strText as IsText takes it: in one line, without half characters, cut at the limit.
+    static QString MendText(const QString& strText);
 
     CNameRules() = delete;
 };

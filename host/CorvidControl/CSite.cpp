@@ -4,10 +4,9 @@
 #include "CorvidControl/CHostState.h"
 #include "CorvidControl/CMessageDispatcher.h"
 #include "CorvidControl/CNameRules.h"
+#include "CorvidControl/DeviceReport.h"
 #include "CorvidControl/EnControlMessage.h"
 #include "data/EnNodeType.h"
-
-#include <QHostAddress>
 
 #include <algorithm>
 
@@ -39,6 +38,13 @@ CNodeTree CSite::CopyTree(bool bSimulator) const
     return tree[bSimulator];
 }
 
+SListEdition CSite::GetEdition() const
+{
+    const Lock lock(mutex);
+    bLent[0] = true;
+    return { tree[0].GetRoot(), nEdit };
+}
+
 SProcessorGroupNode CSite::CopyGroup(const QUuid& id) const
 {
     for (const bool bSimulator : { false, true }) {
@@ -62,43 +68,27 @@ bool CSite::SetSelection(const std::vector<QUuid>& vecId)
     {
         const Lock lock(mutex);
         const int nPane = bSimulatorPane;
-        std::vector<QUuid> vecKnown;
-        std::copy_if(vecId.cbegin(), vecId.cend(), std::back_inserter(vecKnown),
-                     [&](const QUuid& id) { return id.isNull() || tree[nPane].Contains(id); });
-        if (vecKnown.empty() && !vecId.empty())
+        if (!selection[nPane].Set(tree[nPane], vecId, bChanged)) {
             return false;
-        bChanged = vecKnown != vecSelection[nPane];
-        vecSelection[nPane] = vecKnown;
+        }
     }
-    if (bChanged)
+    if (bChanged) {
         dispatcher.Post(SenderRuntime, MessageSelectionChanged);
+    }
     return true;
 }
 
 std::vector<QUuid> CSite::GetSelection(bool bSimulator) const
 {
     const Lock lock(mutex);
-    return vecSelection[bSimulator];
+    return selection[bSimulator].GetIds();
 }
 
 std::vector<QUuid> CSite::GetSelectedProcessors() const
 {
     const Lock lock(mutex);
     const int nPane = bSimulatorPane;
-    std::vector<QUuid> vecProcessor;
-    const auto append = [&](const QUuid& id) {
-        if (std::find(vecProcessor.cbegin(), vecProcessor.cend(), id) == vecProcessor.cend())
-            vecProcessor.push_back(id);
-    };
-    for (const QUuid& id : vecSelection[nPane]) {
-        const int nGroup = tree[nPane].FindGroup(id);
-        if (nGroup >= 0)
-            for (const SProcessorNode& processor : tree[nPane].GetGroup(nGroup).listProcessor)
-                append(processor.idNode);
-        else if (tree[nPane].FindProcessor(id))
-            append(id);
-    }
-    return vecProcessor;
+    return selection[nPane].FindProcessors(tree[nPane]);
 }
 
 void CSite::AddGroup(SProcessorGroupNode group)
@@ -120,27 +110,27 @@ void CSite::MoveProcessor(const QUuid& id, const QUuid& idGroup)
 // A locked list can still be folded: that changes how it is looked at, not what it is.
 void CSite::SetExpanded(const QUuid& id, bool bExpanded)
 {
-    bool bChanged = false;
+    SOutcome outcome;
     {
         const Lock lock(mutex);
-        const int nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : FindPane(id);
-        bChanged = nPane >= 0 && Edit(nPane).SetExpanded(id, bExpanded);
+        outcome.nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : FindPane(id);
+        outcome.bChanged = outcome.nPane >= 0 && Edit(outcome.nPane).SetExpanded(id, bExpanded);
+        Count(outcome);
     }
-    if (bChanged)
-        dispatcher.Post(SenderPrcList, MessageListChanged);
+    Tell(outcome, SenderPrcList, MessageListChanged);
 }
 
 void CSite::SetChief(const QUuid& idGroup, const QUuid& idChief)
 {
-    bool bChanged = false;
+    SOutcome outcome;
     {
         const Lock lock(mutex);
-        const int nPane = FindPane(idGroup);
-        const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(idGroup);
-        bChanged = nGroup >= 0 && Edit(nPane).SetChief(nGroup, idChief);
+        outcome.nPane = FindPane(idGroup);
+        const int nGroup = outcome.nPane < 0 ? -1 : tree[outcome.nPane].FindGroup(idGroup);
+        outcome.bChanged = nGroup >= 0 && Edit(outcome.nPane).SetChief(nGroup, idChief);
+        Count(outcome);
     }
-    if (bChanged)
-        dispatcher.Post(SenderPreference, MessageChiefChanged);
+    Tell(outcome, SenderPreference, MessageChiefChanged);
 }
 
 QString CSite::FindDeleteFault(const QUuid& id) const
@@ -162,9 +152,9 @@ bool CSite::RemoveProcessor(const QUuid& id)
         if (!strFault.isEmpty())
             return { false, strFault };
         Edit(nPane).TakeProcessor(*place);
-        PruneSelection(nPane);
+        selection[nPane].Prune(tree[nPane]);
         bGone = true;
-        return { true, {} };
+        return { true, {}, nPane };
     });
     return bGone;
 }
@@ -183,8 +173,8 @@ QList<SProcessorNode> CSite::RemoveGroup(const QUuid& id, bool bWithProcessors)
         if (bWithProcessors)
             listGone = tree[nPane].GetGroup(nGroup).listProcessor;
         Edit(nPane).RemoveGroup(nGroup, bWithProcessors);
-        PruneSelection(nPane);
-        return { true, {} };
+        selection[nPane].Prune(tree[nPane]);
+        return { true, {}, nPane };
     });
     return listGone;
 }
@@ -202,9 +192,10 @@ QString CSite::FindAddFault(quint32 nIP) const
     return bTaken ? QStringLiteral("a processor of the list has this address") : QString();
 }
 
-bool CSite::AddProcessor(const SProcessorNode& processor, bool bSimulator)
+bool CSite::AddProcessor(const SProcessorNode& device, bool bSimulator)
 {
     bool bAdded = false;
+    const SProcessorNode processor = DeviceReport::Mend(device);
     Carry(QStringLiteral("Adding the processor \"%1\"").arg(processor.strName), [&]() -> SOutcome {
         if (FindPane(processor.idNode) >= 0)
             return { false, QStringLiteral("it is in the list already") };
@@ -212,14 +203,15 @@ bool CSite::AddProcessor(const SProcessorNode& processor, bool bSimulator)
             return { false, QStringLiteral("the list is full") };
         Edit(bSimulator).AppendProcessor(processor);
         bAdded = true;
-        return { true, {} };
+        return { true, {}, bSimulator };
     });
     return bAdded;
 }
 
-void CSite::ApplyReport(const SProcessorNode& device)
+void CSite::ApplyReport(const SProcessorNode& report)
 {
     {
+        const SProcessorNode device = DeviceReport::Mend(report);
         const Lock lock(mutex);
         const int nPane = FindPane(device.idNode);
         const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(device.idNode);
@@ -236,15 +228,18 @@ void CSite::ApplyReport(const SProcessorNode& device)
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
 
-void CSite::ReplaceList(const SProcessorAllNode& node)
+quint64 CSite::ReplaceList(const SProcessorAllNode& node)
 {
+    quint64 nEditNow = 0;
     {
         const Lock lock(mutex);
         tree[0].SetRoot(node);
         bLent[0] = true;
-        PruneSelection(0);
+        selection[0].Prune(tree[0]);
+        nEditNow = ++nEdit;
     }
     dispatcher.Post(SenderPrcList, MessageListChanged);
+    return nEditNow;
 }
 
 int CSite::GetNodeType(const QUuid& id) const
@@ -288,11 +283,22 @@ void CSite::Carry(const QString& strCommand, const std::function<SOutcome()>& co
     {
         const Lock lock(mutex);
         outcome = host.IsLocked() ? SOutcome{ false, QStringLiteral("the list is locked") } : command();
+        Count(outcome);
     }
-    if (!outcome.strRefused.isEmpty())
+    if (!outcome.strRefused.isEmpty()) {
         Refuse(SenderPrcList, strCommand, outcome.strRefused);
-    else if (outcome.bChanged)
-        dispatcher.Post(SenderPrcList, MessageListChanged);
+    }
+    Tell(outcome, SenderPrcList, MessageListChanged);
+}
+
+void CSite::Tell(const SOutcome& outcome, EnMessageSender sender, int nMessage) const
+{
+    if (outcome.bChanged) {
+        dispatcher.Post(sender, nMessage);
+    }
+    if (outcome.IsEdit() && listenerEdit) {
+        listenerEdit();
+    }
 }
 
 // All below need the lock.
@@ -310,19 +316,23 @@ CNodeTree& CSite::Edit(int nPane)
 CSite::SOutcome CSite::TryAddGroup(SProcessorGroupNode group)
 {
     const int nPane = bSimulatorPane;
+    group.strName = CNameRules::Clean(group.strName);
     const QString strFault = CNameRules::FindFault(group.strName);
     if (!strFault.isEmpty())
         return { false, strFault };
     if (group.idNode.isNull() || FindPane(group.idNode) >= 0)
         return { false, QStringLiteral("its id is empty or taken") };
+    if (group.setAux.size() > limits.nAux)
+        return { false, QStringLiteral("it carries too many numbers") };
     if (tree[nPane].GetRoot().listGroup.size() >= limits.nGroups)
         return { false, QStringLiteral("the list has all the groups it can have") };
     Edit(nPane).AppendGroup(group);
-    return { true, {} };
+    return { true, {}, nPane };
 }
 
-CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strName)
+CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strText)
 {
+    const QString strName = CNameRules::Clean(strText);
     const int nPane = FindPane(id);
     if (nPane < 0)
         return { false, GetGone() };
@@ -337,7 +347,7 @@ CSite::SOutcome CSite::TryRename(const QUuid& id, const QString& strName)
         Edit(nPane).EditProcessor(*place).strName = strName;
     else
         Edit(nPane).EditGroup(nGroup).strName = strName;
-    return { true, {} };
+    return { true, {}, nPane };
 }
 
 CSite::SOutcome CSite::TryMove(const QUuid& id, const QUuid& idGroup)
@@ -349,7 +359,7 @@ CSite::SOutcome CSite::TryMove(const QUuid& id, const QUuid& idGroup)
     const int nGroup = idGroup.isNull() ? -1 : tree[nPane].FindGroup(idGroup);
     if (nGroup < 0 && !idGroup.isNull())
         return { false, QStringLiteral("the group is not in its pane") };
-    return { Edit(nPane).MoveProcessor(*place, nGroup), {} };
+    return { Edit(nPane).MoveProcessor(*place, nGroup), {}, nPane };
 }
 
 QString CSite::TryFindDeleteFault(const QUuid& id) const
@@ -385,16 +395,4 @@ const SProcessorNode* CSite::FindProcessor(const QUuid& id) const
 bool CSite::IsRunning(const SProcessorNode& processor, const QString& strProject)
 {
     return processor.bOnline && !strProject.isEmpty() && processor.strProject == strProject;
-}
-
-void CSite::PruneSelection(int nPane)
-{
-    std::vector<QUuid>& vecId = vecSelection[nPane];
-    const auto isGone = [&](const QUuid& id) { return !id.isNull() && !tree[nPane].Contains(id); };
-    const auto itGone = std::remove_if(vecId.begin(), vecId.end(), isGone);
-    if (itGone == vecId.end())
-        return;
-    vecId.erase(itGone, vecId.end());
-    if (vecId.empty())
-        vecId.push_back(QUuid());
 }

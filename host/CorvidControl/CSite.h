@@ -1,7 +1,9 @@
 #pragma once
 
 #include "CorvidControl/CNodeTree.h"
+#include "CorvidControl/CSelection.h"
 #include "CorvidControl/EnMessageSender.h"
+#include "CorvidControl/SListEdition.h"
 #include "CorvidControl/SListLimits.h"
 
 #include <atomic>
@@ -21,6 +23,13 @@ class CSite
 public:
     CSite(CMessageDispatcher& dispatcherNew, CHostEvents& eventsNew, const CHostState& hostNew, const SListLimits& limitsNew);
 
+    /// Who hears that a command or a found node has changed the Discovered list: what there is to save. On
+    /// the thread of the change, without a lock. Set it once, before anything else.
+    void SetEditListener(const std::function<void()>& listenerNew)
+    {
+        listenerEdit = listenerNew;
+    }
+
     const CHostState& GetHost() const
     {
         return host;
@@ -31,6 +40,7 @@ public:
     }
     SProcessorAllNode GetTree(bool bSimulator) const;
     CNodeTree CopyTree(bool bSimulator) const;
+    SListEdition GetEdition() const;                      ///< of the Discovered list
     SProcessorGroupNode CopyGroup(const QUuid& id) const; ///< empty when it is gone
     bool IsSimulatorPane() const
     {
@@ -59,10 +69,12 @@ public:
     QString FindAddFault(quint32 nIP) const;
 
     /// To the end of the root of a pane. False when it was refused.
-    bool AddProcessor(const SProcessorNode& processor, bool bSimulator);
+    bool AddProcessor(const SProcessorNode& device, bool bSimulator);
 
-    void ApplyReport(const SProcessorNode& device); ///< what a device says of itself
-    void ReplaceList(const SProcessorAllNode& node);
+    void ApplyReport(const SProcessorNode& report); ///< what a device says of itself
+
+    /// By a list out of a file. The number of its edition.
+    quint64 ReplaceList(const SProcessorAllNode& node);
 
     int GetNodeType(const QUuid& id) const;
     bool IsActive(const QUuid& id) const; ///< its device answers; a group is always active
@@ -76,28 +88,41 @@ private:
     {
         bool bChanged = false;
         QString strRefused;
+        int nPane = 0; ///< that was changed
+
+        /// Simulators are in no file: of them there is nothing to save.
+        bool IsEdit() const
+        {
+            return bChanged && nPane == 0;
+        }
     };
 
     void Carry(const QString& strCommand, const std::function<SOutcome()>& command);
     CNodeTree& Edit(int nPane);
+    void Count(const SOutcome& outcome)
+    {
+        nEdit += outcome.IsEdit() ? 1 : 0;
+    }
+    void Tell(const SOutcome& outcome, EnMessageSender sender, int nMessage) const;
     SOutcome TryAddGroup(SProcessorGroupNode group);
-    SOutcome TryRename(const QUuid& id, const QString& strName);
+    SOutcome TryRename(const QUuid& id, const QString& strText);
     SOutcome TryMove(const QUuid& id, const QUuid& idGroup);
     QString TryFindDeleteFault(const QUuid& id) const;
     int FindPane(const QUuid& id) const;
     const SProcessorNode* FindProcessor(const QUuid& id) const;
     static bool IsRunning(const SProcessorNode& processor, const QString& strProject);
-    void PruneSelection(int nPane);
 
     CMessageDispatcher& dispatcher;
     CHostEvents& events;
     const CHostState& host;
     const SListLimits limits;
+    std::function<void()> listenerEdit;
 
     std::atomic<bool> bSimulatorPane{ false };
 
     mutable std::mutex mutex;              ///< guards all below
     CNodeTree tree[2];                     ///< Discovered, Simulator; written through Edit
     mutable bool bLent[2]{ false, false }; ///< a copy of the tree was handed out since it was written
-    std::vector<QUuid> vecSelection[2]{ { QUuid() }, { QUuid() } };
+    CSelection selection[2];
+    quint64 nEdit = 0; ///< how often the Discovered list was changed but by reports of devices
 };

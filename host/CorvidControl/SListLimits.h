@@ -8,10 +8,12 @@ struct SListLimits
     int nProcessors = 256; ///< in the Discovered list
     int nGroups = 256;     ///< in each pane
     int nSimulators = 2;
+    int nAux = 32;                ///< numbers that a group carries
+    int nBytes = 2 * 1024 * 1024; ///< of a list file
 
-    /// No limits but for the simulators.
+    /// For load tests: no limits but for the simulators and the memory.
     static SListLimits Lifted()
     {
-        return { std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 2 };
+        return { std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 2, 32, 16 * 1024 * 1024 };
     }
 };

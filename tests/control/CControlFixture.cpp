@@ -2,6 +2,7 @@
 
 #include "CorvidControl/CListFormat.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <algorithm>
@@ -58,6 +59,13 @@ QByteArray CControlFixture::Read(const QString& strName) const
 {
     QFile file(GetPath(strName));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList CControlFixture::ListFiles(const QStringList& listFilter) const
+{
+    QStringList listName = QDir(folder.path()).entryList(listFilter, QDir::Files | QDir::Hidden);
+    listName.removeAll(QStringLiteral("list.kvtl.lock"));
+    return listName;
 }
 
 QString CControlFixture::GetText(bool bSimulator)

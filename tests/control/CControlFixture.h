@@ -11,7 +11,10 @@
 #include "interfaces/control/IProjectManageControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 
+#include <QMetaType>
 #include <QTemporaryDir>
+
+Q_DECLARE_METATYPE(SProcessorNode)
 
 /// A running library over a list of the test's choice in a folder of its own, without a life and with
 /// quick devices, and an observer that has read the beginning already.
@@ -31,6 +34,9 @@ public:
     QString GetPath(const QString& strName = QStringLiteral("list.kvtl")) const;
     void Write(const QString& strName, const QByteArray& bytes) const;
     QByteArray Read(const QString& strName) const;
+
+    /// The names of the files in the folder that fit, but for the lock.
+    QStringList ListFiles(const QStringList& listFilter = {}) const;
 
     /// A pane as text, one node a line, members indented; "*" marks the selected nodes, in their order.
     static QString GetText(bool bSimulator = false);

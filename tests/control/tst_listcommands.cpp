@@ -22,6 +22,8 @@ private slots:
     void aChiefThatLeavesItsGroupIsNoChiefAnyMore();
     void aRenamedNodeShowsItsNewName_data();
     void aRenamedNodeShowsItsNewName();
+    void aNewNameIsTidied_data();
+    void aNewNameIsTidied();
     void renamingToTheSameNameIsNotTold();
     void deletingAGroupWithItsProcessorsTakesThemAll();
     void deletingAGroupOnlyMovesItsProcessorsToTheRoot();
@@ -126,6 +128,37 @@ void CListCommandsTest::aRenamedNodeShowsItsNewName()
         g_pPrcBasicControl->RenameProcessor(id, strName);
     QVERIFY(GetText().contains("  " + strName));
     QCOMPARE(GetRecorder().GetAllMessages(), QVector<int>{ MessageListChanged });
+}
+
+void CListCommandsTest::aNewNameIsTidied_data()
+{
+    QTest::addColumn<QString>("strTyped");
+    QTest::addColumn<QString>("strName");
+    QTest::newRow("blanks around") << "  Wall left "
+                                   << "Wall left";
+    QTest::newRow("wide blanks around") << QString(QChar(0x3000)) + "Wall" + QChar(0x00A0) << "Wall";
+    QTest::newRow("a tab") << "Wall\tleft"
+                           << "Wall left";
+    QTest::newRow("a line end of each kind") << "a\r\nb\nc\rd"
+                                             << "a b c d";
+    QTest::newRow("line ends of the wide world") << QString("a") + QChar(0x2028) + "b" + QChar(0x85) + "c"
+                                                 << "a b c";
+    QTest::newRow("a line end behind it") << "Wall\n"
+                                          << "Wall";
+    QTest::newRow("64 bytes and blanks") << QString(64, 'x') + "  " << QString(64, 'x');
+    QTest::newRow("a joiner within") << QString("a") + QChar(0x200D) + "b" << QString("a") + QChar(0x200D) + "b";
+}
+
+void CListCommandsTest::aNewNameIsTidied()
+{
+    QFETCH(QString, strTyped);
+    QFETCH(QString, strName);
+    g_pPrcBasicControl->RenameProcessor(ProcessorId("loose"), strTyped);
+    QCOMPARE(CControlFixture::GetTree().listProcessor.at(0).strName, strName);
+    g_pPrcListControl->RenameGroup(GroupId("Hall"), strTyped);
+    QCOMPARE(CControlFixture::GetTree().listGroup.at(1).strName, strName);
+    g_pPrcListControl->AddGroup(Group(strTyped), true);
+    QCOMPARE(CControlFixture::GetTree().listGroup.at(2).strName, strName);
 }
 
 void CListCommandsTest::renamingToTheSameNameIsNotTold()

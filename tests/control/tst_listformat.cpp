@@ -41,6 +41,15 @@ QByteArray BuildChanged(const QByteArray& from, const QByteArray& to)
     return Seal(body.replace(nAt, from.size(), to));
 }
 
+QByteArray BuildNumbers(int nCount)
+{
+    QByteArray text = "1000";
+    for (int n = 1; n < nCount; ++n) {
+        text += ',' + QByteArray::number(1000 + n);
+    }
+    return text;
+}
+
 } // namespace
 
 /// List files as bytes.
@@ -54,6 +63,10 @@ private slots:
     void aListWrittenByAnotherToolIsReadAlike();
     void whatIsNoSoundListIsRefusedWithTheReason_data();
     void whatIsNoSoundListIsRefusedWithTheReason();
+    void namesOfAListThatIsLoadedAreMended_data();
+    void namesOfAListThatIsLoadedAreMended();
+    void aNameThatIsBadOtherwiseIsRefusedOnLoadingToo();
+    void theLongestListPossibleIsTaken();
     void everyCutAndEveryFlippedByteIsRefused();
     void aListAtTheLimitsIsTaken();
     void aListOverTheLimitIsTooLarge_data();
@@ -134,6 +147,18 @@ void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason_data()
         << Seal(R"({"expanded":true,"groups":{},"name":"a","processors":[]})") << "is no list";
     QTest::newRow("a group that is no object")
         << Seal(R"({"expanded":true,"groups":[1],"name":"a","processors":[]})") << "no object";
+    QTest::newRow("a blank at the end") << BuildChanged("\"beta\"", "\"beta \"") << "begin or end with a blank";
+    QTest::newRow("a name of joiners") << BuildChanged("\"beta\"", "\"\xe2\x80\x8d\"") << "invisible";
+    QTest::newRow("a name that turns round") << BuildChanged("\"beta\"", "\"a\xe2\x80\xae\"") << "direction";
+    QTest::newRow("a line separator") << BuildChanged("\"beta\"", "\"a\\u2028b\"") << "control characters";
+    QTest::newRow("a key twice") << BuildChanged("\"portA\"", "\"model\": 12, \"portA\"") << "a key is there twice";
+    QTest::newRow("a key twice, in escapes")
+        << BuildChanged("\"portA\"", "\"mode\\u006c\": 12, \"portA\"") << "a key is there twice";
+    QTest::newRow("all groups twice") << BuildChanged("\"groups\"", "\"groups\": [], \"groups\"") << "a key is there twice";
+    QTest::newRow("a whole node behind a key")
+        << BuildChanged("\"chief\": \"\"", "\"chief\": {\"id\": 1}, \"chief\": \"\"") << "a key is there twice";
+    QTest::newRow("too many numbers") << BuildChanged("300", BuildNumbers(31)) << "more than 32 numbers";
+    QTest::newRow("longer than any list") << Seal("{}" + QByteArray(2 * 1024 * 1024, ' ')) << "longer than any list";
     QTest::newRow("a long project") << BuildChanged("\"Aurora\"", '"' + QByteArray(257, 'x') + '"') << "256 bytes";
 }
 
@@ -146,6 +171,49 @@ void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason()
     QVERIFY(!reading.strReason.isEmpty());
     QVERIFY2(reading.strReason.contains(strReason), qPrintable(reading.strReason));
     QVERIFY(reading.node.listGroup.isEmpty() && reading.node.listProcessor.isEmpty());
+}
+
+void CListFormatTest::namesOfAListThatIsLoadedAreMended_data()
+{
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<QString>("strName");
+    QTest::newRow("blanks around") << QByteArray("  beta ") << "beta";
+    QTest::newRow("a control character") << QByteArray("be\\u0007ta") << "be ta";
+    QTest::newRow("a line end") << QByteArray("be\\r\\nta") << "be ta";
+    QTest::newRow("turned round") << QByteArray("be\\u202eta") << "beta";
+    QTest::newRow("invisible") << QByteArray("\\u200b\\u2060") << "127.0.0.1";
+    QTest::newRow("blanks alone") << QByteArray("   ") << "127.0.0.1";
+    QTest::newRow("empty") << QByteArray() << "127.0.0.1";
+}
+
+void CListFormatTest::namesOfAListThatIsLoadedAreMended()
+{
+    QFETCH(QByteArray, written);
+    QFETCH(QString, strName);
+    const QByteArray bytes = BuildChanged("\"beta\"", '"' + written + '"');
+    const SListReading reading = CListFormat::Read(bytes, {}, CListFormat::NamesMended);
+    QCOMPARE(reading.strReason, QString());
+    QCOMPARE(reading.node.listGroup.at(0).listProcessor.at(1).strName, strName);
+    QCOMPARE(reading.listMended.size(), 1);
+    QVERIFY2(reading.listMended.at(0).contains("processor 2 of group 1: it is \"" + strName + '"'),
+             qPrintable(reading.listMended.at(0)));
+    QCOMPARE(CListFormat::Read(CListFormat::Write(reading.node), {}).verdict, SListReading::Valid);
+    QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::Invalid);
+}
+
+void CListFormatTest::aNameThatIsBadOtherwiseIsRefusedOnLoadingToo()
+{
+    const QByteArray character = BuildChanged("\"beta\"", "\"a=b\"");
+    QCOMPARE(CListFormat::Read(character, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+    const QByteArray number = BuildChanged("\"beta\"", "7");
+    QCOMPARE(CListFormat::Read(number, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+}
+
+void CListFormatTest::theLongestListPossibleIsTaken()
+{
+    const QByteArray bytes = CListFormat::Write(BuildLongestList());
+    QVERIFY2(bytes.size() > 700 * 1000, qPrintable(QString::number(bytes.size())));
+    QCOMPARE(CListFormat::Read(bytes, {}).strReason, QString());
 }
 
 void CListFormatTest::everyCutAndEveryFlippedByteIsRefused()

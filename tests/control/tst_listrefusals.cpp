@@ -62,7 +62,21 @@ void CListRefusalsTest::aRefusedCommandChangesNothingAndIsTold_data()
     QTest::newRow("an equals sign") << Command([] { Rename("a=b"); });
     QTest::newRow("a CJK comma") << Command([] { Rename(QString::fromUtf8("左，右")); });
     QTest::newRow("an em dash") << Command([] { Rename(QString::fromUtf8("a—b")); });
-    QTest::newRow("a line break") << Command([] { Rename("a\nb"); });
+    QTest::newRow("line ends alone") << Command([] { Rename("\r\n\n"); });
+    QTest::newRow("a joiner alone") << Command([] { Rename(QChar(0x200D)); });
+    QTest::newRow("fillers alone") << Command([] { Rename(QString(QChar(0x3164)) + ' ' + QChar(0x115F)); });
+    QTest::newRow("tags alone") << Command([] { Rename(QString::fromUtf8("\xF3\xA0\x81\xA7\xF3\xA0\x81\xA2")); });
+    QTest::newRow("an override") << Command([] { Rename(QString("a") + QChar(0x202E) + "b"); });
+    QTest::newRow("an isolate") << Command([] { Rename(QString("a") + QChar(0x2067) + "b"); });
+    QTest::newRow("a mark of direction") << Command([] { Rename(QString("ab") + QChar(0x200F)); });
+    QTest::newRow("a group that cannot be seen") << Command([] { g_pPrcListControl->AddGroup(Group(QChar(0xFEFF)), true); });
+    QTest::newRow("a group that carries too much") << Command([] {
+        QSet<int> setAux;
+        for (int n = 0; n < 33; ++n) {
+            setAux.insert(n);
+        }
+        g_pPrcListControl->AddGroup(Group("x").Aux(setAux), true);
+    });
     QTest::newRow("half a character") << Command([] { Rename(QString(QChar(0xD800))); });
     QTest::newRow("a refused group name") << Command([] { g_pPrcListControl->RenameGroup(GroupId("Hall"), "{"); });
     QTest::newRow("renaming what is gone") << Command([] { g_pPrcListControl->RenameGroup(GroupId("nobody"), "x"); });

@@ -4,6 +4,8 @@
 
 #include <QHostAddress>
 
+#include <limits>
+
 CProcessorBuilder::CProcessorBuilder(const QString& strName)
 {
     node.strName = strName;
@@ -143,5 +145,33 @@ SProcessorAllNode Root(const QList<SProcessorGroupNode>& listGroup, const QList<
     SProcessorAllNode node;
     node.listGroup = listGroup;
     node.listProcessor = listProcessor;
+    return node;
+}
+
+SProcessorAllNode BuildLongestList()
+{
+    constexpr int nNodes = 256;
+    constexpr int nNumbers = 32;
+    constexpr int nNameBytes = 64;
+    constexpr int nTextBytes = 256;
+    QSet<int> setAux;
+    for (int n = 0; n < nNumbers; ++n) {
+        setAux.insert(std::numeric_limits<int>::min() + n);
+    }
+    const QString strName(nNameBytes, QLatin1Char('"')); // two bytes each in a file
+    const QString strText(nTextBytes, QLatin1Char('"'));
+    SProcessorAllNode node;
+    for (int n = 0; n < nNodes; ++n) {
+        const QString strId = QStringLiteral("longest %1").arg(n);
+        const SProcessorNode processor = Processor(strName)
+                                             .Id(strId)
+                                             .Aux(ProcessorId(strId))
+                                             .Project(strText)
+                                             .Type(std::numeric_limits<qint32>::min(), strText)
+                                             .Chief(std::numeric_limits<qint32>::min())
+                                             .Ports(std::numeric_limits<quint32>::max(), std::numeric_limits<quint32>::max())
+                                             .Ip(0xC8C8C800U + static_cast<quint32>(n));
+        node.listGroup.append(Group(strName, { processor }).Id(strId).Aux(setAux));
+    }
     return node;
 }

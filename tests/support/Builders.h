@@ -63,3 +63,7 @@ private:
 CProcessorBuilder Processor(const QString& strName);
 CGroupBuilder Group(const QString& strName, const QList<SProcessorNode>& listProcessor = {});
 SProcessorAllNode Root(const QList<SProcessorGroupNode>& listGroup, const QList<SProcessorNode>& listProcessor = {});
+
+/// The list that takes most bytes as a file and most time to read: as many groups and processors as there
+/// may be, with texts as long as they may be.
+SProcessorAllNode BuildLongestList();

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <atomic>
+
+/// While it lives, a call of the system fails in this process on files whose name fits, which no rights and
+/// no full disk could bring about for root. One at a time. CFileFaults.cpp stands in for the calls: link it
+/// into the test program itself.
+class CFileFaults
+{
+public:
+    enum EnCall
+    {
+        CallStatus, ///< stat
+        CallRead,
+        CallWrite,
+        CallSync,
+        CallMode,  ///< fchmod
+        CallRename ///< by the name that the file is to get
+    };
+
+    static constexpr int nFlip = -1; ///< as nErrorIn: the call does its work, but changes one bit
+
+    /// pattern as fnmatch takes it. The first nSkipIn calls that fit go well.
+    CFileFaults(EnCall callIn, const QByteArray& patternIn, int nErrorIn, int nSkipIn = 0);
+    ~CFileFaults();
+    CFileFaults(const CFileFaults&) = delete;
+    CFileFaults& operator=(const CFileFaults&) = delete;
+
+    /// How many calls have failed.
+    int GetFailed() const
+    {
+        return nFailed;
+    }
+
+    /// For the stand-ins: 0, or with what this call is to fail.
+    static int Find(EnCall call, const char* szPath);
+    static int Find(EnCall call, int nFile);
+
+private:
+    const EnCall call;
+    const QByteArray pattern;
+    const int nError;
+    std::atomic<int> nSkip;
+    std::atomic<int> nFailed{ 0 };
+};

@@ -1,0 +1,308 @@
+#include "Builders.h"
+#include "CControlFixture.h"
+#include "CListTime.h"
+#include "CNameRegistry.h"
+#include "CorvidControl/CHostEvents.h"
+#include "CorvidControl/CHostState.h"
+#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/CListKeeper.h"
+#include "CorvidControl/CListStore.h"
+#include "CorvidControl/CMessageDispatcher.h"
+#include "CorvidControl/CSite.h"
+#include "TestMain.h"
+
+#include <QSemaphore>
+
+using Command = std::function<void()>;
+using SiteCommand = std::function<void(CSite&)>;
+Q_DECLARE_METATYPE(Command)
+Q_DECLARE_METATYPE(SiteCommand)
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+/// A keeper with a clock of its own, which counts its saves instead of saving.
+class CCountingKeeper
+{
+public:
+    CCountingKeeper() : keeper([this] { return Save(); }, time.GetClock()) { }
+
+    void Pass(std::chrono::milliseconds timePassed)
+    {
+        time.Pass(timePassed);
+        keeper.Wake();
+    }
+    bool AwaitSave()
+    {
+        return semaphore.tryAcquire(1, 10000);
+    }
+
+    CListTime time;
+    std::atomic<bool> bWorks{ true };
+    std::atomic<int> nSaves{ 0 };
+    std::atomic<std::thread::id> thread;
+    QSemaphore semaphore;
+    CListKeeper keeper;
+
+private:
+    bool Save()
+    {
+        thread = std::this_thread::get_id();
+        ++nSaves;
+        semaphore.release();
+        return bWorks;
+    }
+};
+
+/// The library's list without the library.
+class CBareList
+{
+public:
+    explicit CBareList(const QString& strPath)
+        : host(dispatcher, events), site(dispatcher, events, host, {}), store(site, events, strPath)
+    {
+        site.SetEditListener([this] { ++nEdits; });
+    }
+
+    CMessageDispatcher dispatcher;
+    CHostEvents events;
+    const CHostState host;
+    CSite site;
+    CListStore store;
+    int nEdits = 0;
+};
+
+} // namespace
+
+/// When the list is saved by itself.
+class CListKeeperTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aChangeIsSavedASecondLater();
+    void changesWithoutAPauseAreSavedAfterFiveSeconds();
+    void aFailedSaveIsTriedAgainAfterFiveSeconds();
+    void aChangeAfterAFailureDoesNotWaitThatLong();
+    void theEndSavesWhatWaits();
+    void theEndOfAQuietKeeperSavesNothing();
+    void changesFromManyThreadsAreAllSaved();
+    void whatACommandChangesIsAReasonToSave_data();
+    void whatACommandChangesIsAReasonToSave();
+    void whatDevicesSayIsNone_data();
+    void whatDevicesSayIsNone();
+    void whatDevicesSaidIsWrittenAlong();
+    void aLibraryThatIsKilledHasSavedTheLastCommand();
+    void theEndOfTheLibrarySavesWithoutThePanel();
+};
+
+void CListKeeperTest::aChangeIsSavedASecondLater()
+{
+    CCountingKeeper counting;
+    counting.keeper.Touch();
+    counting.Pass(999ms);
+    counting.keeper.Touch(); // and another
+    counting.Pass(999ms);
+    QCOMPARE(counting.nSaves.load(), 0);
+    counting.Pass(1ms);
+    QVERIFY(counting.AwaitSave());
+    QVERIFY(counting.thread.load() != std::this_thread::get_id());
+    counting.Pass(1h);
+    counting.keeper.Stop();
+    QCOMPARE(counting.nSaves.load(), 1);
+}
+
+void CListKeeperTest::changesWithoutAPauseAreSavedAfterFiveSeconds()
+{
+    CCountingKeeper counting;
+    for (int n = 0; n < 10; ++n) {
+        counting.keeper.Touch();
+        QCOMPARE(counting.nSaves.load(), 0);
+        counting.Pass(500ms);
+    }
+    QVERIFY(counting.AwaitSave());
+    counting.keeper.Stop();
+    QCOMPARE(counting.nSaves.load(), 1);
+}
+
+void CListKeeperTest::aFailedSaveIsTriedAgainAfterFiveSeconds()
+{
+    CCountingKeeper counting;
+    counting.bWorks = false;
+    counting.keeper.Touch();
+    counting.Pass(1s);
+    QVERIFY(counting.AwaitSave());
+    std::chrono::milliseconds timePassed = 0ms;
+    while (!counting.semaphore.tryAcquire(1, 10)) {
+        counting.Pass(100ms);
+        timePassed += 100ms;
+        QVERIFY(timePassed < 1h);
+    }
+    QVERIFY2(timePassed >= 5s, "it was tried again at once");
+}
+
+void CListKeeperTest::aChangeAfterAFailureDoesNotWaitThatLong()
+{
+    CCountingKeeper counting;
+    counting.bWorks = false;
+    counting.keeper.Touch();
+    counting.Pass(1s);
+    QVERIFY(counting.AwaitSave());
+    counting.keeper.Touch();
+    counting.Pass(1s);
+    QVERIFY(counting.AwaitSave());
+}
+
+void CListKeeperTest::theEndSavesWhatWaits()
+{
+    CCountingKeeper counting;
+    counting.keeper.Touch();
+    counting.keeper.Stop();
+    QCOMPARE(counting.nSaves.load(), 1);
+}
+
+void CListKeeperTest::theEndOfAQuietKeeperSavesNothing()
+{
+    CCountingKeeper counting;
+    counting.keeper.Stop();
+    QCOMPARE(counting.nSaves.load(), 0);
+}
+
+void CListKeeperTest::changesFromManyThreadsAreAllSaved()
+{
+    std::atomic<int> nChanged{ 0 };
+    std::atomic<int> nSaved{ 0 };
+    CListTime time;
+    CListKeeper keeper(
+        [&] {
+            nSaved = nChanged.load();
+            return true;
+        },
+        time.GetClock());
+    std::vector<std::thread> vecThread;
+    for (int nThread = 0; nThread < 4; ++nThread) {
+        vecThread.emplace_back([&] {
+            for (int n = 0; n < 500; ++n) {
+                ++nChanged;
+                keeper.Touch();
+                time.Pass(10ms);
+                keeper.Wake();
+            }
+        });
+    }
+    for (std::thread& thread : vecThread) {
+        thread.join();
+    }
+    keeper.Stop();
+    QCOMPARE(nSaved.load(), 2000);
+}
+
+void CListKeeperTest::whatACommandChangesIsAReasonToSave_data()
+{
+    QTest::addColumn<SiteCommand>("command");
+    QTest::addColumn<int>("nEdits");
+    const auto row
+        = [](const char* szName, const SiteCommand& command, int nEdits) { QTest::newRow(szName) << command << nEdits; };
+    row(
+        "a new group", [](CSite& site) { site.AddGroup(Group("Hall")); }, 1);
+    row(
+        "a name", [](CSite& site) { site.RenameNode(GroupId("Stage"), "Hall"); }, 1);
+    row(
+        "a move", [](CSite& site) { site.MoveProcessor(ProcessorId("alpha"), QUuid()); }, 1);
+    row(
+        "an ungrouping", [](CSite& site) { site.RemoveGroup(GroupId("Stage"), false); }, 1);
+    row(
+        "a deletion", [](CSite& site) { site.RemoveProcessor(ProcessorId("alpha")); }, 1);
+    row(
+        "a folding", [](CSite& site) { site.SetExpanded(GroupId("Stage"), false); }, 1);
+    row(
+        "the Chief", [](CSite& site) { site.SetChief(GroupId("Stage"), ProcessorId("alpha")); }, 1);
+    row(
+        "a found node", [](CSite& site) { site.AddProcessor(Processor("found"), false); }, 1);
+    row(
+        "the same name", [](CSite& site) { site.RenameNode(GroupId("Stage"), "Stage"); }, 0);
+    row(
+        "a name that is refused", [](CSite& site) { site.RenameNode(GroupId("Stage"), "="); }, 0);
+    row(
+        "the same folding", [](CSite& site) { site.SetExpanded(GroupId("Stage"), true); }, 0);
+    row(
+        "a move to where it is", [](CSite& site) { site.MoveProcessor(ProcessorId("alpha"), GroupId("Stage")); }, 0);
+    row(
+        "a selection", [](CSite& site) { site.SetSelection({ GroupId("Stage") }); }, 0);
+    row(
+        "a simulator", [](CSite& site) { site.AddProcessor(Processor("simulator"), true); }, 0);
+}
+
+void CListKeeperTest::whatACommandChangesIsAReasonToSave()
+{
+    QFETCH(SiteCommand, command);
+    QFETCH(int, nEdits);
+    CControlFixture fixture;
+    CBareList list(fixture.GetPath());
+    list.site.ReplaceList(Root({ Group("Stage", { Processor("alpha") }) }));
+    const quint64 nBefore = list.site.GetEdition().nEdit;
+    command(list.site);
+    QCOMPARE(list.nEdits, nEdits);
+    QCOMPARE(list.site.GetEdition().nEdit, nBefore + static_cast<quint64>(nEdits));
+}
+
+void CListKeeperTest::whatDevicesSayIsNone_data()
+{
+    QTest::addColumn<SProcessorNode>("report");
+    QTest::newRow("online") << SProcessorNode(Processor("alpha").Online());
+    QTest::newRow("role") << SProcessorNode(Processor("alpha").Primary());
+    QTest::newRow("project") << SProcessorNode(Processor("alpha").Project("Aurora"));
+    QTest::newRow("of a device that is not listed") << SProcessorNode(Processor("beta").Online());
+}
+
+void CListKeeperTest::whatDevicesSayIsNone()
+{
+    QFETCH(SProcessorNode, report);
+    CControlFixture fixture;
+    const QByteArray before = CListFormat::Write(Root({}, { Processor("alpha") }));
+    fixture.Write("list.kvtl", before);
+    CBareList list(fixture.GetPath());
+    QVERIFY(list.store.Load());
+    list.site.ApplyReport(report);
+    QCOMPARE(list.nEdits, 0);
+    QVERIFY(list.store.SaveSoon());
+    QCOMPARE(fixture.Read("list.kvtl"), before);
+}
+
+void CListKeeperTest::whatDevicesSaidIsWrittenAlong()
+{
+    CControlFixture fixture;
+    fixture.Write("list.kvtl", CListFormat::Write(Root({ Group("Stage", { Processor("alpha") }) })));
+    CBareList list(fixture.GetPath());
+    QVERIFY(list.store.Load());
+    list.site.ApplyReport(Processor("alpha").Online());
+    list.site.RenameNode(GroupId("Stage"), "Hall");
+    QVERIFY(list.store.SaveSoon());
+    const SProcessorAllNode node = CListFormat::Read(fixture.Read("list.kvtl"), {}).node;
+    QCOMPARE(node.listGroup.value(0).strName, QString("Hall"));
+    QVERIFY(node.listGroup.at(0).listProcessor.at(0).bOnline);
+}
+
+void CListKeeperTest::aLibraryThatIsKilledHasSavedTheLastCommand()
+{
+    CControlFixture fixture;
+    fixture.Start(Root({ Group("Stage") }));
+    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Hall");
+    // Nothing saves but the library itself, which would be killed now.
+    QTRY_VERIFY(fixture.Read("list.kvtl").contains("\"Hall\""));
+}
+
+void CListKeeperTest::theEndOfTheLibrarySavesWithoutThePanel()
+{
+    CControlFixture fixture;
+    fixture.Start(Root({ Group("Stage") }));
+    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Hall");
+    fixture.Stop();
+    QVERIFY(fixture.Read("list.kvtl").contains("\"Hall\""));
+    QVERIFY(!QFile::exists(fixture.GetPath("list.kvtl.lock")));
+}
+
+PTV_TEST_MAIN_CORE(CListKeeperTest)
+#include "tst_listkeeper.moc"
