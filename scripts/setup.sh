@@ -15,6 +15,7 @@ test_packages=(
     binutils python3            # the exported symbols, the include rules
     python3-pil                 # pixels of the screen
     clang clang-format clang-tidy clazy
+    libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
     libbenchmark-dev
 )
 
