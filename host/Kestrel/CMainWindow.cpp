@@ -69,6 +69,7 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     pMenu->UpdateText();
     pStatus->UpdateState();
+    pStatus->UpdateTrouble();
     RepaintPanel();
 }
 
@@ -92,6 +93,7 @@ void CMainWindow::SetConnection()
     connect(&host, &CControlHost::JobsChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
     connect(&host, &CControlHost::StateChanged, pMenu, &CHostMenu::UpdateState, Qt::QueuedConnection);
     connect(&host, &CControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
+    connect(&host, &CControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
     connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
     connect(&timerGrace, &QTimer::timeout, this, [this] {
         bGraceOver = host.GetRunningJobs().isEmpty();

@@ -169,6 +169,14 @@
         <source>Refresh blocked</source>
         <translation>Aktualisieren blockiert</translation>
     </message>
+    <message>
+        <source>List not read: %1</source>
+        <translation>Liste nicht gelesen: %1</translation>
+    </message>
+    <message>
+        <source>List not saved: %1</source>
+        <translation>Liste nicht gespeichert: %1</translation>
+    </message>
 </context>
 <context>
     <name>CIPEdit</name>

@@ -169,6 +169,14 @@
         <source>Refresh blocked</source>
         <translation>刷新已禁止</translation>
     </message>
+    <message>
+        <source>List not read: %1</source>
+        <translation>列表未读取：%1</translation>
+    </message>
+    <message>
+        <source>List not saved: %1</source>
+        <translation>列表未保存：%1</translation>
+    </message>
 </context>
 <context>
     <name>CIPEdit</name>
