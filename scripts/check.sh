@@ -26,7 +26,9 @@ clazy_checks+=,no-function-args-by-value,no-function-args-by-ref,no-rule-of-thre
 clazy_checks+=,no-copyable-polymorphic,no-non-pod-global-static,no-ctor-missing-parent-argument
 
 check_format() {
-    git ls-files -co --exclude-standard '*.h' '*.cpp' | xargs -P "$jobs" -n 20 clang-format --dry-run --Werror
+    # By the tree, not by git: a source archive is checked, too.
+    find . -mindepth 1 \( -name '.*' -o -name build -o -name shots \) -prune -o -name '*.h' -print -o -name '*.cpp' -print \
+        | xargs -P "$jobs" -n 20 clang-format --dry-run --Werror
 }
 
 checked_sources() {

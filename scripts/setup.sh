@@ -13,9 +13,10 @@ test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
     xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
     valgrind                    # what Qt's own code, which is not instrumented, does to memory
-    binutils python3            # the exported symbols, the include rules
+    binutils python3 pkg-config # the exported symbols, the include rules, the flags of the fuzzer
     python3-pil                 # pixels of the screen
     clang clang-format clang-tidy clazy
+    libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
     libbenchmark-dev
 )
 

@@ -40,6 +40,7 @@ void AddOptions(QCommandLineParser& parser)
 
 CCommandLine::CCommandLine(const QStringList& listArgument)
 {
+    options.listArgument = listArgument.mid(1);
     QCommandLineParser parser;
     AddOptions(parser);
     if (!parser.parse(listArgument)) {
@@ -84,7 +85,12 @@ QString CCommandLine::GetHelp()
                           "  --panel FILE       the panel's library; default: beside the program\n"
                           "  --help             this text\n"
                           "\n"
-                          "Exit codes: 0 done, 1 the panel could not be loaded, 2 a bad option or file.\n")
+                          "SIGTERM, SIGINT, SIGHUP and the end of the session close the window in order: running\n"
+                          "jobs are waited for and the list is saved, without a question.\n"
+                          "\n"
+                          "Exit codes: 0 done, 1 the panel could not be loaded, 2 a bad option or file, 3 the\n"
+                          "list could not be saved at its place and nobody could be asked: the error output\n"
+                          "says where it is, a dated file beside that place if there was any way.\n")
         .arg(CLanguage::GetCodes().join(QLatin1String(", ")));
 }
 

@@ -4,10 +4,12 @@
 
 class CBusyIndicator;
 class CControlHost;
+class CElidedLabel;
 class CTheme;
 class QLabel;
 
-/// The status bar: what is busy and since when, and the modes that change what the panel allows.
+/// The status bar: what is busy and since when, what is wrong with the list's file, and the modes that change
+/// what the panel allows.
 class CHostStatus : public QStatusBar
 {
     Q_OBJECT
@@ -20,12 +22,16 @@ public:
     /// The badges, from the control library, in the present language.
     void UpdateState();
 
+    /// Why the list is not what is on disk, for as long as it is so.
+    void UpdateTrouble();
+
 private:
     QLabel* MakeBadge(bool bMode);
     static void SetBadge(QLabel* pBadge, const QString& strText, bool bShown);
 
     CControlHost& host;
     CBusyIndicator* pBusy;
+    CElidedLabel* pTrouble;
     QLabel* pProject;
     QLabel* pChiefMode;
     QLabel* pListLocked;

@@ -31,6 +31,13 @@ CJournalFile::CJournalFile(CCallLog& callLog, const QString& strFile, QObject* p
     : QObject(parent), journal(callLog), file(strFile)
 { }
 
+CJournalFile::~CJournalFile()
+{
+    if (file.isOpen()) {
+        WriteNew();
+    }
+}
+
 bool CJournalFile::Open()
 {
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))

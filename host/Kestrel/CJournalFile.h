@@ -15,6 +15,9 @@ class CJournalFile : public QObject
 public:
     CJournalFile(CCallLog& callLog, const QString& strFile, QObject* parent = nullptr);
 
+    /// Writes what is left: the panel's last calls come when no loop runs any more.
+    ~CJournalFile() override;
+
     /// Starts writing. False when the file cannot be written; GetError says why.
     bool Open();
     QString GetError() const;

@@ -5,6 +5,7 @@
 #include "Kestrel/CJournalFile.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
+#include "Kestrel/CSessionEnd.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
@@ -18,6 +19,7 @@ namespace
 {
 constexpr int g_nCodeNoPanel = 1;
 constexpr int g_nCodeBadFile = 2;
+constexpr int nCodeNotSaved = 3;
 constexpr int g_nJournalLines = 4096;
 constexpr double g_dMsPerSecond = 1000.0;
 
@@ -73,11 +75,22 @@ int CKestrel::RunWindow(CControlHost& host, CCallLog& log)
     window.SetPanel(pPanel->GetWidget());
     CInterfacePlayer player(window, host.GetInterfaceMarks(), options.strShotFolder);
     Arm(player, window);
+    const CSessionEnd sessionEnd(window, QStringList(QApplication::applicationFilePath()) + options.listArgument);
+    connect(&endSignals, &CEndSignals::EndRequested, &window, &CMainWindow::EndUnattended);
     window.show();
     host.StartLife();
     player.Start();
     QApplication::exec();
-    return nExitCode;
+    return Finish(window);
+}
+
+int CKestrel::Finish(const CMainWindow& window) const
+{
+    if (window.GetSaveFault().isEmpty()) {
+        return nExitCode;
+    }
+    Complain(window.GetSaveFault());
+    return nCodeNotSaved;
 }
 
 void CKestrel::Log(CControlHost& host, CCallLog& log)
@@ -106,13 +119,13 @@ void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
     });
     connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
     if (!options.strShotFolder.isEmpty())
-        connect(&player, &CInterfacePlayer::Finished, &window, &QWidget::close);
+        connect(&player, &CInterfacePlayer::Finished, &window, &CMainWindow::EndUnattended);
     if (options.strShotFile.isEmpty())
         return;
     QTimer::singleShot(qRound(options.dShotAt * g_dMsPerSecond), &window, [this, &player, &window] {
         const QString strReason = player.TakePicture(options.strShotFile);
         if (strReason.isEmpty())
-            window.close();
+            window.EndUnattended();
         else
             Fail(strReason, window);
     });
@@ -122,5 +135,5 @@ void CKestrel::Fail(const QString& strReason, CMainWindow& window)
 {
     Complain(strReason);
     nExitCode = g_nCodeBadFile;
-    window.close();
+    window.EndUnattended();
 }

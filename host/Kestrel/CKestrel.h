@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Kestrel/CEndSignals.h"
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/SKestrelOptions.h"
 #include "Kestrel/theme/CTheme.h"
@@ -20,7 +21,8 @@ class CKestrel : public QObject
 public:
     explicit CKestrel(const SKestrelOptions& commandLine);
 
-    /// Returns the exit code: 0 done, 1 no panel, 2 a bad file. GUI thread, once.
+    /// Returns the exit code: 0 done, 1 no panel, 2 a bad file, 3 the list was not saved at its place. GUI
+    /// thread, once.
     int Run();
 
     /// One line for the user, on the standard error output.
@@ -28,11 +30,13 @@ public:
 
 private:
     int RunWindow(CControlHost& host, CCallLog& log);
+    int Finish(const CMainWindow& window) const;
     void Log(CControlHost& host, CCallLog& log);
     void Arm(CInterfacePlayer& player, CMainWindow& window);
     void Fail(const QString& strReason, CMainWindow& window);
 
     const SKestrelOptions options;
+    CEndSignals endSignals; ///< outlives the panel's own save
     CTheme theme;
     CLanguage language;
     int nExitCode = 0;

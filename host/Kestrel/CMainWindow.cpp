@@ -22,7 +22,7 @@ constexpr int g_nGraceMs = 2000;
 } // namespace
 
 CMainWindow::CMainWindow(CControlHost& controlHost, CCallLog& callLog, CLanguage& language, const CTheme& theme)
-    : host(controlHost), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+    : host(controlHost), finalSave(controlHost, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
@@ -51,15 +51,38 @@ QWidget* CMainWindow::GetPanel() const
     return pPanelWidget;
 }
 
+void CMainWindow::EndUnattended()
+{
+    bUnattended = true;
+    unwinding.Begin();
+}
+
+bool CMainWindow::SaveList(const std::function<bool()>& mayAsk)
+{
+    if (pPanelWidget) {
+        PanelAccess::EndEdit(pPanelWidget);
+    }
+    const QString strReason = finalSave.Save();
+    if (strReason.isEmpty()) {
+        return true;
+    }
+    if (mayAsk()) {
+        return finalSave.Ask(strReason);
+    }
+    finalSave.SaveAside(strReason);
+    return true;
+}
+
+QString CMainWindow::GetSaveFault() const
+{
+    return finalSave.GetFault();
+}
+
 void CMainWindow::closeEvent(QCloseEvent* event)
 {
-    bClosing = IsJobRunning();
-    event->setAccepted(!bClosing);
-    pFrame->setEnabled(!bClosing);
-    if (bClosing) {
-        timerGrace.start();
-        pStatus->showMessage(tr("Quitting as soon as the running job has ended…"));
-    }
+    WaitForJobs();
+    bClosed = bClosed || (!bClosing && SaveList([this] { return !bUnattended; }));
+    event->setAccepted(bClosed);
 }
 
 void CMainWindow::changeEvent(QEvent* event)
@@ -69,6 +92,7 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     pMenu->UpdateText();
     pStatus->UpdateState();
+    pStatus->UpdateTrouble();
     RepaintPanel();
 }
 
@@ -92,6 +116,8 @@ void CMainWindow::SetConnection()
     connect(&host, &CControlHost::JobsChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
     connect(&host, &CControlHost::StateChanged, pMenu, &CHostMenu::UpdateState, Qt::QueuedConnection);
     connect(&host, &CControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
+    connect(&host, &CControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
+    connect(&unwinding, &CUnwinding::Unwound, this, &QWidget::close);
     connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
     connect(&timerGrace, &QTimer::timeout, this, [this] {
         bGraceOver = host.GetRunningJobs().isEmpty();
@@ -112,8 +138,22 @@ void CMainWindow::UpdateBusy()
         return;
     if (IsJobRunning())
         timerGrace.start();
+    else if (bUnattended)
+        unwinding.Begin(); // the job may have opened a box at its end
     else
         close();
+}
+
+void CMainWindow::WaitForJobs()
+{
+    bClosing = IsJobRunning();
+    pFrame->setEnabled(!bClosing);
+    if (bClosing) {
+        timerGrace.start();
+        pStatus->showMessage(tr("Quitting as soon as the running job has ended…"));
+    } else {
+        pStatus->clearMessage();
+    }
 }
 
 void CMainWindow::RepaintPanel()

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "Kestrel/CFinalSave.h"
+#include "Kestrel/CUnwinding.h"
 #include "interfaces/host/IUIManagement.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <QTimer>
+
+#include <functional>
 
 class CCallLog;
 class CControlHost;
@@ -32,8 +36,20 @@ public:
     /// Null before SetPanel and after the panel's end.
     QWidget* GetPanel() const;
 
+    /// Closes the window where nobody can be asked: what is open is cancelled, jobs are waited for, and a list
+    /// that cannot be saved at its place goes elsewhere, see GetSaveFault. GUI thread, at any depth; called
+    /// again it changes nothing.
+    void EndUnattended();
+
+    /// Saves the list with all that has been typed. A list that cannot be saved is asked about when mayAsk
+    /// allows it, else it is saved elsewhere. False when the user wants to stay.
+    bool SaveList(const std::function<bool()>& mayAsk);
+
+    /// One line, when the list could not be saved at its place and nobody was asked; else empty.
+    QString GetSaveFault() const;
+
 protected:
-    /// Waits for jobs that the panel has started: it must not end before them.
+    /// Waits for jobs that the panel has started: it must not end before them. Saves before the window goes.
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -42,16 +58,21 @@ private:
     void SetConnection();
     void SelectAll();
     void UpdateBusy();
+    void WaitForJobs();
     void RepaintPanel();
     bool IsJobRunning() const;
 
     CControlHost& host;
+    CFinalSave finalSave;
+    CUnwinding unwinding;
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
     CHostStatus* pStatus = nullptr;
     QPointer<QWidget> pPanelWidget;
-    QTimer timerGrace;       ///< how long a busy flag counts that no call stands behind
-    bool bClosing = false;   ///< the user wants to quit and a job is still running
-    bool bGraceOver = false; ///< the flag was left behind by a job that died
+    QTimer timerGrace;        ///< how long a busy flag counts that no call stands behind
+    bool bClosing = false;    ///< the window is to go and a job is still running
+    bool bUnattended = false; ///< it is to go without a question
+    bool bClosed = false;     ///< it has gone
+    bool bGraceOver = false;  ///< the flag was left behind by a job that died
 };

@@ -122,6 +122,15 @@ QLineEdit* PanelAccess::FindSearchEdit(QWidget* pPanel)
     return pPanel->findChild<QLineEdit*>(QStringLiteral("SearchEdit"));
 }
 
+void PanelAccess::EndEdit(QWidget* pPanel)
+{
+    QTreeView* pTree = FindCurrentTree(pPanel);
+    const QWidget* pFocus = pPanel->window()->focusWidget();
+    if (pTree && pFocus && pTree->viewport()->isAncestorOf(pFocus)) {
+        pTree->setFocus();
+    }
+}
+
 void PanelAccess::TypeText(QLineEdit* pEdit, const QString& strText)
 {
     pEdit->selectAll();

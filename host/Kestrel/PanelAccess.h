@@ -29,6 +29,9 @@ QAbstractButton* FindButton(QWidget* pPanel, const QString& strToolTip);
 QAbstractButton* FindTab(QWidget* pPanel, bool bSimulator);
 QLineEdit* FindSearchEdit(QWidget* pPanel);
 
+/// Ends an open editor of a row as a click on the tree does: what was typed counts.
+void EndEdit(QWidget* pPanel);
+
 /// Replaces the text, key by key.
 void TypeText(QLineEdit* pEdit, const QString& strText);
 

@@ -6,6 +6,7 @@
 /// What the command line asks for.
 struct SKestrelOptions
 {
+    QStringList listArgument; ///< all that was given, without the program's name
     bool bHelp = false;
     QString strListFile;     ///< the working list; empty: the user's own
     QString strScenarioFile; ///< a script for the devices; empty for none

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 
+#include <csignal>
 #include <cstdio>
 
 namespace
@@ -33,6 +34,8 @@ void Prepare(const SKestrelOptions& options)
 
 int main(int argc, char** argv)
 {
+    // One who read our output and has gone must not cost the list.
+    std::signal(SIGPIPE, SIG_IGN);
     const CCommandLine commandLine(GetArguments(argc, argv));
     if (!commandLine.GetError().isEmpty()) {
         CKestrel::Complain(commandLine.GetError());

@@ -1,10 +1,13 @@
 #include "CProgram.h"
 
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -13,16 +16,25 @@ namespace
 {
 constexpr uid_t nNobody = 65534;
 constexpr rlim_t nFullDiskBytes = 64;
+constexpr int nAllRights = 0x7777; // as QFile counts them: owner, user, group, others
 
-/// The program, with what its disk allows set between fork and exec.
+/// The program, with what its disk allows and its starter does set between fork and exec.
 class CChild final : public QProcess
 {
 public:
-    explicit CChild(EnDisk enOfProgram) : enDisk(enOfProgram) { }
+    CChild(EnDisk enOfProgram, EnStarter enOfProgramsStarter) : enDisk(enOfProgram), enStarter(enOfProgramsStarter) { }
 
 protected:
     void setupChildProcess() override
     {
+        if (enStarter == StarterIgnoresHangup) {
+            std::signal(SIGHUP, SIG_IGN);
+        }
+        std::array<int, 2> listPipe;
+        if (enStarter == StarterReadsNoErrors && pipe(listPipe.data()) == 0) {
+            ::close(listPipe[0]);
+            dup2(listPipe[1], STDERR_FILENO);
+        }
         if (enDisk == DiskReadOnly && geteuid() == 0 && setuid(nNobody) != 0)
             _exit(1);
         if (enDisk == DiskFull) {
@@ -34,7 +46,10 @@ protected:
 
 private:
     const EnDisk enDisk;
+    const EnStarter enStarter;
 };
+
+} // namespace
 
 /// While it lives, the folder takes no files.
 class CClosedFolder
@@ -56,44 +71,90 @@ private:
     const QString strPath;
 };
 
+namespace
+{
+
 /// The offscreen platform comments on each thing that it cannot do.
 bool IsOfPlatform(const QString& strLine)
 {
     return strLine.contains(QLatin1String("This plugin does not support")) || strLine.contains(QLatin1String("XDG_RUNTIME_DIR"))
         || strLine.isEmpty();
 }
+
 } // namespace
 
 CProgram::CProgram()
 {
     Q_ASSERT(folder.isValid());
+    QDir(folder.path()).mkdir(QStringLiteral("tmp"));
+    QFile::setPermissions(Path(QStringLiteral("tmp")), QFile::Permissions(nAllRights));
+}
+
+CProgram::~CProgram()
+{
+    if (pProcess) {
+        WaitForEnd(0);
+    }
 }
 
 bool CProgram::Run(const QStringList& listOption, int nTimeout)
 {
+    Start(listOption);
+    return WaitForEnd(nTimeout);
+}
+
+void CProgram::Start(const QStringList& listOption)
+{
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path());
+    environment.insert(QStringLiteral("TMPDIR"), Path(QStringLiteral("tmp")));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    const QScopedPointer<CClosedFolder> pClosed(enDisk == DiskReadOnly ? new CClosedFolder(folder.path()) : nullptr);
-    CChild process(enDisk);
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KESTREL_PROGRAM), listOption);
-    const bool bEnded = process.waitForFinished(nTimeout);
-    if (!bEnded) {
-        process.kill();
-        process.waitForFinished();
+    pClosed.reset(enDisk == DiskReadOnly ? new CClosedFolder(folder.path()) : nullptr);
+    strOutput.clear();
+    pProcess = std::make_unique<CChild>(enDisk, enStarter);
+    pProcess->setProcessEnvironment(environment);
+    pProcess->start(QStringLiteral(KESTREL_PROGRAM), listOption);
+}
+
+bool CProgram::WaitForOutput(const QString& strText, int nTimeout)
+{
+    const QDeadlineTimer deadline(nTimeout);
+    while (!strOutput.contains(strText) && pProcess->waitForReadyRead(int(deadline.remainingTime()))) {
+        strOutput += QString::fromUtf8(pProcess->readAllStandardOutput());
     }
-    nExitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    strOutput = QString::fromUtf8(process.readAllStandardOutput());
-    listError = QString::fromUtf8(process.readAllStandardError()).split(QLatin1Char('\n'));
+    return strOutput.contains(strText);
+}
+
+void CProgram::Send(int nSignal)
+{
+    kill(pid_t(pProcess->processId()), nSignal);
+}
+
+bool CProgram::WaitForEnd(int nTimeout)
+{
+    const bool bEnded = pProcess->state() == QProcess::NotRunning || pProcess->waitForFinished(nTimeout);
+    if (!bEnded) {
+        pProcess->kill();
+        pProcess->waitForFinished();
+    }
+    nExitCode = pProcess->exitStatus() == QProcess::NormalExit ? pProcess->exitCode() : -1;
+    strOutput += QString::fromUtf8(pProcess->readAllStandardOutput());
+    listError = QString::fromUtf8(pProcess->readAllStandardError()).split(QLatin1Char('\n'));
     listError.erase(std::remove_if(listError.begin(), listError.end(), IsOfPlatform), listError.end());
+    pProcess.reset();
+    pClosed.reset();
     return bEnded;
 }
 
 void CProgram::SetDisk(EnDisk enNow)
 {
     enDisk = enNow;
+}
+
+void CProgram::SetStarter(EnStarter enNow)
+{
+    enStarter = enNow;
 }
 
 int CProgram::ExitCode() const

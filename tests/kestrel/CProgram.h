@@ -3,6 +3,10 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <memory>
+
+class QProcess;
+
 /// What the program meets when it writes into its folder.
 enum EnDisk
 {
@@ -11,17 +15,35 @@ enum EnDisk
     DiskFull,     ///< no file takes more than a few bytes
 };
 
-/// Runs the built program, offscreen, in a folder of its own that goes with the object.
+/// How the one who starts the program has set up its world.
+enum EnStarter
+{
+    StarterPlain,
+    StarterIgnoresHangup, ///< as nohup does
+    StarterReadsNoErrors, ///< the standard error output leads to a pipe that nobody reads
+};
+
+/// Runs the built program, offscreen, in a folder of its own that goes with the object. What it calls
+/// the folder for temporary files is the folder "tmp" in it, which can be written whatever the disk.
 class CProgram
 {
 public:
     CProgram();
+    ~CProgram();
+    Q_DISABLE_COPY_MOVE(CProgram)
 
     /// False when it did not end within the time, in milliseconds; it is then killed.
     bool Run(const QStringList& listOption, int nTimeout = 20000);
 
+    /// The same in steps. WaitForOutput waits until the program has written that on the standard output.
+    void Start(const QStringList& listOption);
+    bool WaitForOutput(const QString& strText, int nTimeout = 20000);
+    void Send(int nSignal);
+    bool WaitForEnd(int nTimeout = 20000);
+
     /// For the runs to come.
     void SetDisk(EnDisk enNow);
+    void SetStarter(EnStarter enNow);
 
     int ExitCode() const;
     QString Output() const;
@@ -43,6 +65,9 @@ public:
 private:
     QTemporaryDir folder;
     EnDisk enDisk = DiskUsable;
+    EnStarter enStarter = StarterPlain;
+    std::unique_ptr<class CClosedFolder> pClosed;
+    std::unique_ptr<QProcess> pProcess;
     int nExitCode = -1;
     QString strOutput;
     QStringList listError;

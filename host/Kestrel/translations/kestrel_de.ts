@@ -89,6 +89,33 @@
     </message>
 </context>
 <context>
+    <name>CFinalSave</name>
+    <message>
+        <source>List not saved</source>
+        <translation>Liste nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>The list could not be saved at its place.</source>
+        <translation>Die Liste konnte nicht an ihrem Ort gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>&amp;Save elsewhere…</source>
+        <translation>An anderem Ort &amp;speichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit without saving</source>
+        <translation>Ohne Speichern &amp;beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save the list</source>
+        <translation>Liste speichern</translation>
+    </message>
+</context>
+<context>
     <name>CHostMenu</name>
     <message>
         <source>&amp;Project</source>
@@ -168,6 +195,14 @@
     <message>
         <source>Refresh blocked</source>
         <translation>Aktualisieren blockiert</translation>
+    </message>
+    <message>
+        <source>List not read: %1</source>
+        <translation>Liste nicht gelesen: %1</translation>
+    </message>
+    <message>
+        <source>List not saved: %1</source>
+        <translation>Liste nicht gespeichert: %1</translation>
     </message>
 </context>
 <context>

@@ -89,6 +89,33 @@
     </message>
 </context>
 <context>
+    <name>CFinalSave</name>
+    <message>
+        <source>List not saved</source>
+        <translation>列表未保存</translation>
+    </message>
+    <message>
+        <source>The list could not be saved at its place.</source>
+        <translation>列表无法保存到原位置。</translation>
+    </message>
+    <message>
+        <source>&amp;Save elsewhere…</source>
+        <translation>保存到其他位置(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit without saving</source>
+        <translation>不保存并退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>取消(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Save the list</source>
+        <translation>保存列表</translation>
+    </message>
+</context>
+<context>
     <name>CHostMenu</name>
     <message>
         <source>&amp;Project</source>
@@ -168,6 +195,14 @@
     <message>
         <source>Refresh blocked</source>
         <translation>刷新已禁止</translation>
+    </message>
+    <message>
+        <source>List not read: %1</source>
+        <translation>列表未读取：%1</translation>
+    </message>
+    <message>
+        <source>List not saved: %1</source>
+        <translation>列表未保存：%1</translation>
     </message>
 </context>
 <context>

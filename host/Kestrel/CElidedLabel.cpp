@@ -1,0 +1,31 @@
+#include "Kestrel/CElidedLabel.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+namespace
+{
+
+constexpr int nLeastCharacters = 24;
+
+} // namespace
+
+QSize CElidedLabel::minimumSizeHint() const
+{
+    const QSize size = QLabel::minimumSizeHint();
+    const QFontMetrics metrics = fontMetrics();
+    const int nSpare = metrics.horizontalAdvance(text()) - metrics.averageCharWidth() * nLeastCharacters;
+    return QSize(size.width() - qMax(0, nSpare), size.height());
+}
+
+void CElidedLabel::paintEvent(QPaintEvent* event)
+{
+    QFrame::paintEvent(event);
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    const QString strShown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), int(Qt::AlignLeft | Qt::AlignVCenter), option.palette, isEnabled(), strShown,
+                          foregroundRole());
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLabel>
+
+/// One line of plain text that is elided in its middle where it does not fit. text() and screen readers have
+/// all of it.
+class CElidedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+    /// Room for the beginning of the text.
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
