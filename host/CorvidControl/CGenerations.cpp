@@ -60,8 +60,10 @@ QStringList CGenerations::FindSpare(const QStringList& listPath)
         }
     }
     QStringList listSpare;
-    for (const QString& strPath : listPath.mid(0, qMax(0, listPath.size() - nKept))) {
-        if (!listFirst.mid(qMax(0, listFirst.size() - nKeptDays)).contains(strPath)) {
+    const QStringList listOld = listPath.mid(0, qMax(0, listPath.size() - nKept));
+    const QStringList listDay = listFirst.mid(qMax(0, listFirst.size() - nKeptDays));
+    for (const QString& strPath : listOld) {
+        if (!listDay.contains(strPath)) {
             listSpare.append(strPath);
         }
     }

@@ -47,19 +47,20 @@ QString FindStatusFault(const struct stat& status, int nMaxBytes)
 // Into one byte more than there should be, so that a file that grows meanwhile is noticed.
 SFileContent ReadAll(int nFile, int nBytes)
 {
-    SFileContent content;
-    content.kind = SFileContent::Read;
-    content.bytes.resize(nBytes + 1);
+    QByteArray bytes(nBytes + 1, Qt::Uninitialized);
     int nRead = 0;
     ssize_t nPart = 1;
-    while (nPart != 0 && nRead < content.bytes.size()) {
-        nPart = read(nFile, content.bytes.data() + nRead, static_cast<size_t>(content.bytes.size() - nRead));
+    while (nPart != 0 && nRead < bytes.size()) {
+        nPart = read(nFile, bytes.data() + nRead, static_cast<size_t>(bytes.size() - nRead));
         if (nPart < 0 && errno != EINTR) {
             return BuildUnreadable(FileAccess::GetReason(errno));
         }
         nRead += static_cast<int>(qMax<ssize_t>(0, nPart));
     }
-    content.bytes.resize(nRead);
+    bytes.resize(nRead);
+    SFileContent content;
+    content.kind = SFileContent::Read;
+    content.bytes = bytes;
     return nRead == nBytes ? content : BuildUnreadable(QStringLiteral("it changed while it was read"));
 }
 

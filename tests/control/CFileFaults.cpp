@@ -27,6 +27,12 @@ CFileFaults::CFileFaults(EnCall callIn, const QByteArray& patternIn, int nErrorI
     pFaults = this;
 }
 
+CFileFaults::CFileFaults(EnCall callIn, const QByteArray& patternIn, const std::function<void()>& beforeIn)
+    : call(callIn), pattern(patternIn), nError(0), before(beforeIn), nSkip(0)
+{
+    pFaults = this;
+}
+
 CFileFaults::~CFileFaults()
 {
     pFaults = nullptr;
@@ -42,7 +48,9 @@ int CFileFaults::Find(EnCall call, const char* szPath)
     if (fnmatch(pThis->pattern.constData(), szSlash ? szSlash + 1 : szPath, 0) != 0 || pThis->nSkip-- > 0) {
         return 0;
     }
-    ++pThis->nFailed;
+    if (++pThis->nFailed == 1 && pThis->before) {
+        pThis->before();
+    }
     return pThis->nError;
 }
 
@@ -113,6 +121,14 @@ int rename(const char* szFrom, const char* szTo) noexcept
     const int nError = CFileFaults::Find(CFileFaults::CallRename, szTo);
     errno = nError;
     return nError != 0 ? -1 : next(szFrom, szTo);
+}
+
+int renameat2(int nFrom, const char* szFrom, int nTo, const char* szTo, unsigned nFlags) noexcept
+{
+    static const auto next = FindNext<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
+    const int nError = CFileFaults::Find(CFileFaults::CallRenameNew, szTo);
+    errno = nError;
+    return nError != 0 ? -1 : next(nFrom, szFrom, nTo, szTo, nFlags);
 }
 
 } // extern "C"

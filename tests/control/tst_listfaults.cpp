@@ -31,6 +31,10 @@ private slots:
     void aFaultInAnImportLeavesListAndFiles_data();
     void aFaultInAnImportLeavesListAndFiles();
     void aListThatCannotBeReadWhenItIsSavedIsLeftAlone();
+    void aFileThatAppearsDuringASaveIsLeftAlone_data();
+    void aFileThatAppearsDuringASaveIsLeftAlone();
+    void aFileThatChangesDuringASaveIsLeftAlone();
+    void aFileSystemWithoutTheFlagStillOverwritesNothing();
     void aFileOutOfReachIsNotImported();
     void aFaultThatPassesIsMadeGood();
     void aDatedFileThatFailsIsSaidToFail();
@@ -164,6 +168,57 @@ void CListFaultsTest::aListThatCannotBeReadWhenItIsSavedIsLeftAlone()
     }
     QCOMPARE(pFixture->Read("list.kvtl"), before);
     QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+}
+
+void CListFaultsTest::aFileThatAppearsDuringASaveIsLeftAlone_data()
+{
+    QTest::addColumn<int>("call");
+    QTest::addColumn<QByteArray>("pattern");
+    QTest::newRow("while it is written") << int(CFileFaults::CallSync) << QByteArray(szTemporary);
+    QTest::newRow("just before the rename") << int(CFileFaults::CallRenameNew) << QByteArray(szList);
+}
+
+void CListFaultsTest::aFileThatAppearsDuringASaveIsLeftAlone()
+{
+    QFETCH(int, call);
+    QFETCH(QByteArray, pattern);
+    QVERIFY(QFile::remove(pFixture->GetPath()));
+    pFixture->StartAsIs();
+    g_pPrcListControl->AddGroup(Group("Ours"), true);
+    ExpectWarning("The list is not being saved");
+    {
+        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, [&] { pFixture->Write("list.kvtl", "late"); });
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+    }
+    QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("late"));
+    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+}
+
+void CListFaultsTest::aFileThatChangesDuringASaveIsLeftAlone()
+{
+    pFixture->StartAsIs();
+    g_pPrcListControl->AddGroup(Group("Ours"), true);
+    ExpectWarning("The list is not being saved");
+    {
+        const CFileFaults faults(CFileFaults::CallSync, szTemporary, [&] { pFixture->Write("list.kvtl", "changed"); });
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+    }
+    QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("changed"));
+    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+}
+
+void CListFaultsTest::aFileSystemWithoutTheFlagStillOverwritesNothing()
+{
+    QVERIFY(QFile::remove(pFixture->GetPath()));
+    pFixture->StartAsIs();
+    g_pPrcListControl->AddGroup(Group("Ours"), true);
+    {
+        const CFileFaults faults(CFileFaults::CallRenameNew, szList, EINVAL);
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
+        QCOMPARE(faults.GetFailed(), 1);
+    }
+    QVERIFY(pFixture->Read("list.kvtl").contains("Ours"));
+    QCOMPARE(pFixture->ListFiles(), QStringList{ "list.kvtl" });
 }
 
 void CListFaultsTest::aFileOutOfReachIsNotImported()

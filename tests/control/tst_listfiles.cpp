@@ -87,6 +87,7 @@ private slots:
 
     void aSavedListIsBackAfterTheNextStart();
     void aMissingFileIsAnEmptyListWithoutAFault();
+    void namesOfTheOwnListAreMendedWithALineEach();
     void aFileThatCannotBeReadIsNamedAndLeftAlone_data();
     void aFileThatCannotBeReadIsNamedAndLeftAlone();
     void aFileThatWasRefusedIsNotImportedOver();
@@ -150,6 +151,20 @@ void CListFilesTest::aMissingFileIsAnEmptyListWithoutAFault()
     QCOMPARE(CControlFixture::GetText(), QString("all*"));
     QCOMPARE(g_pPrcListControl->ExportList(g_pConfigControl->GetListFilePath(), 0), 0);
     QCOMPARE(ReadBack().verdict, SListReading::Valid);
+}
+
+void CListFilesTest::namesOfTheOwnListAreMendedWithALineEach()
+{
+    const QByteArray bytes = CListFormat::Write(Root({ Group(" Stage ", { Processor("al\npha") }), Group("Hall") }));
+    pFixture->Write("list.kvtl", bytes);
+    ExpectWarning("A name in the list was mended. group 1: it is \"Stage\" now");
+    ExpectWarning("A name in the list was mended. processor 1 of group 1: it is \"al pha\" now");
+    pFixture->StartAsIs();
+    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage\n    al pha\n  Hall"));
+    QCOMPARE(pFixture->pHost->GetListTrouble(), QString());
+    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
+    pFixture->Write("other.kvtl", bytes);
+    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 2);
 }
 
 void CListFilesTest::aFileThatCannotBeReadIsNamedAndLeftAlone_data()

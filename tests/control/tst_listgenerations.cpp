@@ -233,7 +233,7 @@ void CListGenerationsTest::anImportThatCannotKeepTheListIsNotDone()
     COwnList own(pFixture->GetPath(), {}, pTime->GetClock());
     own.Load();
     QCOMPARE(own.Save(BuildEdition(1)).result, SListSave::Saved);
-    const QString strLong(250, 'x'); // with a date the name is too long
+    const QString strLong(235, 'x'); // with a date the name is too long
     COwnList longNamed(pFixture->GetPath(strLong), {}, pTime->GetClock());
     longNamed.Load();
     QCOMPARE(longNamed.Overwrite(BuildEdition(1), CListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
@@ -291,11 +291,16 @@ void CListGenerationsTest::aDeletionOfOneKeepsNothing()
 
 void CListGenerationsTest::aDeletionThatIsRefusedKeepsNothing()
 {
-    pFixture->Start(Root({ Group("Stage", { Processor("delta").Online().Project("Aurora") }) }, { Processor("alpha") }));
+    pFixture->Start(
+        Root({ Group("Stage", { Processor("delta").Online().Project("Aurora") }), Group("Hall") }, { Processor("alpha") }));
     pFixture->pHost->OpenProject("Aurora");
     DeleteAsThePanel({ GroupId("Stage"), ProcessorId("alpha") });
     pFixture->pHost->SetListLocked(true);
     DeleteAsThePanel({ GroupId("Stage"), ProcessorId("delta") });
+    g_pRuntimeControl->SetBusy(true);
+    g_pPrcListControl->DeleteGroup(GroupId("Stage"), false);
+    g_pPrcListControl->DeleteGroup(GroupId("Hall"), false);
+    g_pRuntimeControl->SetBusy(false);
     QCOMPARE(ListEarlier(), QStringList());
 }
 
