@@ -115,7 +115,7 @@ private:
     void Ungroup();
     void RemoveFromGroup();
     void MoveToGroup(const SProcessorGroupNode& group);
-    void MoveSelectedProcessors(const QUuid& idGroup);
+    static void MoveProcessors(const std::vector<QUuid>& vecId, const QUuid& idGroup);
 
     void PressRow(QMouseEvent* pEvent, const QModelIndex& index);
     bool IsOnSelection(const QPoint& pos) const;

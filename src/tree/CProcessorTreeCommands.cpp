@@ -149,22 +149,22 @@ void CProcessorTree::DealArrowKey(QKeyEvent* pEvent)
 void CProcessorTree::DealMoveKey(QKeyEvent* pEvent)
 {
     const bool bRange = selectionCommand(currentIndex(), pEvent).testFlag(QItemSelectionModel::Current);
-    if (bRange) {
-        pAnchor->PrepareRange(currentIndex());
+    if (bRange && !pAnchor->PrepareMove()) {
+        return;
     }
     const QPersistentModelIndex indexBefore = currentIndex();
     QTreeView::keyPressEvent(pEvent);
     if (!bRange && currentIndex() != indexBefore) {
-        pAnchor->StartAt(currentIndex());
+        pAnchor->StartAt(SRowKey::Of(currentIndex()));
     }
 }
 
 void CProcessorTree::MoveTo(const QModelIndex& index)
 {
-    setCurrentIndex(index);
     if (!selectionCommand(index).testFlag(QItemSelectionModel::Current)) {
-        pAnchor->StartAt(index);
+        pAnchor->StartAt(SRowKey::Of(index));
     }
+    setCurrentIndex(index);
 }
 
 void CProcessorTree::MoveUp(QKeyEvent* pEvent, const QModelIndex& index)
@@ -235,6 +235,8 @@ void CProcessorTree::Rename()
         ForgetEditor();
         pRenameEditor = pEditor;
         connect(pEditor, &QObject::destroyed, this, &CProcessorTree::DealEditorDestroyed);
+    } else if (state() != EditingState) {
+        ForgetEditor(); // one that a rebuild has taken must not end this rename when it dies
     }
 }
 
@@ -256,14 +258,11 @@ void CProcessorTree::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEdi
 // act on rows. An editor that still stood while its row goes would let the view scroll to its top.
 void CProcessorTree::DropEditor()
 {
-    if (!pRenameEditor) {
+    if (!pRenameEditor || state() != EditingState) {
         return;
     }
-    const bool bFocus = pRenameEditor->hasFocus();
     QTreeView::closeEditor(pRenameEditor, QAbstractItemDelegate::NoHint);
-    if (bFocus) {
-        clearFocus();
-    }
+    clearFocus();
 }
 
 // Its editor went with a rebuild, not through closeEditor(): the rename ends here.
@@ -285,14 +284,19 @@ void CProcessorTree::ForgetEditor()
 
 void CProcessorTree::Group()
 {
+    const QPointer<CProcessorTree> pSelf(this); // the host may end it in a call of the library
     bSuppressSelection = true;
     SProcessorGroupNode group;
     group.strName = tr("Group %1").arg(g_pPrcListControl->GetNextGroupIndex());
     group.idNode = QUuid::createUuid();
-    g_pPrcListControl->AddGroup(group, selectedIndexes().isEmpty());
-    MoveSelectedProcessors(group.idNode);
+    const QModelIndexList listSelected = selectedIndexes();
+    const std::vector<QUuid> vecProcessor = SNodeSelection::GetProcessorIds(listSelected);
+    g_pPrcListControl->AddGroup(group, listSelected.isEmpty());
+    MoveProcessors(vecProcessor, group.idNode);
     g_pRuntimeControl->SetSelectedNodes({ group.idNode });
-    bSuppressSelection = false;
+    if (pSelf) {
+        bSuppressSelection = false;
+    }
 }
 
 void CProcessorTree::Ungroup()
@@ -309,23 +313,21 @@ void CProcessorTree::RemoveFromGroup()
     QModelIndexList listMember = selectedIndexes();
     const auto fnOutside = [](const QModelIndex& index) { return !IsGroup(index.parent()); };
     listMember.erase(std::remove_if(listMember.begin(), listMember.end(), fnOutside), listMember.end());
-    for (const QUuid& id : SNodeSelection::GetProcessorIds(listMember)) {
-        g_pPrcListControl->MoveProcessor(id, QUuid());
-    }
+    MoveProcessors(SNodeSelection::GetProcessorIds(listMember), QUuid());
 }
 
 void CProcessorTree::MoveToGroup(const SProcessorGroupNode& group)
 {
     const QPointer<CProcessorTree> pSelf = this; // the host may end it in a call of the library
-    MoveSelectedProcessors(group.idNode);
+    MoveProcessors(SNodeSelection::GetProcessorIds(selectedIndexes()), group.idNode);
     if (pSelf) {
         expand(pModel->GetIndexById(group.idNode));
     }
 }
 
-void CProcessorTree::MoveSelectedProcessors(const QUuid& idGroup)
+void CProcessorTree::MoveProcessors(const std::vector<QUuid>& vecId, const QUuid& idGroup)
 {
-    for (const QUuid& id : SNodeSelection::GetProcessorIds(selectedIndexes())) {
+    for (const QUuid& id : vecId) {
         g_pPrcListControl->MoveProcessor(id, idGroup);
     }
 }

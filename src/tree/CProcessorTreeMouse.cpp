@@ -11,6 +11,7 @@
 #include "tree/CSelectionAnchor.h"
 #include "tree/SDragPayload.h"
 #include "tree/SDropTarget.h"
+#include "tree/SNodeSelection.h"
 #include "tree/SScrollBands.h"
 
 #include <QDragEnterEvent>
@@ -73,14 +74,17 @@ void CProcessorTree::mousePressEvent(QMouseEvent* pEvent)
 // a drag may be on its way by then, and its drop would hit another row.
 void CProcessorTree::PressRow(QMouseEvent* pEvent, const QModelIndex& index)
 {
+    QMetaObject::Connection start;
     if (selectionCommand(index, pEvent).testFlag(QItemSelectionModel::Current)) {
         pAnchor->PrepareRange(index);
-    } else {
-        pAnchor->StartAt(index);
+    } else { // the base class takes no press on the mark that folds a row
+        const auto startHere = [this, key = SRowKey::Of(index)] { pAnchor->StartAt(key); };
+        start = connect(this, &QAbstractItemView::pressed, this, startHere);
     }
     setAutoScroll(false);
     QTreeView::mousePressEvent(pEvent);
     setAutoScroll(true);
+    disconnect(start);
 }
 
 bool CProcessorTree::IsOnSelection(const QPoint& pos) const
@@ -208,7 +212,7 @@ void CProcessorTree::dropEvent(QDropEvent* pEvent)
         expand(target.indexGroup);
     }
     if (target.bValid) {
-        MoveSelectedProcessors(target.idGroup);
+        MoveProcessors(SNodeSelection::GetProcessorIds(selectedIndexes()), target.idGroup);
     }
     pEvent->accept();
 }

@@ -8,9 +8,9 @@
 
 CSelectionAnchor::CSelectionAnchor(QTreeView& treeIn, const CProcessorTreeModel& modelIn) : tree(treeIn), model(modelIn) { }
 
-void CSelectionAnchor::StartAt(const QModelIndex& index)
+void CSelectionAnchor::StartAt(const SRowKey& key)
 {
-    keyStart = SRowKey::Of(index);
+    keyStart = key;
 }
 
 void CSelectionAnchor::PrepareRange(const QModelIndex& indexEnd)
@@ -21,10 +21,20 @@ void CSelectionAnchor::PrepareRange(const QModelIndex& indexEnd)
     // Left alone the view would take such a start for the top of its viewport.
     const QModelIndex indexCurrent = tree.currentIndex();
     const QModelIndex indexStart = IsLaidOut(indexCurrent) ? indexCurrent : indexEnd;
-    StartAt(indexStart);
+    StartAt(SRowKey::Of(indexStart));
     const QSignalBlocker blocker(tree.selectionModel());
     SetStart(indexStart);
-    tree.selectionModel()->setCurrentIndex(indexCurrent, QItemSelectionModel::NoUpdate);
+    SetCurrent(indexCurrent);
+}
+
+bool CSelectionAnchor::PrepareMove()
+{
+    PrepareRange(tree.currentIndex());
+    if (!tree.currentIndex().isValid()) { // left alone the view would move to its first row
+        const QSignalBlocker blocker(tree.selectionModel());
+        SetCurrent(model.FindRow(keyStart));
+    }
+    return tree.currentIndex().isValid();
 }
 
 CSelectionAnchor::SPlace CSelectionAnchor::Note() const
@@ -59,23 +69,24 @@ void CSelectionAnchor::Restore(const SPlace& place)
     const QSignalBlocker blocker(tree.selectionModel());
     SplitSelection(place.setKept);
     SetStart(model.FindRow(keyStart));
-    const QModelIndex indexCurrent = FindCurrent(place.keyCurrent);
-    if (indexCurrent.isValid()) {
-        tree.selectionModel()->setCurrentIndex(indexCurrent, QItemSelectionModel::NoUpdate);
-    } else {
-        tree.selectionModel()->clearCurrentIndex();
-    }
+    SetCurrent(FindCurrent(place.keyCurrent));
 }
 
-// The rows that were selected last are those that the next range replaces.
+// What is selected last is what the next range replaces; it may take in kept rows. The order stays, since it is
+// the order in which commands go out.
 void CSelectionAnchor::SplitSelection(const QSet<QUuid>& setKept)
 {
     QItemSelection selectionKept;
     QItemSelection selectionLast;
     const QModelIndexList listSelected = tree.selectionModel()->selectedIndexes();
     for (const QModelIndex& index : listSelected) {
-        QItemSelection& selection = setKept.contains(SRowKey::Of(index).idNode) ? selectionKept : selectionLast;
-        selection.append(QItemSelectionRange(index));
+        const bool bKept = setKept.contains(SRowKey::Of(index).idNode);
+        if (bKept) {
+            selectionKept.append(QItemSelectionRange(index));
+        }
+        if (!bKept || !selectionLast.isEmpty()) {
+            selectionLast.append(QItemSelectionRange(index));
+        }
     }
     tree.selectionModel()->select(selectionKept, QItemSelectionModel::ClearAndSelect);
     tree.selectionModel()->select(selectionLast, QItemSelectionModel::Select);
@@ -90,6 +101,15 @@ void CSelectionAnchor::SetStart(const QModelIndex& index)
         tree.setSelectionMode(QAbstractItemView::NoSelection);
         tree.setCurrentIndex(index);
         tree.setSelectionMode(mode);
+    }
+}
+
+void CSelectionAnchor::SetCurrent(const QModelIndex& index)
+{
+    if (index.isValid()) {
+        tree.selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    } else {
+        tree.selectionModel()->clearCurrentIndex();
     }
 }
 

@@ -26,11 +26,15 @@ public:
     CSelectionAnchor(QTreeView& treeIn, const CProcessorTreeModel& modelIn);
 
     /// A press or a move without Shift: ranges start at this row from now on.
-    void StartAt(const QModelIndex& index);
+    void StartAt(const SRowKey& key);
 
     /// Before a range is drawn to indexEnd. Where it would start at a row that is gone or out of sight it
     /// starts at the current row instead, or else at indexEnd.
     void PrepareRange(const QModelIndex& indexEnd);
+
+    /// Before a key moves the end of a range: where the current row is gone the range goes on from its start.
+    /// False when neither is left.
+    bool PrepareMove();
 
     /// Notes the place. The caller replaces the selection next, with or without the rows: rows that the last
     /// click took out of the selection may be in it again until then.
@@ -44,6 +48,7 @@ private:
     QModelIndexList GetKeptRows() const;
     void SplitSelection(const QSet<QUuid>& setKept);
     void SetStart(const QModelIndex& index);
+    void SetCurrent(const QModelIndex& index);
     QModelIndex FindCurrent(const SRowKey& key) const;
     bool IsLaidOut(const QModelIndex& index) const;
 

@@ -206,6 +206,22 @@ private slots:
         QCOMPARE(panel.control.Commands(), QStringList{ "g_pPrcListControl.MoveProcessor(loose, Hall)" } + listSaved);
     }
 
+    void thePanelMayEndWhileItGroupsProcessors()
+    {
+        CPanel panel(Site);
+        panel.Refresh();
+        panel.control.During("AddGroup", [&] { panel.Delete(); });
+        const CUserHand hand([&](QMenu* pMenu) {
+            panel.control.ClearJournal();
+            CUserHand::Choose(pMenu, { "Group" });
+        });
+
+        OpenTreeMenu(panel, RowLoose);
+
+        QCOMPARE(panel.control.CallCount("ExportList"), 1);
+        QCOMPARE(panel.control.Commands().filter("MoveProcessor(loose").size(), 1);
+    }
+
     void thePanelMayEndWhileAMenuIsOpen_data()
     {
         QTest::addColumn<bool>("bToolBar");

@@ -23,6 +23,15 @@ SProcessorAllNode Site()
                   Processor("d").Expanded(false) });
 }
 
+QList<SProcessorNode> Many(int nProcessors)
+{
+    QList<SProcessorNode> listProcessor;
+    for (int n = 0; n < nProcessors; ++n) {
+        listProcessor.append(Processor(QStringLiteral("p%1").arg(n)).Expanded(false));
+    }
+    return listProcessor;
+}
+
 SProcessorAllNode Without(SProcessorAllNode root, const QString& strProcessor)
 {
     QList<SProcessorNode> listLeft;
@@ -204,6 +213,26 @@ private slots:
         QVERIFY(!fixture.pTree->currentIndex().isValid());
     }
 
+    void aLostInformationRowIsNotTakenForTheRoot()
+    {
+        CTreeFixture fixture(Root({}, { Processor("a").Expanded(false), Processor("open").Expanded(true) }));
+        ClickRow(fixture, "all");
+        ClickRow(fixture, "a", Qt::ControlModifier);
+        fixture.pTree->selectionModel()->setCurrentIndex(fixture.Info("open"), QItemSelectionModel::NoUpdate);
+        Lose(fixture, "open");
+        QCOMPARE(fixture.Selected(), (QStringList{ "all", "a" }));
+        QVERIFY(!fixture.pTree->currentIndex().isValid());
+    }
+
+    void aSelectionOfTheLibraryKeepsItsOrder()
+    {
+        CTreeFixture fixture(Site());
+        fixture.Select({ "b", "a" });
+        g_pProcessorTreeData->SetSelectedNodes({ ProcessorId("c"), ProcessorId("b") });
+        fixture.pTree->RefreshTree();
+        QCOMPARE(fixture.Selected(), (QStringList{ "c", "b" }));
+    }
+
     void aSelectionOfTheLibraryKeepsTheCurrentRowThatItHolds()
     {
         CTreeFixture fixture(Site());
@@ -239,11 +268,7 @@ private slots:
 
     void aRebuildKeepsTheScrollValueWhereverTheCurrentRowIs()
     {
-        QList<SProcessorNode> listProcessor;
-        for (int n = 0; n < 64; ++n) {
-            listProcessor.append(Processor(QStringLiteral("p%1").arg(n)).Expanded(false));
-        }
-        CTreeFixture fixture(Root({}, listProcessor));
+        CTreeFixture fixture(Root({}, Many(64)));
         ClickRow(fixture, "p1");
         fixture.pTree->verticalScrollBar()->setValue(500);
         Rebuild(fixture);
@@ -268,18 +293,17 @@ private slots:
         QTest::addColumn<QString>("strRow");
         QTest::addColumn<int>("nKey");
         QTest::addColumn<QStringList>("listSelected");
-        QTest::newRow("Up") << "m1" << int(Qt::Key_Up) << QStringList{ "m0" };
-        QTest::newRow("Down") << "m1" << int(Qt::Key_Down) << QStringList{ "m2" };
-        QTest::newRow("Home") << "m1" << int(Qt::Key_Home) << QStringList{ "all" };
-        QTest::newRow("End") << "m1" << int(Qt::Key_End) << QStringList{ "d" };
-        QTest::newRow("PageDown") << "m1" << int(Qt::Key_PageDown) << QStringList{ "d" };
-        QTest::newRow("PageUp") << "m1" << int(Qt::Key_PageUp) << QStringList{ "all" };
+        QTest::newRow("End") << "p40" << int(Qt::Key_End) << QStringList{ "p63" };
+        QTest::newRow("PageDown") << "p20" << int(Qt::Key_PageDown) << QStringList{ "p38" };
+        QTest::newRow("PageUp") << "p40" << int(Qt::Key_PageUp) << QStringList{ "p21" };
+        QTest::newRow("Up") << "p40" << int(Qt::Key_Up) << QStringList{ "p39" };
     }
     void afterARebuildAKeyMeansTheCurrentRow()
     {
         QFETCH(QString, strRow);
         QFETCH(int, nKey);
-        CTreeFixture fixture(Site());
+        CTreeFixture fixture(Root({}, Many(64)));
+        fixture.pTree->scrollTo(fixture.Row(strRow));
         ClickRow(fixture, strRow);
         Rebuild(fixture);
         fixture.Press(static_cast<Qt::Key>(nKey));
@@ -407,6 +431,71 @@ private slots:
         Rebuild(fixture);
         fixture.Press(Qt::Key_End, Qt::ShiftModifier);
         QCOMPARE(Sorted(fixture.Selected()), (QStringList{ "c", "d" }));
+    }
+
+    void aRangeByKeyGoesOnFromItsStartWhereItsEndIsGone()
+    {
+        CTreeFixture fixture(Root({}, Many(64)));
+        fixture.pTree->verticalScrollBar()->setValue(1100);
+        ClickRow(fixture, "p40");
+        ClickRow(fixture, "p42", Qt::ShiftModifier);
+        Lose(fixture, "p42");
+        fixture.Press(Qt::Key_End, Qt::ShiftModifier);
+        QCOMPARE(fixture.Selected().size(), 23);
+        QVERIFY(fixture.Selected().contains("p40") && fixture.Selected().contains("p63"));
+    }
+
+    void aRangeByKeyWithNothingToGoOnFromSelectsNothing()
+    {
+        CTreeFixture fixture(Site());
+        ClickRow(fixture, "b");
+        Lose(fixture, "b");
+        fixture.Clear();
+        fixture.Press(Qt::Key_End, Qt::ShiftModifier);
+        QCOMPARE(fixture.Selected(), QStringList());
+        QCOMPARE(fixture.control.Commands(), QStringList());
+    }
+
+    void foldingAGroupByMouseMovesNoStart_data()
+    {
+        QTest::addColumn<bool>("bRebuild");
+        QTest::newRow("plain") << false;
+        QTest::newRow("rebuilt") << true;
+    }
+    void foldingAGroupByMouseMovesNoStart()
+    {
+        QFETCH(bool, bRebuild);
+        CTreeFixture fixture(Site());
+        ClickRow(fixture, "b");
+        const QRect rcGroup = fixture.pTree->visualRect(fixture.Row("Stage"));
+        QTest::mouseClick(fixture.pTree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          QPoint(rcGroup.left() - 7, rcGroup.center().y()));
+        QVERIFY(!fixture.pTree->isExpanded(fixture.Row("Stage")));
+        if (bRebuild) {
+            Rebuild(fixture);
+        }
+        ClickRow(fixture, "d", Qt::ShiftModifier);
+        QCOMPARE(Sorted(fixture.Selected()), (QStringList{ "b", "c", "d" }));
+    }
+
+    void aStepByKeyStartsTheNextRange()
+    {
+        CTreeFixture fixture(Site());
+        ClickRow(fixture, "a");
+        fixture.Press(Qt::Key_Down);
+        Rebuild(fixture);
+        ClickRow(fixture, "d", Qt::ShiftModifier);
+        QCOMPARE(fixture.Selected(), (QStringList{ "b", "c", "d" }));
+    }
+
+    void aJumpByKeyStartsTheNextRange()
+    {
+        CTreeFixture fixture(Site());
+        ClickRow(fixture, "a");
+        fixture.Press(Qt::Key_End);
+        Rebuild(fixture);
+        ClickRow(fixture, "c", Qt::ShiftModifier);
+        QCOMPARE(fixture.Selected(), (QStringList{ "c", "d" }));
     }
 
     void aShiftHeldDuringTheRebuildChangesNothing()

@@ -352,6 +352,18 @@ private slots:
         QVERIFY(other.hasFocus());
     }
 
+    void theLateEndOfATakenEditorDoesNotSwitchReportsOnThatTheRootHasSwitchedOff()
+    {
+        CTreeFixture fixture(Site());
+        const QPointer<QLineEdit> pEditor = OpenEditor(fixture, "alpha");
+        fixture.pTree->RefreshTree();
+        fixture.pTree->setCurrentIndex(fixture.Root());
+        fixture.Press(Qt::Key_F2);
+        RunDeletions();
+        QVERIFY(!pEditor);
+        QVERIFY(!ReportsSelections(fixture));
+    }
+
     void keysMeantForATakenEditorReachNothing_data()
     {
         QTest::addColumn<int>("nKey");
