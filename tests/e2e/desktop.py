@@ -7,6 +7,7 @@ a pixel or for a window. The pauses between the steps of a drag are the drag's o
 import os
 import pathlib
 import re
+import select
 import shutil
 import signal
 import subprocess
@@ -17,6 +18,7 @@ from PIL import ImageGrab
 
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
+SERVER_START = 8.0  # seconds
 TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
@@ -55,6 +57,13 @@ class Desktop:
     def __init__(self, shots):
         self.shots = pathlib.Path(shots)
         self.shots.mkdir(parents=True, exist_ok=True)
+        self.display = wait_until("an X server", self._start_server)
+        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
+        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+        wait_until("a window manager", self._has_manager)
+
+    def _start_server(self):
+        """The display of a new server; None for one that does not say it, as now and then under load."""
         read_end, write_end = os.pipe()
         geometry = f"{self.SIZE[0]}x{self.SIZE[1]}x24"
         self.server = subprocess.Popen(
@@ -62,10 +71,11 @@ class Desktop:
             pass_fds=[write_end], stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as display:
-            self.display = ":" + display.readline().strip()
-        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
-        wait_until("a window manager", self._has_manager)
+            number = display.readline().strip() if select.select([display], [], [], SERVER_START)[0] else ""
+        if not number:
+            self.server.kill()
+            self.server.wait()
+        return ":" + number if number else None
 
     def _has_manager(self):
         check = subprocess.run(["xdotool", "get_num_desktops"], env=self.environment, capture_output=True)

@@ -79,10 +79,10 @@ class Gestures(Storm):
 
     # The menu
 
-    def entries(self, node, has_rename=True):
+    def entries(self, node):
         """The entries of the menu over a selected row."""
         row = self.rows.row(node)
-        rename = ["Rename"] if has_rename and self.begun == [node] else []
+        rename = ["Rename"] if self.begun == [node] else []
         if row.kind == "group":
             return rename + ["Ungroup", "Delete"]
         move = ["Move to group"] if self.targets(node) else []
@@ -137,8 +137,10 @@ class Gestures(Storm):
     def unfolding(self, target):
         return [] if target == ROOT or self.rows.group(target)["expanded"] else [f"gui SetExpanded({target}, true)"]
 
-    def delete_from_menu(self, node, expected, then=lambda: None):
-        self.entry(node, "Delete", expected, then)
+    def delete_from_menu(self, node, *answer, with_processors=None):
+        """Delete, and the user's answer where there is a question. with_processors is what groups go by; None: nothing goes."""
+        self.entry(node, "Delete", lambda: self.deletion(with_processors) if with_processors else [],
+                   self.answer(*answer) if answer else lambda: None)
 
     def answer(self, title, *keys):
         """What the user answers in a dialog."""
@@ -275,20 +277,18 @@ class Menus(Gestures):
     def test_delete_asks_and_takes_the_selected_rows(self):
         question = "Delete processors"
         self.click(self.TWO)
-        self.delete_from_menu(self.TWO, lambda: [], self.answer(question, "Return"))
-        self.delete_from_menu(self.TWO, lambda: self.deletion("false"), self.answer(question, "alt+y"))
+        self.delete_from_menu(self.TWO, question, "Return")
+        self.delete_from_menu(self.TWO, question, "alt+y", with_processors="false")
         self.choose(self.ONE, self.THREE)
-        self.delete_from_menu(self.THREE, lambda: self.deletion("false"), self.answer(question, "alt+y"))
+        self.delete_from_menu(self.THREE, question, "alt+y", with_processors="false")
         self.choose(self.FOLDED, self.ALPHA)
-        self.delete_from_menu(self.ALPHA, lambda: self.deletion("true"), self.answer("Delete groups and processors", "alt+y"))
+        self.delete_from_menu(self.ALPHA, "Delete groups and processors", "alt+y", with_processors="true")
         self.click(self.EMPTY)
-        self.delete_from_menu(self.EMPTY, lambda: self.deletion("false"))
+        self.delete_from_menu(self.EMPTY, with_processors="false")
         self.click(self.STAGE)
-        self.delete_from_menu(self.STAGE, lambda: [], self.answer("^Delete$", "Escape"))
-        self.delete_from_menu(self.STAGE, lambda: self.deletion("false"), self.answer("^Delete$", *self.SECOND_OPTION))
+        self.delete_from_menu(self.STAGE, "^Delete$", "Escape")
+        self.delete_from_menu(self.STAGE, "^Delete$", "Tab", "Tab", "space", with_processors="false")
         self.finish()
-
-    SECOND_OPTION = ("Tab", "Tab", "space")
 
 
 class Drags(Gestures):
