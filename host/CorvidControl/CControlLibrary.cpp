@@ -76,7 +76,7 @@ void CControlLibrary::StartLife()
     if (!options.strScenarioFile.isEmpty())
         life.StartScenario(scenario.GetSteps());
     else if (options.bQuietDay)
-        life.StartQuietDay(options.nSeed);
+        life.StartQuietDay(options.nSeed, options.dPace);
 }
 
 void CControlLibrary::Publish()

@@ -18,9 +18,9 @@ void CLife::StartScenario(const QVector<SScenarioStep>& vecStep)
     Start([=] { RunScenario(vecStep); });
 }
 
-void CLife::StartQuietDay(quint32 nSeed)
+void CLife::StartQuietDay(quint32 nSeed, double dPace)
 {
-    Start([=] { RunQuietDay(nSeed); });
+    Start([=] { RunQuietDay(nSeed, dPace); });
 }
 
 void CLife::Stop()
@@ -62,9 +62,9 @@ void CLife::RunScenario(QVector<SScenarioStep> vecStep)
     emit events.ScenarioFinished();
 }
 
-void CLife::RunQuietDay(quint32 nSeed)
+void CLife::RunQuietDay(quint32 nSeed, double dPace)
 {
-    CQuietDay day(nSeed);
+    CQuietDay day(nSeed, dPace);
     QVector<SScenarioStep> vecStep;
     qint64 nTime = 0;
     do {

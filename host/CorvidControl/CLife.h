@@ -24,7 +24,7 @@ public:
     ~CLife();
 
     void StartScenario(const QVector<SScenarioStep>& vecStep);
-    void StartQuietDay(quint32 nSeed);
+    void StartQuietDay(quint32 nSeed, double dPace);
 
     /// Ends all threads. What blocks them must have been stopped before.
     void Stop();
@@ -36,7 +36,7 @@ private:
 
     void Start(const std::function<void()>& body);
     void RunScenario(QVector<SScenarioStep> vecStep);
-    void RunQuietDay(quint32 nSeed);
+    void RunQuietDay(quint32 nSeed, double dPace);
     bool TakeFirst(QVector<SScenarioStep>& vecStep);
     static void Insert(QVector<SScenarioStep>& vecStep, const SScenarioStep& step);
     bool WaitUntil(qint64 nTime);

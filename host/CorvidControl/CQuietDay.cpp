@@ -35,7 +35,7 @@ SScenarioStep CQuietDay::GetNext(const CNodeTree& tree)
         step = BuildStep(QStringLiteral("offline"), listOnline.at(static_cast<int>(Draw(listOnline.size()))));
     else
         step = DrawBoot(listOnline);
-    step.nAt = 1500 + Draw(3500);
+    step.nAt = qRound64((1500 + Draw(3500)) / dPace);
     return step;
 }
 
@@ -80,6 +80,6 @@ SScenarioStep CQuietDay::DrawProject(const QList<SProcessorNode>& listOnline)
 SScenarioStep CQuietDay::DrawBoot(const QList<SProcessorNode>& listOnline)
 {
     SScenarioStep step = BuildStep(QStringLiteral("boot"), listOnline.at(static_cast<int>(Draw(listOnline.size()))));
-    step.keys.insert(QStringLiteral("for"), 2.0 + Draw(6));
+    step.keys.insert(QStringLiteral("for"), (2.0 + Draw(6)) / dPace);
     return step;
 }

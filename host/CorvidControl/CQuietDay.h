@@ -6,11 +6,13 @@
 #include <random>
 
 /// Invents what happens on a day without a scenario: devices restart, drop out, come back, fail over and
-/// change their project, one every few seconds. The same seed and the same lists give the same day.
+/// change their project, one every few seconds. The same seed and the same lists give the same day, at
+/// any pace.
 class CQuietDay
 {
 public:
-    explicit CQuietDay(quint32 nSeed) : random(nSeed) { }
+    /// dPace: how many times as fast as usual everything happens; above 0.
+    explicit CQuietDay(quint32 nSeed, double dPaceIn = 1.0) : random(nSeed), dPace(dPaceIn) { }
 
     /// The next thing that happens in this list, nAt milliseconds from now; nothing (an empty strDo) in
     /// a list without processors.
@@ -25,4 +27,5 @@ private:
     SScenarioStep DrawBoot(const QList<SProcessorNode>& listOnline);
 
     std::mt19937 random; // its numbers are the same everywhere, those of the library's distributions are not
+    double dPace;
 };

@@ -12,6 +12,7 @@ struct SControlOptions
     QString strScenarioFile; ///< a script for the devices; empty for none
     quint32 nSeed = 1;       ///< the same seed gives the same quiet day
     bool bQuietDay = true;   ///< without a scenario: the devices live; false: nothing happens by itself
+    double dPace = 1.0;      ///< how many times as fast a quiet day goes; above 0
 
     /// Processors that stand in the network without being listed; the next scan finds them.
     int nUnlistedDevices = 0;

@@ -14,6 +14,8 @@ template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize]
 }
 
 constexpr double g_dMostSeconds = 3600.0;
+constexpr double dLeastPace = 1.0;
+constexpr double dMostPace = 100.0;
 constexpr double g_dLeastScale = 0.5;
 constexpr double g_dMostScale = 4.0;
 
@@ -22,6 +24,7 @@ constexpr QLatin1String g_strHelp = Literal("help");
 constexpr QLatin1String g_strJournal = Literal("journal");
 constexpr QLatin1String g_strLang = Literal("lang");
 constexpr QLatin1String g_strList = Literal("list");
+constexpr QLatin1String strPace = Literal("pace");
 constexpr QLatin1String g_strPanel = Literal("panel");
 constexpr QLatin1String g_strScale = Literal("scale");
 constexpr QLatin1String g_strScenario = Literal("scenario");
@@ -33,7 +36,7 @@ void AddOptions(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), g_strHelp }));
     for (const QLatin1String strName :
-         { g_strAt, g_strJournal, g_strLang, g_strList, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
+         { g_strAt, g_strJournal, g_strLang, g_strList, strPace, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
         parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
 }
 } // namespace
@@ -76,6 +79,7 @@ QString CCommandLine::GetHelp()
                           "  --list FILE        working list (.kvtl), read at start and written at the end;\n"
                           "                     default: processors.kvtl in the user's application data\n"
                           "  --scenario FILE    script for the devices; default: a quiet day\n"
+                          "  --pace FACTOR      how many times as fast the quiet day goes, 1 to 100\n"
                           "  --shot FILE.png    write a picture of the window, then quit\n"
                           "  --at SECONDS       when to take that picture (default 2)\n"
                           "  --shots FOLDER     write the pictures that the scenario asks for, numbered, then quit\n"
@@ -105,10 +109,16 @@ void CCommandLine::ReadValues(const QCommandLineParser& parser)
     options.strLanguage = parser.value(g_strLang);
     if (parser.isSet(g_strAt))
         options.dShotAt = ReadNumber(parser, g_strAt, 0.0, g_dMostSeconds);
+    if (parser.isSet(strPace)) {
+        options.dPace = ReadNumber(parser, strPace, dLeastPace, dMostPace);
+    }
     if (parser.isSet(g_strScale))
         options.dScale = ReadNumber(parser, g_strScale, g_dLeastScale, g_dMostScale);
     if (parser.isSet(g_strAt) && !parser.isSet(g_strShot))
         Refuse(QStringLiteral("--at needs --shot"));
+    if (parser.isSet(strPace) && parser.isSet(g_strScenario)) {
+        Refuse(QStringLiteral("--pace is for the quiet day, which --scenario replaces"));
+    }
     if (parser.isSet(g_strShots) && !parser.isSet(g_strScenario))
         Refuse(QStringLiteral("--shots needs --scenario"));
     if (parser.isSet(g_strLang) && !CLanguage::GetCodes().contains(options.strLanguage))

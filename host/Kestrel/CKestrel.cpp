@@ -28,6 +28,7 @@ SControlOptions GetControlOptions(const SKestrelOptions& options)
     SControlOptions control;
     control.strListFile = options.strListFile;
     control.strScenarioFile = options.strScenarioFile;
+    control.dPace = options.dPace;
     return control;
 }
 } // namespace

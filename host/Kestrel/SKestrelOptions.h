@@ -16,5 +16,6 @@ struct SKestrelOptions
     QString strJournalFile;  ///< where the journal is written too; empty: nowhere
     QString strPanelFile;    ///< the panel's library; empty: the one beside the program
     QString strLanguage;     ///< "en", "de", "zh_CN"; empty: the system's
+    double dPace = 1.0;      ///< how many times as fast the quiet day goes
     double dScale = 0.0;     ///< pixels a point; 0: as the screen says
 };

@@ -100,6 +100,8 @@ private:
     void SelectRowQuietly(const QModelIndex& index);
 
     void DealDeleteKey(QKeyEvent* pEvent);
+    void NoteRelease(const QKeyEvent* pEvent);
+    bool IsRepeat(const QKeyEvent* pEvent) const;
     void DealArrowKey(QKeyEvent* pEvent);
     void DealMoveKey(QKeyEvent* pEvent);
     void MoveTo(const QModelIndex& index);
@@ -147,6 +149,7 @@ private:
     QTimer* pScrollTimer = nullptr;
     bool bScrollUp = false;
     bool bScrollDown = false;
+    ulong nDeleteReleased = 0; ///< when the Delete key was let go, by the clock of the window system
     std::unique_ptr<CSelectionAnchor> pAnchor;
     QWidget* pRenameEditor = nullptr; ///< open editor of Rename, watched for its end; null once it has closed or died
 };

@@ -116,12 +116,26 @@ void CProcessorTree::keyPressEvent(QKeyEvent* pEvent)
 // What a held key repeats, or what an open editor passes on, was not meant for the rows.
 void CProcessorTree::DealDeleteKey(QKeyEvent* pEvent)
 {
-    if (!mapAction[ActionDelete]->isEnabled() || pEvent->isAutoRepeat() || state() == EditingState) {
+    if (!mapAction[ActionDelete]->isEnabled() || IsRepeat(pEvent) || state() == EditingState) {
         return;
     }
     DeleteNode(false);
     emit g_pProcessorTreeData->NotifyNodeInfo();
     QTreeView::keyPressEvent(pEvent);
+}
+
+// X11 repeats a key by a release and a press of the same time. The toolkit knows the pair only if both have
+// arrived when it looks at the release, and takes about every second repeat for a new press.
+bool CProcessorTree::IsRepeat(const QKeyEvent* pEvent) const
+{
+    return pEvent->isAutoRepeat() || (pEvent->timestamp() != 0 && pEvent->timestamp() == nDeleteReleased);
+}
+
+void CProcessorTree::NoteRelease(const QKeyEvent* pEvent)
+{
+    if (pEvent->key() == Qt::Key_Delete) {
+        nDeleteReleased = pEvent->timestamp();
+    }
 }
 
 void CProcessorTree::DealArrowKey(QKeyEvent* pEvent)

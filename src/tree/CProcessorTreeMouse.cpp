@@ -252,6 +252,8 @@ bool CProcessorTree::event(QEvent* pEvent)
         UpdateToolTip(true);
     } else if (pEvent->type() == QEvent::ToolTip) {
         UpdateToolTip(false);
+    } else if (pEvent->type() == QEvent::KeyRelease) {
+        NoteRelease(static_cast<QKeyEvent*>(pEvent));
     }
     return QTreeView::event(pEvent);
 }

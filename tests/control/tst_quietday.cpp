@@ -20,11 +20,11 @@ SProcessorAllNode BuildSite()
     return Root({ Group("Stage", listProcessor.mid(0, 10)) }, listProcessor.mid(10));
 }
 
-QStringList BuildDay(quint32 nSeed, const SProcessorAllNode& node, int nSteps)
+QStringList BuildDay(quint32 nSeed, const SProcessorAllNode& node, int nSteps, double dPace = 1.0)
 {
     CNodeTree tree;
     tree.SetRoot(node);
-    CQuietDay day(nSeed);
+    CQuietDay day(nSeed, dPace);
     QStringList listStep;
     for (int n = 0; n < nSteps; ++n) {
         const SScenarioStep step = day.GetNext(tree);
@@ -45,6 +45,8 @@ private slots:
     void anotherSeedGivesAnotherDay();
     void allThatADeviceCanDoHappensInADay();
     void somethingHappensEveryFewSeconds();
+    void atTenTimesThePaceTheSameDayTakesATenth();
+    void aFasterPaceReachesTheDevices();
     void everyStepIsSound();
     void devicesComeBackWhenManyAreGone();
     void anEmptyListHasNoDay();
@@ -77,6 +79,33 @@ void CQuietDayTest::somethingHappensEveryFewSeconds()
         const int nAfter = strStep.section(' ', 0, 0).toInt();
         QVERIFY(nAfter >= 1000 && nAfter <= 6000);
     }
+}
+
+void CQuietDayTest::atTenTimesThePaceTheSameDayTakesATenth()
+{
+    CNodeTree tree;
+    tree.SetRoot(BuildSite());
+    CQuietDay day(1);
+    CQuietDay dayFast(1, 10.0);
+    for (int n = 0; n < 200; ++n) {
+        const SScenarioStep step = day.GetNext(tree);
+        const SScenarioStep stepFast = dayFast.GetNext(tree);
+        QCOMPARE(stepFast.strDo, step.strDo);
+        QCOMPARE(stepFast.GetText("node"), step.GetText("node"));
+        QCOMPARE(stepFast.nAt, qRound64(step.nAt / 10.0));
+        QCOMPARE(stepFast.GetNumber("for", 0), step.GetNumber("for", 0) / 10.0);
+    }
+}
+
+void CQuietDayTest::aFasterPaceReachesTheDevices()
+{
+    CControlFixture fixture;
+    fixture.options.bQuietDay = true;
+    fixture.options.dPace = 100.0;
+    fixture.Start(BuildSite());
+    QSignalSpy spyStep(fixture.pHost.get(), &CControlHost::LifeStep);
+    fixture.pHost->StartLife();
+    QTRY_VERIFY(spyStep.size() >= 20); // over a minute at the usual pace
 }
 
 void CQuietDayTest::everyStepIsSound()

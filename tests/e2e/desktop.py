@@ -7,6 +7,7 @@ a pixel or for a window. The pauses between the steps of a drag are the drag's o
 import os
 import pathlib
 import re
+import select
 import shutil
 import signal
 import subprocess
@@ -17,6 +18,8 @@ from PIL import ImageGrab
 
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
+SERVER_START = 8.0  # seconds
+TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
 INFO = 92
@@ -28,16 +31,22 @@ class Failure(AssertionError):
     pass
 
 
-def wait_until(what, condition, deadline=DEADLINE):
-    """The first true result of condition()."""
+def poll(condition, deadline):
+    """The first true result of condition(), or its last one when time is over."""
     end = time.monotonic() + deadline
     while True:
         result = condition()
-        if result:
+        if result or time.monotonic() > end:
             return result
-        if time.monotonic() > end:
-            raise Failure(f"not within {deadline} s: {what}")
         time.sleep(POLL)  # paced: between two looks at the condition
+
+
+def wait_until(what, condition, deadline=DEADLINE):
+    """The first true result of condition()."""
+    result = poll(condition, deadline)
+    if not result:
+        raise Failure(f"not within {deadline} s: {what}")
+    return result
 
 
 class Desktop:
@@ -48,6 +57,13 @@ class Desktop:
     def __init__(self, shots):
         self.shots = pathlib.Path(shots)
         self.shots.mkdir(parents=True, exist_ok=True)
+        self.display = wait_until("an X server", self._start_server)
+        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
+        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
+        wait_until("a window manager", self._has_manager)
+
+    def _start_server(self):
+        """The display of a new server; None for one that does not say it, as now and then under load."""
         read_end, write_end = os.pipe()
         geometry = f"{self.SIZE[0]}x{self.SIZE[1]}x24"
         self.server = subprocess.Popen(
@@ -55,10 +71,11 @@ class Desktop:
             pass_fds=[write_end], stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as display:
-            self.display = ":" + display.readline().strip()
-        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
-        wait_until("a window manager", self._has_manager)
+            number = display.readline().strip() if select.select([display], [], [], SERVER_START)[0] else ""
+        if not number:
+            self.server.kill()
+            self.server.wait()
+        return ":" + number if number else None
 
     def _has_manager(self):
         check = subprocess.run(["xdotool", "get_num_desktops"], env=self.environment, capture_output=True)
@@ -105,8 +122,20 @@ class Desktop:
     def key(self, *names):
         self.xdotool("key", *names)
 
+    def hold_key(self, name, seconds):
+        """Holds a key down; the server repeats it after a while."""
+        self.xdotool("keydown", name)
+        time.sleep(seconds)  # paced: the key is held
+        self.xdotool("keyup", name)
+
     def type(self, text):
         self.xdotool("type", "--delay", 15, text)
+
+    def key_as_typist(self, *names):
+        self.xdotool("key", "--delay", TYPIST, *names)
+
+    def type_as_typist(self, text):
+        self.xdotool("type", "--delay", TYPIST, text)
 
     def copy(self, text):
         """Puts text on the clipboard."""
@@ -142,20 +171,24 @@ class Desktop:
 class Kestrel:
     """One run of the application. Positions are those of the screen."""
 
-    def __init__(self, desktop, program, list_file, options=(), scenario=None):
+    def __init__(self, desktop, program, list_file, options=(), scenario=None, pace=None):
+        """With a pace the devices live their quiet day, that many times as fast; without one the scenario is played."""
         self.desktop = desktop
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kestrel-"))
         self.list_file = pathlib.Path(list_file)
         self.journal_file = self.folder / "journal"
+        self.journal_records = []
+        self.journal_read = 0  # bytes
         script = self.folder / "scenario.json"
         script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
+        life = ["--pace", str(pace)] if pace else ["--scenario", script]
         self.error_file = open(self.folder / "errors", "w+")
         environment = dict(desktop.environment, HOME=str(self.folder), XDG_RUNTIME_DIR=str(self.folder),
                            QT_HASH_SEED="0", LANG="C.UTF-8", LANGUAGE="en")
         os.chmod(self.folder, 0o700)
         self.process = subprocess.Popen(
-            [program, "--list", self.list_file, "--scenario", script, "--journal", self.journal_file, "--lang", "en",
-             *options], env=environment, stderr=self.error_file)
+            [program, "--list", self.list_file, *life, "--journal", self.journal_file, "--lang", "en", *options],
+            env=environment, stderr=self.error_file)
         self.window = desktop.wait_for_window("Kestrel$")
         self._find_origin()
         wait_until("the first rows", lambda: self.journal("Attach", kind="command"))
@@ -191,10 +224,17 @@ class Kestrel:
     # The journal
 
     def records(self):
+        """All records so far; only what is new is read from the file."""
         if not self.journal_file.exists():
             return []
-        lines = self.journal_file.read_text(encoding="utf-8").split("\n")[:-1]
-        return [dict(zip(("number", "time", "kind", "thread", "object", "text"), line.split("\t"))) for line in lines]
+        with open(self.journal_file, "rb") as file:
+            file.seek(self.journal_read)
+            lines = file.read().split(b"\n")[:-1]
+        for line in lines:
+            self.journal_read += len(line) + 1
+            fields = line.decode().split("\t")
+            self.journal_records.append(dict(zip(("number", "time", "kind", "thread", "object", "text"), fields)))
+        return self.journal_records
 
     def mark(self):
         """The number of the newest record, to look behind it later."""

@@ -28,6 +28,7 @@ class Scene(unittest.TestCase):
 
     ROOT, STAGE, ALPHA, BETA, GAMMA, FOLDED, EMPTY, ONE, TWO, THREE = range(10)
     SCENARIO = None
+    PACE = None
     LIST = staticmethod(small_list)
 
     @classmethod
@@ -43,7 +44,7 @@ class Scene(unittest.TestCase):
         self.start()
 
     def start(self):
-        self.kestrel = desktop.Kestrel(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO)
+        self.kestrel = desktop.Kestrel(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO, pace=self.PACE)
         self.addCleanup(self.kestrel.clean)
         self.kestrel.wait_for_pixel("the root selected", self.kestrel.row(0, 250), lambda colour: colour == SELECTED)
 

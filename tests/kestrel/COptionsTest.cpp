@@ -31,6 +31,14 @@ void COptionsTest::aBadOptionOrFileEndsWithOneLineAndCodeTwo_data()
                                      << "9";
     QTest::newRow("scale too small") << "--scale 0"
                                      << "0";
+    QTest::newRow("pace is no number") << "--pace fast"
+                                       << "fast";
+    QTest::newRow("pace too slow") << "--pace 0.5"
+                                   << "0.5";
+    QTest::newRow("pace too fast") << "--pace 101"
+                                   << "101";
+    QTest::newRow("pace of a scenario") << "--scenario . --pace 10"
+                                        << "--pace";
     QTest::newRow("time is no number") << "--shot a.png --at soon"
                                        << "soon";
     QTest::newRow("negative time") << "--shot a.png --at=-1"
@@ -86,7 +94,7 @@ void COptionsTest::helpTellsEveryOptionAndNeedsNoDisplay()
     QVERIFY(program.Run({ "--help" }));
 
     QCOMPARE(program.ExitCode(), 0);
-    for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--lang", "--scale", "--help" })
+    for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--lang", "--scale", "--pace", "--help" })
         QVERIFY2(program.Output().contains(szOption), szOption);
 }
 

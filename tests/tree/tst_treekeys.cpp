@@ -63,6 +63,14 @@ bool HasDeleted(const CTreeFixture& fixture)
     return fixture.control.Commands().contains("g_pRuntimeControl.SetBusy(false)");
 }
 
+/// The Delete key as the window system reports it, at that time of its clock.
+void SendDelete(const CTreeFixture& fixture, QEvent::Type type, ulong nTime)
+{
+    QKeyEvent event(type, Qt::Key_Delete, Qt::NoModifier);
+    event.setTimestamp(nTime);
+    QApplication::sendEvent(fixture.pTree.data(), &event);
+}
+
 } // namespace
 
 class CTreeKeysTest : public QObject
@@ -310,6 +318,23 @@ private slots:
         QCOMPARE(spy.count(), 0);
         QCOMPARE(fixture.control.Calls(), QStringList());
         QVERIFY2(fixture.parent.listKey.isEmpty(), "the key stops at the tree");
+    }
+
+    void aRepeatThatTheToolkitTakesForAPressDeletesNothing()
+    {
+        CKeyFixture fixture;
+        fixture.Select({ "last" });
+        SendDelete(fixture, QEvent::KeyPress, 1000);
+        QTRY_COMPARE(fixture.control.CallCount("SetBusy"), 2);
+        fixture.Clear();
+        for (const ulong nTime : { 1500ul, 1540ul, 1580ul }) {
+            SendDelete(fixture, QEvent::KeyRelease, nTime);
+            SendDelete(fixture, QEvent::KeyPress, nTime);
+        }
+        QCOMPARE(fixture.control.Calls(), QStringList());
+        SendDelete(fixture, QEvent::KeyRelease, 1600);
+        SendDelete(fixture, QEvent::KeyPress, 1700);
+        QTRY_VERIFY(HasDeleted(fixture));
     }
 
     void afterAHeldDeleteKeyTheNextPressDeletes()
