@@ -19,12 +19,12 @@ QSize CElidedLabel::minimumSizeHint() const
     return QSize(size.width() - qMax(0, nSpare), size.height());
 }
 
-void CElidedLabel::paintEvent(QPaintEvent* event)
+void CElidedLabel::paintEvent(QPaintEvent* /*event*/)
 {
-    QFrame::paintEvent(event);
+    QPainter painter(this);
+    drawFrame(&painter);
     QStyleOption option;
     option.initFrom(this);
-    QPainter painter(this);
     const QString strShown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
     style()->drawItemText(&painter, contentsRect(), int(Qt::AlignLeft | Qt::AlignVCenter), option.palette, isEnabled(), strShown,
                           foregroundRole());

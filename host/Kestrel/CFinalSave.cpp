@@ -81,24 +81,22 @@ QString CFinalSave::ChooseFile()
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-// Empty, or the reason why not.
+// Empty, or the reason why not. The library says it in its log, on the thread of the call; the lines of other
+// threads are about other things.
 QString CFinalSave::SaveTo(const QString& strPath)
 {
-    QString strReason;
-    // The library says it in its log, on the thread of the call; lines of other threads are about other things.
-    QObject scope;
-    QObject::connect(
-        &host, &CControlHost::LogLine, &scope,
-        [&strReason, &scope](const QString& strLine) {
-            if (QThread::currentThread() == scope.thread()) {
-                strReason = strLine;
+    strLogged = strPath;
+    const QMetaObject::Connection connection = QObject::connect(
+        &host, &CControlHost::LogLine, &window,
+        [this](const QString& strLine) {
+            if (QThread::currentThread() == window.thread()) {
+                strLogged = strLine;
             }
         },
         Qt::DirectConnection);
-    if (g_pPrcListControl->ExportList(strPath, 0) == 0) {
-        return {};
-    }
-    return strReason.isEmpty() ? strPath : strReason;
+    const bool bSaved = g_pPrcListControl->ExportList(strPath, 0) == 0;
+    QObject::disconnect(connection);
+    return bSaved ? QString() : strLogged;
 }
 
 // The path of the file, or an empty one.

@@ -45,4 +45,5 @@ private:
     CControlHost& host;
     QWidget& window;
     QString strFault;
+    QString strLogged; ///< the library's last line during SaveTo
 };

@@ -2,7 +2,6 @@
 
 #include "Kestrel/CMainWindow.h"
 
-#include <QDir>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -37,5 +36,4 @@ void CSessionEnd::Commit(QSessionManager& manager)
 void CSessionEnd::SaveState(QSessionManager& manager)
 {
     manager.setRestartCommand(listRestart);
-    manager.setManagerProperty(QStringLiteral("CurrentDirectory"), QDir::currentPath());
 }

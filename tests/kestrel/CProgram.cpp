@@ -27,6 +27,10 @@ public:
 protected:
     void setupChildProcess() override
     {
+        // A test that itself runs in the background would hand down an ignored SIGINT.
+        for (const int nSignal : { SIGTERM, SIGINT, SIGHUP }) {
+            std::signal(nSignal, SIG_DFL);
+        }
         if (enStarter == StarterIgnoresHangup) {
             std::signal(SIGHUP, SIG_IGN);
         }

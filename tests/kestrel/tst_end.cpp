@@ -124,6 +124,8 @@ private slots:
 
         run.program.Send(SIGTERM);
         run.program.Send(SIGINT);
+        QVERIFY(run.program.WaitForOutput("-later.png"));
+        run.program.Send(SIGINT);
         QVERIFY(run.EndBy(SIGTERM));
 
         QCOMPARE(run.program.ExitCode(), 0);
