@@ -6,6 +6,7 @@
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
+#include "Kestrel/CUserWatch.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
@@ -65,6 +66,7 @@ void CKestrel::Complain(const QString& strLine)
 
 int CKestrel::RunWindow(CControlHost& host, CCallLog& log)
 {
+    const CUserWatch watch(host);
     CMainWindow window(host, log, language, theme);
     CPanelLoader loader;
     // Declared behind the window: the panel ends first, while its parent and the control library live.

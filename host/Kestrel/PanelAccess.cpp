@@ -6,6 +6,7 @@
 #include "interfaces/control/IRuntimeControl.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -70,6 +71,15 @@ QTreeView* PanelAccess::FindCurrentTree(QWidget* pPanel)
 {
     const auto* pLayout = pPanel->findChild<QStackedLayout*>();
     return pLayout ? qobject_cast<QTreeView*>(pLayout->currentWidget()) : nullptr;
+}
+
+bool PanelAccess::IsRowEditor(const QObject* pObject)
+{
+    if (!qobject_cast<const QLineEdit*>(pObject) || !pObject->parent()) {
+        return false;
+    }
+    const auto* pTree = qobject_cast<const QAbstractItemView*>(pObject->parent()->parent());
+    return pTree && pTree->viewport() == pObject->parent() && pTree->objectName() == QLatin1String("ProcessorTree");
 }
 
 QModelIndex PanelAccess::FindRow(const QTreeView* pTree, const QString& strName)

@@ -6,6 +6,7 @@ class QAbstractButton;
 class QAction;
 class QLineEdit;
 class QModelIndex;
+class QObject;
 class QString;
 class QTreeView;
 class QWidget;
@@ -16,6 +17,9 @@ namespace PanelAccess
 {
 /// The tree of the current pane, or null.
 QTreeView* FindCurrentTree(QWidget* pPanel);
+
+/// Whether it is the editor of a row of the panel.
+bool IsRowEditor(const QObject* pObject);
 
 /// The row of a group or processor of that name in the current pane; invalid when there is none.
 QModelIndex FindRow(const QTreeView* pTree, const QString& strName);

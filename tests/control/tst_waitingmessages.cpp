@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 namespace
 {
 
-using SaySo = std::function<void(CControlHost& host, int n)>;
+using FnReport = std::function<void(CControlHost& host, int n)>;
 
 constexpr int nFirstMark = 1000; // numbers that mean nothing to anybody
 
@@ -106,7 +106,7 @@ void AddRows(const QVector<int>& vecMessage)
 
 } // namespace
 
-Q_DECLARE_METATYPE(SaySo)
+Q_DECLARE_METATYPE(FnReport)
 
 /// Messages that wait while the user is in the middle of something.
 class CWaitingMessagesTest : public QObject
@@ -401,23 +401,23 @@ private slots:
         QVERIFY(timer.elapsed() >= 400);
     }
 
-    void whatTheUserDoesMayBeSaidWhileMessagesRain_data()
+    void whatTheUserDoesMayBeReportedWhileMessagesRain_data()
     {
-        QTest::addColumn<SaySo>("saySo");
-        QTest::newRow("editing") << SaySo([](CControlHost& host, int n) { host.SetUserEditing(n % 2); });
-        QTest::newRow("acting") << SaySo([](CControlHost& host, int n) { host.SetUserActing(n % 2); });
-        QTest::newRow("input") << SaySo([](CControlHost& host, int) { host.NoteUserInput(); });
+        QTest::addColumn<FnReport>("fnReport");
+        QTest::newRow("editing") << FnReport([](CControlHost& host, int n) { host.SetUserEditing(n % 2); });
+        QTest::newRow("acting") << FnReport([](CControlHost& host, int n) { host.SetUserActing(n % 2); });
+        QTest::newRow("input") << FnReport([](CControlHost& host, int) { host.NoteUserInput(); });
     }
 
-    void whatTheUserDoesMayBeSaidWhileMessagesRain()
+    void whatTheUserDoesMayBeReportedWhileMessagesRain()
     {
-        QFETCH(SaySo, saySo);
+        QFETCH(FnReport, fnReport);
         CControlFixture fixture;
         fixture.Start();
         std::atomic<int> nFallen{ 0 };
         std::thread user([&] {
             for (int n = 0; nFallen < 5000; ++n) {
-                saySo(*fixture.pHost, n);
+                fnReport(*fixture.pHost, n);
                 std::this_thread::yield(); // the thread that delivers gets a turn
             }
         });
