@@ -246,10 +246,14 @@ class Kestrel:
         return [record["text"] for record in self.records()
                 if int(record["number"]) > after and re.search(pattern, record["text"]) and kind in (None, record["kind"])]
 
-    def commands(self, after=0):
-        """The commands behind a mark, with gui or job in front for the thread."""
+    def commands(self, after=0, with_reads=None):
+        """The commands behind a mark, with gui or job in front for the thread; also the reading calls of that pattern."""
+        def counts(record):
+            if record["kind"] == "read":
+                return with_reads and re.search(with_reads, record["text"])
+            return record["kind"] == "command" and "came back after" not in record["text"]
         return [("gui " if record["thread"] == "gui" else "job ") + record["text"] for record in self.records()
-                if int(record["number"]) > after and record["kind"] == "command" and "came back after" not in record["text"]]
+                if int(record["number"]) > after and counts(record)]
 
     def wait_for(self, pattern, after=0, kind=None):
         return wait_until(f"'{pattern}' in the journal; it holds {self.commands(after)}",

@@ -59,6 +59,7 @@ def storm_list():
 
 NEW = "new"
 ID = re.compile(r"\b[0-9a-f]{8}\b")
+GIVEN = re.compile(r"GetSelectedNodes\(false\) = \[(.*)\]")
 REPORT = re.compile(r"((?:gui|job) SetSelectedNodes)\(\[(.*)\]\)")
 
 
@@ -176,7 +177,7 @@ class Storm(Scene):
         """The commands of the gesture when no more will come. self.begun is then what the next one begins with; what the
         library gets in between counts to the next one."""
         def heard():
-            return turn.without_echoes(self.kestrel.commands(turn.mark))
+            return turn.without_echoes(self.kestrel.commands(turn.mark, with_reads=r"^GetSelectedNodes\(false"))
         desktop.poll(lambda: len(heard()) >= len(turn.wanted), MISSING)  # when too few come, the comparison says which
         desktop.wait_until("the end of the job", lambda: self.is_idle(turn.mark))
         self.behind = self.kestrel.mark()
@@ -230,13 +231,16 @@ class Turn:
         return ID.sub(lambda found: found.group() if found.group() in self.known else NEW, command)
 
     def without_echoes(self, commands):
-        """Without the reports that only repeat what is selected anyway, row by row, as a refresh gives it back."""
-        kept, rest, selected = [], list(self.wanted), set(self.begun)
+        """Without the reports that only repeat, row by row, what is selected anyway or what a refresh has just read."""
+        kept, rest, selected, given = [], list(self.wanted), set(self.begun), set()
         for command in map(self.clean, commands):
-            nodes = split_report(command)[1]
+            nodes, read = split_report(command)[1], GIVEN.search(command)
+            if read:
+                given = set(read.group(1).split(", "))
+                continue
             if command in rest:
                 rest.remove(command)
-            elif nodes is not None and set(nodes) <= selected:
+            elif nodes is not None and (set(nodes) <= selected or set(nodes) <= given):
                 continue
             kept.append(command)
             selected = set(nodes or selected)

@@ -417,6 +417,7 @@ class Kept(Gestures):
         self.desktop.click(*self.kestrel.tool_bar_button("Menu"))
         self.desktop.key("Down", "Return")
         x, y = self.kestrel.tool_bar_button("Menu")
+        self.kestrel.wait_for_pixel("the search row", (x + 100, y - desktop.ROW), lambda colour: colour != TREE)
         self.desktop.click(x + 100, y - desktop.ROW)
         self.desktop.type(text)
         self.kestrel.wait_for_pixel("the other rows gone", self.point(self.ONE, 34), lambda colour: colour == TREE)
