@@ -155,8 +155,6 @@ void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason_data()
     QTest::newRow("a key twice, in escapes")
         << BuildChanged("\"portA\"", "\"mode\\u006c\": 12, \"portA\"") << "a key is there twice";
     QTest::newRow("all groups twice") << BuildChanged("\"groups\"", "\"groups\": [], \"groups\"") << "a key is there twice";
-    QTest::newRow("a whole node behind a key")
-        << BuildChanged("\"chief\": \"\"", "\"chief\": {\"id\": 1}, \"chief\": \"\"") << "a key is there twice";
     QTest::newRow("too many numbers") << BuildChanged("300", BuildNumbers(31)) << "more than 32 numbers";
     QTest::newRow("longer than any list") << Seal("{}" + QByteArray(2 * 1024 * 1024, ' ')) << "longer than any list";
     QTest::newRow("a long project") << BuildChanged("\"Aurora\"", '"' + QByteArray(257, 'x') + '"') << "256 bytes";

@@ -2,8 +2,10 @@
 #include "CControlFixture.h"
 #include "CListTime.h"
 #include "CNameRegistry.h"
+#include "CorvidControl/CDeletionWatch.h"
 #include "CorvidControl/CHostEvents.h"
 #include "CorvidControl/CHostState.h"
+#include "CorvidControl/CJobs.h"
 #include "CorvidControl/CListFormat.h"
 #include "CorvidControl/CListKeeper.h"
 #include "CorvidControl/CListStore.h"
@@ -106,6 +108,8 @@ private slots:
     void whatDevicesSaidIsWrittenAlong();
     void aLibraryThatIsKilledHasSavedTheLastCommand();
     void theEndOfTheLibrarySavesWithoutThePanel();
+    void everythingAtOnceLeavesAWholeList();
+    void aDeletionOnManyThreadsKeepsTheListOnce();
 };
 
 void CListKeeperTest::aChangeIsSavedASecondLater()
@@ -312,6 +316,69 @@ void CListKeeperTest::theEndOfTheLibrarySavesWithoutThePanel()
     fixture.Stop();
     QVERIFY(fixture.Read("list.kvtl").contains("\"Hall\""));
     QVERIFY(!QFile::exists(fixture.GetPath("list.kvtl.lock")));
+}
+
+void CListKeeperTest::everythingAtOnceLeavesAWholeList()
+{
+    CControlFixture fixture;
+    SProcessorAllNode node = Root({ Group("Stage") });
+    for (int n = 0; n < 40; ++n) {
+        node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+    }
+    fixture.Write("other.kvtl", CListFormat::Write(node));
+    fixture.Start(node);
+    CListKeeper keeper([&] { return fixture.pHost->SaveList().isEmpty(); }, {});
+    const QString strPath = fixture.GetPath();
+    const std::vector<Command> vecCommand{
+        [&] { g_pPrcListControl->ExportList(strPath, 0); },
+        [&] { g_pPrcListControl->ImportList(fixture.GetPath("other.kvtl")); },
+        [&] { fixture.pHost->SaveList(); },
+        [&] { fixture.pHost->GetListTrouble(); },
+        [&] { g_pPrcListControl->SetExpanded(GroupId("Stage"), false); },
+        [&] { g_pPrcListControl->SetExpanded(GroupId("Stage"), true); },
+        [&] { g_pRuntimeControl->SetBusy(true), g_pRuntimeControl->SetBusy(false); },
+        [&] { g_pPrcListControl->DeleteProcessor(ProcessorId("p1"), false); },
+        [&] { g_pPrcListControl->DeleteProcessor(ProcessorId("p2"), false); },
+        [&] { keeper.Touch(); },
+    };
+    std::vector<std::thread> vecThread;
+    for (const Command& command : vecCommand) {
+        vecThread.emplace_back([&command] {
+            for (int n = 0; n < 20; ++n) {
+                command();
+            }
+        });
+    }
+    for (std::thread& thread : vecThread) {
+        thread.join();
+    }
+    keeper.Stop();
+    QCOMPARE(fixture.pHost->SaveList(), QString());
+    QCOMPARE(fixture.pHost->GetListTrouble(), QString());
+    QCOMPARE(fixture.Read("list.kvtl"), CListFormat::Write(CControlFixture::GetTree()));
+    QCOMPARE(fixture.ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
+}
+
+void CListKeeperTest::aDeletionOnManyThreadsKeepsTheListOnce()
+{
+    CControlFixture fixture;
+    CBareList list(fixture.GetPath());
+    CJobs jobs(list.events);
+    std::atomic<int> nKept{ 0 };
+    CDeletionWatch watch(list.site, jobs, [&](const SListEdition& /*edition*/) { ++nKept; });
+    for (int nJob = 1; nJob <= 50; ++nJob) {
+        jobs.SetBusy(true);
+        watch.EndJob();
+        std::vector<std::thread> vecThread;
+        for (int nThread = 0; nThread < 4; ++nThread) {
+            vecThread.emplace_back([&] { watch.BeforeDeletion(1); });
+        }
+        for (std::thread& thread : vecThread) {
+            thread.join();
+        }
+        jobs.SetBusy(false);
+        QCOMPARE(nKept.load(), nJob);
+    }
 }
 
 PTV_TEST_MAIN_CORE(CListKeeperTest)

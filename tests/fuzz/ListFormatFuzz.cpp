@@ -44,5 +44,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* pData, size_t nSize)
     const QByteArray bytes(reinterpret_cast<const char*>(pData), static_cast<int>(nSize));
     Check(CListFormat::Read(bytes, SListLimits()));
     Check(CListFormat::ReadBody(bytes, SListLimits()));
+    Check(CListFormat::ReadBody(bytes, SListLimits(), CListFormat::NamesMended));
     return 0;
 }
