@@ -89,8 +89,11 @@ void CProcessorTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& i
     if (!pEditor)
         return;
     const QString strName = g_pProcessorTreeData->GetNodeName(RowData::NodeId(index));
-    if (index.data(RoleFirstEdit).toBool())
+    // The view calls again when the row is painted for the first time. The same text set again would only end
+    // the selection, and what is typed would follow the old name instead of replacing it.
+    if (index.data(RoleFirstEdit).toBool() && pEditor->text() != strName) {
         pEditor->setText(strName);
+    }
     pEditor->setFocus(Qt::OtherFocusReason);
     strValidText = pEditor->text();
     RestrictInput(pEditor);

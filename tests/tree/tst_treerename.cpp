@@ -422,6 +422,16 @@ private slots:
         QVERIFY(fixture.pTree->viewport()->rect().contains(Editor(fixture)->geometry()));
     }
 
+    void aRenameOfARowOutOfSightReplacesItsName()
+    {
+        CTreeFixture fixture(Root({}, Many(64)), { ProcessorId("p60") });
+        fixture.Press(Qt::Key_F2);
+        fixture.Grab(); // paints the row for the first time
+        QTest::keyClicks(Editor(fixture), "North");
+        QTest::keyClick(Editor(fixture), Qt::Key_Return);
+        QCOMPARE(fixture.control.Commands(), QStringList{ "g_pPrcBasicControl.RenameProcessor(p60, \"North\")" });
+    }
+
     void aRenameOfARowInSightScrollsNothing()
     {
         CTreeFixture fixture(Root({}, Many(64)), { ProcessorId("p20") });
