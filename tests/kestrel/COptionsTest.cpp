@@ -94,8 +94,10 @@ void COptionsTest::helpTellsEveryOptionAndNeedsNoDisplay()
     QVERIFY(program.Run({ "--help" }));
 
     QCOMPARE(program.ExitCode(), 0);
-    for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--lang", "--scale", "--pace", "--help" })
+    for (const char* szOption :
+         { "--list", "--scenario", "--shot", "--at", "--lang", "--scale", "--pace", "--help", "SIGTERM", ", 3 the" }) {
         QVERIFY2(program.Output().contains(szOption), szOption);
+    }
 }
 
 PTV_TEST_MAIN_CORE(COptionsTest)

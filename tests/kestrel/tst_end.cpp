@@ -15,7 +15,7 @@ QByteArray Scenario(const QByteArray& listMark = {})
 {
     return R"({"steps": [{"at": 0, "do": "add-group", "name": "Night shift"}],
                "ui": [)"
-        + listMark + R"({"at": 0.6, "shot": "up"}, {"at": 1.2, "shot": "later"}, {"at": 300, "shot": "never"}]})";
+        + listMark + R"({"at": 0.6, "shot": "up"}, {"at": 1.0, "shot": "later"}, {"at": 300, "shot": "never"}]})";
 }
 
 /// The program with a list, running until a signal ends it.
@@ -117,7 +117,7 @@ private slots:
 
     void signalsDuringAJobWaitForItsEnd()
     {
-        CRun run(R"({"at": 0.3, "press": "Refresh"},)");
+        CRun run(R"({"at": 0.55, "press": "Refresh"},)");
         QVERIFY(run.Start());
         QVERIFY(run.Commands().contains("SetBusy(true)"));
         QVERIFY(!run.Commands().contains("SetBusy(false)"));
