@@ -5,7 +5,7 @@
 /// What CControlHost::Start needs to know.
 struct SControlOptions
 {
-    /// The list file: read at start, written by the panel at its end. A file that does not exist yet
+    /// The list file: read at start, saved soon after each change. A file that does not exist yet
     /// is an empty list. Empty: "processors.kvtl" in the user's folder for application data.
     QString strListFile;
 
