@@ -72,9 +72,11 @@ void CWorkerRig::Start()
     thread.start();
 }
 
+// Once: with the end of the thread, which may come at any time from now on, the worker dies.
 void CWorkerRig::RequestStop()
 {
-    if (pWorker != nullptr) {
+    if (!bStopRequested) {
+        bStopRequested = true;
         pWorker->ThreadExit();
         thread.quit();
     }

@@ -56,4 +56,5 @@ public:
 private:
     QSemaphore semaphoreToolBar;
     bool bStarted = false;
+    bool bStopRequested = false;
 };
