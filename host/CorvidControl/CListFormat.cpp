@@ -59,6 +59,12 @@ SOutline FindOutline(const QByteArray& body)
     return outline;
 }
 
+// What stands behind the first line, without a copy: for as long as bytes lives.
+QByteArray GetBody(const QByteArray& bytes, int nEnd)
+{
+    return QByteArray::fromRawData(bytes.constData() + nEnd + 1, bytes.size() - nEnd - 1);
+}
+
 } // namespace
 
 QByteArray CListFormat::Write(const SProcessorAllNode& node)
@@ -73,7 +79,7 @@ SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limit
         return Refuse(SListReading::Invalid, QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size()));
     }
     const int nEnd = bytes.left(256).indexOf('\n');
-    const QByteArray body = bytes.mid(nEnd + 1);
+    const QByteArray body = GetBody(bytes, nEnd);
     const QString strFault = nEnd < 0 ? QStringLiteral("it is not a list file") : FindHeaderFault(bytes.left(nEnd), body);
     return strFault.isEmpty() ? ReadBody(body, limits, names) : Refuse(SListReading::Invalid, strFault);
 }
@@ -107,7 +113,11 @@ SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& l
 
 QString CListFormat::FindProofFault(const QByteArray& bytes, const SListLimits& limits)
 {
-    const SListReading proof = Read(bytes, limits);
+    if (bytes.size() > limits.nBytes) {
+        return QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size());
+    }
+    // Without the check sum: it was made of this very text.
+    const SListReading proof = ReadBody(GetBody(bytes, bytes.indexOf('\n')), limits);
     return proof.verdict == SListReading::Valid ? QString() : QStringLiteral("it could not be read again, ") + proof.strReason;
 }
 
