@@ -76,7 +76,7 @@ QString CCommandLine::GetHelp()
     return QStringLiteral("Usage: kestrel [options]\n"
                           "A host for the panel that manages processors.\n"
                           "\n"
-                          "  --list FILE        working list (.kvtl), read at start and written at the end;\n"
+                          "  --list FILE        working list (.kvtl), read at start and saved after each change;\n"
                           "                     default: processors.kvtl in the user's application data\n"
                           "  --scenario FILE    script for the devices; default: a quiet day\n"
                           "  --pace FACTOR      how many times as fast the quiet day goes, 1 to 100\n"
