@@ -131,6 +131,10 @@ class Desktop:
     def type(self, text):
         self.xdotool("type", "--delay", 15, text)
 
+    def change_hands(self):
+        """From the mouse to the keys."""
+        time.sleep(TYPIST / 1000)  # paced: the hand's own time
+
     def key_as_typist(self, *names):
         self.xdotool("key", "--delay", TYPIST, *names)
 

@@ -53,10 +53,19 @@ class Gestures(Storm):
                      lambda: [f"gui SetExpanded({self.begun[0]}, {'true' if name == 'Right' else 'false'})"])
 
     def rename_with_f2(self, name):
-        self.gesture("F2 and a name", lambda: self.enter_name("F2", name), lambda: [self.renaming(name)])
+        def act():
+            self.open_editor()
+            self.type_name(name)
+        self.gesture("F2 and a name", act, lambda: [self.renaming(name)])
 
-    def enter_name(self, key, name):
-        self.desktop.key(key, "ctrl+a")
+    def open_editor(self):
+        """Clicks the selected row and presses F2. Without the click, a refresh that is on its way may take the editor."""
+        self.press(self.begun[0])
+        self.desktop.change_hands()
+        self.desktop.key("F2")
+
+    def type_name(self, name):
+        self.desktop.key("ctrl+a")
         self.desktop.type(name)
         self.desktop.key("Return")
 
@@ -95,6 +104,7 @@ class Gestures(Storm):
     def take(self, node, entry, *keys):
         """Opens the menu over a row and takes an entry; further keys go to what it opens."""
         self.press(node, button=3)
+        self.desktop.change_hands()
         self.desktop.key(*["Down"] * (self.entries(node).index(entry) + 1), "Right" if entry == "Move to group" else "Return", *keys)
 
     def entry(self, node, entry, expected, then=lambda: None):
@@ -104,11 +114,7 @@ class Gestures(Storm):
         self.gesture(f"{entry} from the menu over {node}", act, expected)
 
     def rename_from_menu(self, node, name):
-        def type_name():
-            self.desktop.key("ctrl+a")
-            self.desktop.type(name)
-            self.desktop.key("Return")
-        self.entry(node, "Rename", lambda: [self.renaming(name)], type_name)
+        self.entry(node, "Rename", lambda: [self.renaming(name)], lambda: self.type_name(name))
 
     def moves(self, target, nodes=None):
         """A move of each selected processor."""
@@ -385,7 +391,7 @@ class Kept(Gestures):
         self.deviate("Delete with nothing selected, or after the last row was Ctrl-clicked away", self.delete_nothing,
                      " Delete", [f"job DeleteProcessor({self.THREE}, false)"])
         self.click(self.TWO)
-        self.deviate("Down in an open editor, then Delete", lambda: self.desktop.key("F2", "Down", "Delete"),
+        self.deviate("Down in an open editor, then Delete", self.delete_from_editor,
                      " Delete", [f"job DeleteProcessor({self.TWO}, false)"])
         hidden = "Delete takes selected rows that the filter hides, and the walks land on hidden rows"
         self.choose(self.ALPHA, self.BETA)
@@ -411,6 +417,10 @@ class Kept(Gestures):
     def delete_nothing(self):
         self.press(self.THREE, "ctrl")
         self.desktop.key("Delete")
+
+    def delete_from_editor(self):
+        self.open_editor()
+        self.desktop.key("Down", "Delete")
 
     def type_under_filter(self, text, *keys):
         """Filters the rows, types in the tree and ends the filter."""

@@ -1,6 +1,5 @@
 """A typist at work on a day on which the devices change all the time, in the real program."""
 
-import time
 import unittest
 
 import desktop
@@ -9,8 +8,8 @@ from listfile import group, processor, short_id
 from scene import SELECTED, Scene
 
 GROUPS = ("Stage", "Hall", "Foyer")
-NAMES = ("Balcony", "Pit", "Grid", "Booth", "Truss A", "Truss B", "Pulpit", "Choir", "Organ", "Cloak", "Bar", "Stairs",
-         "Attic", "Cellar", "Yard", "Gate", "Tower", "Chapel", "Crypt", "Vestry")
+NAMES = ("Balcony", "Pit", "Grid", "Booth", "Rig A", "Rig B", "Pulpit", "Choir", "Organ", "Cloak", "Bar", "Steps",
+         "Attic", "Vault", "Yard", "Gate", "Tower", "Nave", "Crypt", "Crane")
 
 
 def house():
@@ -31,9 +30,9 @@ class BusyDay(Scene):
         return len(self.kestrel.journal(".", "note", after))
 
     def reach(self, row):
-        """Clicks a row; the hand then goes from the mouse to the keys."""
+        """Clicks a row, to go on with the keys."""
         self.desktop.click(*self.kestrel.row(row))
-        time.sleep(desktop.TYPIST / 1000)  # paced: the hand's own time
+        self.desktop.change_hands()
 
     def deletions(self, after):
         return self.kestrel.journal("^Delete(Processor|Group)", "command", after)
