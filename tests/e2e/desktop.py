@@ -18,7 +18,7 @@ from PIL import ImageGrab
 
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
-SERVER_START = 8.0  # seconds
+START = 5.0  # seconds that a server or a window manager may take
 TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
@@ -57,13 +57,19 @@ class Desktop:
     def __init__(self, shots):
         self.shots = pathlib.Path(shots)
         self.shots.mkdir(parents=True, exist_ok=True)
-        self.display = wait_until("an X server", self._start_server)
-        self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
+        wait_until("an X server with a window manager", self._start)
+
+    def _start(self):
+        """False when nothing came of it: of two servers that look for a display at the same time one is left without."""
+        self.environment = dict(os.environ, DISPLAY=self._start_server(), QT_QPA_PLATFORM="xcb")
         self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
-        wait_until("a window manager", self._has_manager)
+        started = poll(self._has_manager, START)
+        if not started:
+            self.close()
+        return started
 
     def _start_server(self):
-        """The display of a new server; None for one that does not say it, as now and then under load."""
+        """The display of a new server; an empty text for one that does not say it."""
         read_end, write_end = os.pipe()
         geometry = f"{self.SIZE[0]}x{self.SIZE[1]}x24"
         self.server = subprocess.Popen(
@@ -71,11 +77,7 @@ class Desktop:
             pass_fds=[write_end], stderr=subprocess.DEVNULL)
         os.close(write_end)
         with os.fdopen(read_end) as display:
-            number = display.readline().strip() if select.select([display], [], [], SERVER_START)[0] else ""
-        if not number:
-            self.server.kill()
-            self.server.wait()
-        return ":" + number if number else None
+            return ":" + display.readline().strip() if select.select([display], [], [], START)[0] else ""
 
     def _has_manager(self):
         check = subprocess.run(["xdotool", "get_num_desktops"], env=self.environment, capture_output=True)
@@ -146,7 +148,7 @@ class Desktop:
         subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), env=self.environment, check=True)
 
     def grab(self):
-        return ImageGrab.grab(xdisplay=self.display)
+        return ImageGrab.grab(xdisplay=self.environment["DISPLAY"])
 
     def shoot(self, name):
         """Keeps a picture of the whole screen to look at."""
