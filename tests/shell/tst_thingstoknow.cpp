@@ -94,6 +94,7 @@ private slots:
     {
         pPanel->control.Hold("RefreshProcessors");
         pPanel->Click(pPanel->RefreshButton());
+        QVERIFY(pPanel->control.WaitForHeld("RefreshProcessors"));
         pPanel->Refresh([](SControlAnswers& answers) {
             answers.nodeDiscovered.listProcessor.append(Processor("new"));
             answers.vecDiscoveredSelection = { ProcessorId("new") };
