@@ -50,6 +50,21 @@ QByteArray BuildNumbers(int nCount)
     return text;
 }
 
+void AddNameRows()
+{
+    QTest::newRow("an empty name") << BuildChanged("\"beta\"", "\"\"") << "must not be empty";
+    QTest::newRow("a name over 64 bytes") << BuildChanged("\"beta\"", '"' + QByteArray(65, 'x') + '"') << "64 bytes";
+    QTest::newRow("a refused character") << BuildChanged("\"beta\"", "\"a=b\"") << "must not hold";
+    QTest::newRow("half a character") << BuildChanged("\"beta\"", "\"a\\ud800b\"") << "";
+    QTest::newRow("a control character") << BuildChanged("\"beta\"", "\"a\\u0007b\"") << "control characters";
+    QTest::newRow("a bad group name") << BuildChanged("\"Hall\"", "\"{\"") << "must not hold";
+    QTest::newRow("a name that is no text") << BuildChanged("\"beta\"", "7") << "must not be empty";
+    QTest::newRow("a blank at the end") << BuildChanged("\"beta\"", "\"beta \"") << "begin or end with a blank";
+    QTest::newRow("a name of joiners") << BuildChanged("\"beta\"", "\"\xe2\x80\x8d\"") << "invisible";
+    QTest::newRow("a name that turns round") << BuildChanged("\"beta\"", "\"a\xe2\x80\xae\"") << "direction";
+    QTest::newRow("a line separator") << BuildChanged("\"beta\"", "\"a\\u2028b\"") << "control characters";
+}
+
 } // namespace
 
 /// List files as bytes.
@@ -128,13 +143,7 @@ void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason_data()
     QTest::newRow("half an id") << BuildChanged(id(ProcessorId("loose")), "0f5d") << "is no id";
     QTest::newRow("an id in braces") << BuildChanged(id(ProcessorId("loose")), '{' + id(ProcessorId("loose")) + '}')
                                      << "is no id";
-    QTest::newRow("an empty name") << BuildChanged("\"beta\"", "\"\"") << "must not be empty";
-    QTest::newRow("a name over 64 bytes") << BuildChanged("\"beta\"", '"' + QByteArray(65, 'x') + '"') << "64 bytes";
-    QTest::newRow("a refused character") << BuildChanged("\"beta\"", "\"a=b\"") << "must not hold";
-    QTest::newRow("half a character") << BuildChanged("\"beta\"", "\"a\\ud800b\"") << "";
-    QTest::newRow("a control character") << BuildChanged("\"beta\"", "\"a\\u0007b\"") << "control characters";
-    QTest::newRow("a bad group name") << BuildChanged("\"Hall\"", "\"{\"") << "must not hold";
-    QTest::newRow("a name that is no text") << BuildChanged("\"beta\"", "7") << "must not be empty";
+    AddNameRows();
     QTest::newRow("text for a flag") << BuildChanged("\"online\": true", "\"online\": \"yes\"") << "neither true nor false";
     QTest::newRow("a role that is not there") << BuildChanged("\"failover\": 2", "\"failover\": 3") << "0 to 2";
     QTest::newRow("half a number") << BuildChanged("\"failover\": 2", "\"failover\": 1.5") << "whole number";
@@ -147,10 +156,6 @@ void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason_data()
         << Seal(R"({"expanded":true,"groups":{},"name":"a","processors":[]})") << "is no list";
     QTest::newRow("a group that is no object")
         << Seal(R"({"expanded":true,"groups":[1],"name":"a","processors":[]})") << "no object";
-    QTest::newRow("a blank at the end") << BuildChanged("\"beta\"", "\"beta \"") << "begin or end with a blank";
-    QTest::newRow("a name of joiners") << BuildChanged("\"beta\"", "\"\xe2\x80\x8d\"") << "invisible";
-    QTest::newRow("a name that turns round") << BuildChanged("\"beta\"", "\"a\xe2\x80\xae\"") << "direction";
-    QTest::newRow("a line separator") << BuildChanged("\"beta\"", "\"a\\u2028b\"") << "control characters";
     QTest::newRow("a key twice") << BuildChanged("\"portA\"", "\"model\": 12, \"portA\"") << "a key is there twice";
     QTest::newRow("a key twice, in escapes")
         << BuildChanged("\"portA\"", "\"mode\\u006c\": 12, \"portA\"") << "a key is there twice";
