@@ -10,6 +10,7 @@
 
 #include "TestMain.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -17,6 +18,15 @@
 #include <mutex>
 #include <string>
 #include <thread>
+
+/// A signal that the program emits, not Qt itself.
+class CEmitter final : public QObject
+{
+    Q_OBJECT
+
+signals:
+    void Emitted();
+};
 
 namespace
 {
@@ -227,22 +237,25 @@ void CleanSemaphore()
     other.join();
 }
 
-/// Emits objectNameChanged on a thread of its own; the queued slot reads what was written before.
+/// Emits on a thread of its own; the queued slot reads what was written before. Delivered without an event
+/// loop: the pipe that wakes a loop would order the two as well.
 void CleanQueuedSignal()
 {
     QThread thread;
-    QObject worker;
-    worker.moveToThread(&thread);
-    QObject::connect(&worker, &QObject::objectNameChanged, qApp, [] {
+    CEmitter emitter;
+    std::atomic_bool bEmitted{ false };
+    emitter.moveToThread(&thread);
+    QObject::connect(&emitter, &CEmitter::Emitted, qApp, [] { ++s_nShared; });
+    QObject::connect(&thread, &QThread::started, &emitter, [&emitter, &bEmitted] {
         ++s_nShared;
-        QCoreApplication::quit();
-    });
-    QObject::connect(&thread, &QThread::started, &worker, [&worker] {
-        ++s_nShared;
-        worker.setObjectName(QStringLiteral("done"));
+        emit emitter.Emitted();
+        bEmitted.store(true, std::memory_order_relaxed);
     });
     thread.start();
-    QCoreApplication::exec();
+    while (!bEmitted.load(std::memory_order_relaxed)) {
+        QThread::yieldCurrentThread();
+    }
+    QCoreApplication::sendPostedEvents(qApp);
     thread.quit();
     thread.wait();
 }
@@ -327,3 +340,4 @@ int main(int argc, char** argv)
     it->second();
     return 0;
 }
+#include "race_probe.moc"
