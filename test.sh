@@ -75,13 +75,13 @@ main() {
     build dev
 
     section "Quick tests"
-    run_tests dev -j "$jobs" -LE '^(e2e|stress|memcheck)$'
+    run_tests dev -j "$jobs" -L '^quick$'
 
     section "Address, undefined behaviour, leaks"
-    build asan --target ptv_tests && run_tests asan -j "$jobs" -LE '^(e2e|lint)$'
+    build asan --target ptv_tests && run_tests asan -j "$jobs" -L '^(quick|stress)$'
 
     section "Threads"
-    build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$' -LE '^e2e$'
+    build tsan --target ptv_tests_thread && run_tests tsan -j "$jobs" -L '^thread$'
 
     section "Memory that Qt's own code touches"
     run_tests dev -j "$jobs" -L '^memcheck$'

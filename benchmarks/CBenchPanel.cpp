@@ -11,14 +11,14 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
-namespace
-{
-constexpr int MESSAGE_LIST_CHANGED = 1;
+namespace {
+
+constexpr int nMessageListChanged = 1;
 
 class CUIManagement final : public IUIManagement
 {
 public:
-    explicit CUIManagement(QWidget* pWidget) : pParent(pWidget) { }
+    explicit CUIManagement(QWidget* pParentIn) : pParent(pParentIn) { }
 
     QWidget* GetParentWidget() override
     {
@@ -39,6 +39,7 @@ SProcessorNode MakeProcessor(int nNumber)
         .Type(12, QStringLiteral("KX-4"))
         .Expanded(false);
 }
+
 } // namespace
 
 CBenchPanel::CBenchPanel(int nHeight)
@@ -53,7 +54,7 @@ CBenchPanel::CBenchPanel(int nHeight)
     pTree = qobject_cast<CProcessorTree*>(pStack->currentWidget());
     pTree->viewport()->installEventFilter(this);
     connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyNodeInfo, this, [this] { bTreeChanged = true; });
-    window.resize(WIDTH, nHeight);
+    window.resize(nWidth, nHeight);
     window.show();
     g_pProcessorTreeData->Refresh(); // the store outlives a panel: start from the empty list
     Settle();
@@ -130,7 +131,7 @@ void CBenchPanel::SendMessageAndWaitForPaint()
 {
     bTreeChanged = false;
     bPainted = false;
-    control.RaiseHere(MESSAGE_LIST_CHANGED);
+    control.RaiseHere(nMessageListChanged);
     while (!bPainted) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -165,16 +166,16 @@ QWidget* CBenchPanel::Viewport() const
     return pTree->viewport();
 }
 
-bool CBenchPanel::eventFilter(QObject* pObject, QEvent* pEvent)
+bool CBenchPanel::eventFilter(QObject* watched, QEvent* event)
 {
-    if (pEvent->type() == QEvent::Paint && bTreeChanged) {
+    if (event->type() == QEvent::Paint && bTreeChanged) {
         bPainted = true; // the event loop returns to the waiting caller after the painting
     }
-    return QObject::eventFilter(pObject, pEvent);
+    return QObject::eventFilter(watched, event);
 }
 
 void CBenchPanel::ResizeViewport(int nHeight)
 {
-    window.resize(WIDTH, window.height() + nHeight - pTree->viewport()->height());
+    window.resize(nWidth, window.height() + nHeight - pTree->viewport()->height());
     Settle();
 }

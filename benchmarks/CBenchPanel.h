@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/SProcessorAllNode.h"
 #include "double/CControlDouble.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QObject>
 #include <QScopedPointer>
@@ -14,11 +14,11 @@ class ICorvidWidget;
 class CBenchPanel : public QObject
 {
 public:
-    static constexpr int WIDTH = 320;
-    static constexpr int DEFAULT_HEIGHT = 800;
+    static constexpr int nWidth = 320;
+    static constexpr int nDefaultHeight = 800;
 
     /// nHeight is that of the tree's viewport, in pixels.
-    explicit CBenchPanel(int nHeight = DEFAULT_HEIGHT);
+    explicit CBenchPanel(int nHeight = nDefaultHeight);
     ~CBenchPanel() override;
 
     /// The style sheet that both sides of a comparison wear.
@@ -51,7 +51,7 @@ public:
     QWidget* Viewport() const;
 
 protected:
-    bool eventFilter(QObject* pObject, QEvent* pEvent) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void ResizeViewport(int nHeight);

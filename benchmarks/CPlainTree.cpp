@@ -1,15 +1,15 @@
 #include "CPlainTree.h"
 
-#include "data/SProcessorAllNode.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QHostAddress>
 #include <QStandardItemModel>
 #include <QTreeWidget>
 
-namespace
-{
-const QSize SIZE_ROW(0, 32);
-const QSize SIZE_INFO(0, 92);
+namespace {
+
+const QSize sizeRow(0, 32);
+const QSize sizeInfo(0, 92);
 
 template <typename Parent> QTreeWidgetItem* AddRow(Parent* pParent, const QString& strText, const QIcon& icon, const QSize& size)
 {
@@ -24,6 +24,7 @@ QString InfoText(const SProcessorNode& node)
     return QStringLiteral("Type: %1\nIP: %2\nProject: %3\nUID: %4")
         .arg(node.strType, QHostAddress(node.nIP).toString(), node.strProject, node.idNode.toString(QUuid::WithoutBraces));
 }
+
 } // namespace
 
 CPlainTree::CPlainTree()
@@ -35,16 +36,16 @@ CPlainTree::CPlainTree()
 void CPlainTree::Fill(QTreeWidget* pTree, const SProcessorAllNode& node) const
 {
     const auto fnAddProcessor = [this](QTreeWidgetItem* pParent, const SProcessorNode& processor) {
-        auto* pItem = AddRow(pParent, processor.strName, processor.bOnline ? iconOnline : iconOffline, SIZE_ROW);
-        AddRow(pItem, InfoText(processor), QIcon(), SIZE_INFO);
+        auto* pItem = AddRow(pParent, processor.strName, processor.bOnline ? iconOnline : iconOffline, sizeRow);
+        AddRow(pItem, InfoText(processor), QIcon(), sizeInfo);
         pItem->setExpanded(processor.bExpanded);
     };
     pTree->clear();
-    auto* pRoot = AddRow(pTree, QStringLiteral("All processors"), iconGroup, SIZE_ROW);
+    auto* pRoot = AddRow(pTree, QStringLiteral("All processors"), iconGroup, sizeRow);
     pRoot->setExpanded(true);
     for (const SProcessorGroupNode& group : node.listGroup) {
         auto* pGroup
-            = AddRow(pRoot, QStringLiteral("%1(%2)").arg(group.strName).arg(group.listProcessor.size()), iconGroup, SIZE_ROW);
+            = AddRow(pRoot, QStringLiteral("%1(%2)").arg(group.strName).arg(group.listProcessor.size()), iconGroup, sizeRow);
         for (const SProcessorNode& processor : group.listProcessor) {
             fnAddProcessor(pGroup, processor);
         }
@@ -59,10 +60,10 @@ void CPlainTree::Fill(QStandardItemModel* pModel, const SProcessorAllNode& node)
 {
     pModel->clear();
     auto* pRoot = new QStandardItem(iconGroup, QStringLiteral("All processors"));
-    pRoot->setData(SIZE_ROW, Qt::SizeHintRole);
+    pRoot->setData(sizeRow, Qt::SizeHintRole);
     for (const SProcessorNode& processor : node.listProcessor) {
         auto* pItem = new QStandardItem(processor.bOnline ? iconOnline : iconOffline, processor.strName);
-        pItem->setData(SIZE_ROW, Qt::SizeHintRole);
+        pItem->setData(sizeRow, Qt::SizeHintRole);
         pRoot->appendRow(pItem);
     }
     pModel->appendRow(pRoot);

@@ -5,9 +5,9 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
-constexpr int LOOKUPS = 40;
+namespace {
+
+constexpr int nLookups = 40;
 
 /// The lookups of one repaint of 40 rows. Each works on a private copy of the root, which is cheap only
 /// as long as no lookup writes to its copy: one that detached it would show here as some 60 times the
@@ -22,12 +22,12 @@ void BM_LookupsOfARepaint(benchmark::State& state)
     CSamples samplesDetached;
     for (auto _ : state) {
         state.SetIterationTime(samplesLookup.Time([&id] {
-            for (int i = 0; i < LOOKUPS; ++i) {
+            for (int i = 0; i < nLookups; ++i) {
                 benchmark::DoNotOptimize(g_pProcessorTreeData->GetProcessor(id));
             }
         }));
         samplesDetached.Time([] {
-            for (int i = 0; i < LOOKUPS; ++i) {
+            for (int i = 0; i < nLookups; ++i) {
                 SProcessorAllNode node;
                 g_pProcessorTreeData->GetCurrentTree(node);
                 node.listGroup.detach();
@@ -37,6 +37,7 @@ void BM_LookupsOfARepaint(benchmark::State& state)
     }
     state.counters["ratio"] = samplesLookup.Median() / samplesDetached.Median();
 }
+
 } // namespace
 
 BENCHMARK(BM_LookupsOfARepaint)->Unit(benchmark::kMicrosecond)->UseManualTime()->MinTime(0.2);

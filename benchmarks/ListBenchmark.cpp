@@ -1,6 +1,6 @@
 #include "Builders.h"
-#include "CorvidControl/CControlHost.h"
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 
@@ -11,8 +11,7 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
+namespace {
 
 // In memory, where there is one of that kind: what the disk takes is not ours.
 QString GetFolder()

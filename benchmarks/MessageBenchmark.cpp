@@ -10,9 +10,9 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
-constexpr int LIMIT = 256;
+namespace {
+
+constexpr int nLimit = 256;
 
 void PrepareTree(QTreeWidget& tree)
 {
@@ -20,7 +20,7 @@ void PrepareTree(QTreeWidget& tree)
     tree.setStyleSheet(CBenchPanel::Sheet());
     tree.header()->hide();
     tree.setIndentation(15);
-    tree.resize(CBenchPanel::WIDTH, CBenchPanel::DEFAULT_HEIGHT);
+    tree.resize(CBenchPanel::nWidth, CBenchPanel::nDefaultHeight);
     tree.show();
 }
 
@@ -30,7 +30,7 @@ void PrepareTree(QTreeWidget& tree)
 void BM_MessageToPixels(benchmark::State& state)
 {
     CBenchPanel panel;
-    panel.SetTree(CBenchPanel::MakeGroupedTree(LIMIT, LIMIT));
+    panel.SetTree(CBenchPanel::MakeGroupedTree(nLimit, nLimit));
     QTreeWidget plain;
     PrepareTree(plain);
     const CPlainTree plainTree;
@@ -53,6 +53,7 @@ void BM_MessageToPixels(benchmark::State& state)
     state.counters["nothing_us"] = samplesNothing.Median() * 1e6;
     state.counters["nothing_percent"] = 100.0 * samplesNothing.Median() / samplesPanel.Median();
 }
+
 } // namespace
 
 BENCHMARK(BM_MessageToPixels)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2.0);

@@ -3,9 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
-const std::vector<int> SIZES{ 256, 1024, 4096, 16384 };
+namespace {
+
+const std::vector<int> vecSize{ 256, 1024, 4096, 16384 };
 
 /// A list of nProcessors in 256 groups, one processor selected.
 CBenchPanel& Fill(CBenchPanel& panel, int nProcessors)
@@ -29,12 +29,12 @@ void BM_Rebuild(benchmark::State& state)
 /// All sizes in turn, in one run, with the exponent of the growth.
 void BM_RebuildGrowth(benchmark::State& state)
 {
-    std::vector<CSamples> vecSamples(SIZES.size());
+    std::vector<CSamples> vecSamples(vecSize.size());
     CBenchPanel panel;
     for (auto _ : state) {
         double fSum = 0.0;
-        for (std::size_t i = 0; i < SIZES.size(); ++i) {
-            Fill(panel, SIZES[i]).Rebuild();
+        for (std::size_t i = 0; i < vecSize.size(); ++i) {
+            Fill(panel, vecSize[i]).Rebuild();
             for (int nRun = 0; nRun < 3; ++nRun) {
                 fSum += vecSamples[i].Time([&panel] { panel.Rebuild(); });
             }
@@ -45,10 +45,11 @@ void BM_RebuildGrowth(benchmark::State& state)
     for (const CSamples& samples : vecSamples) {
         vecMedian.push_back(samples.Median());
     }
-    state.counters["exponent"] = GrowthExponent(SIZES, vecMedian);
+    state.counters["exponent"] = GrowthExponent(vecSize, vecMedian);
     state.counters["ms_256"] = vecMedian.front() * 1e3;
     state.counters["ms_16384"] = vecMedian.back() * 1e3;
 }
+
 } // namespace
 
 BENCHMARK(BM_Rebuild)->Unit(benchmark::kMillisecond)->Arg(256)->Arg(1024)->Arg(4096)->Arg(16384);

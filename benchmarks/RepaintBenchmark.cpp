@@ -9,10 +9,10 @@
 
 #include <benchmark/benchmark.h>
 
-namespace
-{
-constexpr int ROWS = 40;
-constexpr int HEIGHT = ROWS * 32;
+namespace {
+
+constexpr int nRows = 40;
+constexpr int nHeight = nRows * 32;
 
 /// A plain view of the same rows, in the same place and under the same sheet.
 void PrepareTree(QTreeView& tree, QStandardItemModel& model)
@@ -25,15 +25,15 @@ void PrepareTree(QTreeView& tree, QStandardItemModel& model)
     tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     tree.expandAll();
-    tree.resize(CBenchPanel::WIDTH, HEIGHT);
+    tree.resize(CBenchPanel::nWidth, nHeight);
     tree.show();
 }
 
 /// 40 rows painted whole, every processor with its online mark and its Primary or Backup mark.
 void BM_RepaintViewport(benchmark::State& state)
 {
-    const SProcessorAllNode node = CBenchPanel::MakeMarkedTree(ROWS);
-    CBenchPanel panel(HEIGHT);
+    const SProcessorAllNode node = CBenchPanel::MakeMarkedTree(nRows);
+    CBenchPanel panel(nHeight);
     panel.SetTree(node);
     QStandardItemModel model;
     CPlainTree().Fill(&model, node);
@@ -50,6 +50,7 @@ void BM_RepaintViewport(benchmark::State& state)
     state.counters["ratio"] = samplesPanel.Median() / samplesPlain.Median();
     state.counters["plain_ms"] = samplesPlain.Median() * 1e3;
 }
+
 } // namespace
 
 BENCHMARK(BM_RepaintViewport)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2.0);

@@ -2,25 +2,29 @@
 add_custom_target(ptv_tests)
 add_custom_target(ptv_tests_thread)
 
-# ptv_test(<name> SOURCES <file>... [LIBS <target>...] [LABELS <label>...] [TIMEOUT <seconds>]
-#          [ENVIRONMENT <VAR=value>...] [NO_DOUBLE] [PLAIN])
+# ptv_test(<topic> [SOURCES <file>...] [LIBS <target>...] [TIMEOUT <seconds>] [ENVIRONMENT <VAR=value>...]
+#          [STRESS] [THREAD] [MEMCHECK] [NO_DOUBLE] [PLAIN])
 #
-# A Qt Test program of that name, registered with CTest, offscreen. Its main function comes from
-# PTV_TEST_MAIN of TestMain.h. It links the panel's objects, the node records, CommonComponent,
-# TestSupport and the double of the control library.
+# The Qt Test program tst_<folder>_<topic> of tests/<folder>/tst_<topic>.cpp, offscreen. Its main function comes
+# from PTV_TEST_MAIN of TestMain.h. It links the panel's objects, the node records, CommonComponent, TestSupport
+# and the double of the control library.
+#   STRESS     takes longer than a quick test may
+#   THREAD     runs threads of its own: also built for and run under the thread sanitizer
+#   MEMCHECK   widgets end inside their own handlers, or other uses of memory that Qt's own code makes, which is
+#              not instrumented: registered a second time as memcheck_<program>, under valgrind
 #   NO_DOUBLE  without the double: for tests that link the real CorvidControl (LIBS CorvidControl)
 #   PLAIN      without the double and without the panel's objects: for tests of the stand-ins
-# Labels: quick (the default: within a second or so), stress (long), gui (paints or takes input),
-# thread (runs threads of its own: these also run under the thread sanitizer), e2e (needs an X server
-# or the whole application: these run under no sanitizer). All but e2e run under the address sanitizer.
-# memcheck (widgets end inside their own handlers, or other uses of memory that Qt's own code makes, which
-# is not instrumented: registered a second time as memcheck_<name>, under valgrind, with this label alone).
-function(ptv_test name)
-    cmake_parse_arguments(TEST "NO_DOUBLE;PLAIN" "TIMEOUT" "SOURCES;LIBS;LABELS;ENVIRONMENT" ${ARGN})
+#
+# The labels, one of which each test has: quick (within a second or so), stress (longer), e2e (needs an X server or
+# the whole application; not in a build that has a sanitizer), memcheck. A second one: thread.
+function(ptv_test topic)
+    cmake_parse_arguments(TEST "STRESS;THREAD;MEMCHECK;NO_DOUBLE;PLAIN" "TIMEOUT" "SOURCES;LIBS;ENVIRONMENT" ${ARGN})
     if(TEST_UNPARSED_ARGUMENTS)
-        message(FATAL_ERROR "ptv_test(${name}): unknown arguments ${TEST_UNPARSED_ARGUMENTS}")
+        message(FATAL_ERROR "ptv_test(${topic}): unknown arguments ${TEST_UNPARSED_ARGUMENTS}")
     endif()
-    add_executable(${name} ${TEST_SOURCES})
+    cmake_path(GET CMAKE_CURRENT_SOURCE_DIR FILENAME folder)
+    set(name tst_${folder}_${topic})
+    add_executable(${name} tst_${topic}.cpp ${TEST_SOURCES})
     ptv_test_target(${name})
     target_link_libraries(${name} PRIVATE TestSupport NodeRecords Qt5::Test ${TEST_LIBS})
     if(NOT TEST_PLAIN)
@@ -33,14 +37,19 @@ function(ptv_test name)
         target_compile_options(${name} PRIVATE -fpch-preprocess -Wno-invalid-pch) # other definitions: read as text
         target_precompile_headers(${name} REUSE_FROM test_prefix)
     endif()
-    if("thread" IN_LIST TEST_LABELS)
+    set(kind quick)
+    if(TEST_STRESS)
+        set(kind stress)
+    endif()
+    set(thread "")
+    if(TEST_THREAD)
+        set(thread THREAD)
         add_dependencies(ptv_tests_thread ${name})
     endif()
-    if("memcheck" IN_LIST TEST_LABELS)
-        list(REMOVE_ITEM TEST_LABELS memcheck)
+    if(TEST_MEMCHECK)
         ptv_add_memcheck(${name} ENVIRONMENT ${TEST_ENVIRONMENT})
     endif()
-    ptv_add_test(${name} COMMAND ${name} LABELS ${TEST_LABELS} TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT ${TEST_ENVIRONMENT})
+    ptv_add_test(${name} COMMAND ${name} KIND ${kind} ${thread} TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT ${TEST_ENVIRONMENT})
 endfunction()
 
 # The program once more, as memcheck_<name>; not in a build that has a sanitizer in the program. Valgrind cannot
@@ -55,8 +64,7 @@ function(ptv_add_memcheck name)
     ptv_add_test(memcheck_${name}
         COMMAND ${PTV_VALGRIND} --tool=memcheck --quiet --leak-check=no --num-callers=40 --error-exitcode=99
             --suppressions=${suppressions} $<TARGET_FILE:${name}>
-        LABELS memcheck
-        TIMEOUT 300
+        KIND memcheck
         ENVIRONMENT QT_ENABLE_REGEXP_JIT=0 ${TEST_ENVIRONMENT})
 endfunction()
 
@@ -69,17 +77,25 @@ function(ptv_test_target name)
     add_dependencies(ptv_tests ${name})
 endfunction()
 
-# ptv_add_test(<name> COMMAND <command>... [LABELS ...] [TIMEOUT <seconds>] [ENVIRONMENT ...])
+# ptv_add_test(<name> COMMAND <command>... [KIND quick|stress|e2e|memcheck] [THREAD] [TIMEOUT <seconds>]
+#              [ENVIRONMENT ...])
 # The surroundings that each test gets, for tests that are no Qt Test program. QT_HASH_SEED makes the
 # order in hashes the same in each run; PTV_SANITIZE tells the test under which sanitizer it runs.
 function(ptv_add_test name)
-    cmake_parse_arguments(TEST "" "TIMEOUT" "COMMAND;LABELS;ENVIRONMENT" ${ARGN})
-    if(NOT TEST_LABELS)
-        set(TEST_LABELS quick)
+    cmake_parse_arguments(TEST "THREAD" "KIND;TIMEOUT" "COMMAND;ENVIRONMENT" ${ARGN})
+    if(NOT TEST_KIND)
+        set(TEST_KIND quick)
+    endif()
+    if(NOT TEST_KIND MATCHES "^(quick|stress|e2e|memcheck)$")
+        message(FATAL_ERROR "${name}: no such kind of test: ${TEST_KIND}")
+    endif()
+    set(labels ${TEST_KIND})
+    if(TEST_THREAD)
+        list(APPEND labels thread)
     endif()
     if(NOT TEST_TIMEOUT)
         set(TEST_TIMEOUT 60)
-        if("stress" IN_LIST TEST_LABELS)
+        if(NOT TEST_KIND STREQUAL quick)
             set(TEST_TIMEOUT 300)
         endif()
     endif()
@@ -89,7 +105,7 @@ function(ptv_add_test name)
     set(suppressions ${PROJECT_SOURCE_DIR}/tests/support/suppressions)
     add_test(NAME ${name} COMMAND ${TEST_COMMAND})
     set_tests_properties(${name} PROPERTIES
-        LABELS "${TEST_LABELS}"
+        LABELS "${labels}"
         TIMEOUT ${TEST_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_HASH_SEED=0;QT_LOGGING_RULES=;\
 PTV_SANITIZE=${PTV_SANITIZE};\

@@ -28,7 +28,7 @@ clazy_checks+=,no-copyable-polymorphic,no-non-pod-global-static,no-ctor-missing-
 check_format() {
     # By the tree, not by git: a source archive is checked, too.
     find . -mindepth 1 \( -name '.*' -o -name build -o -name shots \) -prune -o -name '*.h' -print -o -name '*.cpp' -print \
-        | xargs -P "$jobs" -n 20 clang-format --dry-run --Werror
+        | xargs -P "$jobs" -n 20 clang-format-19 --dry-run --Werror
 }
 
 checked_sources() {

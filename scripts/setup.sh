@@ -15,14 +15,15 @@ test_packages=(
     valgrind                    # what Qt's own code, which is not instrumented, does to memory
     binutils python3 pkg-config # the exported symbols, the include rules, the flags of the fuzzer
     python3-pil                 # pixels of the screen
-    clang clang-format clang-tidy clazy
+    clang clang-tidy clazy
+    clang-format-19             # the release's own cannot insert braces
     libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
     libbenchmark-dev
 )
 
 # What stands for the packages where there is no dpkg.
 run_commands=(g++ cmake ninja lrelease)
-test_commands=(Xvfb openbox xdotool xclip xwininfo valgrind nm python3 clang-format clang-tidy clazy-standalone)
+test_commands=(Xvfb openbox xdotool xclip xwininfo valgrind nm python3 clang-format-19 clang-tidy clazy-standalone)
 run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
 
 die() {

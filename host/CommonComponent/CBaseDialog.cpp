@@ -1,7 +1,7 @@
 #include "interfaces/widgets/CBaseDialog.h"
 
-#include "CDialogMask.h"
-#include "CDialogTitleBar.h"
+#include "CommonComponent/CDialogMask.h"
+#include "CommonComponent/CDialogTitleBar.h"
 
 #include <QBoxLayout>
 #include <QEvent>
@@ -12,13 +12,13 @@
 #include <QStyle>
 #include <QVariant>
 
-namespace
-{
-constexpr int BORDER = 1; ///< room for the border of the style sheet
-constexpr int BUTTON_MARGIN = 16;
-constexpr int BUTTON_SPACING = 8;
-constexpr int BUTTON_MINIMUM_WIDTH = 72;
-constexpr int FADE_MILLISECONDS = 120;
+namespace {
+
+constexpr int nBorder = 1; ///< room for the border of the style sheet
+constexpr int nButtonMargin = 16;
+constexpr int nButtonSpacing = 8;
+constexpr int nButtonMinimumWidth = 72;
+constexpr int nFadeMs = 120;
 
 /// Other platforms print a warning when they are asked for an opacity.
 bool HasWindowOpacity()
@@ -38,12 +38,13 @@ bool TakesTab(const QWidget* pWidget)
     const bool bPutAway = pWidget->testAttribute(Qt::WA_WState_ExplicitShowHide) && pWidget->isHidden();
     return (pWidget->focusPolicy() & Qt::TabFocus) && pWidget->isEnabled() && !bPutAway;
 }
+
 } // namespace
 
 class CBaseDialog::CPrivate
 {
 public:
-    explicit CPrivate(CBaseDialog* pOwner) : pDialog(pOwner) { }
+    explicit CPrivate(CBaseDialog* pDialogIn) : pDialog(pDialogIn) { }
 
     void InitLayout(EnButton buttons);
     void AddButton(QBoxLayout* pLayout, int nKey, const QString& strName, const QString& strText);
@@ -66,7 +67,7 @@ public:
 void CBaseDialog::CPrivate::InitLayout(EnButton buttons)
 {
     auto* pLayout = new QVBoxLayout(pDialog);
-    pLayout->setContentsMargins(BORDER, BORDER, BORDER, BORDER);
+    pLayout->setContentsMargins(nBorder, nBorder, nBorder, nBorder);
     pLayout->setSpacing(0);
     auto* pTitleBar = new CDialogTitleBar(pDialog);
     pLayout->addWidget(pTitleBar);
@@ -77,8 +78,8 @@ void CBaseDialog::CPrivate::InitLayout(EnButton buttons)
         return;
     }
     auto* pRow = new QHBoxLayout;
-    pRow->setContentsMargins(BUTTON_MARGIN, 0, BUTTON_MARGIN, BUTTON_MARGIN);
-    pRow->setSpacing(BUTTON_SPACING);
+    pRow->setContentsMargins(nButtonMargin, 0, nButtonMargin, nButtonMargin);
+    pRow->setSpacing(nButtonSpacing);
     pRow->addStretch(1);
     AddButton(pRow, KeyAccept, QStringLiteral("DialogAccept"), CBaseDialog::tr("&OK"));
     if (buttons == ButtonsOkCancel) {
@@ -93,7 +94,7 @@ void CBaseDialog::CPrivate::AddButton(QBoxLayout* pLayout, int nKey, const QStri
     auto* pButton = new QPushButton(strText, pDialog);
     pButton->setObjectName(strName);
     pButton->setProperty("DialogButton", true);
-    pButton->setMinimumWidth(BUTTON_MINIMUM_WIDTH);
+    pButton->setMinimumWidth(nButtonMinimumWidth);
     pLayout->addWidget(pButton);
     pDialog->mapButton[nKey] = pButton;
     connect(pButton, &QPushButton::clicked, pDialog, nKey == KeyAccept ? &QDialog::accept : &QDialog::reject);
@@ -167,7 +168,7 @@ void CBaseDialog::CPrivate::FadeIn()
         return;
     }
     auto* pAnimation = new QPropertyAnimation(pDialog, "windowOpacity", pDialog);
-    pAnimation->setDuration(FADE_MILLISECONDS);
+    pAnimation->setDuration(nFadeMs);
     pAnimation->setStartValue(0.0);
     pAnimation->setEndValue(1.0);
     pAnimation->start(QAbstractAnimation::DeleteWhenStopped);

@@ -3,17 +3,18 @@
 #include <chrono>
 #include <thread>
 
-namespace
-{
+namespace {
+
 /// How long a stop can be late when its first wake-up fell into the gap before the wait.
-constexpr std::chrono::milliseconds REPEAT_INTERVAL{ 1 };
+constexpr std::chrono::milliseconds timeRepeat{ 1 };
+
 } // namespace
 
 /// Repeats the wake-up of a stop until the loop has ended.
 class CBaseThread::CStopHelper
 {
 public:
-    explicit CStopHelper(std::condition_variable& condLoop) : condWake(condLoop) { }
+    explicit CStopHelper(std::condition_variable& condWakeIn) : condWake(condWakeIn) { }
 
     ~CStopHelper()
     {
@@ -44,7 +45,7 @@ private:
         std::unique_lock<std::mutex> lock(mutex);
         while (!bFinished) {
             condWake.notify_all();
-            condFinished.wait_for(lock, REPEAT_INTERVAL);
+            condFinished.wait_for(lock, timeRepeat);
         }
     }
 
@@ -84,8 +85,9 @@ int CBaseThread::GetFrontType()
 int CBaseThread::RemoveFront()
 {
     const std::lock_guard<std::mutex> lock(mutexQueue);
-    if (!bFrontMissed && !listMessage.isEmpty())
+    if (!bFrontMissed && !listMessage.isEmpty()) {
         listMessage.removeFirst();
+    }
     bFrontMissed = false;
     return listMessage.size();
 }

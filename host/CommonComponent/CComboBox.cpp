@@ -1,6 +1,6 @@
 #include "interfaces/widgets/CComboBox.h"
 
-#include "CComboBoxAccess.h"
+#include "CommonComponent/CComboBoxAccess.h"
 #include "interfaces/widgets/CMenu.h"
 
 #include <QAction>
@@ -15,7 +15,7 @@
 class CComboBox::CPrivate
 {
 public:
-    explicit CPrivate(CComboBox* pOwner) : pBox(pOwner) { }
+    explicit CPrivate(CComboBox* pBoxIn) : pBox(pBoxIn) { }
 
     void SetConnection();
     void OpenMenu();

@@ -1,17 +1,18 @@
-#include "CComboBoxAccess.h"
+#include "CommonComponent/CComboBoxAccess.h"
 
 #include "interfaces/widgets/CComboBox.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 
-namespace
-{
+namespace {
+
 QAccessibleInterface* CreateAccess(const QString&, QObject* pObject)
 {
     auto* pBox = qobject_cast<CComboBox*>(pObject);
     return pBox ? new CComboBoxAccess(pBox) : nullptr;
 }
+
 } // namespace
 
 void CComboBoxAccess::Install()
@@ -23,11 +24,11 @@ void CComboBoxAccess::Install()
     Q_UNUSED(bInstalled)
 }
 
-CComboBoxAccess::CComboBoxAccess(CComboBox* pOwner) : QAccessibleWidget(pOwner, QAccessible::ComboBox), pBox(pOwner) { }
+CComboBoxAccess::CComboBoxAccess(CComboBox* pBoxIn) : QAccessibleWidget(pBoxIn, QAccessible::ComboBox), pBox(pBoxIn) { }
 
-QString CComboBoxAccess::text(QAccessible::Text kind) const
+QString CComboBoxAccess::text(QAccessible::Text t) const
 {
-    return kind == QAccessible::Value ? pBox->GetCurSelText() : QAccessibleWidget::text(kind);
+    return t == QAccessible::Value ? pBox->GetCurSelText() : QAccessibleWidget::text(t);
 }
 
 QAccessible::State CComboBoxAccess::state() const

@@ -11,9 +11,9 @@ public:
     /// Tells Qt about this class, once a process.
     static void Install();
 
-    explicit CComboBoxAccess(CComboBox* pOwner);
+    explicit CComboBoxAccess(CComboBox* pBoxIn);
 
-    QString text(QAccessible::Text kind) const override;
+    QString text(QAccessible::Text t) const override;
     QAccessible::State state() const override;
     QStringList actionNames() const override;
     void doAction(const QString& strAction) override;

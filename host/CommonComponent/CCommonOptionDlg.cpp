@@ -5,13 +5,13 @@
 #include <QRegularExpression>
 #include <QVariant>
 
-namespace
-{
-constexpr int MARGIN = 16;
-constexpr int SPACING = 8;
-constexpr int OPTION_HEIGHT = 40;
-constexpr int OPTION_MINIMUM_WIDTH = 260;
-constexpr int ICON_SIZE = 24;
+namespace {
+
+constexpr int nMargin = 16;
+constexpr int nSpacing = 8;
+constexpr int nOptionHeight = 40;
+constexpr int nOptionMinimumWidth = 260;
+constexpr int nIconSize = 24;
 constexpr int nCancel = 0; // its key and what exec() gives for it
 constexpr int nCancelMinimumWidth = 72;
 
@@ -20,14 +20,15 @@ QString WithoutMnemonic(const QString& strText)
     static const QRegularExpression expression(QStringLiteral("&(.)"));
     return QString(strText).replace(expression, QStringLiteral("\\1"));
 }
+
 } // namespace
 
 CCommonOptionDlg::CCommonOptionDlg(QWidget* parent, const QString& strTitle) : CBaseDialog(parent, strTitle, false, ButtonsNone)
 {
     SetCanResize(false);
     SetTransparentMask();
-    GetContentLayout()->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
-    GetContentLayout()->setSpacing(SPACING);
+    GetContentLayout()->setContentsMargins(nMargin, nMargin, nMargin, nMargin);
+    GetContentLayout()->setSpacing(nSpacing);
     AddCancel();
 }
 
@@ -43,8 +44,8 @@ bool CCommonOptionDlg::AddOption(const QIcon& icon, const QString& strText)
     pButton->setObjectName(QStringLiteral("OptionButton"));
     pButton->setProperty("DialogButton", true);
     pButton->setAccessibleName(WithoutMnemonic(strText));
-    pButton->setMinimumSize(OPTION_MINIMUM_WIDTH, OPTION_HEIGHT);
-    pButton->setIconSize(QSize(ICON_SIZE, ICON_SIZE));
+    pButton->setMinimumSize(nOptionMinimumWidth, nOptionHeight);
+    pButton->setIconSize(QSize(nIconSize, nIconSize));
     GetContentLayout()->insertWidget(nOption - 1, pButton);
     mapButton[nOption] = pButton;
     connect(pButton, &QPushButton::clicked, this, [this, nOption] { done(nOption); });
@@ -58,7 +59,7 @@ void CCommonOptionDlg::AddCancel()
     pCancel->setProperty("DialogButton", true);
     pCancel->setMinimumWidth(nCancelMinimumWidth);
     auto* pRow = new QHBoxLayout;
-    pRow->setContentsMargins(0, SPACING, 0, 0);
+    pRow->setContentsMargins(0, nSpacing, 0, 0);
     pRow->addStretch(1);
     pRow->addWidget(pCancel);
     GetContentLayout()->addLayout(pRow);

@@ -1,4 +1,4 @@
-#include "CDialogMask.h"
+#include "CommonComponent/CDialogMask.h"
 
 #include <QEvent>
 
@@ -10,10 +10,10 @@ CDialogMask::CDialogMask(QWidget* pWindow) : QWidget(pWindow)
     pWindow->installEventFilter(this);
 }
 
-bool CDialogMask::eventFilter(QObject* pWatched, QEvent* event)
+bool CDialogMask::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Resize) {
         setGeometry(parentWidget()->rect());
     }
-    return QWidget::eventFilter(pWatched, event);
+    return QWidget::eventFilter(watched, event);
 }

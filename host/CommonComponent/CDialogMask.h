@@ -11,5 +11,5 @@ public:
     explicit CDialogMask(QWidget* pWindow);
 
 protected:
-    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };

@@ -1,37 +1,38 @@
-#include "CDialogTitleBar.h"
+#include "CommonComponent/CDialogTitleBar.h"
 
-#include "StyleHooks.h"
+#include "CommonComponent/StyleHooks.h"
 #include "interfaces/widgets/CIconButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
 
-namespace
-{
-constexpr int BAR_HEIGHT = 32;
-constexpr int TITLE_MARGIN = 16;
-constexpr int CLOSE_SIZE = 32;
-constexpr int CLOSE_ICON_SIZE = 20;
+namespace {
+
+constexpr int nBarHeight = 32;
+constexpr int nTitleMargin = 16;
+constexpr int nCloseSize = 32;
+constexpr int nCloseIconSize = 20;
+
 } // namespace
 
 CDialogTitleBar::CDialogTitleBar(QWidget* pDialog) : QWidget(pDialog), pTitle(new QLabel(this))
 {
     setObjectName(QStringLiteral("DialogTitleBar"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedHeight(BAR_HEIGHT);
+    setFixedHeight(nBarHeight);
     pTitle->setObjectName(QStringLiteral("DialogTitle"));
     pTitle->setTextFormat(Qt::PlainText);
     pTitle->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto* pClose = new CIconButton(this);
     pClose->setObjectName(QStringLiteral("DialogClose"));
     pClose->setIcon(LoadWidgetIcon(QStringLiteral(":/image/control/close/close.svg"), QStyle::SP_TitleBarCloseButton, this));
-    pClose->setFixedSize(CLOSE_SIZE, CLOSE_SIZE);
-    pClose->setIconSize(CLOSE_ICON_SIZE, CLOSE_ICON_SIZE);
+    pClose->setFixedSize(nCloseSize, nCloseSize);
+    pClose->setIconSize(nCloseIconSize, nCloseIconSize);
     pClose->setFocusPolicy(Qt::NoFocus);
     pClose->setToolTip(tr("Close"));
     auto* pLayout = new QHBoxLayout(this);
-    pLayout->setContentsMargins(TITLE_MARGIN, 0, 0, 0);
+    pLayout->setContentsMargins(nTitleMargin, 0, 0, 0);
     pLayout->addWidget(pTitle, 1);
     pLayout->addWidget(pClose);
     connect(pClose, &CIconButton::clicked, this, &CDialogTitleBar::SignalClose);

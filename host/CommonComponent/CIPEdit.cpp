@@ -1,7 +1,7 @@
 #include "interfaces/widgets/CIPEdit.h"
 
-#include "CIPField.h"
-#include "StyleHooks.h"
+#include "CommonComponent/CIPField.h"
+#include "CommonComponent/StyleHooks.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -14,12 +14,13 @@
 #include <algorithm>
 #include <array>
 
-namespace
-{
-constexpr int FIELDS = 4;
-constexpr int BITS = 8;
-constexpr int MARGIN = 4;
-constexpr int MARK_SIZE = 16;
+namespace {
+
+constexpr int nFields = 4;
+constexpr int nBits = 8;
+constexpr int nMargin = 4;
+constexpr int nMarkSize = 16;
+
 } // namespace
 
 class CIPEdit::CPrivate
@@ -39,16 +40,16 @@ public:
     void UpdateError(bool bByUser);
 
     CIPEdit* pEdit;
-    std::array<CIPField*, FIELDS> fields{};
+    std::array<CIPField*, nFields> fields{};
     QLabel* pMark;
     QList<quint32> listLimit;
     bool bError = true;    ///< a new edit is empty, which is incomplete
     bool bSetting = false; ///< several places change; the state is that after the last one
 };
 
-CIPEdit::CPrivate::CPrivate(CIPEdit* pOwner) : pEdit(pOwner)
+CIPEdit::CPrivate::CPrivate(CIPEdit* pEditIn) : pEdit(pEditIn)
 {
-    for (int i = 0; i < FIELDS; ++i) {
+    for (int i = 0; i < nFields; ++i) {
         fields[i] = new CIPField(pEdit);
         fields[i]->setAccessibleName(CIPEdit::tr("Part %1 of 4 of the address").arg(i + 1));
         fields[i]->installEventFilter(pEdit);
@@ -56,7 +57,7 @@ CIPEdit::CPrivate::CPrivate(CIPEdit* pOwner) : pEdit(pOwner)
     pMark = new QLabel(pEdit);
     pMark->setObjectName(QStringLiteral("IPErrorMark"));
     const QIcon icon = LoadWidgetIcon(QStringLiteral(":/image/control/ipEdit/error.svg"), QStyle::SP_MessageBoxWarning, pEdit);
-    pMark->setPixmap(icon.pixmap(pEdit->windowHandle(), QSize(MARK_SIZE, MARK_SIZE)));
+    pMark->setPixmap(icon.pixmap(pEdit->windowHandle(), QSize(nMarkSize, nMarkSize)));
     QSizePolicy policy = pMark->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     pMark->setSizePolicy(policy);
@@ -66,9 +67,9 @@ CIPEdit::CPrivate::CPrivate(CIPEdit* pOwner) : pEdit(pOwner)
 void CIPEdit::CPrivate::InitLayout()
 {
     auto* pLayout = new QHBoxLayout(pEdit);
-    pLayout->setContentsMargins(MARGIN, 1, MARGIN, 1);
+    pLayout->setContentsMargins(nMargin, 1, nMargin, 1);
     pLayout->setSpacing(0);
-    for (int i = 0; i < FIELDS; ++i) {
+    for (int i = 0; i < nFields; ++i) {
         if (i > 0) {
             auto* pDot = new QLabel(QStringLiteral("."), pEdit);
             pDot->setObjectName(QStringLiteral("IPDot"));
@@ -81,7 +82,7 @@ void CIPEdit::CPrivate::InitLayout()
 
 void CIPEdit::CPrivate::SetConnection()
 {
-    for (int i = 0; i < FIELDS; ++i) {
+    for (int i = 0; i < nFields; ++i) {
         ConnectField(i);
     }
 }
@@ -96,8 +97,8 @@ void CIPEdit::CPrivate::ConnectField(int nField)
     connect(pField, &CIPField::SignalErase, pEdit, [this, nField](int nDirection) { Erase(nField, nDirection); });
     connect(pField, &CIPField::SignalPasteAddress, pEdit, [this](quint32 nIP) {
         SetAddress(nIP, true);
-        fields[FIELDS - 1]->setFocus();
-        fields[FIELDS - 1]->end(false);
+        fields[nFields - 1]->setFocus();
+        fields[nFields - 1]->end(false);
     });
     connect(pField, &CIPField::SignalCopyAddress, pEdit, [this] { CopyAddress(); });
 }
@@ -105,8 +106,8 @@ void CIPEdit::CPrivate::ConnectField(int nField)
 void CIPEdit::CPrivate::SetAddress(quint32 nIP, bool bByUser)
 {
     bSetting = true;
-    for (int i = 0; i < FIELDS; ++i) {
-        fields[i]->SetValue(nIP >> (BITS * (FIELDS - 1 - i)) & 0xFF);
+    for (int i = 0; i < nFields; ++i) {
+        fields[i]->SetValue(nIP >> (nBits * (nFields - 1 - i)) & 0xFF);
     }
     bSetting = false;
     UpdateError(bByUser);
@@ -115,7 +116,7 @@ void CIPEdit::CPrivate::SetAddress(quint32 nIP, bool bByUser)
 void CIPEdit::CPrivate::GoTo(int nField, int nDirection)
 {
     const int nTarget = nField + nDirection;
-    if (nTarget >= 0 && nTarget < FIELDS) {
+    if (nTarget >= 0 && nTarget < nFields) {
         fields[nTarget]->setFocus();
         nDirection > 0 ? fields[nTarget]->home(false) : fields[nTarget]->end(false);
     }
@@ -123,7 +124,7 @@ void CIPEdit::CPrivate::GoTo(int nField, int nDirection)
 
 void CIPEdit::CPrivate::GoNext(int nField, bool bByDot)
 {
-    if (nField + 1 == FIELDS) {
+    if (nField + 1 == nFields) {
         return;
     }
     CIPField* pNext = fields[nField + 1];
@@ -139,7 +140,7 @@ void CIPEdit::CPrivate::Erase(int nField, int nDirection)
 {
     const int nTarget = nField + nDirection;
     GoTo(nField, nDirection);
-    if (nTarget >= 0 && nTarget < FIELDS) {
+    if (nTarget >= 0 && nTarget < nFields) {
         nDirection > 0 ? fields[nTarget]->del() : fields[nTarget]->backspace();
     }
 }
@@ -206,7 +207,7 @@ bool CIPEdit::GetAddress(quint32& nIP) const
     for (const CIPField* pField : d->fields) {
         quint32 nValue = 0;
         bComplete = pField->GetValue(nValue) && bComplete;
-        nIP = nIP << BITS | nValue;
+        nIP = nIP << nBits | nValue;
     }
     return bComplete;
 }
@@ -217,12 +218,12 @@ void CIPEdit::SetLimitIP(const QList<quint32>& listIP)
     d->UpdateError(false);
 }
 
-bool CIPEdit::eventFilter(QObject* pWatched, QEvent* event)
+bool CIPEdit::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         SetStyleProperty(this, "Focus", event->type() == QEvent::FocusIn);
     }
-    return QWidget::eventFilter(pWatched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 void CIPEdit::paintEvent(QPaintEvent*)

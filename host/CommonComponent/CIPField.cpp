@@ -1,4 +1,4 @@
-#include "CIPField.h"
+#include "CommonComponent/CIPField.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -10,10 +10,10 @@
 
 #include <algorithm>
 
-namespace
-{
-constexpr int DIGITS = 3;
-constexpr quint32 MAXIMUM = 255;
+namespace {
+
+constexpr int nDigits = 3;
+constexpr quint32 nMaximum = 255;
 
 /// Reads "a.b.c.d" with numbers of 0 to 255, blanks around it allowed. False for anything else.
 bool ReadAddress(const QString& strText, quint32& nIP)
@@ -26,10 +26,11 @@ bool ReadAddress(const QString& strText, quint32& nIP)
     return std::all_of(listPart.begin(), listPart.end(), [&nIP](const QString& strPart) {
         bool bNumber = false;
         const quint32 nPart = strPart.toUInt(&bNumber);
-        nIP = nIP << 8 | (nPart & MAXIMUM);
-        return bNumber && strPart.size() <= DIGITS && nPart <= MAXIMUM && strPart.at(0).isDigit();
+        nIP = nIP << 8 | (nPart & nMaximum);
+        return bNumber && strPart.size() <= nDigits && nPart <= nMaximum && strPart.at(0).isDigit();
     });
 }
+
 } // namespace
 
 CIPField::CIPField(QWidget* parent) : QLineEdit(parent)
@@ -37,7 +38,7 @@ CIPField::CIPField(QWidget* parent) : QLineEdit(parent)
     static const QRegularExpression expression(QStringLiteral("[01]?[0-9]?[0-9]|2[0-4][0-9]|25[0-5]"));
     setObjectName(QStringLiteral("IPField"));
     setValidator(new QRegularExpressionValidator(expression, this));
-    setMaxLength(DIGITS);
+    setMaxLength(nDigits);
     setFrame(false);
     setAlignment(Qt::AlignCenter);
     setAcceptDrops(false);
@@ -87,7 +88,7 @@ void CIPField::DealTyping(QKeyEvent* event)
     const QString strBefore = text();
     QLineEdit::keyPressEvent(event);
     const bool bTyped = !event->text().isEmpty() && event->text().at(0).isDigit() && text() != strBefore;
-    if (bTyped && text().size() == DIGITS && IsAtEnd()) {
+    if (bTyped && text().size() == nDigits && IsAtEnd()) {
         emit SignalFull();
     }
 }

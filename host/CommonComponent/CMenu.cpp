@@ -1,6 +1,6 @@
 #include "interfaces/widgets/CMenu.h"
 
-#include "StyleHooks.h"
+#include "CommonComponent/StyleHooks.h"
 
 CMenu::CMenu(QWidget* parent) : QMenu(parent) { }
 

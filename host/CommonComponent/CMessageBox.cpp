@@ -1,11 +1,11 @@
 #include "interfaces/widgets/CMessageBox.h"
 
-#include "CMessageDialog.h"
+#include "CommonComponent/CMessageDialog.h"
 
 #include <QPointer>
 
-namespace
-{
+namespace {
+
 CMessageBox::StandardButton Ask(QPointer<CMessageDialog> pDialog)
 {
     pDialog->exec();
@@ -14,6 +14,7 @@ CMessageBox::StandardButton Ask(QPointer<CMessageDialog> pDialog)
     delete pDialog;
     return answer;
 }
+
 } // namespace
 
 CMessageBox::StandardButton CMessageBox::information(QWidget* parent, const QString& title, const QString& text,

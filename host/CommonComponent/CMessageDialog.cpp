@@ -1,6 +1,6 @@
-#include "CMessageDialog.h"
+#include "CommonComponent/CMessageDialog.h"
 
-#include "StyleHooks.h"
+#include "CommonComponent/StyleHooks.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -8,15 +8,15 @@
 #include <QPushButton>
 #include <QVariant>
 
-namespace
-{
-constexpr int MARGIN = 16;
-constexpr int SPACING = 12;
-constexpr int BUTTON_SPACING = 8;
-constexpr int BUTTON_MINIMUM_WIDTH = 72;
-constexpr int ICON_SIZE = 32;
-constexpr int TEXT_MAXIMUM_WIDTH = 400;
-constexpr int TEXT_MINIMUM_WIDTH = 200;
+namespace {
+
+constexpr int nMargin = 16;
+constexpr int nSpacing = 12;
+constexpr int nButtonSpacing = 8;
+constexpr int nButtonMinimumWidth = 72;
+constexpr int nIconSize = 32;
+constexpr int nTextMaximumWidth = 400;
+constexpr int nTextMinimumWidth = 200;
 
 struct SButtonText
 {
@@ -25,11 +25,12 @@ struct SButtonText
     const char* szText;
 };
 
-constexpr SButtonText BUTTON_TEXTS[] = {
+constexpr SButtonText arrButtonText[] = {
     { CMessageBox::ButtonOk, "ButtonOk", QT_TRANSLATE_NOOP("CMessageBox", "&OK") },
     { CMessageBox::ButtonYes, "ButtonYes", QT_TRANSLATE_NOOP("CMessageBox", "&Yes") },
     { CMessageBox::ButtonNo, "ButtonNo", QT_TRANSLATE_NOOP("CMessageBox", "&No") },
 };
+
 } // namespace
 
 CMessageDialog::CMessageDialog(QWidget* parent, const QString& strTitle, const QString& strText,
@@ -40,8 +41,8 @@ CMessageDialog::CMessageDialog(QWidget* parent, const QString& strTitle, const Q
     setAccessibleDescription(strText);
     SetCanResize(false);
     SetTransparentMask();
-    GetContentLayout()->setContentsMargins(MARGIN, MARGIN, MARGIN, MARGIN);
-    GetContentLayout()->setSpacing(MARGIN);
+    GetContentLayout()->setContentsMargins(nMargin, nMargin, nMargin, nMargin);
+    GetContentLayout()->setSpacing(nMargin);
     InitContents(strText);
     InitButtons(buttons ? buttons : CMessageBox::StandardButtons(CMessageBox::ButtonOk), defaultButton);
 }
@@ -55,10 +56,10 @@ void CMessageDialog::InitContents(const QString& strText)
     pText->setTextFormat(Qt::PlainText);
     pText->ensurePolished();
     const int nWidth = pText->sizeHint().width();
-    pText->setWordWrap(nWidth > TEXT_MAXIMUM_WIDTH);
-    pText->setFixedWidth(qBound(TEXT_MINIMUM_WIDTH, nWidth, TEXT_MAXIMUM_WIDTH));
+    pText->setWordWrap(nWidth > nTextMaximumWidth);
+    pText->setFixedWidth(qBound(nTextMinimumWidth, nWidth, nTextMaximumWidth));
     auto* pRow = new QHBoxLayout;
-    pRow->setSpacing(SPACING);
+    pRow->setSpacing(nSpacing);
     pRow->addWidget(pIcon, 0, Qt::AlignTop);
     pRow->addWidget(pText, 1, Qt::AlignLeft | Qt::AlignVCenter);
     GetContentLayout()->addLayout(pRow);
@@ -67,9 +68,9 @@ void CMessageDialog::InitContents(const QString& strText)
 void CMessageDialog::InitButtons(CMessageBox::StandardButtons buttons, CMessageBox::StandardButton defaultButton)
 {
     auto* pRow = new QHBoxLayout;
-    pRow->setSpacing(BUTTON_SPACING);
+    pRow->setSpacing(nButtonSpacing);
     pRow->addStretch(1);
-    for (const SButtonText& entry : BUTTON_TEXTS) {
+    for (const SButtonText& entry : arrButtonText) {
         if (buttons.testFlag(entry.button)) {
             AddButton(pRow, entry.button, QLatin1String(entry.szName), QCoreApplication::translate("CMessageBox", entry.szText));
         }
@@ -87,7 +88,7 @@ void CMessageDialog::AddButton(QBoxLayout* pRow, CMessageBox::StandardButton but
     auto* pButton = new QPushButton(strText, this);
     pButton->setObjectName(strName);
     pButton->setProperty("DialogButton", true);
-    pButton->setMinimumWidth(BUTTON_MINIMUM_WIDTH);
+    pButton->setMinimumWidth(nButtonMinimumWidth);
     pRow->addWidget(pButton);
     mapButton[button] = pButton;
     connect(pButton, &QPushButton::clicked, this, [this, button] {
@@ -98,7 +99,7 @@ void CMessageDialog::AddButton(QBoxLayout* pRow, CMessageBox::StandardButton but
 
 void CMessageDialog::SetIcon(const QString& strPath, QStyle::StandardPixmap fallback)
 {
-    pIcon->setPixmap(LoadWidgetIcon(strPath, fallback, this).pixmap(window()->windowHandle(), QSize(ICON_SIZE, ICON_SIZE)));
+    pIcon->setPixmap(LoadWidgetIcon(strPath, fallback, this).pixmap(window()->windowHandle(), QSize(nIconSize, nIconSize)));
 }
 
 CMessageBox::StandardButton CMessageDialog::GetAnswer() const

@@ -1,12 +1,12 @@
 #include "interfaces/widgets/CScrollBar.h"
 
-#include "DragRelay.h"
+#include "CommonComponent/DragRelay.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
 
-namespace
-{
+namespace {
+
 constexpr int nThickness = 5;
 constexpr int nMinimumRoom = 10; // edge of the smallest parent that a bar shows itself on
 
@@ -19,6 +19,7 @@ QAbstractScrollArea* FindScrollArea(QWidget* pWidget)
     }
     return qobject_cast<QAbstractScrollArea*>(pParent);
 }
+
 } // namespace
 
 CScrollBar::CScrollBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orientation, parent)
@@ -56,13 +57,13 @@ QSize CScrollBar::sizeHint() const
     return orientation() == Qt::Horizontal ? QSize(size.width(), nThickness) : QSize(nThickness, size.height());
 }
 
-bool CScrollBar::eventFilter(QObject* pWatched, QEvent* event)
+bool CScrollBar::eventFilter(QObject* watched, QEvent* event)
 {
     // No signal tells of a change of the steps; a view sets them before it paints.
     if (event->type() == QEvent::Paint || event->type() == QEvent::Show) {
         TakeSteps();
     }
-    return QScrollBar::eventFilter(pWatched, event);
+    return QScrollBar::eventFilter(watched, event);
 }
 
 bool CScrollBar::event(QEvent* event)

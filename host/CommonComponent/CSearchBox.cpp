@@ -1,6 +1,6 @@
 #include "interfaces/widgets/CSearchBox.h"
 
-#include "StyleHooks.h"
+#include "CommonComponent/StyleHooks.h"
 #include "interfaces/widgets/CIconButton.h"
 
 #include <QEvent>
@@ -11,12 +11,13 @@
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 
-namespace
-{
-constexpr int ICON_SIZE = 16;
-constexpr int MINIMUM_HEIGHT = 24;
-constexpr int MARGIN = 6;
-constexpr int SPACING = 4;
+namespace {
+
+constexpr int nIconSize = 16;
+constexpr int nMinimumHeight = 24;
+constexpr int nMargin = 6;
+constexpr int nSpacing = 4;
+
 } // namespace
 
 class CSearchBox::CPrivate
@@ -39,13 +40,13 @@ CSearchBox::CPrivate::CPrivate(CSearchBox* pBox)
     pMagnifier->setObjectName(QStringLiteral("SearchIcon"));
     const QIcon icon
         = LoadWidgetIcon(QStringLiteral(":/image/control/searchBox/search.svg"), QStyle::SP_FileDialogContentsView, pBox);
-    pMagnifier->setPixmap(icon.pixmap(pBox->windowHandle(), QSize(ICON_SIZE, ICON_SIZE)));
+    pMagnifier->setPixmap(icon.pixmap(pBox->windowHandle(), QSize(nIconSize, nIconSize)));
     pEdit->setObjectName(QStringLiteral("SearchEdit"));
     pEdit->setFrame(false);
     pClear->setObjectName(QStringLiteral("SearchClear"));
     pClear->setIcon(LoadWidgetIcon(QStringLiteral(":/image/control/searchBox/clear.svg"), QStyle::SP_LineEditClearButton, pBox));
-    pClear->setIconSize(ICON_SIZE, ICON_SIZE);
-    pClear->setFixedSize(ICON_SIZE, ICON_SIZE);
+    pClear->setIconSize(nIconSize, nIconSize);
+    pClear->setFixedSize(nIconSize, nIconSize);
     pClear->setFocusPolicy(Qt::NoFocus);
     pClear->setCursor(Qt::ArrowCursor);
     pClear->hide();
@@ -54,8 +55,8 @@ CSearchBox::CPrivate::CPrivate(CSearchBox* pBox)
 void CSearchBox::CPrivate::InitLayout(CSearchBox* pBox)
 {
     auto* pLayout = new QHBoxLayout(pBox);
-    pLayout->setContentsMargins(MARGIN, 1, MARGIN, 1);
-    pLayout->setSpacing(SPACING);
+    pLayout->setContentsMargins(nMargin, 1, nMargin, 1);
+    pLayout->setSpacing(nSpacing);
     pLayout->addWidget(pMagnifier);
     pLayout->addWidget(pEdit, 1);
     pLayout->addWidget(pClear);
@@ -79,7 +80,7 @@ CSearchBox::CSearchBox(QWidget* parent, bool bBorder) : QWidget(parent), d(new C
 {
     setProperty("Border", bBorder);
     setAttribute(Qt::WA_Hover);
-    setMinimumHeight(MINIMUM_HEIGHT);
+    setMinimumHeight(nMinimumHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setFocusProxy(d->pEdit);
     setFocusPolicy(Qt::StrongFocus); // a label gives its focus only to a buddy that takes it
@@ -110,7 +111,7 @@ void CSearchBox::SetBackgroudGray()
     SetStyleProperty(this, "Background", QStringLiteral("gray"));
 }
 
-bool CSearchBox::eventFilter(QObject* pWatched, QEvent* event)
+bool CSearchBox::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
@@ -122,7 +123,7 @@ bool CSearchBox::eventFilter(QObject* pWatched, QEvent* event)
     default:
         break;
     }
-    return QWidget::eventFilter(pWatched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
 bool CSearchBox::TakeEscape(const QKeyEvent* event)

@@ -2,17 +2,18 @@
 
 #include <QVariant>
 
-namespace
-{
-constexpr int LINE_WIDTH = 1;
-constexpr int GAP_WIDTH = 8;
+namespace {
+
+constexpr int nLineWidth = 1;
+constexpr int nGapWidth = 8;
+
 } // namespace
 
 CSeperator::CSeperator(QWidget* parent, QFrame::Shape shape, EnSeparatorStyle style) : QFrame(parent)
 {
     const bool bLine = style == StyleLine;
     const bool bHorizontal = shape != QFrame::VLine;
-    const int nWidth = bLine ? LINE_WIDTH : GAP_WIDTH;
+    const int nWidth = bLine ? nLineWidth : nGapWidth;
     setProperty("SeparatorStyle", bLine ? QStringLiteral("line") : QStringLiteral("gap"));
     setFrameShadow(QFrame::Plain);
     setFrameShape(bLine ? shape : QFrame::NoFrame);

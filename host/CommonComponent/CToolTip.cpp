@@ -1,6 +1,6 @@
 #include "interfaces/widgets/CToolTip.h"
 
-#include "CToolTipControl.h"
+#include "CommonComponent/CToolTipControl.h"
 
 void CToolTip::ShowText(const QString& strText)
 {

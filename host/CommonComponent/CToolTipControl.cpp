@@ -1,4 +1,4 @@
-#include "CToolTipControl.h"
+#include "CommonComponent/CToolTipControl.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -7,23 +7,23 @@
 #include <QToolTip>
 #include <QWindow>
 
-namespace
-{
-constexpr int MAXIMUM_WIDTH = 480;
-constexpr int MARGIN = 4;
-constexpr int BASE_MILLISECONDS = 10000;
-constexpr int MILLISECONDS_PER_CHARACTER = 40;
-constexpr int LONG_TEXT = 100; ///< characters from which on a text is given more time
-constexpr QPoint BELOW_MOUSE(2, 20);
-constexpr int ABOVE_MOUSE = 4;
+namespace {
+
+constexpr int nMaximumWidth = 480;
+constexpr int nMargin = 4;
+constexpr int nBaseMs = 10000;
+constexpr int nMsPerCharacter = 40;
+constexpr int nLongText = 100; ///< characters from which on a text is given more time
+constexpr QPoint ptBelowMouse(2, 20);
+constexpr int nAboveMouse = 4;
 
 /// Below and to the right of the mouse where there is room, otherwise left of it or above it; a tip that is
 /// larger than the screen starts at its edge.
 QPoint PlaceToolTip(const QPoint& ptMouse, const QSize& size, const QRect& rcScreen)
 {
-    QPoint pt = ptMouse + BELOW_MOUSE;
+    QPoint pt = ptMouse + ptBelowMouse;
     if (pt.y() + size.height() > rcScreen.bottom() + 1) {
-        pt.setY(ptMouse.y() - ABOVE_MOUSE - size.height());
+        pt.setY(ptMouse.y() - nAboveMouse - size.height());
     }
     pt.setX(qMin(pt.x(), rcScreen.right() + 1 - size.width()));
     return QPoint(qMax(pt.x(), rcScreen.left()), qMax(pt.y(), rcScreen.top()));
@@ -53,6 +53,7 @@ bool IsHiddenBy(QEvent::Type type)
         return false;
     }
 }
+
 } // namespace
 
 CToolTipControl* CToolTipControl::pInstance = nullptr;
@@ -95,7 +96,7 @@ void CToolTipControl::Show(const QString& strText)
         pWindow->show();
         LetTheMouseThrough();
     }
-    timerExpire.start(BASE_MILLISECONDS + MILLISECONDS_PER_CHARACTER * qMax(0, strText.size() - LONG_TEXT));
+    timerExpire.start(nBaseMs + nMsPerCharacter * qMax(0, strText.size() - nLongText));
     qApp->installEventFilter(this);
 }
 
@@ -120,15 +121,15 @@ bool CToolTipControl::IsVisible() const
     return pWindow && pWindow->isVisible();
 }
 
-bool CToolTipControl::eventFilter(QObject* pWatched, QEvent* event)
+bool CToolTipControl::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool bOwn = pWatched == pWindow;
+    const bool bOwn = watched == pWindow;
     // A window manager makes the mouse leave and come back when it grabs it; that hides nothing.
-    const bool bLeft = event->type() == QEvent::Leave && pWatched == pTarget && QApplication::widgetAt(QCursor::pos()) != pTarget;
-    if (bLeft || (!bOwn && pWatched->isWidgetType() && IsHiddenBy(event->type()))) {
+    const bool bLeft = event->type() == QEvent::Leave && watched == pTarget && QApplication::widgetAt(QCursor::pos()) != pTarget;
+    if (bLeft || (!bOwn && watched->isWidgetType() && IsHiddenBy(event->type()))) {
         Hide();
     }
-    return QObject::eventFilter(pWatched, event);
+    return QObject::eventFilter(watched, event);
 }
 
 void CToolTipControl::CreateWindow(QWidget* pParent)
@@ -145,7 +146,7 @@ void CToolTipControl::CreateWindow(QWidget* pParent)
     pWindow->setFont(QToolTip::font());
     pWindow->setPalette(QToolTip::palette());
     pWindow->setFrameStyle(QFrame::Box | QFrame::Plain);
-    pWindow->setMargin(MARGIN);
+    pWindow->setMargin(nMargin);
 }
 
 void CToolTipControl::DestroyWindow()
@@ -169,8 +170,8 @@ void CToolTipControl::Place()
     pWindow->ensurePolished();
     pWindow->setWordWrap(false);
     pWindow->setMinimumWidth(0);
-    pWindow->setWordWrap(pWindow->sizeHint().width() > MAXIMUM_WIDTH);
-    pWindow->setMinimumWidth(pWindow->wordWrap() ? MAXIMUM_WIDTH : 0);
+    pWindow->setWordWrap(pWindow->sizeHint().width() > nMaximumWidth);
+    pWindow->setMinimumWidth(pWindow->wordWrap() ? nMaximumWidth : 0);
     pWindow->adjustSize();
     const QPoint ptMouse = QCursor::pos();
     pWindow->move(PlaceToolTip(ptMouse, pWindow->size(), GetScreenRect(ptMouse)));

@@ -22,7 +22,7 @@ public:
 
 protected:
     /// Hides the tip at what a user does next: a press, a key, the wheel, leaving the widget, another window.
-    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     CToolTipControl();

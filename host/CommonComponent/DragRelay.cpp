@@ -1,10 +1,9 @@
-#include "DragRelay.h"
+#include "CommonComponent/DragRelay.h"
 
 #include <QAbstractScrollArea>
 #include <QDropEvent>
 
-namespace
-{
+namespace {
 
 /// Opens what a view does with the events of its viewport.
 class CViewportAccess : public QAbstractScrollArea // clazy:exclude=missing-qobject-macro

@@ -6,8 +6,7 @@ class QAbstractScrollArea;
 class QWidget;
 
 /// For a widget that lies over the viewport of a view: a drag means the view, not what covers it.
-namespace DragRelay
-{
+namespace DragRelay {
 
 /// True for what a drag sends to the widget under it: enter, move, leave and drop.
 bool IsDrag(QEvent::Type type);

@@ -1,17 +1,18 @@
-#include "StyleHooks.h"
+#include "CommonComponent/StyleHooks.h"
 
 #include <QFile>
 #include <QVariant>
 #include <QWidget>
 
-namespace
-{
+namespace {
+
 void Repolish(QWidget* pWidget)
 {
     pWidget->style()->unpolish(pWidget);
     pWidget->style()->polish(pWidget);
     pWidget->update();
 }
+
 } // namespace
 
 void SetStyleProperty(QWidget* pWidget, const char* szName, const QVariant& value)

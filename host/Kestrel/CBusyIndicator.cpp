@@ -10,10 +10,11 @@
 #include <array>
 #include <utility>
 
-namespace
-{
-constexpr int g_nSpacing = 8;
-constexpr int g_nSecondMs = 1000;
+namespace {
+
+constexpr int nSpacing = 8;
+constexpr int nSecondMs = 1000;
+
 } // namespace
 
 CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
@@ -23,19 +24,20 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
 {
     setObjectName(QStringLiteral("BusyIndicator"));
     auto* pLayout = new QHBoxLayout(this);
-    pLayout->setContentsMargins(g_nSpacing, 0, g_nSpacing, 0);
-    pLayout->setSpacing(g_nSpacing);
+    pLayout->setContentsMargins(nSpacing, 0, nSpacing, 0);
+    pLayout->setSpacing(nSpacing);
     pLayout->addWidget(pSpinner);
     pLayout->addWidget(pLabel, 1);
-    timer.setInterval(g_nSecondMs);
+    timer.setInterval(nSecondMs);
     connect(&timer, &QTimer::timeout, this, &CBusyIndicator::UpdateText);
     UpdateText();
 }
 
 void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob)
 {
-    if (!bShown || timeBegin != timeSince)
+    if (!bShown || timeBegin != timeSince) {
         timerBusy.start();
+    }
     bShown = bBusy;
     timeBegin = timeSince;
     listRunning = listJob;
@@ -52,8 +54,9 @@ QString CBusyIndicator::GetText() const
 void CBusyIndicator::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         UpdateText();
+    }
 }
 
 void CBusyIndicator::UpdateText()
@@ -62,7 +65,7 @@ void CBusyIndicator::UpdateText()
         pLabel->setText(tr("Ready"));
         return;
     }
-    const qint64 nSeconds = timerBusy.elapsed() / g_nSecondMs;
+    const qint64 nSeconds = timerBusy.elapsed() / nSecondMs;
     pLabel->setText(tr("%1 – since %2 (%3 s)").arg(GetWhat(), timeBegin.toString(QStringLiteral("HH:mm:ss"))).arg(nSeconds));
 }
 
@@ -71,8 +74,9 @@ QString CBusyIndicator::GetWhat() const
     QStringList listText;
     for (const QString& strJob : listRunning) {
         const QString strText = GetJobText(strJob);
-        if (!listText.contains(strText))
+        if (!listText.contains(strText)) {
             listText.append(strText);
+        }
     }
     return listText.isEmpty() ? tr("Busy") : listText.join(QStringLiteral(", "));
 }
@@ -87,8 +91,9 @@ QString CBusyIndicator::GetJobText(const QString& strJob)
         { QLatin1String("Importing "), tr("Importing %1") },
     } };
     for (const auto& [strBegin, strText] : listText) {
-        if (strJob.startsWith(strBegin))
+        if (strJob.startsWith(strBegin)) {
             return strText.contains(QLatin1String("%1")) ? strText.arg(strJob.mid(strBegin.size())) : strText;
+        }
     }
     return strJob;
 }

@@ -6,39 +6,41 @@
 #include <QDir>
 #include <QFileInfo>
 
-namespace
-{
+namespace {
+
 template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize])
 {
     return QLatin1String(szText, nSize - 1);
 }
 
-constexpr double g_dMostSeconds = 3600.0;
+constexpr double dMostSeconds = 3600.0;
 constexpr double dLeastPace = 1.0;
 constexpr double dMostPace = 100.0;
-constexpr double g_dLeastScale = 0.5;
-constexpr double g_dMostScale = 4.0;
+constexpr double dLeastScale = 0.5;
+constexpr double dMostScale = 4.0;
 
-constexpr QLatin1String g_strAt = Literal("at");
-constexpr QLatin1String g_strHelp = Literal("help");
-constexpr QLatin1String g_strJournal = Literal("journal");
-constexpr QLatin1String g_strLang = Literal("lang");
-constexpr QLatin1String g_strList = Literal("list");
+constexpr QLatin1String strAt = Literal("at");
+constexpr QLatin1String strHelp = Literal("help");
+constexpr QLatin1String strJournal = Literal("journal");
+constexpr QLatin1String strLang = Literal("lang");
+constexpr QLatin1String strList = Literal("list");
 constexpr QLatin1String strPace = Literal("pace");
-constexpr QLatin1String g_strPanel = Literal("panel");
-constexpr QLatin1String g_strScale = Literal("scale");
-constexpr QLatin1String g_strScenario = Literal("scenario");
-constexpr QLatin1String g_strShot = Literal("shot");
-constexpr QLatin1String g_strShots = Literal("shots");
+constexpr QLatin1String strPanel = Literal("panel");
+constexpr QLatin1String strScale = Literal("scale");
+constexpr QLatin1String strScenario = Literal("scenario");
+constexpr QLatin1String strShot = Literal("shot");
+constexpr QLatin1String strShots = Literal("shots");
 
 void AddOptions(QCommandLineParser& parser)
 {
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), g_strHelp }));
+    parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), strHelp }));
     for (const QLatin1String strName :
-         { g_strAt, g_strJournal, g_strLang, g_strList, strPace, g_strPanel, g_strScale, g_strScenario, g_strShot, g_strShots })
+         { strAt, strJournal, strLang, strList, strPace, strPanel, strScale, strScenario, strShot, strShots }) {
         parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
+    }
 }
+
 } // namespace
 
 CCommandLine::CCommandLine(const QStringList& listArgument)
@@ -52,11 +54,13 @@ CCommandLine::CCommandLine(const QStringList& listArgument)
         Refuse(strReason);
         return;
     }
-    options.bHelp = parser.isSet(g_strHelp);
-    if (options.bHelp)
+    options.bHelp = parser.isSet(strHelp);
+    if (options.bHelp) {
         return;
-    if (!parser.positionalArguments().isEmpty())
+    }
+    if (!parser.positionalArguments().isEmpty()) {
         Refuse(QStringLiteral("Unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
+    }
     ReadValues(parser);
     CheckFiles();
 }
@@ -100,43 +104,52 @@ QString CCommandLine::GetHelp()
 
 void CCommandLine::ReadValues(const QCommandLineParser& parser)
 {
-    options.strListFile = parser.value(g_strList);
-    options.strScenarioFile = parser.value(g_strScenario);
-    options.strShotFile = parser.value(g_strShot);
-    options.strShotFolder = parser.value(g_strShots);
-    options.strJournalFile = parser.value(g_strJournal);
-    options.strPanelFile = parser.value(g_strPanel);
-    options.strLanguage = parser.value(g_strLang);
-    if (parser.isSet(g_strAt))
-        options.dShotAt = ReadNumber(parser, g_strAt, 0.0, g_dMostSeconds);
+    options.strListFile = parser.value(strList);
+    options.strScenarioFile = parser.value(strScenario);
+    options.strShotFile = parser.value(strShot);
+    options.strShotFolder = parser.value(strShots);
+    options.strJournalFile = parser.value(strJournal);
+    options.strPanelFile = parser.value(strPanel);
+    options.strLanguage = parser.value(strLang);
+    if (parser.isSet(strAt)) {
+        options.dShotAt = ReadNumber(parser, strAt, 0.0, dMostSeconds);
+    }
     if (parser.isSet(strPace)) {
         options.dPace = ReadNumber(parser, strPace, dLeastPace, dMostPace);
     }
-    if (parser.isSet(g_strScale))
-        options.dScale = ReadNumber(parser, g_strScale, g_dLeastScale, g_dMostScale);
-    if (parser.isSet(g_strAt) && !parser.isSet(g_strShot))
+    if (parser.isSet(strScale)) {
+        options.dScale = ReadNumber(parser, strScale, dLeastScale, dMostScale);
+    }
+    if (parser.isSet(strAt) && !parser.isSet(strShot)) {
         Refuse(QStringLiteral("--at needs --shot"));
-    if (parser.isSet(strPace) && parser.isSet(g_strScenario)) {
+    }
+    if (parser.isSet(strPace) && parser.isSet(strScenario)) {
         Refuse(QStringLiteral("--pace is for the quiet day, which --scenario replaces"));
     }
-    if (parser.isSet(g_strShots) && !parser.isSet(g_strScenario))
+    if (parser.isSet(strShots) && !parser.isSet(strScenario)) {
         Refuse(QStringLiteral("--shots needs --scenario"));
-    if (parser.isSet(g_strLang) && !CLanguage::GetCodes().contains(options.strLanguage))
+    }
+    if (parser.isSet(strLang) && !CLanguage::GetCodes().contains(options.strLanguage)) {
         Refuse(QStringLiteral("Unknown language '%1'").arg(options.strLanguage));
+    }
 }
 
 void CCommandLine::CheckFiles()
 {
-    if (!options.strScenarioFile.isEmpty() && !QFileInfo(options.strScenarioFile).isFile())
+    if (!options.strScenarioFile.isEmpty() && !QFileInfo(options.strScenarioFile).isFile()) {
         Refuse(QStringLiteral("No scenario file '%1'").arg(options.strScenarioFile));
-    for (const QString& strFile : { options.strListFile, options.strShotFile }) {
-        if (!strFile.isEmpty() && !QFileInfo(strFile).absoluteDir().exists())
-            Refuse(QStringLiteral("No folder for '%1'").arg(strFile));
     }
-    if (!options.strShotFile.isEmpty() && !options.strShotFile.endsWith(QLatin1String(".png"), Qt::CaseInsensitive))
+    for (const QString& strFile : { options.strListFile, options.strShotFile }) {
+        if (!strFile.isEmpty() && !QFileInfo(strFile).absoluteDir().exists()) {
+            Refuse(QStringLiteral("No folder for '%1'").arg(strFile));
+        }
+    }
+    if (!options.strShotFile.isEmpty() && !options.strShotFile.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
         Refuse(QStringLiteral("'%1' does not end in .png").arg(options.strShotFile));
-    if (!options.strShotFolder.isEmpty() && !QFileInfo(options.strShotFolder).isDir())
+    }
+    if (!options.strShotFolder.isEmpty() && !QFileInfo(options.strShotFolder).isDir()) {
         Refuse(QStringLiteral("No folder '%1'").arg(options.strShotFolder));
+    }
 }
 
 double CCommandLine::ReadNumber(const QCommandLineParser& parser, const QString& strOption, double dLeast, double dMost)
@@ -153,6 +166,7 @@ double CCommandLine::ReadNumber(const QCommandLineParser& parser, const QString&
 
 void CCommandLine::Refuse(const QString& strReason)
 {
-    if (strError.isEmpty())
+    if (strError.isEmpty()) {
         strError = strReason + QStringLiteral("; see --help");
+    }
 }

@@ -4,8 +4,7 @@
 #include <QStyle>
 #include <QStyleOption>
 
-namespace
-{
+namespace {
 
 constexpr int nLeastCharacters = 24;
 

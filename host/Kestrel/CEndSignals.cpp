@@ -9,8 +9,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 constexpr std::array listSignal{ SIGTERM, SIGINT, SIGHUP };
 constexpr int nReadEnd = 0;
@@ -50,9 +49,7 @@ void Install(int nSignal, struct sigaction& former)
     if (former.sa_handler == SIG_IGN) {
         return;
     }
-    struct sigaction action
-    {
-    };
+    struct sigaction action{};
     action.sa_handler = &HandleEndSignal;
     action.sa_flags = SA_RESTART; // a write of the list goes on
     sigemptyset(&action.sa_mask);

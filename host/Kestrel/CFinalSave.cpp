@@ -1,6 +1,6 @@
 #include "Kestrel/CFinalSave.h"
 
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/ListTrouble.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
@@ -15,7 +15,7 @@
 #include <QStandardPaths>
 #include <QThread>
 
-CFinalSave::CFinalSave(CControlHost& controlHost, QWidget& mainWindow) : host(controlHost), window(mainWindow) { }
+CFinalSave::CFinalSave(CControlHost& hostIn, QWidget& windowIn) : host(hostIn), window(windowIn) { }
 
 QString CFinalSave::Save()
 {

@@ -14,7 +14,7 @@ class CFinalSave
 
 public:
     /// Both must outlive the object.
-    CFinalSave(CControlHost& controlHost, QWidget& mainWindow);
+    CFinalSave(CControlHost& hostIn, QWidget& windowIn);
 
     /// At the list's own place. Empty when it is safe there, else one line with the reason.
     QString Save();

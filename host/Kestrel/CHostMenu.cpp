@@ -1,6 +1,6 @@
 #include "Kestrel/CHostMenu.h"
 
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CLanguage.h"
 
 #include <QAction>
@@ -10,10 +10,10 @@
 #include <QMenu>
 #include <QMenuBar>
 
-CHostMenu::CHostMenu(QMainWindow& mainWindow, CControlHost& controlHost, CLanguage& applicationLanguage, QAction* pJournalAction)
-    : QObject(&mainWindow), window(mainWindow), host(controlHost), language(applicationLanguage),
-      pProjectMenu(mainWindow.menuBar()->addMenu(QString())), pListMenu(mainWindow.menuBar()->addMenu(QString())),
-      pViewMenu(mainWindow.menuBar()->addMenu(QString())), pLanguages(new QActionGroup(this))
+CHostMenu::CHostMenu(QMainWindow& windowIn, CControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction)
+    : QObject(&windowIn), window(windowIn), host(hostIn), language(languageIn),
+      pProjectMenu(windowIn.menuBar()->addMenu(QString())), pListMenu(windowIn.menuBar()->addMenu(QString())),
+      pViewMenu(windowIn.menuBar()->addMenu(QString())), pLanguages(new QActionGroup(this))
 {
     MakeProjectMenu();
     MakeListMenu();
@@ -113,6 +113,7 @@ void CHostMenu::OpenProject()
     bool bAccepted = false;
     const QString strName = QInputDialog::getText(&window, tr("Open project"), tr("Name of the project:"), QLineEdit::Normal,
                                                   host.GetProjectName(), &bAccepted);
-    if (bAccepted && !strName.trimmed().isEmpty())
+    if (bAccepted && !strName.trimmed().isEmpty()) {
         host.OpenProject(strName.trimmed());
+    }
 }

@@ -16,7 +16,7 @@ class CHostMenu : public QObject
 
 public:
     /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
-    CHostMenu(QMainWindow& mainWindow, CControlHost& controlHost, CLanguage& applicationLanguage, QAction* pJournalAction);
+    CHostMenu(QMainWindow& windowIn, CControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
 
     /// The check marks and the enabled states, from the control library.
     void UpdateState();

@@ -1,6 +1,6 @@
 #include "Kestrel/CHostStatus.h"
 
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CBusyIndicator.h"
 #include "Kestrel/CElidedLabel.h"
 #include "Kestrel/ListTrouble.h"
@@ -8,8 +8,8 @@
 #include <QLabel>
 #include <QTextDocument>
 
-CHostStatus::CHostStatus(CControlHost& controlHost, const CTheme& theme, QWidget* parent)
-    : QStatusBar(parent), host(controlHost), pBusy(new CBusyIndicator(theme, this)), pTrouble(new CElidedLabel(this)),
+CHostStatus::CHostStatus(CControlHost& hostIn, const CTheme& theme, QWidget* parent)
+    : QStatusBar(parent), host(hostIn), pBusy(new CBusyIndicator(theme, this)), pTrouble(new CElidedLabel(this)),
       pProject(MakeBadge(false)), pChiefMode(MakeBadge(true)), pListLocked(MakeBadge(true)), pRefreshBlocked(MakeBadge(true))
 {
     setSizeGripEnabled(false);
@@ -17,8 +17,9 @@ CHostStatus::CHostStatus(CControlHost& controlHost, const CTheme& theme, QWidget
     pTrouble->setTextFormat(Qt::PlainText);
     addWidget(pBusy, 1);
     addPermanentWidget(pTrouble); // permanent, since a message hides the others
-    for (QLabel* pBadge : { pRefreshBlocked, pListLocked, pChiefMode, pProject })
+    for (QLabel* pBadge : { pRefreshBlocked, pListLocked, pChiefMode, pProject }) {
         addPermanentWidget(pBadge);
+    }
     UpdateBusy();
     UpdateState();
     UpdateTrouble();

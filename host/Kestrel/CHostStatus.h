@@ -15,7 +15,7 @@ class CHostStatus : public QStatusBar
     Q_OBJECT
 
 public:
-    CHostStatus(CControlHost& controlHost, const CTheme& theme, QWidget* parent);
+    CHostStatus(CControlHost& hostIn, const CTheme& theme, QWidget* parent);
 
     void UpdateBusy();
 

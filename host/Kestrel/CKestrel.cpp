@@ -1,12 +1,12 @@
 #include "Kestrel/CKestrel.h"
 
-#include "CorvidControl/CControlHost.h"
-#include "Kestrel/CInterfacePlayer.h"
-#include "Kestrel/CJournalFile.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
 #include "Kestrel/CUserWatch.h"
+#include "Kestrel/journal/CJournalFile.h"
+#include "Kestrel/player/CInterfacePlayer.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
@@ -16,13 +16,13 @@
 
 #include <cstdio>
 
-namespace
-{
-constexpr int g_nCodeNoPanel = 1;
-constexpr int g_nCodeBadFile = 2;
+namespace {
+
+constexpr int nCodeNoPanel = 1;
+constexpr int nCodeBadFile = 2;
 constexpr int nCodeNotSaved = 3;
-constexpr int g_nJournalLines = 4096;
-constexpr double g_dMsPerSecond = 1000.0;
+constexpr int nJournalLines = 4096;
+constexpr double dMsPerSecond = 1000.0;
 
 SControlOptions GetControlOptions(const SKestrelOptions& options)
 {
@@ -32,29 +32,31 @@ SControlOptions GetControlOptions(const SKestrelOptions& options)
     control.dPace = options.dPace;
     return control;
 }
+
 } // namespace
 
-CKestrel::CKestrel(const SKestrelOptions& commandLine) : options(commandLine) { }
+CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
 
 int CKestrel::Run()
 {
     theme.Apply(*qApp);
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
-    CCallLog log(g_nJournalLines);
+    CCallLog log(nJournalLines);
     const std::unique_ptr<CControlHost> pHost = CControlHost::Start(GetControlOptions(options));
     if (!pHost->GetScenarioError().isEmpty()) {
         Complain(pHost->GetScenarioError());
-        return g_nCodeBadFile;
+        return nCodeBadFile;
     }
-    if (!pHost->GetListError().isEmpty())
+    if (!pHost->GetListError().isEmpty()) {
         Complain(pHost->GetListError());
+    }
     Log(*pHost, log);
     const CControlJournal journal(log, &CControlHost::GetMessageName);
     CJournalFile journalFile(log, options.strJournalFile);
     if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
         Complain(journalFile.GetError());
-        return g_nCodeBadFile;
+        return nCodeBadFile;
     }
     return RunWindow(*pHost, log);
 }
@@ -73,7 +75,7 @@ int CKestrel::RunWindow(CControlHost& host, CCallLog& log)
     const std::unique_ptr<ICorvidWidget> pPanel = loader.Load(options.strPanelFile, window);
     if (!pPanel) {
         Complain(loader.GetError());
-        return g_nCodeNoPanel;
+        return nCodeNoPanel;
     }
     window.SetPanel(pPanel->GetWidget());
     CInterfacePlayer player(window, host.GetInterfaceMarks(), options.strShotFolder);
@@ -99,8 +101,9 @@ int CKestrel::Finish(const CMainWindow& window) const
 void CKestrel::Log(CControlHost& host, CCallLog& log)
 {
     const QString strListError = host.GetListError();
-    if (!strListError.isEmpty())
+    if (!strListError.isEmpty()) {
         log.Write(RecordNote, "Library", strListError);
+    }
     // Direct, since the journal takes lines from any thread, and the order counts.
     connect(
         &host, &CControlHost::LogLine, this,
@@ -121,22 +124,25 @@ void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
         std::fflush(stdout);
     });
     connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
-    if (!options.strShotFolder.isEmpty())
+    if (!options.strShotFolder.isEmpty()) {
         connect(&player, &CInterfacePlayer::Finished, &window, &CMainWindow::EndUnattended);
-    if (options.strShotFile.isEmpty())
+    }
+    if (options.strShotFile.isEmpty()) {
         return;
-    QTimer::singleShot(qRound(options.dShotAt * g_dMsPerSecond), &window, [this, &player, &window] {
+    }
+    QTimer::singleShot(qRound(options.dShotAt * dMsPerSecond), &window, [this, &player, &window] {
         const QString strReason = player.TakePicture(options.strShotFile);
-        if (strReason.isEmpty())
+        if (strReason.isEmpty()) {
             window.EndUnattended();
-        else
+        } else {
             Fail(strReason, window);
+        }
     });
 }
 
 void CKestrel::Fail(const QString& strReason, CMainWindow& window)
 {
     Complain(strReason);
-    nExitCode = g_nCodeBadFile;
+    nExitCode = nCodeBadFile;
     window.EndUnattended();
 }

@@ -19,7 +19,7 @@ class CKestrel : public QObject
     Q_OBJECT
 
 public:
-    explicit CKestrel(const SKestrelOptions& commandLine);
+    explicit CKestrel(const SKestrelOptions& optionsIn);
 
     /// Returns the exit code: 0 done, 1 no panel, 2 a bad file, 3 the list was not saved at its place. GUI
     /// thread, once.

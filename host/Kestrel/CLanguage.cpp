@@ -4,38 +4,42 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
-namespace
-{
+namespace {
+
 template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize])
 {
     return QLatin1String(szText, nSize - 1);
 }
 
-constexpr QLatin1String g_strEnglish = Literal("en");
-constexpr QLatin1String g_strGerman = Literal("de");
-constexpr QLatin1String g_strChinese = Literal("zh_CN");
+constexpr QLatin1String strEnglish = Literal("en");
+constexpr QLatin1String strGerman = Literal("de");
+constexpr QLatin1String strChinese = Literal("zh_CN");
+
 } // namespace
 
 QStringList CLanguage::GetCodes()
 {
-    return { g_strEnglish, g_strGerman, g_strChinese };
+    return { strEnglish, strGerman, strChinese };
 }
 
 QString CLanguage::GetName(const QString& strCode)
 {
-    if (strCode == g_strGerman)
+    if (strCode == strGerman) {
         return QStringLiteral("Deutsch");
-    if (strCode == g_strChinese)
+    }
+    if (strCode == strChinese) {
         return QStringLiteral("简体中文");
+    }
     return QStringLiteral("English");
 }
 
 QString CLanguage::GetSystemCode()
 {
     const QString strLocale = QLocale::system().name();
-    if (strLocale.startsWith(g_strGerman))
-        return g_strGerman;
-    return strLocale == g_strChinese ? g_strChinese : g_strEnglish;
+    if (strLocale.startsWith(strGerman)) {
+        return strGerman;
+    }
+    return strLocale == strChinese ? strChinese : strEnglish;
 }
 
 void CLanguage::Set(const QString& strCode)
@@ -53,6 +57,7 @@ QString CLanguage::GetCode() const
 void CLanguage::Load(QTranslator& translator, const QString& strFile, const QString& strFolder)
 {
     QCoreApplication::removeTranslator(&translator);
-    if (strCurrent != g_strEnglish && translator.load(strFile, strFolder))
+    if (strCurrent != strEnglish && translator.load(strFile, strFolder)) {
         QCoreApplication::installTranslator(&translator);
+    }
 }

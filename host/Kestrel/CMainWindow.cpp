@@ -1,10 +1,10 @@
 #include "Kestrel/CMainWindow.h"
 
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CHostMenu.h"
 #include "Kestrel/CHostStatus.h"
-#include "Kestrel/CJournalDock.h"
-#include "Kestrel/PanelAccess.h"
+#include "Kestrel/journal/CJournalDock.h"
+#include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QAction>
@@ -12,24 +12,25 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-namespace
-{
-constexpr QSize g_windowSize(1040, 720);
-constexpr int g_nPanelLeastWidth = 240;
-constexpr int g_nJournalWidth = 680;
-constexpr int g_nSelectAllId = 18; ///< the panel's number for the host's "select all"
-constexpr int g_nGraceMs = 2000;
+namespace {
+
+constexpr QSize sizeWindow(1040, 720);
+constexpr int nPanelLeastWidth = 240;
+constexpr int nJournalWidth = 680;
+constexpr int nSelectAllId = 18; ///< the panel's number for the host's "select all"
+constexpr int nGraceMs = 2000;
+
 } // namespace
 
-CMainWindow::CMainWindow(CControlHost& controlHost, CCallLog& callLog, CLanguage& language, const CTheme& theme)
-    : host(controlHost), finalSave(controlHost, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+CMainWindow::CMainWindow(CControlHost& hostIn, CCallLog& callLog, CLanguage& language, const CTheme& theme)
+    : host(hostIn), finalSave(hostIn, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
     pStatus = new CHostStatus(host, theme, this);
     InitWidget(theme);
-    resizeDocks({ pDock }, { g_nJournalWidth }, Qt::Horizontal);
+    resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();
 }
 
@@ -42,8 +43,9 @@ void CMainWindow::SetPanel(QWidget* pWidget)
 {
     pPanelWidget = pWidget;
     pFrameLayout->addWidget(pWidget);
-    if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget))
+    if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
+    }
 }
 
 QWidget* CMainWindow::GetPanel() const
@@ -88,8 +90,9 @@ void CMainWindow::closeEvent(QCloseEvent* event)
 void CMainWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange || !pStatus)
+    if (event->type() != QEvent::LanguageChange || !pStatus) {
         return;
+    }
     pMenu->UpdateText();
     pStatus->UpdateState();
     pStatus->UpdateTrouble();
@@ -99,14 +102,14 @@ void CMainWindow::changeEvent(QEvent* event)
 void CMainWindow::InitWidget(const CTheme& theme)
 {
     setWindowTitle(QStringLiteral("Kestrel"));
-    resize(g_windowSize);
+    resize(sizeWindow);
     pFrame->setStyleSheet(theme.GetPanelSheet());
-    pFrame->setMinimumWidth(g_nPanelLeastWidth);
+    pFrame->setMinimumWidth(nPanelLeastWidth);
     pFrameLayout->setContentsMargins(0, 0, 0, 0);
     setCentralWidget(pFrame);
     setStatusBar(pStatus);
     timerGrace.setSingleShot(true);
-    timerGrace.setInterval(g_nGraceMs);
+    timerGrace.setInterval(nGraceMs);
 }
 
 void CMainWindow::SetConnection()
@@ -127,21 +130,24 @@ void CMainWindow::SetConnection()
 
 void CMainWindow::SelectAll()
 {
-    if (pPanelWidget)
-        QMetaObject::invokeMethod(pPanelWidget, "DealMenuBar", Q_ARG(int, g_nSelectAllId), Q_ARG(QVariant, true));
+    if (pPanelWidget) {
+        QMetaObject::invokeMethod(pPanelWidget, "DealMenuBar", Q_ARG(int, nSelectAllId), Q_ARG(QVariant, true));
+    }
 }
 
 void CMainWindow::UpdateBusy()
 {
     pStatus->UpdateBusy();
-    if (!bClosing)
+    if (!bClosing) {
         return;
-    if (IsJobRunning())
+    }
+    if (IsJobRunning()) {
         timerGrace.start();
-    else if (bUnattended)
+    } else if (bUnattended) {
         unwinding.Begin(); // the job may have opened a box at its end
-    else
+    } else {
         close();
+    }
 }
 
 void CMainWindow::WaitForJobs()
@@ -158,16 +164,19 @@ void CMainWindow::WaitForJobs()
 
 void CMainWindow::RepaintPanel()
 {
-    if (!pPanelWidget)
+    if (!pPanelWidget) {
         return;
+    }
     const QList<QWidget*> listWidget = pPanelWidget->findChildren<QWidget*>();
-    for (QWidget* pWidget : listWidget)
+    for (QWidget* pWidget : listWidget) {
         pWidget->update();
+    }
 }
 
 bool CMainWindow::IsJobRunning() const
 {
-    if (!host.GetRunningJobs().isEmpty())
+    if (!host.GetRunningJobs().isEmpty()) {
         return true;
+    }
     return host.IsBusy() && !bGraceOver;
 }

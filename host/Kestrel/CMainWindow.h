@@ -25,7 +25,7 @@ class CMainWindow : public QMainWindow, public IUIManagement
 
 public:
     /// All arguments must outlive the window.
-    CMainWindow(CControlHost& controlHost, CCallLog& callLog, CLanguage& language, const CTheme& theme);
+    CMainWindow(CControlHost& hostIn, CCallLog& callLog, CLanguage& language, const CTheme& theme);
 
     /// The widget that carries the panel's style sheet.
     QWidget* GetParentWidget() override;

@@ -6,30 +6,32 @@
 #include <QCoreApplication>
 #include <QLibrary>
 
-namespace
-{
-constexpr char g_szSymbol[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
-constexpr char g_szLibrary[] = "libProcessorTreeView.so";
+namespace {
+
+constexpr char szSymbol[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
+constexpr char szLibrary[] = "libProcessorTreeView.so";
 
 QString GetDefaultFile()
 {
-    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(g_szLibrary);
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(szLibrary);
 }
+
 } // namespace
 
 std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
 {
     QLibrary library(strFile.isEmpty() ? GetDefaultFile() : strFile);
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(g_szSymbol));
+    const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(szSymbol));
     if (!pInit) {
-        strError = library.isLoaded() ? QStringLiteral("%1 has no symbol %2").arg(library.fileName(), QLatin1String(g_szSymbol))
+        strError = library.isLoaded() ? QStringLiteral("%1 has no symbol %2").arg(library.fileName(), QLatin1String(szSymbol))
                                       : library.errorString();
         return nullptr;
     }
     ICorvidWidget* pWidget = nullptr;
-    if (pInit(&pWidget, &management) != 1 || !pWidget)
+    if (pInit(&pWidget, &management) != 1 || !pWidget) {
         strError = QStringLiteral("%1 made no panel").arg(library.fileName());
+    }
     return std::unique_ptr<ICorvidWidget>(pWidget);
 }
 

@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
-CSessionEnd::CSessionEnd(CMainWindow& mainWindow, const QStringList& listCommand) : window(mainWindow), listRestart(listCommand)
+CSessionEnd::CSessionEnd(CMainWindow& windowIn, const QStringList& listRestartIn) : window(windowIn), listRestart(listRestartIn)
 {
     // Qt's own answer closes the windows while the user may still cancel, and a job that runs would cancel for him.
     QGuiApplication::setFallbackSessionManagementEnabled(false);

@@ -14,7 +14,7 @@ class CSessionEnd : public QObject
 
 public:
     /// listCommand is what starts the program again in the next session, as it was started in this one.
-    CSessionEnd(CMainWindow& mainWindow, const QStringList& listCommand);
+    CSessionEnd(CMainWindow& windowIn, const QStringList& listRestartIn);
 
 protected:
     /// Of the application: a demand to quit while the window stands has it closed in order first.

@@ -10,7 +10,7 @@ class CSpinner : public QWidget
     Q_OBJECT
 
 public:
-    CSpinner(const QColor& trackColour, const QColor& arcColour, QWidget* parent);
+    CSpinner(const QColor& trackIn, const QColor& arcIn, QWidget* parent);
 
     void SetTurning(bool bTurning);
 

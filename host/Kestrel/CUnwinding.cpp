@@ -5,8 +5,7 @@
 #include <QDrag>
 #include <QThread>
 
-namespace
-{
+namespace {
 
 constexpr int nStepMs = 10; // something that refuses to go must not keep the processor busy
 constexpr int nMainLoop = 1;

@@ -1,15 +1,14 @@
 #include "Kestrel/CUserWatch.h"
 
-#include "CorvidControl/CControlHost.h"
-#include "Kestrel/PanelAccess.h"
+#include "CorvidControl/objects/CControlHost.h"
+#include "Kestrel/player/PanelAccess.h"
 
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
 #include <QWidget>
 
-namespace
-{
+namespace {
 
 constexpr int nLookAgainMs = 100;
 

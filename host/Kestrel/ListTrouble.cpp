@@ -2,8 +2,7 @@
 
 #include <QString>
 
-namespace
-{
+namespace {
 
 // The library's own words, in English.
 constexpr char szUnread[] = "The list was not read, it stays empty. ";

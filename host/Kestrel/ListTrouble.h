@@ -3,8 +3,7 @@
 class QString;
 
 /// Takes apart the line in which the library says why the list was not read or is not being saved.
-namespace ListTrouble
-{
+namespace ListTrouble {
 
 /// False: it was read, but is not being saved.
 bool IsUnread(const QString& strTrouble);

@@ -7,15 +7,16 @@
 #include <csignal>
 #include <cstdio>
 
-namespace
-{
-constexpr int g_nCodeBadOption = 2;
+namespace {
+
+constexpr int nCodeBadOption = 2;
 
 QStringList GetArguments(int argc, char** argv)
 {
     QStringList listArgument;
-    for (int n = 0; n < argc; ++n)
+    for (int n = 0; n < argc; ++n) {
         listArgument.append(QString::fromLocal8Bit(argv[n]));
+    }
     return listArgument;
 }
 
@@ -23,13 +24,15 @@ QStringList GetArguments(int argc, char** argv)
 void Prepare(const SKestrelOptions& options)
 {
     // The screen's own factor only where none is asked for: the two would multiply.
-    if (options.dScale > 0.0)
+    if (options.dScale > 0.0) {
         qputenv("QT_SCALE_FACTOR", QByteArray::number(options.dScale));
-    else
+    } else {
         QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    }
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setApplicationName(QStringLiteral("Kestrel"));
 }
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -39,7 +42,7 @@ int main(int argc, char** argv)
     const CCommandLine commandLine(GetArguments(argc, argv));
     if (!commandLine.GetError().isEmpty()) {
         CKestrel::Complain(commandLine.GetError());
-        return g_nCodeBadOption;
+        return nCodeBadOption;
     }
     if (commandLine.GetOptions().bHelp) {
         std::fputs(qUtf8Printable(CCommandLine::GetHelp()), stdout);

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <atomic>
 
-namespace
-{
+namespace {
+
 /// A small number for the calling thread, the same for its whole life.
 int NumberOfThisThread()
 {
@@ -15,6 +15,7 @@ int NumberOfThisThread()
     thread_local const int nNumber = nNext++;
     return nNumber;
 }
+
 } // namespace
 
 CCallLog::CCallLog(int nCapacity, QObject* parent)
@@ -33,8 +34,9 @@ void CCallLog::Write(EnRecordKind kind, const char* pObject, const QString& strT
         bAnnounce = !bAnnounced;
         bAnnounced = true;
     }
-    if (bAnnounce)
+    if (bAnnounce) {
         emit RecordsWaiting();
+    }
 }
 
 std::vector<SCallRecord> CCallLog::ReadAfter(quint64 nAfter)
@@ -43,8 +45,9 @@ std::vector<SCallRecord> CCallLog::ReadAfter(quint64 nAfter)
     bAnnounced = false;
     const quint64 nKept = std::min<quint64>(nLast, vecRecord.size());
     std::vector<SCallRecord> vecResult;
-    for (quint64 n = std::max(nAfter, nLast - nKept) + 1; n <= nLast; ++n)
+    for (quint64 n = std::max(nAfter, nLast - nKept) + 1; n <= nLast; ++n) {
         vecResult.push_back(vecRecord[n % vecRecord.size()]);
+    }
     return vecResult;
 }
 

@@ -4,14 +4,15 @@
 
 #include <algorithm>
 
-namespace
-{
-constexpr size_t g_nIdsShown = 3;
-constexpr int g_nDigitsShown = 8;
-constexpr int g_nTextShown = 80;
+namespace {
+
+constexpr size_t nIdsShown = 3;
+constexpr int nDigitsShown = 8;
+constexpr int nTextShown = 80;
+
 } // namespace
 
-CCallWriter::CCallWriter(CCallLog& callJournal, const char* pObjectName) : journal(callJournal), pObject(pObjectName) { }
+CCallWriter::CCallWriter(CCallLog& journalIn, const char* pObjectIn) : journal(journalIn), pObject(pObjectIn) { }
 
 void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
 {
@@ -37,22 +38,24 @@ QString CCallWriter::GetText(int nValue)
 
 QString CCallWriter::GetText(const QString& strValue)
 {
-    const bool bLong = strValue.size() > g_nTextShown;
-    return QLatin1Char('"') + (bLong ? strValue.left(g_nTextShown) + QChar(0x2026) : strValue) + QLatin1Char('"');
+    const bool bLong = strValue.size() > nTextShown;
+    return QLatin1Char('"') + (bLong ? strValue.left(nTextShown) + QChar(0x2026) : strValue) + QLatin1Char('"');
 }
 
 QString CCallWriter::GetText(const QUuid& idValue)
 {
-    return idValue.isNull() ? QStringLiteral("null") : idValue.toString(QUuid::WithoutBraces).left(g_nDigitsShown);
+    return idValue.isNull() ? QStringLiteral("null") : idValue.toString(QUuid::WithoutBraces).left(nDigitsShown);
 }
 
 QString CCallWriter::GetText(const std::vector<QUuid>& vecValue)
 {
     QStringList listText;
-    for (size_t n = 0; n < std::min(vecValue.size(), g_nIdsShown); ++n)
+    for (size_t n = 0; n < std::min(vecValue.size(), nIdsShown); ++n) {
         listText.append(GetText(vecValue[n]));
-    if (vecValue.size() > g_nIdsShown)
-        listText.append(QStringLiteral("%1 more").arg(vecValue.size() - g_nIdsShown));
+    }
+    if (vecValue.size() > nIdsShown) {
+        listText.append(QStringLiteral("%1 more").arg(vecValue.size() - nIdsShown));
+    }
     return QLatin1Char('[') + listText.join(QLatin1String(", ")) + QLatin1Char(']');
 }
 

@@ -11,7 +11,7 @@ class CCallWriter
 {
 public:
     /// pObject is a literal: the name of the object in the journal.
-    CCallWriter(CCallLog& callJournal, const char* pObjectName);
+    CCallWriter(CCallLog& journalIn, const char* pObjectIn);
 
     template <typename... Args> void Command(const char* pOperation, const Args&... args) const
     {

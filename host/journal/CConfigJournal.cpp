@@ -1,6 +1,6 @@
 #include "journal/CConfigJournal.h"
 
-CConfigJournal::CConfigJournal(IConfigControl& control, CCallLog& journal) : inner(control), writer(journal, "ConfigControl") { }
+CConfigJournal::CConfigJournal(IConfigControl& innerIn, CCallLog& journal) : inner(innerIn), writer(journal, "ConfigControl") { }
 
 void CConfigJournal::GetReservedIPs(QList<uint>& listIP)
 {

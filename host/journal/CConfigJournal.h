@@ -7,7 +7,7 @@
 class CConfigJournal : public IConfigControl
 {
 public:
-    CConfigJournal(IConfigControl& control, CCallLog& journal);
+    CConfigJournal(IConfigControl& innerIn, CCallLog& journal);
     virtual ~CConfigJournal() = default;
 
     void GetReservedIPs(QList<uint>& listIP) override;

@@ -1,7 +1,7 @@
 #include "journal/CMessageJournal.h"
 
-CMessageJournal::CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pNamer)
-    : writer(journal, pObjectName), pGetName(pNamer)
+CMessageJournal::CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pGetNameIn)
+    : writer(journal, pObjectName), pGetName(pGetNameIn)
 { }
 
 void CMessageJournal::Notify(int nMessage)

@@ -10,7 +10,7 @@ using MessageNamer = QString (*)(int nMessage);
 class CMessageJournal : public CObserver
 {
 public:
-    CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pNamer);
+    CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pGetNameIn);
     virtual ~CMessageJournal() = default;
 
     void Notify(int nMessage) override;

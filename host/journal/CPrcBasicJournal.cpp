@@ -4,8 +4,8 @@
 
 #include <QHostAddress>
 
-CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "PrcBasicControl")
+CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal)
+    : inner(innerIn), writer(journal, "PrcBasicControl")
 { }
 
 void CPrcBasicJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CPrcBasicJournal : public IPrcBasicControl
 {
 public:
-    CPrcBasicJournal(IPrcBasicControl& control, CCallLog& journal);
+    CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal);
     virtual ~CPrcBasicJournal() = default;
 
     void Attach(CObserver* pObserver) override;

@@ -1,21 +1,23 @@
 #include "journal/CPrcListJournal.h"
 
-#include "data/SProcessorAllNode.h"
 #include "journal/CSlowCall.h"
+#include "nodes/SProcessorAllNode.h"
 
-namespace
-{
+namespace {
+
 /// "8 groups, 60 processors"
 QString GetSize(const SProcessorAllNode& node)
 {
     int nProcessors = node.listProcessor.size();
-    for (const SProcessorGroupNode& group : node.listGroup)
+    for (const SProcessorGroupNode& group : node.listGroup) {
         nProcessors += group.listProcessor.size();
+    }
     return QStringLiteral("%1 groups, %2 processors").arg(node.listGroup.size()).arg(nProcessors);
 }
+
 } // namespace
 
-CPrcListJournal::CPrcListJournal(IPrcListControl& control, CCallLog& journal) : inner(control), writer(journal, "PrcListControl")
+CPrcListJournal::CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal) : inner(innerIn), writer(journal, "PrcListControl")
 { }
 
 void CPrcListJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CPrcListJournal : public IPrcListControl
 {
 public:
-    CPrcListJournal(IPrcListControl& control, CCallLog& journal);
+    CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal);
     virtual ~CPrcListJournal() = default;
 
     void Attach(CObserver* pObserver) override;

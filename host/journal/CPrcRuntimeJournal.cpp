@@ -1,7 +1,7 @@
 #include "journal/CPrcRuntimeJournal.h"
 
-CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "PrcRuntimeControl")
+CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& innerIn, CCallLog& journal)
+    : inner(innerIn), writer(journal, "PrcRuntimeControl")
 { }
 
 void CPrcRuntimeJournal::Attach(CObserver* pObserver)

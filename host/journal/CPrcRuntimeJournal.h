@@ -7,7 +7,7 @@
 class CPrcRuntimeJournal : public IPrcRuntimeControl
 {
 public:
-    CPrcRuntimeJournal(IPrcRuntimeControl& control, CCallLog& journal);
+    CPrcRuntimeJournal(IPrcRuntimeControl& innerIn, CCallLog& journal);
     virtual ~CPrcRuntimeJournal() = default;
 
     void Attach(CObserver* pObserver) override;

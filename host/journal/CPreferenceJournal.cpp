@@ -1,7 +1,7 @@
 #include "journal/CPreferenceJournal.h"
 
-CPreferenceJournal::CPreferenceJournal(IPreferenceControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "PreferenceControl")
+CPreferenceJournal::CPreferenceJournal(IPreferenceControl& innerIn, CCallLog& journal)
+    : inner(innerIn), writer(journal, "PreferenceControl")
 { }
 
 void CPreferenceJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CPreferenceJournal : public IPreferenceControl
 {
 public:
-    CPreferenceJournal(IPreferenceControl& control, CCallLog& journal);
+    CPreferenceJournal(IPreferenceControl& innerIn, CCallLog& journal);
     virtual ~CPreferenceJournal() = default;
 
     void Attach(CObserver* pObserver) override;

@@ -2,8 +2,8 @@
 
 #include "interfaces/control/SProjectInfo.h"
 
-CProjectManageJournal::CProjectManageJournal(IProjectManageControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "ProjectManageControl")
+CProjectManageJournal::CProjectManageJournal(IProjectManageControl& innerIn, CCallLog& journal)
+    : inner(innerIn), writer(journal, "ProjectManageControl")
 { }
 
 void CProjectManageJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CProjectManageJournal : public IProjectManageControl
 {
 public:
-    CProjectManageJournal(IProjectManageControl& control, CCallLog& journal);
+    CProjectManageJournal(IProjectManageControl& innerIn, CCallLog& journal);
     virtual ~CProjectManageJournal() = default;
 
     void Attach(CObserver* pObserver) override;

@@ -1,7 +1,7 @@
 #include "journal/CProtocalJournal.h"
 
-CProtocalJournal::CProtocalJournal(IProtocalControl& control, CCallLog& journal)
-    : inner(control), writer(journal, "ProtocalControl")
+CProtocalJournal::CProtocalJournal(IProtocalControl& innerIn, CCallLog& journal)
+    : inner(innerIn), writer(journal, "ProtocalControl")
 { }
 
 void CProtocalJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CProtocalJournal : public IProtocalControl
 {
 public:
-    CProtocalJournal(IProtocalControl& control, CCallLog& journal);
+    CProtocalJournal(IProtocalControl& innerIn, CCallLog& journal);
     virtual ~CProtocalJournal() = default;
 
     void Attach(CObserver* pObserver) override;

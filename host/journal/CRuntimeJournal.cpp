@@ -1,6 +1,6 @@
 #include "journal/CRuntimeJournal.h"
 
-CRuntimeJournal::CRuntimeJournal(IRuntimeControl& control, CCallLog& journal) : inner(control), writer(journal, "RuntimeControl")
+CRuntimeJournal::CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal) : inner(innerIn), writer(journal, "RuntimeControl")
 { }
 
 void CRuntimeJournal::Attach(CObserver* pObserver)

@@ -7,7 +7,7 @@
 class CRuntimeJournal : public IRuntimeControl
 {
 public:
-    CRuntimeJournal(IRuntimeControl& control, CCallLog& journal);
+    CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal);
     virtual ~CRuntimeJournal() = default;
 
     void Attach(CObserver* pObserver) override;

@@ -2,7 +2,7 @@
 
 #include "journal/CCallWriter.h"
 
-CSlowCall::CSlowCall(const CCallWriter& callWriter, const char* pOperationName) : writer(callWriter), pOperation(pOperationName)
+CSlowCall::CSlowCall(const CCallWriter& writerIn, const char* pOperationIn) : writer(writerIn), pOperation(pOperationIn)
 {
     timer.start();
 }

@@ -10,7 +10,7 @@ class CSlowCall
 {
 public:
     /// pOperation is a literal.
-    CSlowCall(const CCallWriter& callWriter, const char* pOperationName);
+    CSlowCall(const CCallWriter& writerIn, const char* pOperationIn);
     ~CSlowCall();
     Q_DISABLE_COPY(CSlowCall)
 

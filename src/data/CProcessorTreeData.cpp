@@ -12,8 +12,8 @@
 #include <cstdlib>
 #include <numeric>
 
-namespace
-{
+namespace {
+
 CProcessorTreeData* pOwnedStore = nullptr;
 
 void DeleteStore()
@@ -63,6 +63,7 @@ template <typename Value> bool ReplaceValue(Value& value, const Value& valueNew)
     value = valueNew;
     return true;
 }
+
 } // namespace
 
 CProcessorTreeData* g_pProcessorTreeData = CreateStore();
@@ -96,7 +97,7 @@ private:
 class CProcessorTreeData::CRefreshLocker
 {
 public:
-    explicit CRefreshLocker(CProcessorTreeData& storeToLock) : store(storeToLock)
+    explicit CRefreshLocker(CProcessorTreeData& storeIn) : store(storeIn)
     {
         store.pLock->lockForWrite();
         store.hWriter = QThread::currentThreadId();
@@ -128,9 +129,8 @@ struct CProcessorTreeData::SChanges
 // A fresh random id in each selection differs from whatever the first reading finds, so that the first
 // refresh is sure to announce the selection.
 CProcessorTreeData::CProcessorTreeData()
-    : pLock(new QReadWriteLock(QReadWriteLock::Recursive)), vecSelectedDiscovered{ QUuid::createUuid() }, vecSelectedSimulator{
-          QUuid::createUuid()
-      }
+    : pLock(new QReadWriteLock(QReadWriteLock::Recursive)), vecSelectedDiscovered{ QUuid::createUuid() },
+      vecSelectedSimulator{ QUuid::createUuid() }
 { }
 
 CProcessorTreeData::~CProcessorTreeData()

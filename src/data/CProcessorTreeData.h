@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/SProcessorAllNode.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QObject>
 

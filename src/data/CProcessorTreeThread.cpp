@@ -12,26 +12,26 @@
 
 #include <QThread>
 
-namespace
-{
-constexpr unsigned MESSAGE_MAX = 59;
-constexpr int MESSAGE_TOOL_BAR = 59;
+namespace {
+
+constexpr unsigned nMaxMessage = 59;
+constexpr int nToolBarMessage = 59;
 
 /// Bit n stands for message n.
-constexpr quint64 QUEUE_SET = 0x86000010000C682;  // 1, 7, 9, 10, 14, 15, 32, 53, 54, 59
-constexpr quint64 REFRESH_SET = 0x6000010000C682; // the same without 59
+constexpr quint64 nQueueSet = 0x86000010000C682;  // 1, 7, 9, 10, 14, 15, 32, 53, 54, 59
+constexpr quint64 nRefreshSet = 0x6000010000C682; // the same without 59
 
 /// Pause between two messages of a burst, in milliseconds.
-constexpr unsigned long PACING = 10;
+constexpr unsigned long nPacingMs = 10;
 
 bool IsIn(quint64 nSet, int nMessage)
 {
-    return static_cast<unsigned>(nMessage) <= MESSAGE_MAX && ((nSet >> nMessage) & 1U) != 0;
+    return static_cast<unsigned>(nMessage) <= nMaxMessage && ((nSet >> nMessage) & 1U) != 0;
 }
 
 bool IsWanted(int nMessage)
 {
-    return IsIn(QUEUE_SET, nMessage); // 0 is in no set
+    return IsIn(nQueueSet, nMessage); // 0 is in no set
 }
 
 template <typename Call> void ForEachSubject(Call fnCall)
@@ -44,6 +44,7 @@ template <typename Call> void ForEachSubject(Call fnCall)
     fnCall(g_pProtocalControl);
     fnCall(g_pPreferenceControl);
 }
+
 } // namespace
 
 CProcessorTreeThread::CProcessorTreeThread(QObject* parent) : CBaseThread(parent)
@@ -78,7 +79,7 @@ void CProcessorTreeThread::ThreadStart()
         }
         Deal(GetFrontType());
         if (RemoveFront() > 0) {
-            QThread::msleep(PACING);
+            QThread::msleep(nPacingMs);
             continue;
         }
         bIdle = true;
@@ -88,9 +89,9 @@ void CProcessorTreeThread::ThreadStart()
 
 void CProcessorTreeThread::Deal(int nMessage)
 {
-    if (nMessage == MESSAGE_TOOL_BAR) {
+    if (nMessage == nToolBarMessage) {
         emit UpdateToolBar();
-    } else if (IsIn(REFRESH_SET, nMessage)) {
+    } else if (IsIn(nRefreshSet, nMessage)) {
         g_pProcessorTreeData->Refresh();
     }
 }

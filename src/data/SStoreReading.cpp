@@ -10,8 +10,8 @@
 
 #include <QDateTime>
 
-namespace
-{
+namespace {
+
 SProjectInfo MakeProjectInfo()
 {
     static const QUuid idNone;
@@ -27,6 +27,7 @@ SProjectInfo MakeProjectInfo()
     info.nSecond = now.time().second();
     return info;
 }
+
 } // namespace
 
 SStoreReading SStoreReading::Take()

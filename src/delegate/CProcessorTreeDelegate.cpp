@@ -1,7 +1,6 @@
 #include "delegate/CProcessorTreeDelegate.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
 #include "delegate/EditorGeometry.h"
 #include "delegate/NameRule.h"
 #include "delegate/RowData.h"
@@ -10,21 +9,23 @@
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegExpValidator>
 
-namespace
-{
+namespace {
 
 bool EndsEditing(const QEvent* event)
 {
-    if (event->type() == QEvent::FocusOut)
+    if (event->type() == QEvent::FocusOut) {
         return true;
-    if (event->type() != QEvent::KeyPress)
+    }
+    if (event->type() != QEvent::KeyPress) {
         return false;
+    }
     const int nKey = static_cast<const QKeyEvent*>(event)->key();
     return nKey == Qt::Key_Return || nKey == Qt::Key_Enter;
 }
@@ -39,11 +40,12 @@ CProcessorTreeDelegate::CProcessorTreeDelegate(QObject* parent) : QStyledItemDel
 CProcessorTreeDelegate::~CProcessorTreeDelegate() = default;
 
 // Goes round QStyledItemDelegate's filter on purpose: Tab, Backtab and Escape are not for the delegate.
-bool CProcessorTreeDelegate::eventFilter(QObject* object, QEvent* event)
+bool CProcessorTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* pEditor = qobject_cast<QLineEdit*>(object);
-    if (!pEditor || !EndsEditing(event))
-        return QObject::eventFilter(object, event); // NOLINT(bugprone-parent-virtual-call)
+    auto* pEditor = qobject_cast<QLineEdit*>(watched);
+    if (!pEditor || !EndsEditing(event)) {
+        return QObject::eventFilter(watched, event); // NOLINT(bugprone-parent-virtual-call)
+    }
     emit commitData(pEditor);
     emit closeEditor(pEditor, QAbstractItemDelegate::NoHint);
     return true;
@@ -52,8 +54,9 @@ bool CProcessorTreeDelegate::eventFilter(QObject* object, QEvent* event)
 void CProcessorTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const QVariant type = index.data(RoleNodeType);
-    if (!type.isValid())
+    if (!type.isValid()) {
         return;
+    }
     painter->save();
     switch (type.toInt()) {
     case NodeAll:
@@ -77,8 +80,9 @@ void CProcessorTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
 QWidget* CProcessorTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
     const int nType = index.data(RoleNodeType).toInt();
-    if (nType != NodeGroup && nType != NodeProcessor)
+    if (nType != NodeGroup && nType != NodeProcessor) {
         return nullptr;
+    }
     RowData::Write(index, true, RoleFirstEdit);
     return new QLineEdit(parent);
 }
@@ -86,8 +90,9 @@ QWidget* CProcessorTreeDelegate::createEditor(QWidget* parent, const QStyleOptio
 void CProcessorTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     auto* pEditor = qobject_cast<QLineEdit*>(editor);
-    if (!pEditor)
+    if (!pEditor) {
         return;
+    }
     const QString strName = g_pProcessorTreeData->GetNodeName(RowData::NodeId(index));
     // The view calls again when the row is painted for the first time. The same text set again would only end
     // the selection, and what is typed would follow the old name instead of replacing it.
@@ -103,22 +108,25 @@ void CProcessorTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& i
 void CProcessorTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
 {
     const auto* pEditor = qobject_cast<QLineEdit*>(editor);
-    if (!pEditor || pEditor->text().isEmpty())
+    if (!pEditor || pEditor->text().isEmpty()) {
         return;
+    }
     const int nType = index.data(RoleNodeType).toInt();
     const QUuid id = RowData::NodeId(index);
-    if (nType == NodeGroup)
+    if (nType == NodeGroup) {
         g_pPrcListControl->RenameGroup(id, pEditor->text());
-    else if (nType == NodeProcessor)
+    } else if (nType == NodeProcessor) {
         g_pPrcBasicControl->RenameProcessor(id, pEditor->text());
+    }
 }
 
 void CProcessorTreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                                   const QModelIndex& index) const
 {
     const QRect rcEditor = EditorRect(index.data(RoleNodeType).toInt(), option.rect);
-    if (!editor || rcEditor.isNull())
+    if (!editor || rcEditor.isNull()) {
         return;
+    }
     editor->setGeometry(rcEditor);
     editor->setFixedSize(rcEditor.size());
     editor->resize(rcEditor.size());
@@ -126,8 +134,9 @@ void CProcessorTreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleO
 
 void CProcessorTreeDelegate::DealTextChange(QLineEdit* pEditor, QModelIndex)
 {
-    if (!pEditor)
+    if (!pEditor) {
         return;
+    }
     const QString strText = pEditor->text();
     const int nPosition = pEditor->cursorPosition();
     if (NameRule::FitsLimit(strText)) {

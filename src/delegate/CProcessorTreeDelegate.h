@@ -21,7 +21,7 @@ public:
 
     /// Return, Enter and a loss of the focus commit a name and close its editor. Escape, Tab and all
     /// other keys get no special treatment.
-    bool eventFilter(QObject* object, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     /// Writes RoleNodeItem and RoleToolTip into the item, so an item may announce a change while its row
     /// is painted; a value that is there already announces nothing.

@@ -16,8 +16,7 @@
 #include <QSvgRenderer>
 #include <QTextOption>
 
-namespace
-{
+namespace {
 
 void SetRowFont(QPainter* painter)
 {
@@ -28,12 +27,13 @@ void SetRowFont(QPainter* painter)
 
 void SetTextPen(QPainter* painter, QStyle::State state)
 {
-    if (state & QStyle::State_Selected)
+    if (state & QStyle::State_Selected) {
         painter->setPen(QColor(RowLook::rgbTextSelected));
-    else if (state & QStyle::State_MouseOver)
+    } else if (state & QStyle::State_MouseOver) {
         painter->setPen(QColor(RowLook::rgbTextHover));
-    else
+    } else {
         painter->setPen(QColor(RowLook::rgbText));
+    }
 }
 
 QRadialGradient GlowGradient(const QPointF& ptMiddle)
@@ -64,13 +64,16 @@ void DrawIcon(QPainter* painter, QSvgRenderer& renderer, const QString& strPath,
 void DrawMarks(QPainter* painter, const SProcessorRowGeometry& geometry, const SProcessorNode& node, bool bChief)
 {
     QSvgRenderer renderer;
-    if (node.bOnline)
+    if (node.bOnline) {
         DrawGlow(painter, geometry);
+    }
     DrawIcon(painter, renderer, RowLook::IconDot(node.bOnline), geometry.rcDot);
-    if (node.bOnline && node.nFailover != 0 && !node.strProject.isEmpty())
+    if (node.bOnline && node.nFailover != 0 && !node.strProject.isEmpty()) {
         DrawIcon(painter, renderer, RowLook::IconFailover(node.nFailover == 1), geometry.rcFailover);
-    if (bChief)
+    }
+    if (bChief) {
         DrawIcon(painter, renderer, RowLook::IconChief(), geometry.rcChief);
+    }
 }
 
 void PublishMarks(const QModelIndex& index, const SProcessorRowGeometry& geometry, const SProcessorNode& node, bool bChief)
@@ -87,14 +90,16 @@ void PublishMarks(const QModelIndex& index, const SProcessorRowGeometry& geometr
 // A text that fits leaves an older one in the item, on purpose.
 void PublishShortened(const QModelIndex& index, const QString& strText, const QString& strElided)
 {
-    if (strElided != strText)
+    if (strElided != strText) {
         RowData::Write(index, strText, RoleToolTip);
+    }
 }
 
 QString GroupText(const SProcessorGroupNode& group)
 {
-    if (group.listProcessor.isEmpty())
+    if (group.listProcessor.isEmpty()) {
         return group.strName;
+    }
     return group.strName + QStringLiteral("(%1)").arg(group.listProcessor.size());
 }
 
@@ -132,8 +137,9 @@ QStringList OfflineLines(const SProcessorNode& node)
 
 void DrawLines(QPainter* painter, const SInfoRowGeometry& geometry, const QStringList& listLine)
 {
-    for (int i = 0; i < listLine.size(); ++i)
+    for (int i = 0; i < listLine.size(); ++i) {
         painter->drawText(geometry.arrLine.at(static_cast<size_t>(i)), listLine.at(i), QTextOption());
+    }
 }
 
 } // namespace
@@ -146,11 +152,13 @@ QString CProcessorTreeDelegate::GetElidedText(const QString& strText, int nWidth
 void CProcessorTreeDelegate::PaintProcessor(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const QUuid id = RowData::NodeId(index);
-    if (id.isNull())
+    if (id.isNull()) {
         return;
+    }
     const SProcessorNode node = g_pProcessorTreeData->GetProcessor(id);
-    if (node.idNode != id)
+    if (node.idNode != id) {
         return;
+    }
     const bool bChief = g_pProcessorTreeData->IsChiefMode() && node.nChief == 1;
     const SProcessorRowGeometry geometry(option.rect, node, bChief);
 
@@ -174,8 +182,9 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
     } else {
         const QUuid id = RowData::NodeId(index);
         const SProcessorGroupNode group = g_pProcessorTreeData->GetGroup(id);
-        if (group.idNode != id)
+        if (group.idNode != id) {
             return;
+        }
         strText = GroupText(group);
         bChief = ShowsChief(group);
     }
@@ -196,8 +205,9 @@ void CProcessorTreeDelegate::PaintInfo(QPainter* painter, const QStyleOptionView
 {
     const QUuid id = RowData::NodeId(index);
     const SProcessorNode node = g_pProcessorTreeData->GetProcessor(id);
-    if (node.idNode != id)
+    if (node.idNode != id) {
         return;
+    }
     const SInfoRowGeometry geometry(option.rect);
 
     SetRowFont(painter);

@@ -1,9 +1,8 @@
 #include "delegate/EditorGeometry.h"
 
-#include "data/EnNodeType.h"
+#include "nodes/EnNodeType.h"
 
-namespace
-{
+namespace {
 
 constexpr int nBelowTop = 23; // from the first to the last line of pixels
 

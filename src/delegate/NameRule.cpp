@@ -1,7 +1,6 @@
 #include "delegate/NameRule.h"
 
-namespace NameRule
-{
+namespace NameRule {
 
 QRegExp Characters()
 {

@@ -5,8 +5,7 @@
 
 /// What the user may type as the name of a group or a processor. Names that came from elsewhere are
 /// shown whatever they hold.
-namespace NameRule
-{
+namespace NameRule {
 
 constexpr int nMaxBytes = 64; ///< of UTF-8
 

@@ -4,8 +4,7 @@
 
 #include <QAbstractItemModel>
 
-namespace RowData
-{
+namespace RowData {
 
 QUuid NodeId(const QModelIndex& index)
 {
@@ -14,8 +13,9 @@ QUuid NodeId(const QModelIndex& index)
 
 void Write(const QModelIndex& index, const QVariant& value, int nRole)
 {
-    if (auto* pModel = const_cast<QAbstractItemModel*>(index.model()))
+    if (auto* pModel = const_cast<QAbstractItemModel*>(index.model())) {
         pModel->setData(index, value, nRole);
+    }
 }
 
 } // namespace RowData

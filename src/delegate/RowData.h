@@ -5,8 +5,7 @@
 #include <QVariant>
 
 /// What the delegate reads from a row and writes into it.
-namespace RowData
-{
+namespace RowData {
 
 /// The id of the row's node; null when there is none, or none that can be read.
 QUuid NodeId(const QModelIndex& index);

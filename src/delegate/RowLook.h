@@ -5,8 +5,7 @@
 
 /// The fixed look of what stands on the rows. It follows neither palette nor theme: there is one form,
 /// made for a dark ground.
-namespace RowLook
-{
+namespace RowLook {
 
 constexpr int nFontPixels = 12;
 
@@ -41,8 +40,9 @@ inline QString IconChief()
 /// A group with a Chief keeps its icon when it is selected.
 inline QString IconGroup(bool bHasChief, bool bSelected)
 {
-    if (bHasChief)
+    if (bHasChief) {
         return QStringLiteral(":/image/treeView/groupNode/group_hasChief.svg");
+    }
     return bSelected ? QStringLiteral(":/image/treeView/groupNode/group_selected.svg")
                      : QStringLiteral(":/image/treeView/groupNode/group_normal.svg");
 }

@@ -1,7 +1,6 @@
 #include "delegate/SGroupRowGeometry.h"
 
-namespace
-{
+namespace {
 
 constexpr int nIconSize = 16;
 constexpr int nTextHeight = 16;

@@ -1,7 +1,6 @@
 #include "delegate/SInfoRowGeometry.h"
 
-namespace
-{
+namespace {
 
 constexpr int nFirstLine = 5;
 constexpr int nLineStep = 22;

@@ -1,9 +1,8 @@
 #include "delegate/SProcessorRowGeometry.h"
 
-#include "data/SProcessorNode.h"
+#include "nodes/SProcessorNode.h"
 
-namespace
-{
+namespace {
 
 constexpr int nDotSize = 7;
 constexpr int nGlowMargin = 4;
@@ -28,8 +27,9 @@ QRectF GlowRect(const QRectF& rcDot)
 QRectF FailoverRect(const QRect& rcRow, const SProcessorNode& node)
 {
     const int nTop = (rcRow.bottom() - rcRow.top() - 13) / 2 + rcRow.top();
-    if (node.nFailover == 0 || node.strProject.isEmpty())
+    if (node.nFailover == 0 || node.strProject.isEmpty()) {
         return { qreal(rcRow.right()), qreal(nTop), 0, qreal(nMarkSize) };
+    }
     return { qreal(rcRow.right() - nFirstSlot), qreal(nTop), qreal(nMarkSize), qreal(nMarkSize) };
 }
 

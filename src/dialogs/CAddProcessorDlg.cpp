@@ -11,8 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace
-{
+namespace {
+
 constexpr int nDialogWidth = 247;
 constexpr int nDialogMargin = 16;
 constexpr int nFieldHeight = 24;
@@ -25,10 +25,12 @@ QList<quint32> GetTakenIPs()
     g_pConfigControl->GetReservedIPs(listIP);
     std::vector<quint32> vecIP;
     g_pPrcListControl->GetProcessorIPs(vecIP);
-    for (quint32 nIP : vecIP)
+    for (quint32 nIP : vecIP) {
         listIP.append(nIP);
+    }
     return listIP;
 }
+
 } // namespace
 
 CAddProcessorDlg::CAddProcessorDlg(QWidget* parent) : CBaseDialog(parent, tr("Add a processor"), false, ButtonsOkCancel)

@@ -11,8 +11,8 @@
 #include <QGridLayout>
 #include <QLabel>
 
-namespace
-{
+namespace {
+
 constexpr int nDialogWidth = 248;
 constexpr int nDialogMargin = 16;
 constexpr int nGridRowSpacing = 8;
@@ -43,6 +43,7 @@ bool HasFixedOutput(int nType)
 {
     return nType == 41 || nType == 22;
 }
+
 } // namespace
 
 CAddSimulatorDlg::CAddSimulatorDlg(QWidget* parent) : CBaseDialog(parent, tr("Add simulators"), false, ButtonsOkCancel)
@@ -74,8 +75,9 @@ int CAddSimulatorDlg::GetOutput() const
 
 void CAddSimulatorDlg::InitWidget()
 {
-    for (int nIndex = 0; nIndex < nLabels; ++nIndex)
+    for (int nIndex = 0; nIndex < nLabels; ++nIndex) {
         mapLabel.insert(nIndex, new QLabel(GetLabelText(nIndex), this));
+    }
     pComboType = new CComboBox(this);
     pSpinCount = new CDoubleSpinBox(this);
     pComboOutput = new CComboBox(this);
@@ -98,8 +100,9 @@ void CAddSimulatorDlg::InitTypeMenu()
 {
     auto* pMenu = new CMenu(this);
     pMenu->setWindowFlag(Qt::NoDropShadowWindowHint, true);
-    for (int nType : std::as_const(listType))
+    for (int nType : std::as_const(listType)) {
         AddEntry(pMenu, g_pPrcBasicControl->GetTypeName(nType), nType);
+    }
     pComboType->SetMenu(pMenu, true);
     pComboType->SetCurrentByID(nDefaultType, false);
 }
@@ -107,8 +110,9 @@ void CAddSimulatorDlg::InitTypeMenu()
 void CAddSimulatorDlg::InitOutputMenu()
 {
     auto* pMenu = new CMenu(this);
-    for (int nOutput : { Output1G, Output5G, Output10G })
+    for (int nOutput : { Output1G, Output5G, Output10G }) {
         AddEntry(pMenu, GetOutputText(nOutput), nOutput);
+    }
     pComboOutput->SetMenu(pMenu, true);
     pComboOutput->SetCurrentByID(Output10G, false);
     pComboOutput->SetActionVisible(Output1G, false);
@@ -140,8 +144,9 @@ void CAddSimulatorDlg::SetConnection()
 
 void CAddSimulatorDlg::UpdateText()
 {
-    for (int nIndex = 0; nIndex < nLabels; ++nIndex)
+    for (int nIndex = 0; nIndex < nLabels; ++nIndex) {
         mapLabel.value(nIndex)->setText(GetLabelText(nIndex));
+    }
 }
 
 void CAddSimulatorDlg::DealTypeChanged()
@@ -153,8 +158,9 @@ void CAddSimulatorDlg::DealTypeChanged()
         return;
     }
     pComboOutput->SetActionVisible(Output1G, false);
-    if (GetOutput() == Output1G)
+    if (GetOutput() == Output1G) {
         pComboOutput->SetCurrentByID(Output10G, false);
+    }
     pComboOutput->setEnabled(true);
 }
 

@@ -11,21 +11,25 @@ SAddressScan::SAddressScan(quint32 nStart)
 quint32 SAddressScan::GetAddress() const
 {
     quint32 nIP = 0;
-    for (int nPlace : arrPlace)
+    for (int nPlace : arrPlace) {
         nIP = (nIP << 8) | quint32(nPlace);
+    }
     return nIP;
 }
 
 bool SAddressScan::Next()
 {
     int i = nPlaces - 1;
-    while (i >= 0 && arrPlace[i] >= nHighest)
+    while (i >= 0 && arrPlace[i] >= nHighest) {
         --i;
-    if (i < 0)
+    }
+    if (i < 0) {
         return false;
+    }
     ++arrPlace[i];
-    while (++i < nPlaces)
+    while (++i < nPlaces) {
         arrPlace[i] = 0;
+    }
     return true;
 }
 

@@ -1,18 +1,18 @@
 #include "model/CProcessorItem.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QSize>
 
 #include <algorithm>
 
-namespace
-{
+namespace {
+
 // A width of 0 leaves the width to the view.
-constexpr QSize SIZE_ROW(0, 32);
-constexpr QSize SIZE_INFO(0, 92);
+constexpr QSize sizeRow(0, 32);
+constexpr QSize sizeInfo(0, 92);
 
 CProcessorItem* NewItem(EnNodeType nType, const QUuid& id)
 {
@@ -20,12 +20,13 @@ CProcessorItem* NewItem(EnNodeType nType, const QUuid& id)
     pItem->SetNodeId(id);
     return pItem;
 }
+
 } // namespace
 
 CProcessorItem::CProcessorItem(int nType)
 {
     setData(nType, RoleNodeType);
-    setData(SIZE_ROW, Qt::SizeHintRole);
+    setData(sizeRow, Qt::SizeHintRole);
 }
 
 CProcessorItem::~CProcessorItem() = default;
@@ -92,6 +93,6 @@ void CProcessorItem::BuildInfo()
 {
     auto* pItem = new CProcessorItem(NodeInfo);
     pItem->setData(idNode, RoleNodeId);
-    pItem->setData(SIZE_INFO, Qt::SizeHintRole);
+    pItem->setData(sizeInfo, Qt::SizeHintRole);
     setChild(0, 0, pItem);
 }

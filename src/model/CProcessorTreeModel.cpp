@@ -1,20 +1,21 @@
 #include "model/CProcessorTreeModel.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "model/CProcessorItem.h"
 #include "model/EnItemRole.h"
 #include "model/SRowKey.h"
+#include "nodes/EnNodeType.h"
 #include "tree/CProcessorTree.h"
 
-namespace
-{
+namespace {
+
 bool Matches(SProcessorNode node, const QString& strText)
 {
     return node.MatchText(strText);
 }
+
 } // namespace
 
 CProcessorTreeModel::CProcessorTreeModel(CProcessorTree* parent)

@@ -1,18 +1,18 @@
 #include "shell/CAddCommands.h"
 
-#include "data/SProcessorGroupNode.h"
 #include "dialogs/CAddProcessorDlg.h"
 #include "dialogs/CAddSimulatorDlg.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
+#include "nodes/SProcessorGroupNode.h"
 #include "shell/CProcessorTreeView.h"
 
 #include <thread>
 
-namespace
-{
+namespace {
+
 /// Runs a dialog that lives on the stack. When its parent is destroyed meanwhile, which would delete its
 /// children, the dialog leaves it in time and counts as rejected.
 int Run(QDialog& dlg)
@@ -23,9 +23,10 @@ int Run(QDialog& dlg)
     });
     return dlg.exec();
 }
+
 } // namespace
 
-CAddCommands::CAddCommands(CProcessorTreeView* pPanel) : pView(pPanel) { }
+CAddCommands::CAddCommands(CProcessorTreeView* pViewIn) : pView(pViewIn) { }
 
 void CAddCommands::AddGroup()
 {
@@ -43,8 +44,9 @@ void CAddCommands::AddGroup()
 void CAddCommands::AddSimulators()
 {
     CAddSimulatorDlg dlg(pView);
-    if (Run(dlg) != QDialog::Accepted)
+    if (Run(dlg) != QDialog::Accepted) {
         return;
+    }
     SSimulatorRequest request;
     request.nCount = dlg.GetCount();
     request.nOutput = dlg.GetOutput();
@@ -55,8 +57,9 @@ void CAddCommands::AddSimulators()
 void CAddCommands::AddProcessor()
 {
     CAddProcessorDlg dlg(pView);
-    if (Run(dlg) != QDialog::Accepted)
+    if (Run(dlg) != QDialog::Accepted) {
         return;
+    }
     const QHostAddress address = dlg.GetIP();
     g_pRuntimeControl->SetBusy(true);
     std::thread([pPanel = pView, address] {

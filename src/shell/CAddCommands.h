@@ -8,7 +8,7 @@ class CAddCommands
 {
 public:
     /// pPanel is the parent of all dialogs and emits NodeSelectChanged(); not owned.
-    explicit CAddCommands(CProcessorTreeView* pPanel);
+    explicit CAddCommands(CProcessorTreeView* pViewIn);
 
     /// Adds an empty group under the library's next number and selects it.
     void AddGroup();

@@ -1,18 +1,18 @@
 #include "shell/CListFileCommands.h"
 
-#include "data/SProcessorAllNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CMessageBox.h"
+#include "nodes/SProcessorAllNode.h"
 #include "shell/CProcessorTreeView.h"
 
 #include <QFileDialog>
 #include <QtConcurrent>
 
-namespace
-{
+namespace {
+
 const char szNameFilter[] = "*.kvtl";
 const char szProposedName[] = "New.kvtl";
 
@@ -30,25 +30,29 @@ QFileDialog* CreateFileDialog(QWidget* pParent)
 {
     return new QFileDialog(pParent, QString(), QString(), QString());
 }
+
 } // namespace
 
-CListFileCommands::CListFileCommands(CProcessorTreeView* pPanel) : pView(pPanel) { }
+CListFileCommands::CListFileCommands(CProcessorTreeView* pViewIn) : pView(pViewIn) { }
 
 void CListFileCommands::Import()
 {
-    if (!ConfirmOverwrite())
+    if (!ConfirmOverwrite()) {
         return;
+    }
     QFileDialog* pDialog = CreateFileDialog(pView);
     pDialog->setWindowTitle(CProcessorTreeView::tr("Import..."));
     pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
     const QString strPath = ChooseFile(pDialog);
-    if (strPath.isEmpty())
+    if (strPath.isEmpty()) {
         return;
+    }
     const int nResult = g_pPrcListControl->ImportList(strPath);
-    if (nResult == ResultSuccess)
+    if (nResult == ResultSuccess) {
         StartImportJob();
-    else
+    } else {
         TellImportFailed(nResult);
+    }
 }
 
 void CListFileCommands::Export()
@@ -59,10 +63,12 @@ void CListFileCommands::Export()
     pDialog->selectFile(QString::fromLatin1(szProposedName));
     pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
     const QString strPath = ChooseFile(pDialog);
-    if (strPath.isEmpty())
+    if (strPath.isEmpty()) {
         return;
-    if (g_pPrcListControl->ExportList(strPath, 0) == ResultSuccess)
+    }
+    if (g_pPrcListControl->ExportList(strPath, 0) == ResultSuccess) {
         Tell(CProcessorTreeView::tr("Export"), CProcessorTreeView::tr("Export sucessfully."));
+    }
 }
 
 void CListFileCommands::TellImportFinished()
@@ -75,8 +81,9 @@ bool CListFileCommands::ConfirmOverwrite()
 {
     SProcessorAllNode node;
     g_pPrcListControl->GetDiscoveredTree(node);
-    if (node.listGroup.size() + node.listProcessor.size() == 0)
+    if (node.listGroup.size() + node.listProcessor.size() == 0) {
         return true;
+    }
     return CMessageBox::question(pView, CProcessorTreeView::tr("Overwrite confirmation"),
                                  CProcessorTreeView::tr("This operation will overwrite the processor list.\nContinue?"),
                                  CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonNo)
@@ -88,8 +95,9 @@ bool CListFileCommands::ConfirmOverwrite()
 QString CListFileCommands::ChooseFile(QPointer<QFileDialog> pDialog)
 {
     const bool bAccepted = pDialog->exec() == QDialog::Accepted;
-    if (!pDialog)
+    if (!pDialog) {
         return {};
+    }
     const QString strPath = bAccepted ? pDialog->selectedFiles().value(0) : QString();
     pDialog->deleteLater();
     return strPath;

@@ -13,7 +13,7 @@ class CListFileCommands
 {
 public:
     /// pPanel is the parent of all dialogs and emits ImportFinished(); not owned.
-    explicit CListFileCommands(CProcessorTreeView* pPanel);
+    explicit CListFileCommands(CProcessorTreeView* pViewIn);
 
     /// Asks before a list that holds anything is overwritten. After a success the scan runs on a thread
     /// of the pool, busy, and nothing waits for it.

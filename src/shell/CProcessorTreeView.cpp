@@ -26,8 +26,8 @@
 #include <QToolButton>
 #include <QtConcurrent>
 
-namespace
-{
+namespace {
+
 enum EnPane
 {
     PaneDiscovered = 0, ///< index of its tree in the stacked layout
@@ -55,6 +55,7 @@ void InitIconButton(QToolButton* pButton, const QString& strIcon, int nIconSize)
     pButton->setFixedSize(nIconButtonSize, nIconButtonSize);
     pButton->setIconSize(QSize(nIconSize, nIconSize));
 }
+
 } // namespace
 
 CProcessorTreeView::CProcessorTreeView(QWidget* parent) : QWidget(parent, Qt::WindowFlags())
@@ -86,8 +87,9 @@ void CProcessorTreeView::paintEvent(QPaintEvent*)
 // Without the base's share, on purpose.
 void CProcessorTreeView::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         UpdateText();
+    }
 }
 
 QWidget* CProcessorTreeView::GetWidgetAlias1()
@@ -102,15 +104,17 @@ QWidget* CProcessorTreeView::GetWidgetAlias2()
 
 void CProcessorTreeView::UpdateWidget()
 {
-    if (bRefreshing)
+    if (bRefreshing) {
         return;
+    }
     pRefreshButton->setEnabled(g_pProcessorTreeData->IsRefreshEnabled());
     GetCurrentTree()->RefreshTree();
     pToolBar->UpdateToolBarState();
     // Keeps a rebuilt tree filtered.
     const QString strSearch = pSearchBox ? pSearchBox->GetText() : QString();
-    if (!strSearch.isEmpty())
+    if (!strSearch.isEmpty()) {
         GetCurrentTree()->SetSearchText(strSearch);
+    }
 }
 
 QWidget* CProcessorTreeView::GetWidget()
@@ -266,8 +270,9 @@ void CProcessorTreeView::ConnectWidgets()
 {
     const auto switchOn = [this](int nPane) {
         return [this, nPane](bool bChecked) {
-            if (bChecked)
+            if (bChecked) {
                 SwitchPane(nPane);
+            }
         };
     };
     connect(pDiscoveredTab, &QPushButton::toggled, this, switchOn(PaneDiscovered));
@@ -349,8 +354,9 @@ void CProcessorTreeView::CloseSearch()
 
 void CProcessorTreeView::StartRefresh()
 {
-    if (bRefreshing)
+    if (bRefreshing) {
         return;
+    }
     bRefreshing = true;
     pRefreshButton->blockSignals(true);
     g_pRuntimeControl->SetBusy(true);
@@ -375,10 +381,11 @@ void CProcessorTreeView::FinishRefresh()
 
 void CProcessorTreeView::Add()
 {
-    if (g_pProcessorTreeData->IsSimulatorPane())
+    if (g_pProcessorTreeData->IsSimulatorPane()) {
         CAddCommands(this).AddSimulators();
-    else
+    } else {
         CAddCommands(this).AddProcessor();
+    }
 }
 
 // Goes on also when the user has declined, and without waiting for the deletion.
@@ -386,8 +393,9 @@ void CProcessorTreeView::DeleteNodes()
 {
     const QPointer<CProcessorTreeView> pAlive = this; // the host may end the panel under the open question
     GetCurrentTree()->DeleteNode(true);
-    if (!pAlive)
+    if (!pAlive) {
         return;
+    }
     UpdateWidget();
     emit NodeSelectChanged();
 }

@@ -5,8 +5,9 @@
 
 int CProcessorTreeView_Init(ICorvidWidget** ppWidget, IUIManagement* pUIManagement)
 {
-    if (!ppWidget)
+    if (!ppWidget) {
         return 0;
+    }
     *ppWidget = new CProcessorTreeView(pUIManagement->GetParentWidget());
     return 1;
 }

@@ -10,8 +10,9 @@ void SaveList()
 {
     constexpr int nWorthless = 1;
     const QString strPath = g_pConfigControl->GetListFilePath();
-    if (g_pPrcListControl->ExportList(strPath, 0) != nWorthless)
+    if (g_pPrcListControl->ExportList(strPath, 0) != nWorthless) {
         return;
+    }
     QFile::setPermissions(strPath, QFileDevice::ReadOther | QFileDevice::WriteOther);
     QFile::remove(strPath);
 }

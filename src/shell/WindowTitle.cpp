@@ -7,8 +7,9 @@ QMainWindow* GetMainWindow()
 {
     const QWidgetList listWidget = QApplication::topLevelWidgets();
     for (QWidget* pWidget : listWidget) {
-        if (auto* pMainWindow = qobject_cast<QMainWindow*>(pWidget))
+        if (auto* pMainWindow = qobject_cast<QMainWindow*>(pWidget)) {
             return pMainWindow;
+        }
     }
     return nullptr;
 }
@@ -16,8 +17,9 @@ QMainWindow* GetMainWindow()
 void SetMainWindowTitle(const QString& strProject)
 {
     QMainWindow* pMainWindow = GetMainWindow();
-    if (!pMainWindow)
+    if (!pMainWindow) {
         return;
+    }
     const QString strApplication = QStringLiteral("Kestrel");
     pMainWindow->setWindowTitle(strProject.isEmpty() ? strApplication : strProject + QStringLiteral(" - ") + strApplication);
 }

@@ -1,11 +1,11 @@
 #include "toolbar/CProcessorTreeToolBar.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/SProcessorAllNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CIconButton.h"
 #include "interfaces/widgets/CMenu.h"
+#include "nodes/SProcessorAllNode.h"
 #include "toolbar/SToolBarState.h"
 
 #include <QAction>
@@ -15,8 +15,8 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
+
 constexpr int nStripHeight = 32;
 constexpr int nStripMargin = 2;
 constexpr int nButtonSpacing = 4;
@@ -24,6 +24,7 @@ constexpr int nButtonSize = 28;
 
 const char szImportDisabledIcon[] = ":/image/projectManage/importProject/importProjectDisable.svg";
 const char szExportDisabledIcon[] = ":/image/projectManage/exportProject/exportProjectDisable.svg";
+
 } // namespace
 
 CProcessorTreeToolBar::CProcessorTreeToolBar(QWidget* parent) : QLabel(parent)
@@ -61,8 +62,9 @@ void CProcessorTreeToolBar::UpdateToolBarState()
 void CProcessorTreeToolBar::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         UpdateText();
+    }
 }
 
 void CProcessorTreeToolBar::InitWidget()
@@ -151,10 +153,12 @@ void CProcessorTreeToolBar::Send(int id, QWidget* pClicked)
 // Knows nothing of the pane, on purpose: the next UpdateToolBarState() mends the tip of Add.
 void CProcessorTreeToolBar::UpdateText()
 {
-    for (auto it = mapButton.cbegin(); it != mapButton.cend(); ++it)
+    for (auto it = mapButton.cbegin(); it != mapButton.cend(); ++it) {
         it.value()->setToolTip(GetToolTip(it.key()));
-    for (auto it = mapAction.cbegin(); it != mapAction.cend(); ++it)
+    }
+    for (auto it = mapAction.cbegin(); it != mapAction.cend(); ++it) {
         it.value()->setText(GetToolTip(it.key()));
+    }
 }
 
 // The icon of an action has one form only, so its enabled state picks none by itself.
@@ -166,10 +170,12 @@ void CProcessorTreeToolBar::UpdateActionIcon(int id, const QString& strDisabledI
 
 bool CProcessorTreeToolBar::IsDeleteEnabled(const std::vector<QUuid>& vecId, bool bLocked) const
 {
-    if (vecId.empty())
+    if (vecId.empty()) {
         return false;
-    if (vecId.size() == 1)
+    }
+    if (vecId.size() == 1) {
         return !vecId.front().isNull() && !bLocked && !g_pRuntimeControl->IsDeleteBlocked(vecId.front());
+    }
     const bool bInUse
         = std::any_of(vecId.cbegin(), vecId.cend(), [](const QUuid& id) { return g_pRuntimeControl->IsNodeInUse(id); });
     return !bInUse && !bLocked;

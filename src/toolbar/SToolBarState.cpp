@@ -1,9 +1,9 @@
 #include "toolbar/SToolBarState.h"
 
-#include "data/SProcessorAllNode.h"
+#include "nodes/SProcessorAllNode.h"
 
-namespace
-{
+namespace {
+
 constexpr int nMaxGroups = 256;
 constexpr int nMaxProcessors = 256;
 constexpr int nMaxSimulators = 2;
@@ -11,10 +11,12 @@ constexpr int nMaxSimulators = 2;
 int CountProcessors(const SProcessorAllNode& tree)
 {
     int nProcessors = tree.listProcessor.size();
-    for (const SProcessorGroupNode& group : tree.listGroup)
+    for (const SProcessorGroupNode& group : tree.listGroup) {
         nProcessors += group.listProcessor.size();
+    }
     return nProcessors;
 }
+
 } // namespace
 
 SToolBarState SToolBarState::Compute(const SProcessorAllNode& tree, bool bSimulator, bool bLocked)

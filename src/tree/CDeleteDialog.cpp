@@ -6,8 +6,7 @@
 
 #include <QPointer>
 
-namespace
-{
+namespace {
 
 const char* const szGroupAndProcessorsIcon = ":/image/treeView/deleteGroup/delete.svg";
 const char* const szGroupOnlyIcon = ":/image/treeView/deleteGroup/deleteGroup.svg";
@@ -20,7 +19,7 @@ enum EnOption
 
 } // namespace
 
-CDeleteDialog::CDeleteDialog(QWidget* pParentWidget) : pParent(pParentWidget) { }
+CDeleteDialog::CDeleteDialog(QWidget* pParentIn) : pParent(pParentIn) { }
 
 bool CDeleteDialog::Ask(EnDeleteQuestion question, bool& bWithProcessors)
 {

@@ -6,7 +6,7 @@
 
 #include <thread>
 
-CDeleteJob::CDeleteJob(const SDeletePlan& planToRun) : plan(planToRun) { }
+CDeleteJob::CDeleteJob(const SDeletePlan& planIn) : plan(planIn) { }
 
 void CDeleteJob::Start(const SDeletePlan& plan)
 {

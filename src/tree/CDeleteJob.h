@@ -7,7 +7,7 @@
 class CDeleteJob
 {
 public:
-    explicit CDeleteJob(const SDeletePlan& planToRun);
+    explicit CDeleteJob(const SDeletePlan& planIn);
 
     /// Runs the job on a thread of its own that nobody waits for.
     static void Start(const SDeletePlan& plan);

@@ -6,8 +6,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 const int nMargin = 6;
 const qreal fOpacity = 0.5;

@@ -1,11 +1,11 @@
 #include "tree/CNodeWalk.h"
 
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QTreeView>
 
-CNodeWalk::CNodeWalk(const QTreeView& treeView) : tree(treeView) { }
+CNodeWalk::CNodeWalk(const QTreeView& treeIn) : tree(treeIn) { }
 
 QModelIndex CNodeWalk::AboveSelection(const QModelIndex& indexRoot) const
 {

@@ -10,7 +10,7 @@ class QTreeView;
 class CNodeWalk
 {
 public:
-    explicit CNodeWalk(const QTreeView& treeView);
+    explicit CNodeWalk(const QTreeView& treeIn);
 
     /// The node just above the first selected one under indexRoot; indexRoot when that is the first, the
     /// last node when none is selected.

@@ -1,14 +1,14 @@
 #include "tree/CProcessorTree.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
-#include "data/SProcessorAllNode.h"
 #include "delegate/CProcessorTreeDelegate.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CScrollBar.h"
 #include "model/CProcessorTreeModel.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
+#include "nodes/SProcessorAllNode.h"
 #include "tree/CNodeWalk.h"
 #include "tree/CSelectionAnchor.h"
 #include "tree/EnTreeAction.h"
@@ -21,8 +21,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
-namespace
-{
+namespace {
 
 const int nIndentation = 15;
 const int nScrollInterval = 500; // ms
@@ -137,22 +136,22 @@ void CProcessorTree::UpdateScrollBars()
     pVerticalBar->setVisible(verticalScrollBar()->minimum() != verticalScrollBar()->maximum());
 }
 
-void CProcessorTree::resizeEvent(QResizeEvent* pEvent)
+void CProcessorTree::resizeEvent(QResizeEvent* event)
 {
-    QTreeView::resizeEvent(pEvent);
+    QTreeView::resizeEvent(event);
     UpdateScrollBars();
 }
 
-void CProcessorTree::showEvent(QShowEvent* pEvent)
+void CProcessorTree::showEvent(QShowEvent* event)
 {
-    QTreeView::showEvent(pEvent);
+    QTreeView::showEvent(event);
     UpdateScrollBars();
 }
 
-void CProcessorTree::changeEvent(QEvent* pEvent)
+void CProcessorTree::changeEvent(QEvent* event)
 {
-    QFrame::changeEvent(pEvent);
-    if (pEvent->type() == QEvent::LanguageChange) {
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
         UpdateText();
     }
 }

@@ -58,25 +58,25 @@ public:
 
 protected slots:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
-    void verticalScrollbarValueChanged(int nValue) override;
-    void closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint) override;
+    void verticalScrollbarValueChanged(int value) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 protected:
-    bool event(QEvent* pEvent) override;
-    void mousePressEvent(QMouseEvent* pEvent) override;
-    void mouseReleaseEvent(QMouseEvent* pEvent) override;
-    void mouseMoveEvent(QMouseEvent* pEvent) override;
-    void wheelEvent(QWheelEvent* pEvent) override;
-    void keyPressEvent(QKeyEvent* pEvent) override;
-    void leaveEvent(QEvent* pEvent) override;
-    void resizeEvent(QResizeEvent* pEvent) override;
-    void contextMenuEvent(QContextMenuEvent* pEvent) override;
-    void dragEnterEvent(QDragEnterEvent* pEvent) override;
-    void dragMoveEvent(QDragMoveEvent* pEvent) override;
-    void dropEvent(QDropEvent* pEvent) override;
-    void showEvent(QShowEvent* pEvent) override;
-    void changeEvent(QEvent* pEvent) override;
-    void drawRow(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    bool event(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const override;
 
     /// Runs a command of the menu; nAction is an EnTreeAction, any other number does nothing.
     void DealAction(int nAction);

@@ -3,14 +3,14 @@
 #include "tree/CProcessorTree.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
-#include "data/SProcessorGroupNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/CProcessorTreeModel.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
+#include "nodes/SProcessorGroupNode.h"
 #include "tree/CDeleteDialog.h"
 #include "tree/CDeleteJob.h"
 #include "tree/CNodeWalk.h"
@@ -26,8 +26,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 const int nMenuMinimumWidth = 180;
 
@@ -44,9 +43,9 @@ bool IsGroup(const QModelIndex& index)
 
 } // namespace
 
-void CProcessorTree::contextMenuEvent(QContextMenuEvent* pEvent)
+void CProcessorTree::contextMenuEvent(QContextMenuEvent* event)
 {
-    const QModelIndex index = indexAt(pEvent->pos());
+    const QModelIndex index = indexAt(event->pos());
     const QModelIndexList listSelected = selectedIndexes();
     if (!index.isValid() || !listSelected.contains(index) || !HasMenu(index)) {
         return;
@@ -58,7 +57,7 @@ void CProcessorTree::contextMenuEvent(QContextMenuEvent* pEvent)
     menu.setMinimumWidth(nMenuMinimumWidth);
     CTreeMenu filler(mapAction, [this](const SProcessorGroupNode& group) { MoveToGroup(group); });
     filler.Fill(&menu, index, listSelected.size());
-    menu.exec(mapToGlobal(pEvent->pos()));
+    menu.exec(mapToGlobal(event->pos()));
 }
 
 void CProcessorTree::DealAction(int nAction)
@@ -84,30 +83,30 @@ void CProcessorTree::DealAction(int nAction)
     }
 }
 
-void CProcessorTree::keyPressEvent(QKeyEvent* pEvent)
+void CProcessorTree::keyPressEvent(QKeyEvent* event)
 {
-    switch (pEvent->key()) {
+    switch (event->key()) {
     case Qt::Key_Delete:
-        DealDeleteKey(pEvent);
+        DealDeleteKey(event);
         break;
     case Qt::Key_F2:
         DealAction(ActionRename);
-        QTreeView::keyPressEvent(pEvent);
+        QTreeView::keyPressEvent(event);
         break;
     case Qt::Key_Left:
     case Qt::Key_Up:
     case Qt::Key_Right:
     case Qt::Key_Down:
-        DealArrowKey(pEvent);
+        DealArrowKey(event);
         break;
     case Qt::Key_Home:
     case Qt::Key_End:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-        DealMoveKey(pEvent);
+        DealMoveKey(event);
         break;
     default:
-        QTreeView::keyPressEvent(pEvent);
+        QTreeView::keyPressEvent(event);
         break;
     }
 }
@@ -254,17 +253,17 @@ void CProcessorTree::Rename()
     }
 }
 
-void CProcessorTree::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)
+void CProcessorTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     const QUuid id = currentIndex().data(RoleNodeId).toUuid();
     if (!id.isNull()) {
         selectionModel()->select(pModel->GetIndexById(id), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
     bSuppressSelection = false;
-    if (pRenameEditor == pEditor) {
+    if (pRenameEditor == editor) {
         ForgetEditor();
     }
-    QTreeView::closeEditor(pEditor, hint);
+    QTreeView::closeEditor(editor, hint);
 }
 
 // Before the rows go. Closed by the base class alone, on purpose: neither the text nor a selection is sent.

@@ -2,9 +2,9 @@
 
 #include "tree/CProcessorTree.h"
 
-#include "data/EnNodeType.h"
 #include "interfaces/widgets/CToolTip.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 #include "tree/CDragImage.h"
 #include "tree/CRowPainter.h"
 #include "tree/CRowToolTip.h"
@@ -23,8 +23,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 const int nDragDistance = 7;
 const int nToolTipDelay = 40; // ms
@@ -49,23 +48,23 @@ bool MayBeMoved(const QModelIndexList& listRow)
 
 } // namespace
 
-void CProcessorTree::mousePressEvent(QMouseEvent* pEvent)
+void CProcessorTree::mousePressEvent(QMouseEvent* event)
 {
-    const QModelIndex index = indexAt(pEvent->pos());
+    const QModelIndex index = indexAt(event->pos());
     if (!index.isValid()) {
-        pEvent->accept();
+        event->accept();
         return;
     }
     if (index.data(RoleNodeType).toInt() == NodeInfo) {
         return;
     }
-    PressRow(pEvent, index);
-    if (!(pEvent->buttons() & Qt::LeftButton)) {
+    PressRow(event, index);
+    if (!(event->buttons() & Qt::LeftButton)) {
         return;
     }
-    if (IsOnSelection(pEvent->pos())) {
+    if (IsOnSelection(event->pos())) {
         bDragArmed = true;
-        ptPress = pEvent->pos();
+        ptPress = event->pos();
     }
     viewport()->update();
 }
@@ -95,27 +94,27 @@ bool CProcessorTree::IsOnSelection(const QPoint& pos) const
 }
 
 // Never the base class's: there is neither a rubber band nor selection by sweeping.
-void CProcessorTree::mouseMoveEvent(QMouseEvent* pEvent)
+void CProcessorTree::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointer<CProcessorTree> pSelf(this);
-    if ((pEvent->buttons() & Qt::LeftButton) && bDragArmed && IsDragDistance(pEvent->pos() - ptPress)) {
-        StartDrag(pEvent->pos());
+    if ((event->buttons() & Qt::LeftButton) && bDragArmed && IsDragDistance(event->pos() - ptPress)) {
+        StartDrag(event->pos());
     }
     if (pSelf) {
-        UpdateHover(pEvent);
+        UpdateHover(event);
     }
 }
 
-void CProcessorTree::mouseReleaseEvent(QMouseEvent* pEvent)
+void CProcessorTree::mouseReleaseEvent(QMouseEvent* event)
 {
     bDragArmed = false;
     if (pDrag) {
         pDrag->setPixmap(QPixmap());
     }
-    if (indexAt(pEvent->pos()).isValid()) {
-        QTreeView::mouseReleaseEvent(pEvent);
+    if (indexAt(event->pos()).isValid()) {
+        QTreeView::mouseReleaseEvent(event);
     } else {
-        pEvent->accept();
+        event->accept();
     }
 }
 
@@ -150,30 +149,30 @@ void CProcessorTree::RunDrag()
     }
 }
 
-void CProcessorTree::dragEnterEvent(QDragEnterEvent* pEvent)
+void CProcessorTree::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (SDragPayload::IsIn(pEvent->mimeData())) {
-        pEvent->setAccepted(SDragPayload::FromMime(pEvent->mimeData()).bAllow);
+    if (SDragPayload::IsIn(event->mimeData())) {
+        event->setAccepted(SDragPayload::FromMime(event->mimeData()).bAllow);
     } else {
-        pEvent->ignore();
+        event->ignore();
     }
 }
 
-void CProcessorTree::dragMoveEvent(QDragMoveEvent* pEvent)
+void CProcessorTree::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (!SDragPayload::IsIn(pEvent->mimeData())) {
-        pEvent->ignore();
+    if (!SDragPayload::IsIn(event->mimeData())) {
+        event->ignore();
         return;
     }
-    if (!SDragPayload::FromMime(pEvent->mimeData()).bAllow) {
+    if (!SDragPayload::FromMime(event->mimeData()).bAllow) {
         return;
     }
-    pEvent->setDropAction(Qt::MoveAction);
+    event->setDropAction(Qt::MoveAction);
     UpdateHover(nullptr);
-    const SScrollBands bands(size(), pEvent->pos());
+    const SScrollBands bands(size(), event->pos());
     bScrollUp = bands.bUp;
     bScrollDown = bands.bDown;
-    pEvent->accept();
+    event->accept();
 }
 
 // Asks the view's own bar, which this tree keeps out of sight, on purpose.
@@ -187,34 +186,34 @@ void CProcessorTree::ScrollWhileDragging()
     viewport()->update();
 }
 
-void CProcessorTree::wheelEvent(QWheelEvent* pEvent)
+void CProcessorTree::wheelEvent(QWheelEvent* event)
 {
     if (bDragging) {
-        pEvent->accept();
+        event->accept();
     } else {
-        QAbstractScrollArea::wheelEvent(pEvent);
+        QAbstractScrollArea::wheelEvent(event);
     }
 }
 
-void CProcessorTree::dropEvent(QDropEvent* pEvent)
+void CProcessorTree::dropEvent(QDropEvent* event)
 {
     pScrollTimer->stop();
     setCursor(QCursor(Qt::ArrowCursor));
-    pEvent->setDropAction(Qt::MoveAction);
+    event->setDropAction(Qt::MoveAction);
     if (pDrag) { // null for a drag that another tree has started
         pDrag->setPixmap(QPixmap());
     }
-    if (!SDragPayload::IsIn(pEvent->mimeData()) || !SDragPayload::FromMime(pEvent->mimeData()).bAllow) {
+    if (!SDragPayload::IsIn(event->mimeData()) || !SDragPayload::FromMime(event->mimeData()).bAllow) {
         return;
     }
-    const SDropTarget target = SDropTarget::ForRow(indexAt(pEvent->pos()));
+    const SDropTarget target = SDropTarget::ForRow(indexAt(event->pos()));
     if (target.indexGroup.isValid()) {
         expand(target.indexGroup);
     }
     if (target.bValid) {
         MoveProcessors(SNodeSelection::GetProcessorIds(selectedIndexes()), target.idGroup);
     }
-    pEvent->accept();
+    event->accept();
 }
 
 QPoint CProcessorTree::GetMousePosition() const
@@ -231,31 +230,31 @@ void CProcessorTree::UpdateHover(QMouseEvent* pEvent)
     viewport()->update();
 }
 
-void CProcessorTree::leaveEvent(QEvent* pEvent)
+void CProcessorTree::leaveEvent(QEvent* event)
 {
-    QWidget::leaveEvent(pEvent);
+    QWidget::leaveEvent(event);
     indexHover = QModelIndex();
     bHover = false;
     viewport()->update();
 }
 
-void CProcessorTree::verticalScrollbarValueChanged(int nValue)
+void CProcessorTree::verticalScrollbarValueChanged(int value)
 {
     UpdateHover(nullptr);
-    QTreeView::verticalScrollbarValueChanged(nValue);
+    QTreeView::verticalScrollbarValueChanged(value);
 }
 
 // A tip comes when the toolkit asks for it; one that is up follows the mouse.
-bool CProcessorTree::event(QEvent* pEvent)
+bool CProcessorTree::event(QEvent* event)
 {
-    if (pEvent->type() == QEvent::HoverMove && CToolTip::IsVisible()) {
+    if (event->type() == QEvent::HoverMove && CToolTip::IsVisible()) {
         UpdateToolTip(true);
-    } else if (pEvent->type() == QEvent::ToolTip) {
+    } else if (event->type() == QEvent::ToolTip) {
         UpdateToolTip(false);
-    } else if (pEvent->type() == QEvent::KeyRelease) {
-        NoteRelease(static_cast<QKeyEvent*>(pEvent));
+    } else if (event->type() == QEvent::KeyRelease) {
+        NoteRelease(static_cast<QKeyEvent*>(event));
     }
-    return QTreeView::event(pEvent);
+    return QTreeView::event(event);
 }
 
 void CProcessorTree::UpdateToolTip(bool bDelay)
@@ -271,20 +270,20 @@ void CProcessorTree::UpdateToolTip(bool bDelay)
     }
 }
 
-void CProcessorTree::drawRow(QPainter* pPainter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void CProcessorTree::drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const
 {
     if (!index.isValid() || !index.internalPointer()) {
         return;
     }
-    pPainter->save();
+    painter->save();
     const int nType = index.data(RoleNodeType).toInt();
     if (IsNode(nType)) {
-        DrawNodeShape(pPainter, option.rect, index, nType);
+        DrawNodeShape(painter, options.rect, index, nType);
     } else if (nType == NodeInfo) {
-        DrawInfoShape(pPainter, option.rect, index.parent());
+        DrawInfoShape(painter, options.rect, index.parent());
     }
-    pPainter->restore();
-    QTreeView::drawRow(pPainter, option, index);
+    painter->restore();
+    QTreeView::drawRow(painter, options, index);
 }
 
 void CProcessorTree::DrawNodeShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& index, int nType) const

@@ -4,8 +4,7 @@
 
 #include <QPainter>
 
-namespace
-{
+namespace {
 
 const QColor colorSelected(0x5F, 0x64, 0x6D);
 const QColor colorHovered(0x42, 0x46, 0x4D);
@@ -15,7 +14,7 @@ const QColor colorSelectedCard(0x2F, 0x32, 0x37);
 
 } // namespace
 
-CRowPainter::CRowPainter(QPainter& painterOfRow) : painter(painterOfRow)
+CRowPainter::CRowPainter(QPainter& painterIn) : painter(painterIn)
 {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);

@@ -16,7 +16,7 @@ public:
         Selected,
     };
 
-    explicit CRowPainter(QPainter& painterOfRow);
+    explicit CRowPainter(QPainter& painterIn);
 
     void PaintNode(const QRect& rcRow, EnRowMark mark);
     void PaintCard(const QRect& rcRow, EnCard card);

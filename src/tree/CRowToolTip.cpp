@@ -1,12 +1,11 @@
 #include "tree/CRowToolTip.h"
 
-#include "data/EnNodeType.h"
 #include "delegate/SPrcNodeItem.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 #include "tree/CProcessorTree.h"
 
-namespace
-{
+namespace {
 
 // Only the corners are rounded, so that the mark's area is the pixels that it covers.
 bool IsIn(const QRectF& rc, const QPoint& pos)

@@ -1,7 +1,7 @@
 #include "tree/CSelectionAnchor.h"
 
-#include "data/EnNodeType.h"
 #include "model/CProcessorTreeModel.h"
+#include "nodes/EnNodeType.h"
 
 #include <QSignalBlocker>
 #include <QTreeView>

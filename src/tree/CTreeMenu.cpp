@@ -1,19 +1,18 @@
 #include "tree/CTreeMenu.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
-#include "data/SProcessorAllNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
+#include "nodes/SProcessorAllNode.h"
 #include "tree/DeleteBlock.h"
 #include "tree/EnTreeAction.h"
 
 #include <QAction>
 
-namespace
-{
+namespace {
 
 const int nSubMenuMinimumWidth = 100;
 
@@ -25,8 +24,8 @@ QString EntryText(QString strName)
 
 } // namespace
 
-CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActions, FnMoveToGroup fnMove)
-    : mapAction(mapActions), fnMoveToGroup(std::move(fnMove))
+CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMoveToGroupIn)
+    : mapAction(mapActionIn), fnMoveToGroup(std::move(fnMoveToGroupIn))
 { }
 
 void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected)

@@ -18,7 +18,7 @@ public:
     using FnMoveToGroup = std::function<void(const SProcessorGroupNode&)>;
 
     /// mapActions by EnTreeAction. fnMove must bear being called for as long as the menu lives.
-    CTreeMenu(const QMap<int, QAction*>& mapActions, FnMoveToGroup fnMove);
+    CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMoveToGroupIn);
 
     /// Adds the entries for the clicked row, a group or a processor, with nSelected rows selected.
     void Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected);

@@ -7,8 +7,7 @@
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 // Both questions are asked for every id, on purpose.
 bool IsActiveAndInUse(const QUuid& id)

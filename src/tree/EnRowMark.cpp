@@ -1,6 +1,6 @@
 #include "tree/EnRowMark.h"
 
-#include "data/EnNodeType.h"
+#include "nodes/EnNodeType.h"
 
 EnRowMark RowMark(int nType, bool bSelected, bool bHot, bool bDragging)
 {

@@ -1,9 +1,9 @@
 #include "tree/SDeletePlan.h"
 
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
+#include "nodes/EnNodeType.h"
 
 SDeletePlan SDeletePlan::ForNodes(const std::vector<QUuid>& vecId)
 {

@@ -4,8 +4,7 @@
 #include <QIODevice>
 #include <QMimeData>
 
-namespace
-{
+namespace {
 
 const char* const szFormat = "PROCESSOR DATA";
 

@@ -1,7 +1,7 @@
 #include "tree/SDropTarget.h"
 
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 SDropTarget SDropTarget::ForRow(const QModelIndex& indexRow)
 {

@@ -1,15 +1,14 @@
 #include "tree/SNodeSelection.h"
 
-#include "data/EnNodeType.h"
-#include "data/SProcessorAllNode.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QSet>
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 int TypeOf(const QModelIndex& index)
 {

@@ -1,7 +1,6 @@
 #include "tree/SOverlayBars.h"
 
-namespace
-{
+namespace {
 
 const int nMinimumEdge = 10;
 

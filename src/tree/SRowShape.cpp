@@ -1,7 +1,6 @@
 #include "tree/SRowShape.h"
 
-namespace
-{
+namespace {
 
 const int nRightMargin = 6;
 const qreal fRadius = 5;

@@ -4,14 +4,15 @@
 #include <QTimer>
 #include <QtTest>
 
-namespace
-{
+namespace {
+
 void ClickPart(QWidget* pDialog, const QString& strName)
 {
     auto* pPart = pDialog->findChild<QWidget*>(strName);
     QVERIFY2(pPart, qPrintable(strName));
     QTest::mouseClick(pPart, Qt::LeftButton);
 }
+
 } // namespace
 
 void AnswerNext(QObject* pContext, const std::function<void(QWidget*)>& fnAnswer)

@@ -9,108 +9,98 @@ class CMenuTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        pWindow = std::make_unique<QWidget>();
+        pMenu = new CMenu(pWindow.get());
+        for (const char* szText : { "Alpha", "Beta", "Gamma" }) {
+            pMenu->addAction(QLatin1String(szText));
+        }
+        pWindow->show();
+        QVERIFY(QTest::qWaitForWindowExposed(pWindow.get()));
+    }
 
-    void menuIsAtLeastAsWideAsAskedFor_data();
-    void menuIsAtLeastAsWideAsAskedFor();
-    void minimumWidthCountsAfterTheFirstOpening();
-    void openMenuMarksItsControlWidget();
-    void markMovesWithTheControlWidgetAndEndsWithTheMenu();
-    void controlWidgetMayDieFirst();
+    void cleanup()
+    {
+        pWindow.reset();
+    }
+
+    void menuIsAtLeastAsWideAsAskedFor_data()
+    {
+        QTest::addColumn<int>("nAsked");
+        QTest::addColumn<bool>("bExact");
+        QTest::newRow("wider than its entries") << 180 << true;
+        QTest::newRow("narrower than its entries") << 10 << false;
+    }
+
+    void menuIsAtLeastAsWideAsAskedFor()
+    {
+        QFETCH(int, nAsked);
+        QFETCH(bool, bExact);
+        pMenu->setMinimumWidth(nAsked);
+        pMenu->popup(QPoint(10, 10));
+        QCOMPARE(pMenu->minimumWidth(), nAsked);
+        QCOMPARE(pMenu->width() == nAsked, bExact);
+        QVERIFY(pMenu->width() > pMenu->fontMetrics().horizontalAdvance(QStringLiteral("Gamma")));
+        const QRect rcEntry = pMenu->actionGeometry(pMenu->actions().first());
+        QVERIFY(rcEntry.width() > pMenu->width() - 10 && rcEntry.width() <= pMenu->width());
+    }
+
+    void minimumWidthCountsAfterTheFirstOpening()
+    {
+        pMenu->popup(QPoint(10, 10));
+        pMenu->close();
+        pMenu->setMinimumWidth(222);
+        pMenu->popup(QPoint(10, 10));
+        QCOMPARE(pMenu->width(), 222);
+        QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() > 200);
+        pMenu->close();
+        pMenu->setMinimumWidth(10);
+        pMenu->popup(QPoint(10, 10));
+        QVERIFY(pMenu->width() < 222);
+        QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() <= pMenu->width());
+    }
+
+    void openMenuMarksItsControlWidget()
+    {
+        QPushButton button(pWindow.get());
+        pMenu->SetControlWidget(&button);
+        QVERIFY(!button.property("MenuOpen").toBool());
+        pMenu->popup(QPoint(10, 10));
+        QVERIFY(button.property("MenuOpen").toBool());
+        pMenu->close();
+        QVERIFY(!button.property("MenuOpen").toBool());
+    }
+
+    void markMovesWithTheControlWidgetAndEndsWithTheMenu()
+    {
+        QPushButton first(pWindow.get());
+        QPushButton second(pWindow.get());
+        auto pOwn = std::make_unique<CMenu>(nullptr);
+        pOwn->addAction(QStringLiteral("entry"));
+        pOwn->SetControlWidget(&first);
+        pOwn->popup(QPoint(10, 10));
+        pOwn->SetControlWidget(&second);
+        QVERIFY(!first.property("MenuOpen").toBool());
+        QVERIFY(second.property("MenuOpen").toBool());
+        pOwn.reset();
+        QVERIFY(!second.property("MenuOpen").toBool());
+    }
+
+    void controlWidgetMayDieFirst()
+    {
+        auto pButton = std::make_unique<QPushButton>();
+        pMenu->SetControlWidget(pButton.get());
+        pMenu->popup(QPoint(10, 10));
+        pButton.reset();
+        pMenu->close();
+        QVERIFY(!pMenu->isVisible());
+    }
 
 private:
     std::unique_ptr<QWidget> pWindow;
     CMenu* pMenu = nullptr;
 };
-
-void CMenuTest::init()
-{
-    pWindow = std::make_unique<QWidget>();
-    pMenu = new CMenu(pWindow.get());
-    for (const char* szText : { "Alpha", "Beta", "Gamma" }) {
-        pMenu->addAction(QLatin1String(szText));
-    }
-    pWindow->show();
-    QVERIFY(QTest::qWaitForWindowExposed(pWindow.get()));
-}
-
-void CMenuTest::cleanup()
-{
-    pWindow.reset();
-}
-
-void CMenuTest::menuIsAtLeastAsWideAsAskedFor_data()
-{
-    QTest::addColumn<int>("nAsked");
-    QTest::addColumn<bool>("bExact");
-    QTest::newRow("wider than its entries") << 180 << true;
-    QTest::newRow("narrower than its entries") << 10 << false;
-}
-
-void CMenuTest::menuIsAtLeastAsWideAsAskedFor()
-{
-    QFETCH(int, nAsked);
-    QFETCH(bool, bExact);
-    pMenu->setMinimumWidth(nAsked);
-    pMenu->popup(QPoint(10, 10));
-    QCOMPARE(pMenu->minimumWidth(), nAsked);
-    QCOMPARE(pMenu->width() == nAsked, bExact);
-    QVERIFY(pMenu->width() > pMenu->fontMetrics().horizontalAdvance(QStringLiteral("Gamma")));
-    const QRect rcEntry = pMenu->actionGeometry(pMenu->actions().first());
-    QVERIFY(rcEntry.width() > pMenu->width() - 10 && rcEntry.width() <= pMenu->width());
-}
-
-void CMenuTest::minimumWidthCountsAfterTheFirstOpening()
-{
-    pMenu->popup(QPoint(10, 10));
-    pMenu->close();
-    pMenu->setMinimumWidth(222);
-    pMenu->popup(QPoint(10, 10));
-    QCOMPARE(pMenu->width(), 222);
-    QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() > 200);
-    pMenu->close();
-    pMenu->setMinimumWidth(10);
-    pMenu->popup(QPoint(10, 10));
-    QVERIFY(pMenu->width() < 222);
-    QVERIFY(pMenu->actionGeometry(pMenu->actions().first()).width() <= pMenu->width());
-}
-
-void CMenuTest::openMenuMarksItsControlWidget()
-{
-    QPushButton button(pWindow.get());
-    pMenu->SetControlWidget(&button);
-    QVERIFY(!button.property("MenuOpen").toBool());
-    pMenu->popup(QPoint(10, 10));
-    QVERIFY(button.property("MenuOpen").toBool());
-    pMenu->close();
-    QVERIFY(!button.property("MenuOpen").toBool());
-}
-
-void CMenuTest::markMovesWithTheControlWidgetAndEndsWithTheMenu()
-{
-    QPushButton first(pWindow.get());
-    QPushButton second(pWindow.get());
-    auto pOwn = std::make_unique<CMenu>(nullptr);
-    pOwn->addAction(QStringLiteral("entry"));
-    pOwn->SetControlWidget(&first);
-    pOwn->popup(QPoint(10, 10));
-    pOwn->SetControlWidget(&second);
-    QVERIFY(!first.property("MenuOpen").toBool());
-    QVERIFY(second.property("MenuOpen").toBool());
-    pOwn.reset();
-    QVERIFY(!second.property("MenuOpen").toBool());
-}
-
-void CMenuTest::controlWidgetMayDieFirst()
-{
-    auto pButton = std::make_unique<QPushButton>();
-    pMenu->SetControlWidget(pButton.get());
-    pMenu->popup(QPoint(10, 10));
-    pButton.reset();
-    pMenu->close();
-    QVERIFY(!pMenu->isVisible());
-}
 
 PTV_TEST_MAIN(CMenuTest)
 #include "tst_menu.moc"

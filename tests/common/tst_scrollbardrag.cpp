@@ -5,8 +5,7 @@
 #include <QTreeWidget>
 #include <QWindow>
 
-namespace
-{
+namespace {
 
 constexpr QSize sizeView(200, 300);
 constexpr QRect rcBar(194, 1, 5, 299);
@@ -137,15 +136,97 @@ private slots:
         pView.reset();
     }
 
-    void viewIsAskedAboutADragThatEntersByTheBar();
-    void viewIsAskedAboutEachMoveOverTheBar();
-    void dropOnTheBarIsADropOnTheRowUnderIt();
-    void viewsActionIsTheAnswer();
-    void eachEnterHasItsLeave();
-    void barThatGoesUnderADragLeavesTheView();
-    void viewMayRefuseADragOverTheBar();
-    void viewWithoutDropsIsNotAsked();
-    void barOfNoViewTakesNoDrag();
+    void viewIsAskedAboutADragThatEntersByTheBar()
+    {
+        CDragHand hand(*pView);
+        QVERIFY(hand.Enter(ptBar));
+        QCOMPARE(pView->TakeLog(), QStringList{ At("enter", ptBar) });
+        hand.Leave();
+    }
+
+    void viewIsAskedAboutEachMoveOverTheBar()
+    {
+        CDragHand hand(*pView);
+        hand.Enter(ptBar);
+        pView->TakeLog();
+        QVERIFY(hand.Move(ptBar));
+        QVERIFY(hand.Move(ptBar + QPoint(1, 7)));
+        QCOMPARE(pView->TakeLog(), QStringList({ At("move", ptBar), At("move", ptBar + QPoint(1, 7)) }));
+        hand.Leave();
+    }
+
+    void dropOnTheBarIsADropOnTheRowUnderIt()
+    {
+        CDragHand hand(*pView);
+        hand.Enter(ptBar);
+        pView->TakeLog();
+        QVERIFY(hand.Drop(ptBar));
+        QCOMPARE(pView->TakeLog(), QStringList{ At("drop rows", ptBar) });
+    }
+
+    void viewsActionIsTheAnswer()
+    {
+        CDragHand hand(*pView);
+        hand.Enter(ptBar);
+        QCOMPARE(hand.action, Qt::LinkAction);
+        hand.Move(ptBar);
+        QCOMPARE(hand.action, Qt::LinkAction);
+        hand.Drop(ptBar);
+        QCOMPARE(hand.action, Qt::LinkAction);
+    }
+
+    void eachEnterHasItsLeave()
+    {
+        CDragHand hand(*pView);
+        hand.Enter(ptBesideBar);
+        for (const QPoint& pt : { ptBar, ptBesideBar, ptBar }) {
+            hand.Move(pt);
+        }
+        hand.Leave();
+        QCOMPARE(pView->TakeLog().filter(QRegularExpression("enter|leave")),
+                 QStringList({ At("enter", ptBesideBar), "leave", At("enter", ptBar), "leave", At("enter", ptBesideBar), "leave",
+                               At("enter", ptBar), "leave" }));
+    }
+
+    void barThatGoesUnderADragLeavesTheView()
+    {
+        CDragHand hand(*pView);
+        hand.Enter(ptBar);
+        pBar->hide();
+        hand.Move(ptBar);
+        hand.Leave();
+        QCOMPARE(pView->TakeLog().filter(QRegularExpression("enter|leave")),
+                 QStringList({ At("enter", ptBar), "leave", At("enter", ptBar), "leave" }));
+    }
+
+    void viewMayRefuseADragOverTheBar()
+    {
+        pView->bAccept = false;
+        CDragHand hand(*pView);
+        QVERIFY(!hand.Enter(ptBar));
+        QVERIFY(!hand.Move(ptBar));
+        hand.Leave();
+        QCOMPARE(pView->TakeLog(), QStringList{ At("enter", ptBar) });
+    }
+
+    void viewWithoutDropsIsNotAsked()
+    {
+        pView->setAcceptDrops(false);
+        CDragHand hand(*pView);
+        QVERIFY(!hand.Enter(ptBar));
+        hand.Leave();
+        QCOMPARE(pView->TakeLog(), QStringList());
+    }
+
+    void barOfNoViewTakesNoDrag()
+    {
+        CScrollBar bar(Qt::Vertical, nullptr);
+        bar.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        CDragHand hand(bar);
+        QVERIFY(!hand.Enter(QPoint(2, 20)));
+        hand.Leave();
+    }
 
 private:
     QString At(const QString& strWhat, const QPoint& pt) const
@@ -157,98 +238,6 @@ private:
     CScrollBar* pBar = nullptr;
     int nHeader = 0; ///< how far the viewport lies below the top of the view
 };
-
-void CScrollBarDragTest::viewIsAskedAboutADragThatEntersByTheBar()
-{
-    CDragHand hand(*pView);
-    QVERIFY(hand.Enter(ptBar));
-    QCOMPARE(pView->TakeLog(), QStringList{ At("enter", ptBar) });
-    hand.Leave();
-}
-
-void CScrollBarDragTest::viewIsAskedAboutEachMoveOverTheBar()
-{
-    CDragHand hand(*pView);
-    hand.Enter(ptBar);
-    pView->TakeLog();
-    QVERIFY(hand.Move(ptBar));
-    QVERIFY(hand.Move(ptBar + QPoint(1, 7)));
-    QCOMPARE(pView->TakeLog(), QStringList({ At("move", ptBar), At("move", ptBar + QPoint(1, 7)) }));
-    hand.Leave();
-}
-
-void CScrollBarDragTest::dropOnTheBarIsADropOnTheRowUnderIt()
-{
-    CDragHand hand(*pView);
-    hand.Enter(ptBar);
-    pView->TakeLog();
-    QVERIFY(hand.Drop(ptBar));
-    QCOMPARE(pView->TakeLog(), QStringList{ At("drop rows", ptBar) });
-}
-
-void CScrollBarDragTest::viewsActionIsTheAnswer()
-{
-    CDragHand hand(*pView);
-    hand.Enter(ptBar);
-    QCOMPARE(hand.action, Qt::LinkAction);
-    hand.Move(ptBar);
-    QCOMPARE(hand.action, Qt::LinkAction);
-    hand.Drop(ptBar);
-    QCOMPARE(hand.action, Qt::LinkAction);
-}
-
-void CScrollBarDragTest::eachEnterHasItsLeave()
-{
-    CDragHand hand(*pView);
-    hand.Enter(ptBesideBar);
-    for (const QPoint& pt : { ptBar, ptBesideBar, ptBar }) {
-        hand.Move(pt);
-    }
-    hand.Leave();
-    QCOMPARE(pView->TakeLog().filter(QRegularExpression("enter|leave")),
-             QStringList({ At("enter", ptBesideBar), "leave", At("enter", ptBar), "leave", At("enter", ptBesideBar), "leave",
-                           At("enter", ptBar), "leave" }));
-}
-
-void CScrollBarDragTest::barThatGoesUnderADragLeavesTheView()
-{
-    CDragHand hand(*pView);
-    hand.Enter(ptBar);
-    pBar->hide();
-    hand.Move(ptBar);
-    hand.Leave();
-    QCOMPARE(pView->TakeLog().filter(QRegularExpression("enter|leave")),
-             QStringList({ At("enter", ptBar), "leave", At("enter", ptBar), "leave" }));
-}
-
-void CScrollBarDragTest::viewMayRefuseADragOverTheBar()
-{
-    pView->bAccept = false;
-    CDragHand hand(*pView);
-    QVERIFY(!hand.Enter(ptBar));
-    QVERIFY(!hand.Move(ptBar));
-    hand.Leave();
-    QCOMPARE(pView->TakeLog(), QStringList{ At("enter", ptBar) });
-}
-
-void CScrollBarDragTest::viewWithoutDropsIsNotAsked()
-{
-    pView->setAcceptDrops(false);
-    CDragHand hand(*pView);
-    QVERIFY(!hand.Enter(ptBar));
-    hand.Leave();
-    QCOMPARE(pView->TakeLog(), QStringList());
-}
-
-void CScrollBarDragTest::barOfNoViewTakesNoDrag()
-{
-    CScrollBar bar(Qt::Vertical, nullptr);
-    bar.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&bar));
-    CDragHand hand(bar);
-    QVERIFY(!hand.Enter(QPoint(2, 20)));
-    hand.Leave();
-}
 
 PTV_TEST_MAIN(CScrollBarDragTest)
 #include "tst_scrollbardrag.moc"

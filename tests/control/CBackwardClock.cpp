@@ -7,8 +7,7 @@
 #include <sys/time.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 constexpr long nBackSeconds = 3600;
 constexpr long nNsPerUs = 1000;

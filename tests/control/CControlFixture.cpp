@@ -1,6 +1,6 @@
 #include "CControlFixture.h"
 
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
 
 #include <QDir>
 #include <QFile>
@@ -37,8 +37,9 @@ void CControlFixture::StartAsIs()
 
 void CControlFixture::Stop()
 {
-    if (!pHost)
+    if (!pHost) {
         return;
+    }
     recorder.DetachAll();
     pHost.reset();
 }
@@ -51,8 +52,9 @@ QString CControlFixture::GetPath(const QString& strName) const
 void CControlFixture::Write(const QString& strName, const QByteArray& bytes) const
 {
     QFile file(GetPath(strName));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
         qFatal("%s: %s", qPrintable(file.fileName()), qPrintable(file.errorString()));
+    }
 }
 
 QByteArray CControlFixture::Read(const QString& strName) const
@@ -78,11 +80,13 @@ QString CControlFixture::GetText(bool bSimulator)
     QStringList listLine{ QStringLiteral("all") + mark({}) };
     for (const SProcessorGroupNode& group : node.listGroup) {
         listLine.append(QStringLiteral("  ") + group.strName + mark(group.idNode));
-        for (const SProcessorNode& processor : group.listProcessor)
+        for (const SProcessorNode& processor : group.listProcessor) {
             listLine.append(QStringLiteral("    ") + processor.strName + mark(processor.idNode));
+        }
     }
-    for (const SProcessorNode& processor : node.listProcessor)
+    for (const SProcessorNode& processor : node.listProcessor) {
         listLine.append(QStringLiteral("  ") + processor.strName + mark(processor.idNode));
+    }
     return listLine.join(QLatin1Char('\n'));
 }
 
@@ -97,10 +101,13 @@ SProcessorNode CControlFixture::GetProcessor(const QString& strName, bool bSimul
 {
     const SProcessorAllNode node = GetTree(bSimulator);
     QList<SProcessorNode> listProcessor = node.listProcessor;
-    for (const SProcessorGroupNode& group : node.listGroup)
+    for (const SProcessorGroupNode& group : node.listGroup) {
         listProcessor += group.listProcessor;
-    for (const SProcessorNode& processor : std::as_const(listProcessor))
-        if (processor.strName == strName)
+    }
+    for (const SProcessorNode& processor : std::as_const(listProcessor)) {
+        if (processor.strName == strName) {
             return processor;
+        }
+    }
     return {};
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "CMessageRecorder.h"
-#include "CorvidControl/CControlHost.h"
-#include "data/SProcessorAllNode.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
@@ -10,6 +9,7 @@
 #include "interfaces/control/IPreferenceControl.h"
 #include "interfaces/control/IProjectManageControl.h"
 #include "interfaces/control/IRuntimeControl.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QMetaType>
 #include <QTemporaryDir>

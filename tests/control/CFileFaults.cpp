@@ -9,8 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 
 std::atomic<CFileFaults*> pFaults{ nullptr };
 

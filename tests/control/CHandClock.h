@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/CSteadyClock.h"
+#include "CorvidControl/messages/CSteadyClock.h"
 
 /// A clock that stands still until the test turns it. Any thread; one waits at a time.
 class CHandClock final : public CSteadyClock

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/SListClock.h"
+#include "CorvidControl/file/SListClock.h"
 
 #include <atomic>
 

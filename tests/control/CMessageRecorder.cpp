@@ -1,6 +1,6 @@
 #include "CMessageRecorder.h"
 
-#include "CorvidControl/EnControlMessage.h"
+#include "CorvidControl/messages/EnControlMessage.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -36,8 +36,9 @@ void CMessageRecorder::DetachAll()
 
 void CMessageRecorder::Notify(int nMessage)
 {
-    if (onNotify)
+    if (onNotify) {
         onNotify(nMessage);
+    }
     const std::lock_guard<std::mutex> lock(mutex);
     vecMessage.append(nMessage);
     idThread = std::this_thread::get_id();
@@ -63,9 +64,11 @@ QVector<int> CMessageRecorder::GetMessages()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     QVector<int> vecHeard;
-    for (const int nMessage : std::as_const(vecMessage))
-        if (nMessage != MessageSettled && nMessage != nMark)
+    for (const int nMessage : std::as_const(vecMessage)) {
+        if (nMessage != MessageSettled && nMessage != nMark) {
             vecHeard.append(nMessage);
+        }
+    }
     return vecHeard;
 }
 

@@ -1,11 +1,11 @@
 // Saves the list named by the first argument over and over, with another name of its processor each
 // time, and says so, until it is killed.
 
-#include "CorvidControl/CControlHost.h"
-#include "data/SProcessorAllNode.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QCoreApplication>
 

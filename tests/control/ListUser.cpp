@@ -6,10 +6,10 @@
 //   run NAME N     renames to "NAME 1" to "NAME N" and saves each, with delays; how many were saved there
 // Its end is that of its input.
 
-#include "CorvidControl/CControlHost.h"
-#include "data/SProcessorAllNode.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QCoreApplication>
 #include <QRandomGenerator>
@@ -18,8 +18,7 @@
 
 #include <cstdio>
 
-namespace
-{
+namespace {
 
 void Rename(const QString& strName)
 {

@@ -1,8 +1,8 @@
 #include "Builders.h"
 #include "CBackwardClock.h"
 #include "CControlFixture.h"
-#include "CorvidControl/CHostEvents.h"
-#include "CorvidControl/CJobs.h"
+#include "CorvidControl/list/CJobs.h"
+#include "CorvidControl/objects/CHostEvents.h"
 #include "TestMain.h"
 
 #include <QElapsedTimer>
@@ -12,8 +12,7 @@
 
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 qint64 ReadWallClock()
 {

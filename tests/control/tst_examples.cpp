@@ -1,13 +1,12 @@
-#include "CorvidControl/CListFormat.h"
-#include "CorvidControl/CScenario.h"
+#include "CorvidControl/day/CScenario.h"
+#include "CorvidControl/file/CListFormat.h"
 #include "TestMain.h"
 
 #include <QFile>
 
 #include <algorithm>
 
-namespace
-{
+namespace {
 
 QByteArray ReadExample(const QString& strName)
 {
@@ -18,8 +17,9 @@ QByteArray ReadExample(const QString& strName)
 QList<SProcessorNode> GetAll(const SProcessorAllNode& node)
 {
     QList<SProcessorNode> listProcessor = node.listProcessor;
-    for (const SProcessorGroupNode& group : node.listGroup)
+    for (const SProcessorGroupNode& group : node.listGroup) {
         listProcessor += group.listProcessor;
+    }
     return listProcessor;
 }
 
@@ -36,76 +36,75 @@ class CExamplesTest : public QObject
     Q_OBJECT
 
 private slots:
-    void eachListIsSoundAndExportsToTheSameBytes_data();
-    void eachListIsSoundAndExportsToTheSameBytes();
-    void theStudioHasEverythingThatCanOccur();
-    void theDayIsSoundAndTakesTwentySeconds();
-    void eachNodeOfTheDayIsInTheStudio();
-};
-
-void CExamplesTest::eachListIsSoundAndExportsToTheSameBytes_data()
-{
-    QTest::addColumn<int>("nProcessors");
-    QTest::addColumn<int>("nGroups");
-    QTest::newRow("studio.kvtl") << 64 << 10;
-    QTest::newRow("limits.kvtl") << 256 << 256;
-    QTest::newRow("single.kvtl") << 1 << 0;
-    QTest::newRow("empty.kvtl") << 0 << 0;
-}
-
-void CExamplesTest::eachListIsSoundAndExportsToTheSameBytes()
-{
-    const QByteArray bytes = ReadExample(QString::fromLatin1(QTest::currentDataTag()));
-    const SListReading reading = CListFormat::Read(bytes, {});
-    QCOMPARE(reading.strReason, QString());
-    QCOMPARE(CListFormat::Write(reading.node), bytes);
-    QTEST(GetAll(reading.node).size(), "nProcessors");
-    QTEST(reading.node.listGroup.size(), "nGroups");
-}
-
-void CExamplesTest::theStudioHasEverythingThatCanOccur()
-{
-    const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
-    const QList<SProcessorNode> listAll = GetAll(node);
-    QVERIFY(!node.listProcessor.isEmpty());
-    QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
-                        [](const SProcessorGroupNode& group) { return group.listProcessor.isEmpty(); }));
-    QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
-                        [](const SProcessorGroupNode& group) { return !group.idChief.isNull(); }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return !p.bOnline; }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nFailover == 1; }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nFailover == 2; }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nChief == 1; }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strProject.isEmpty(); }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strName.size() == 64; }));
-    QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strName.size() < 25 && p.strName.toUtf8().size() == 64; }));
-}
-
-void CExamplesTest::theDayIsSoundAndTakesTwentySeconds()
-{
-    const CScenario day = CScenario::ReadFile(QStringLiteral(PTV_EXAMPLES "/day.json"));
-    QCOMPARE(day.GetFault(), QString());
-    QVERIFY(!day.GetMarks().isEmpty());
-    QVERIFY(day.GetSteps().last().nAt <= 20000 && day.GetSteps().last().nAt >= 15000);
-}
-
-void CExamplesTest::eachNodeOfTheDayIsInTheStudio()
-{
-    const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
-    QStringList listName;
-    for (const SProcessorNode& processor : GetAll(node))
-        listName.append(processor.strName);
-    for (const SProcessorGroupNode& group : node.listGroup)
-        listName.append(group.strName);
-    const CScenario day = CScenario::ReadFile(QStringLiteral(PTV_EXAMPLES "/day.json"));
-    for (const SScenarioStep& step : day.GetSteps()) {
-        if (step.strDo == QLatin1String("add-group"))
-            listName.append(step.GetText("name"));
-        for (const char* pKey : { "node", "group" })
-            if (!step.GetText(pKey).isEmpty())
-                QVERIFY2(listName.contains(step.GetText(pKey)), qPrintable(step.GetText(pKey)));
+    void eachListIsSoundAndExportsToTheSameBytes_data()
+    {
+        QTest::addColumn<int>("nProcessors");
+        QTest::addColumn<int>("nGroups");
+        QTest::newRow("studio.kvtl") << 64 << 10;
+        QTest::newRow("limits.kvtl") << 256 << 256;
+        QTest::newRow("single.kvtl") << 1 << 0;
+        QTest::newRow("empty.kvtl") << 0 << 0;
     }
-}
+
+    void eachListIsSoundAndExportsToTheSameBytes()
+    {
+        const QByteArray bytes = ReadExample(QString::fromLatin1(QTest::currentDataTag()));
+        const SListReading reading = CListFormat::Read(bytes, {});
+        QCOMPARE(reading.strReason, QString());
+        QCOMPARE(CListFormat::Write(reading.node), bytes);
+        QTEST(GetAll(reading.node).size(), "nProcessors");
+        QTEST(reading.node.listGroup.size(), "nGroups");
+    }
+
+    void theStudioHasEverythingThatCanOccur()
+    {
+        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        const QList<SProcessorNode> listAll = GetAll(node);
+        QVERIFY(!node.listProcessor.isEmpty());
+        QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
+                            [](const SProcessorGroupNode& group) { return group.listProcessor.isEmpty(); }));
+        QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
+                            [](const SProcessorGroupNode& group) { return !group.idChief.isNull(); }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return !p.bOnline; }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nFailover == 1; }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nFailover == 2; }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.nChief == 1; }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strProject.isEmpty(); }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strName.size() == 64; }));
+        QVERIFY(Any(listAll, [](const SProcessorNode& p) { return p.strName.size() < 25 && p.strName.toUtf8().size() == 64; }));
+    }
+
+    void theDayIsSoundAndTakesTwentySeconds()
+    {
+        const CScenario day = CScenario::ReadFile(QStringLiteral(PTV_EXAMPLES "/day.json"));
+        QCOMPARE(day.GetFault(), QString());
+        QVERIFY(!day.GetMarks().isEmpty());
+        QVERIFY(day.GetSteps().last().nAt <= 20000 && day.GetSteps().last().nAt >= 15000);
+    }
+
+    void eachNodeOfTheDayIsInTheStudio()
+    {
+        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        QStringList listName;
+        for (const SProcessorNode& processor : GetAll(node)) {
+            listName.append(processor.strName);
+        }
+        for (const SProcessorGroupNode& group : node.listGroup) {
+            listName.append(group.strName);
+        }
+        const CScenario day = CScenario::ReadFile(QStringLiteral(PTV_EXAMPLES "/day.json"));
+        for (const SScenarioStep& step : day.GetSteps()) {
+            if (step.strDo == QLatin1String("add-group")) {
+                listName.append(step.GetText("name"));
+            }
+            for (const char* pKey : { "node", "group" }) {
+                if (!step.GetText(pKey).isEmpty()) {
+                    QVERIFY2(listName.contains(step.GetText(pKey)), qPrintable(step.GetText(pKey)));
+                }
+            }
+        }
+    }
+};
 
 PTV_TEST_MAIN_CORE(CExamplesTest)
 #include "tst_examples.moc"

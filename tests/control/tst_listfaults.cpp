@@ -2,13 +2,12 @@
 #include "CControlFixture.h"
 #include "CFileFaults.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
 #include "TestMain.h"
 
 #include <cerrno>
 
-namespace
-{
+namespace {
 
 constexpr char szList[] = "list.kvtl";
 constexpr char szTemporary[] = "list.kvtl.??????";
@@ -21,243 +20,226 @@ class CListFaultsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        pFixture.reset(new CControlFixture);
+        before = CListFormat::Write(Root({ Group("Stage") }));
+        pFixture->Write("list.kvtl", before);
+    }
 
-    void aListThatCannotBeReadAtTheStartIsLeftAlone_data();
-    void aListThatCannotBeReadAtTheStartIsLeftAlone();
-    void aFaultBeforeTheRenameLeavesTheOldList_data();
-    void aFaultBeforeTheRenameLeavesTheOldList();
-    void aFaultInAnImportLeavesListAndFiles_data();
-    void aFaultInAnImportLeavesListAndFiles();
-    void aListThatCannotBeReadWhenItIsSavedIsLeftAlone();
-    void aFileThatAppearsDuringASaveIsLeftAlone_data();
-    void aFileThatAppearsDuringASaveIsLeftAlone();
-    void aFileThatChangesDuringASaveIsLeftAlone();
-    void aFileSystemWithoutTheFlagStillOverwritesNothing();
-    void aFileOutOfReachIsNotImported();
-    void aFaultThatPassesIsMadeGood();
-    void aDatedFileThatFailsIsSaidToFail();
+    void cleanup()
+    {
+        pFixture.reset();
+    }
+
+    void aListThatCannotBeReadAtTheStartIsLeftAlone_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<int>("nError");
+        QTest::addColumn<int>("nSkip");
+        QTest::newRow("nothing of it") << int(CFileFaults::CallRead) << EIO << 0;
+        QTest::newRow("its end") << int(CFileFaults::CallRead) << EIO << 1;
+        QTest::newRow("a flipped bit") << int(CFileFaults::CallRead) << CFileFaults::nFlip << 0;
+        QTest::newRow("its status") << int(CFileFaults::CallStatus) << EACCES << 0;
+        QTest::newRow("a handle that is stale") << int(CFileFaults::CallStatus) << ESTALE << 0;
+    }
+
+    void aListThatCannotBeReadAtTheStartIsLeftAlone()
+    {
+        QFETCH(int, call);
+        QFETCH(int, nError);
+        QFETCH(int, nSkip);
+        ExpectWarning("The list was not read");
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), szList, nError, nSkip);
+            pFixture->StartAsIs();
+            QVERIFY(faults.GetFailed() > 0);
+        }
+        QCOMPARE(CControlFixture::GetText(), QString("all*"));
+        QVERIFY(!pFixture->pHost->GetListTrouble().isEmpty());
+        g_pPrcListControl->AddGroup(Group("Ours"), true);
+        ExpectWarning("The list is not being saved");
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+        QCOMPARE(pFixture->Read("list.kvtl"), before);
+        QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+    }
+
+    void aFaultBeforeTheRenameLeavesTheOldList_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<QByteArray>("pattern");
+        QTest::addColumn<int>("nError");
+        QTest::newRow("the disk is full") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << ENOSPC;
+        QTest::newRow("the disk fails at writing") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << EIO;
+        QTest::newRow("the disk fails at the end") << int(CFileFaults::CallSync) << QByteArray(szTemporary) << EIO;
+        QTest::newRow("the mode cannot be kept") << int(CFileFaults::CallMode) << QByteArray(szTemporary) << EPERM;
+        QTest::newRow("the proof cannot be read") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << EIO;
+        QTest::newRow("the proof is another") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << CFileFaults::nFlip;
+        QTest::newRow("the proof is out of reach") << int(CFileFaults::CallStatus) << QByteArray(szTemporary) << EACCES;
+        QTest::newRow("it cannot be renamed") << int(CFileFaults::CallRename) << QByteArray(szList) << EIO;
+    }
+
+    void aFaultBeforeTheRenameLeavesTheOldList()
+    {
+        QFETCH(int, call);
+        QFETCH(QByteArray, pattern);
+        QFETCH(int, nError);
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        ExpectWarning("The list is not being saved");
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, nError);
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 6);
+            QVERIFY(faults.GetFailed() > 0);
+        }
+        QCOMPARE(pFixture->Read("list.kvtl"), before);
+        QCOMPARE(pFixture->ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
+    }
+
+    void aFaultInAnImportLeavesListAndFiles_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<QByteArray>("pattern");
+        QTest::addColumn<int>("nError");
+        QTest::addColumn<int>("nResult");
+        QTest::newRow("the file cannot be read") << int(CFileFaults::CallRead) << QByteArray("other.kvtl") << EIO << 2;
+        QTest::newRow("it is out of reach") << int(CFileFaults::CallStatus) << QByteArray("other.kvtl") << EIO << 2;
+        QTest::newRow("the own list cannot be read") << int(CFileFaults::CallRead) << QByteArray(szList) << EIO << 3;
+        QTest::newRow("the own list is another") << int(CFileFaults::CallRead) << QByteArray(szList) << CFileFaults::nFlip << 3;
+        QTest::newRow("the list before cannot be kept") << int(CFileFaults::CallSync) << QByteArray("list.2*") << EIO << 4;
+        QTest::newRow("the disk is full") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << ENOSPC << 4;
+        QTest::newRow("the proof cannot be read") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << EIO << 4;
+        QTest::newRow("the proof is another") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << CFileFaults::nFlip << 4;
+        QTest::newRow("it cannot be renamed") << int(CFileFaults::CallRename) << QByteArray(szList) << EIO << 3;
+    }
+
+    void aFaultInAnImportLeavesListAndFiles()
+    {
+        QFETCH(int, call);
+        QFETCH(QByteArray, pattern);
+        QFETCH(int, nError);
+        QFETCH(int, nResult);
+        pFixture->StartAsIs();
+        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, nError);
+            QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), nResult);
+            QVERIFY(faults.GetFailed() > 0);
+        }
+        QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
+        QCOMPARE(pFixture->Read("list.kvtl"), before);
+        QCOMPARE(pFixture->ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
+        QCOMPARE(logged.count(), 1);
+    }
+
+    void aListThatCannotBeReadWhenItIsSavedIsLeftAlone()
+    {
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        ExpectWarning("what stands there could not be read: Input/output error");
+        {
+            const CFileFaults faults(CFileFaults::CallRead, szList, EIO);
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+        }
+        QCOMPARE(pFixture->Read("list.kvtl"), before);
+        QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+    }
+
+    void aFileThatAppearsDuringASaveIsLeftAlone_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<QByteArray>("pattern");
+        QTest::newRow("while it is written") << int(CFileFaults::CallSync) << QByteArray(szTemporary);
+        QTest::newRow("just before the rename") << int(CFileFaults::CallRenameNew) << QByteArray(szList);
+    }
+
+    void aFileThatAppearsDuringASaveIsLeftAlone()
+    {
+        QFETCH(int, call);
+        QFETCH(QByteArray, pattern);
+        QVERIFY(QFile::remove(pFixture->GetPath()));
+        pFixture->StartAsIs();
+        g_pPrcListControl->AddGroup(Group("Ours"), true);
+        ExpectWarning("The list is not being saved");
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern,
+                                     [&] { pFixture->Write("list.kvtl", "late"); });
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+        }
+        QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("late"));
+        QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+    }
+
+    void aFileThatChangesDuringASaveIsLeftAlone()
+    {
+        pFixture->StartAsIs();
+        g_pPrcListControl->AddGroup(Group("Ours"), true);
+        ExpectWarning("The list is not being saved");
+        {
+            const CFileFaults faults(CFileFaults::CallSync, szTemporary, [&] { pFixture->Write("list.kvtl", "changed"); });
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
+        }
+        QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("changed"));
+        QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
+    }
+
+    void aFileSystemWithoutTheFlagStillOverwritesNothing()
+    {
+        QVERIFY(QFile::remove(pFixture->GetPath()));
+        pFixture->StartAsIs();
+        g_pPrcListControl->AddGroup(Group("Ours"), true);
+        {
+            const CFileFaults faults(CFileFaults::CallRenameNew, szList, EINVAL);
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
+            QCOMPARE(faults.GetFailed(), 1);
+        }
+        QVERIFY(pFixture->Read("list.kvtl").contains("Ours"));
+        QCOMPARE(pFixture->ListFiles(), QStringList{ "list.kvtl" });
+    }
+
+    void aFileOutOfReachIsNotImported()
+    {
+        pFixture->StartAsIs();
+        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        const CFileFaults faults(CFileFaults::CallStatus, "other.kvtl", ENAMETOOLONG);
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 2);
+        QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
+    }
+
+    void aFaultThatPassesIsMadeGood()
+    {
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        QSignalSpy changed(pFixture->pHost.get(), &CControlHost::ListTroubleChanged);
+        {
+            const CFileFaults faults(CFileFaults::CallWrite, szTemporary, ENOSPC);
+            ExpectWarning("The list is not being saved");
+            const QString strReason = pFixture->pHost->SaveList();
+            QVERIFY2(strReason.endsWith("list.kvtl: No space left on device"), qPrintable(strReason));
+            QCOMPARE(pFixture->pHost->GetListTrouble(), strReason);
+        }
+        QCOMPARE(pFixture->pHost->SaveList(), QString());
+        QCOMPARE(pFixture->pHost->GetListTrouble(), QString());
+        QCOMPARE(changed.count(), 2);
+        QVERIFY(pFixture->Read("list.kvtl").contains("Ours"));
+    }
+
+    void aDatedFileThatFailsIsSaidToFail()
+    {
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        const CFileFaults faults(CFileFaults::CallSync, "list.unsaved-*", EIO);
+        QString strReason;
+        QCOMPARE(pFixture->pHost->SaveListAside(strReason), QString());
+        QVERIFY2(strReason.contains(".kvtl: Input/output error"), qPrintable(strReason));
+        QCOMPARE(pFixture->ListFiles(), QStringList{ "list.kvtl" });
+    }
 
 private:
     QScopedPointer<CControlFixture> pFixture;
     QByteArray before;
 };
-
-void CListFaultsTest::init()
-{
-    pFixture.reset(new CControlFixture);
-    before = CListFormat::Write(Root({ Group("Stage") }));
-    pFixture->Write("list.kvtl", before);
-}
-
-void CListFaultsTest::cleanup()
-{
-    pFixture.reset();
-}
-
-void CListFaultsTest::aListThatCannotBeReadAtTheStartIsLeftAlone_data()
-{
-    QTest::addColumn<int>("call");
-    QTest::addColumn<int>("nError");
-    QTest::addColumn<int>("nSkip");
-    QTest::newRow("nothing of it") << int(CFileFaults::CallRead) << EIO << 0;
-    QTest::newRow("its end") << int(CFileFaults::CallRead) << EIO << 1;
-    QTest::newRow("a flipped bit") << int(CFileFaults::CallRead) << CFileFaults::nFlip << 0;
-    QTest::newRow("its status") << int(CFileFaults::CallStatus) << EACCES << 0;
-    QTest::newRow("a handle that is stale") << int(CFileFaults::CallStatus) << ESTALE << 0;
-}
-
-void CListFaultsTest::aListThatCannotBeReadAtTheStartIsLeftAlone()
-{
-    QFETCH(int, call);
-    QFETCH(int, nError);
-    QFETCH(int, nSkip);
-    ExpectWarning("The list was not read");
-    {
-        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), szList, nError, nSkip);
-        pFixture->StartAsIs();
-        QVERIFY(faults.GetFailed() > 0);
-    }
-    QCOMPARE(CControlFixture::GetText(), QString("all*"));
-    QVERIFY(!pFixture->pHost->GetListTrouble().isEmpty());
-    g_pPrcListControl->AddGroup(Group("Ours"), true);
-    ExpectWarning("The list is not being saved");
-    QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
-    QCOMPARE(pFixture->Read("list.kvtl"), before);
-    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
-}
-
-void CListFaultsTest::aFaultBeforeTheRenameLeavesTheOldList_data()
-{
-    QTest::addColumn<int>("call");
-    QTest::addColumn<QByteArray>("pattern");
-    QTest::addColumn<int>("nError");
-    QTest::newRow("the disk is full") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << ENOSPC;
-    QTest::newRow("the disk fails at writing") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << EIO;
-    QTest::newRow("the disk fails at the end") << int(CFileFaults::CallSync) << QByteArray(szTemporary) << EIO;
-    QTest::newRow("the mode cannot be kept") << int(CFileFaults::CallMode) << QByteArray(szTemporary) << EPERM;
-    QTest::newRow("the proof cannot be read") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << EIO;
-    QTest::newRow("the proof is another") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << CFileFaults::nFlip;
-    QTest::newRow("the proof is out of reach") << int(CFileFaults::CallStatus) << QByteArray(szTemporary) << EACCES;
-    QTest::newRow("it cannot be renamed") << int(CFileFaults::CallRename) << QByteArray(szList) << EIO;
-}
-
-void CListFaultsTest::aFaultBeforeTheRenameLeavesTheOldList()
-{
-    QFETCH(int, call);
-    QFETCH(QByteArray, pattern);
-    QFETCH(int, nError);
-    pFixture->StartAsIs();
-    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
-    ExpectWarning("The list is not being saved");
-    {
-        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, nError);
-        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 6);
-        QVERIFY(faults.GetFailed() > 0);
-    }
-    QCOMPARE(pFixture->Read("list.kvtl"), before);
-    QCOMPARE(pFixture->ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
-}
-
-void CListFaultsTest::aFaultInAnImportLeavesListAndFiles_data()
-{
-    QTest::addColumn<int>("call");
-    QTest::addColumn<QByteArray>("pattern");
-    QTest::addColumn<int>("nError");
-    QTest::addColumn<int>("nResult");
-    QTest::newRow("the file cannot be read") << int(CFileFaults::CallRead) << QByteArray("other.kvtl") << EIO << 2;
-    QTest::newRow("it is out of reach") << int(CFileFaults::CallStatus) << QByteArray("other.kvtl") << EIO << 2;
-    QTest::newRow("the own list cannot be read") << int(CFileFaults::CallRead) << QByteArray(szList) << EIO << 3;
-    QTest::newRow("the own list is another") << int(CFileFaults::CallRead) << QByteArray(szList) << CFileFaults::nFlip << 3;
-    QTest::newRow("the list before cannot be kept") << int(CFileFaults::CallSync) << QByteArray("list.2*") << EIO << 4;
-    QTest::newRow("the disk is full") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << ENOSPC << 4;
-    QTest::newRow("the proof cannot be read") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << EIO << 4;
-    QTest::newRow("the proof is another") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << CFileFaults::nFlip << 4;
-    QTest::newRow("it cannot be renamed") << int(CFileFaults::CallRename) << QByteArray(szList) << EIO << 3;
-}
-
-void CListFaultsTest::aFaultInAnImportLeavesListAndFiles()
-{
-    QFETCH(int, call);
-    QFETCH(QByteArray, pattern);
-    QFETCH(int, nError);
-    QFETCH(int, nResult);
-    pFixture->StartAsIs();
-    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
-    QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
-    {
-        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, nError);
-        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), nResult);
-        QVERIFY(faults.GetFailed() > 0);
-    }
-    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
-    QCOMPARE(pFixture->Read("list.kvtl"), before);
-    QCOMPARE(pFixture->ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
-    QCOMPARE(logged.count(), 1);
-}
-
-void CListFaultsTest::aListThatCannotBeReadWhenItIsSavedIsLeftAlone()
-{
-    pFixture->StartAsIs();
-    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
-    ExpectWarning("what stands there could not be read: Input/output error");
-    {
-        const CFileFaults faults(CFileFaults::CallRead, szList, EIO);
-        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
-    }
-    QCOMPARE(pFixture->Read("list.kvtl"), before);
-    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
-}
-
-void CListFaultsTest::aFileThatAppearsDuringASaveIsLeftAlone_data()
-{
-    QTest::addColumn<int>("call");
-    QTest::addColumn<QByteArray>("pattern");
-    QTest::newRow("while it is written") << int(CFileFaults::CallSync) << QByteArray(szTemporary);
-    QTest::newRow("just before the rename") << int(CFileFaults::CallRenameNew) << QByteArray(szList);
-}
-
-void CListFaultsTest::aFileThatAppearsDuringASaveIsLeftAlone()
-{
-    QFETCH(int, call);
-    QFETCH(QByteArray, pattern);
-    QVERIFY(QFile::remove(pFixture->GetPath()));
-    pFixture->StartAsIs();
-    g_pPrcListControl->AddGroup(Group("Ours"), true);
-    ExpectWarning("The list is not being saved");
-    {
-        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, [&] { pFixture->Write("list.kvtl", "late"); });
-        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
-    }
-    QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("late"));
-    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
-}
-
-void CListFaultsTest::aFileThatChangesDuringASaveIsLeftAlone()
-{
-    pFixture->StartAsIs();
-    g_pPrcListControl->AddGroup(Group("Ours"), true);
-    ExpectWarning("The list is not being saved");
-    {
-        const CFileFaults faults(CFileFaults::CallSync, szTemporary, [&] { pFixture->Write("list.kvtl", "changed"); });
-        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 7);
-    }
-    QCOMPARE(pFixture->Read("list.kvtl"), QByteArray("changed"));
-    QCOMPARE(pFixture->ListFiles({ "list.unsaved-*.kvtl" }).size(), 1);
-}
-
-void CListFaultsTest::aFileSystemWithoutTheFlagStillOverwritesNothing()
-{
-    QVERIFY(QFile::remove(pFixture->GetPath()));
-    pFixture->StartAsIs();
-    g_pPrcListControl->AddGroup(Group("Ours"), true);
-    {
-        const CFileFaults faults(CFileFaults::CallRenameNew, szList, EINVAL);
-        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0);
-        QCOMPARE(faults.GetFailed(), 1);
-    }
-    QVERIFY(pFixture->Read("list.kvtl").contains("Ours"));
-    QCOMPARE(pFixture->ListFiles(), QStringList{ "list.kvtl" });
-}
-
-void CListFaultsTest::aFileOutOfReachIsNotImported()
-{
-    pFixture->StartAsIs();
-    pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
-    const CFileFaults faults(CFileFaults::CallStatus, "other.kvtl", ENAMETOOLONG);
-    QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 2);
-    QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));
-}
-
-void CListFaultsTest::aFaultThatPassesIsMadeGood()
-{
-    pFixture->StartAsIs();
-    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
-    QSignalSpy changed(pFixture->pHost.get(), &CControlHost::ListTroubleChanged);
-    {
-        const CFileFaults faults(CFileFaults::CallWrite, szTemporary, ENOSPC);
-        ExpectWarning("The list is not being saved");
-        const QString strReason = pFixture->pHost->SaveList();
-        QVERIFY2(strReason.endsWith("list.kvtl: No space left on device"), qPrintable(strReason));
-        QCOMPARE(pFixture->pHost->GetListTrouble(), strReason);
-    }
-    QCOMPARE(pFixture->pHost->SaveList(), QString());
-    QCOMPARE(pFixture->pHost->GetListTrouble(), QString());
-    QCOMPARE(changed.count(), 2);
-    QVERIFY(pFixture->Read("list.kvtl").contains("Ours"));
-}
-
-void CListFaultsTest::aDatedFileThatFailsIsSaidToFail()
-{
-    pFixture->StartAsIs();
-    g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
-    const CFileFaults faults(CFileFaults::CallSync, "list.unsaved-*", EIO);
-    QString strReason;
-    QCOMPARE(pFixture->pHost->SaveListAside(strReason), QString());
-    QVERIFY2(strReason.contains(".kvtl: Input/output error"), qPrintable(strReason));
-    QCOMPARE(pFixture->ListFiles(), QStringList{ "list.kvtl" });
-}
 
 PTV_TEST_MAIN_CORE(CListFaultsTest)
 #include "tst_listfaults.moc"

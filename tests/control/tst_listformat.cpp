@@ -1,6 +1,6 @@
 #include "Builders.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
 #include "TestMain.h"
 
 #include <QCryptographicHash>
@@ -8,8 +8,7 @@
 #include <QProcess>
 #include <QTemporaryFile>
 
-namespace
-{
+namespace {
 
 SProcessorAllNode BuildList()
 {
@@ -36,8 +35,9 @@ QByteArray BuildChanged(const QByteArray& from, const QByteArray& to)
     QByteArray body = CListFormat::Write(BuildList());
     body.remove(0, body.indexOf('\n') + 1);
     const int nAt = body.indexOf(from);
-    if (nAt < 0)
+    if (nAt < 0) {
         qFatal("%s is not in the list", from.constData());
+    }
     return Seal(body.replace(nAt, from.size(), to));
 }
 
@@ -73,247 +73,235 @@ class CListFormatTest : public QObject
     Q_OBJECT
 
 private slots:
-    void aListComesBackWithAllItsFields();
-    void writingWhatWasReadGivesTheSameBytes();
-    void aListWrittenByAnotherToolIsReadAlike();
-    void whatIsNoSoundListIsRefusedWithTheReason_data();
-    void whatIsNoSoundListIsRefusedWithTheReason();
-    void namesOfAListThatIsLoadedAreMended_data();
-    void namesOfAListThatIsLoadedAreMended();
-    void aNameThatIsBadOtherwiseIsRefusedOnLoadingToo();
-    void theLongestListPossibleIsTaken();
-    void everyCutAndEveryFlippedByteIsRefused();
-    void aListAtTheLimitsIsTaken();
-    void aListOverTheLimitIsTooLarge_data();
-    void aListOverTheLimitIsTooLarge();
-    void hostileTextIsRefusedQuickly_data();
-    void hostileTextIsRefusedQuickly();
-    void hostileTextTakesLessThan64MiB_data();
-    void hostileTextTakesLessThan64MiB();
-};
-
-void CListFormatTest::aListComesBackWithAllItsFields()
-{
-    const SProcessorAllNode node = BuildList();
-    const SListReading reading = CListFormat::Read(CListFormat::Write(node), {});
-    QCOMPARE(reading.strReason, QString());
-    QCOMPARE(reading.verdict, SListReading::Valid);
-    QCOMPARE(reading.node.listGroup, node.listGroup);
-    QCOMPARE(reading.node.listProcessor, node.listProcessor);
-    QCOMPARE(reading.node.bExpanded, false);
-    QCOMPARE(reading.node.strName, node.strName);
-}
-
-void CListFormatTest::writingWhatWasReadGivesTheSameBytes()
-{
-    const QByteArray bytes = CListFormat::Write(BuildList());
-    QCOMPARE(CListFormat::Write(CListFormat::Read(bytes, {}).node), bytes);
-}
-
-void CListFormatTest::aListWrittenByAnotherToolIsReadAlike()
-{
-    const QByteArray body = R"({"processors":[],"name":"All processors","groups":[],"expanded":true})";
-    const SListReading reading = CListFormat::Read(Seal(body), {});
-    QCOMPARE(reading.verdict, SListReading::Valid);
-    QCOMPARE(CListFormat::Write(reading.node), CListFormat::Write(Root({})));
-}
-
-void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("strReason");
-    const QByteArray good = CListFormat::Write(BuildList());
-    const auto id = [](const QUuid& idNode) { return idNode.toString(QUuid::WithoutBraces).toLatin1(); };
-    QTest::newRow("nothing") << QByteArray() << "not a list file";
-    QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n") << "not a list file";
-    QTest::newRow("plain JSON") << QByteArray("{}\n") << "not a list file";
-    QTest::newRow("a newer version") << QByteArray("kvtl 2 whatever it holds\nx") << "of version 2";
-    QTest::newRow("no check sum") << QByteArray("kvtl 1\n{}") << "check sum";
-    QTest::newRow("something behind the sum") << Seal("{}").replace("\n", " x\n") << "check sum";
-    QTest::newRow("cut in half") << good.left(good.size() / 2) << "check sum";
-    QTest::newRow("a byte more") << good + 'x' << "check sum";
-    QTest::newRow("no JSON") << Seal("{ list }") << "no JSON object";
-    QTest::newRow("bad UTF-8") << BuildChanged("\"beta\"", "\"\xff\xfe\"") << "";
-    QTest::newRow("an array") << Seal("[]") << "no JSON object";
-    QTest::newRow("no keys") << Seal("{}") << "keys";
-    QTest::newRow("a key too many") << BuildChanged("\"portA\"", "\"a\": 1, \"portA\"") << "keys";
-    QTest::newRow("a key too few") << BuildChanged("\"expanded\": false,", "") << "keys";
-    QTest::newRow("an id twice") << BuildChanged(id(ProcessorId("loose")), id(GroupId("Hall"))) << "there twice";
-    QTest::newRow("no id") << BuildChanged(id(ProcessorId("loose")), "") << "it has no id";
-    QTest::newRow("half an id") << BuildChanged(id(ProcessorId("loose")), "0f5d") << "is no id";
-    QTest::newRow("an id in braces") << BuildChanged(id(ProcessorId("loose")), '{' + id(ProcessorId("loose")) + '}')
-                                     << "is no id";
-    AddNameRows();
-    QTest::newRow("text for a flag") << BuildChanged("\"online\": true", "\"online\": \"yes\"") << "neither true nor false";
-    QTest::newRow("a role that is not there") << BuildChanged("\"failover\": 2", "\"failover\": 3") << "0 to 2";
-    QTest::newRow("half a number") << BuildChanged("\"failover\": 2", "\"failover\": 1.5") << "whole number";
-    QTest::newRow("a port too large") << BuildChanged("4294967295", "4294967296") << "\"portB\"";
-    QTest::newRow("a port below 0") << BuildChanged("4294967295", "-1") << "\"portB\"";
-    QTest::newRow("a short address") << BuildChanged("10.0.0.255", "10.255") << "no IPv4 address";
-    QTest::newRow("an IPv6 address") << BuildChanged("10.0.0.255", "::1") << "no IPv4 address";
-    QTest::newRow("a number twice") << BuildChanged("300", "7") << "twice";
-    QTest::newRow("groups that are no list")
-        << Seal(R"({"expanded":true,"groups":{},"name":"a","processors":[]})") << "is no list";
-    QTest::newRow("a group that is no object")
-        << Seal(R"({"expanded":true,"groups":[1],"name":"a","processors":[]})") << "no object";
-    QTest::newRow("a key twice") << BuildChanged("\"portA\"", "\"model\": 12, \"portA\"") << "a key is there twice";
-    QTest::newRow("a key twice, in escapes")
-        << BuildChanged("\"portA\"", "\"mode\\u006c\": 12, \"portA\"") << "a key is there twice";
-    QTest::newRow("all groups twice") << BuildChanged("\"groups\"", "\"groups\": [], \"groups\"") << "a key is there twice";
-    QTest::newRow("too many numbers") << BuildChanged("300", BuildNumbers(31)) << "more than 32 numbers";
-    QTest::newRow("longer than any list") << Seal("{}" + QByteArray(2 * 1024 * 1024, ' ')) << "longer than any list";
-    QTest::newRow("a long project") << BuildChanged("\"Aurora\"", '"' + QByteArray(257, 'x') + '"') << "256 bytes";
-}
-
-void CListFormatTest::whatIsNoSoundListIsRefusedWithTheReason()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, strReason);
-    const SListReading reading = CListFormat::Read(bytes, {});
-    QCOMPARE(reading.verdict, SListReading::Invalid);
-    QVERIFY(!reading.strReason.isEmpty());
-    QVERIFY2(reading.strReason.contains(strReason), qPrintable(reading.strReason));
-    QVERIFY(reading.node.listGroup.isEmpty() && reading.node.listProcessor.isEmpty());
-}
-
-void CListFormatTest::namesOfAListThatIsLoadedAreMended_data()
-{
-    QTest::addColumn<QByteArray>("written");
-    QTest::addColumn<QString>("strName");
-    QTest::newRow("blanks around") << QByteArray("  beta ") << "beta";
-    QTest::newRow("a control character") << QByteArray("be\\u0007ta") << "be ta";
-    QTest::newRow("a line end") << QByteArray("be\\r\\nta") << "be ta";
-    QTest::newRow("turned round") << QByteArray("be\\u202eta") << "beta";
-    QTest::newRow("invisible") << QByteArray("\\u200b\\u2060") << "127.0.0.1";
-    QTest::newRow("blanks alone") << QByteArray("   ") << "127.0.0.1";
-    QTest::newRow("empty") << QByteArray() << "127.0.0.1";
-}
-
-void CListFormatTest::namesOfAListThatIsLoadedAreMended()
-{
-    QFETCH(QByteArray, written);
-    QFETCH(QString, strName);
-    const QByteArray bytes = BuildChanged("\"beta\"", '"' + written + '"');
-    const SListReading reading = CListFormat::Read(bytes, {}, CListFormat::NamesMended);
-    QCOMPARE(reading.strReason, QString());
-    QCOMPARE(reading.node.listGroup.at(0).listProcessor.at(1).strName, strName);
-    QCOMPARE(reading.listMended.size(), 1);
-    QVERIFY2(reading.listMended.at(0).contains("processor 2 of group 1: it is \"" + strName + '"'),
-             qPrintable(reading.listMended.at(0)));
-    QCOMPARE(CListFormat::Read(CListFormat::Write(reading.node), {}).verdict, SListReading::Valid);
-    QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::Invalid);
-}
-
-void CListFormatTest::aNameThatIsBadOtherwiseIsRefusedOnLoadingToo()
-{
-    const QByteArray character = BuildChanged("\"beta\"", "\"a=b\"");
-    QCOMPARE(CListFormat::Read(character, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
-    const QByteArray number = BuildChanged("\"beta\"", "7");
-    QCOMPARE(CListFormat::Read(number, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
-}
-
-void CListFormatTest::theLongestListPossibleIsTaken()
-{
-    const QByteArray bytes = CListFormat::Write(BuildLongestList());
-    QVERIFY2(bytes.size() > 700 * 1000, qPrintable(QString::number(bytes.size())));
-    QCOMPARE(CListFormat::Read(bytes, {}).strReason, QString());
-}
-
-void CListFormatTest::everyCutAndEveryFlippedByteIsRefused()
-{
-    const QByteArray good = CListFormat::Write(BuildList());
-    for (int n = 0; n < good.size(); ++n) {
-        QByteArray flipped = good;
-        flipped[n] = static_cast<char>(flipped.at(n) ^ 0x10);
-        QCOMPARE(CListFormat::Read(good.left(n), {}).verdict, SListReading::Invalid);
-        QCOMPARE(CListFormat::Read(flipped, {}).verdict, SListReading::Invalid);
+    void aListComesBackWithAllItsFields()
+    {
+        const SProcessorAllNode node = BuildList();
+        const SListReading reading = CListFormat::Read(CListFormat::Write(node), {});
+        QCOMPARE(reading.strReason, QString());
+        QCOMPARE(reading.verdict, SListReading::Valid);
+        QCOMPARE(reading.node.listGroup, node.listGroup);
+        QCOMPARE(reading.node.listProcessor, node.listProcessor);
+        QCOMPARE(reading.node.bExpanded, false);
+        QCOMPARE(reading.node.strName, node.strName);
     }
-}
 
-void CListFormatTest::aListAtTheLimitsIsTaken()
-{
-    SProcessorAllNode node;
-    for (int n = 0; n < 256; ++n)
-        node.listGroup.append(Group(QStringLiteral("g%1").arg(n), { Processor(QStringLiteral("p%1").arg(n)) }));
-    QCOMPARE(CListFormat::Read(CListFormat::Write(node), {}).verdict, SListReading::Valid);
-}
+    void writingWhatWasReadGivesTheSameBytes()
+    {
+        const QByteArray bytes = CListFormat::Write(BuildList());
+        QCOMPARE(CListFormat::Write(CListFormat::Read(bytes, {}).node), bytes);
+    }
 
-void CListFormatTest::aListOverTheLimitIsTooLarge_data()
-{
-    QTest::addColumn<int>("nProcessors");
-    QTest::addColumn<int>("nGroups");
-    QTest::newRow("257 processors") << 257 << 0;
-    QTest::newRow("257 groups") << 0 << 257;
-    QTest::newRow("ten times both") << 2560 << 2560;
-}
+    void aListWrittenByAnotherToolIsReadAlike()
+    {
+        const QByteArray body = R"({"processors":[],"name":"All processors","groups":[],"expanded":true})";
+        const SListReading reading = CListFormat::Read(Seal(body), {});
+        QCOMPARE(reading.verdict, SListReading::Valid);
+        QCOMPARE(CListFormat::Write(reading.node), CListFormat::Write(Root({})));
+    }
 
-void CListFormatTest::aListOverTheLimitIsTooLarge()
-{
-    QFETCH(int, nProcessors);
-    QFETCH(int, nGroups);
-    SProcessorAllNode node;
-    for (int n = 0; n < nProcessors; ++n)
-        node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
-    for (int n = 0; n < nGroups; ++n)
-        node.listGroup.append(Group(QStringLiteral("g%1").arg(n)));
-    const QByteArray bytes = CListFormat::Write(node);
-    QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::TooLarge);
-    QCOMPARE(CListFormat::Read(bytes, SListLimits::Lifted()).verdict, SListReading::Valid);
-}
+    void whatIsNoSoundListIsRefusedWithTheReason_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("strReason");
+        const QByteArray good = CListFormat::Write(BuildList());
+        const auto id = [](const QUuid& idNode) { return idNode.toString(QUuid::WithoutBraces).toLatin1(); };
+        QTest::newRow("nothing") << QByteArray() << "not a list file";
+        QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n") << "not a list file";
+        QTest::newRow("plain JSON") << QByteArray("{}\n") << "not a list file";
+        QTest::newRow("a newer version") << QByteArray("kvtl 2 whatever it holds\nx") << "of version 2";
+        QTest::newRow("no check sum") << QByteArray("kvtl 1\n{}") << "check sum";
+        QTest::newRow("something behind the sum") << Seal("{}").replace("\n", " x\n") << "check sum";
+        QTest::newRow("cut in half") << good.left(good.size() / 2) << "check sum";
+        QTest::newRow("a byte more") << good + 'x' << "check sum";
+        QTest::newRow("no JSON") << Seal("{ list }") << "no JSON object";
+        QTest::newRow("bad UTF-8") << BuildChanged("\"beta\"", "\"\xff\xfe\"") << "";
+        QTest::newRow("an array") << Seal("[]") << "no JSON object";
+        QTest::newRow("no keys") << Seal("{}") << "keys";
+        QTest::newRow("a key too many") << BuildChanged("\"portA\"", "\"a\": 1, \"portA\"") << "keys";
+        QTest::newRow("a key too few") << BuildChanged("\"expanded\": false,", "") << "keys";
+        QTest::newRow("an id twice") << BuildChanged(id(ProcessorId("loose")), id(GroupId("Hall"))) << "there twice";
+        QTest::newRow("no id") << BuildChanged(id(ProcessorId("loose")), "") << "it has no id";
+        QTest::newRow("half an id") << BuildChanged(id(ProcessorId("loose")), "0f5d") << "is no id";
+        QTest::newRow("an id in braces") << BuildChanged(id(ProcessorId("loose")), '{' + id(ProcessorId("loose")) + '}')
+                                         << "is no id";
+        AddNameRows();
+        QTest::newRow("text for a flag") << BuildChanged("\"online\": true", "\"online\": \"yes\"") << "neither true nor false";
+        QTest::newRow("a role that is not there") << BuildChanged("\"failover\": 2", "\"failover\": 3") << "0 to 2";
+        QTest::newRow("half a number") << BuildChanged("\"failover\": 2", "\"failover\": 1.5") << "whole number";
+        QTest::newRow("a port too large") << BuildChanged("4294967295", "4294967296") << "\"portB\"";
+        QTest::newRow("a port below 0") << BuildChanged("4294967295", "-1") << "\"portB\"";
+        QTest::newRow("a short address") << BuildChanged("10.0.0.255", "10.255") << "no IPv4 address";
+        QTest::newRow("an IPv6 address") << BuildChanged("10.0.0.255", "::1") << "no IPv4 address";
+        QTest::newRow("a number twice") << BuildChanged("300", "7") << "twice";
+        QTest::newRow("groups that are no list")
+            << Seal(R"({"expanded":true,"groups":{},"name":"a","processors":[]})") << "is no list";
+        QTest::newRow("a group that is no object")
+            << Seal(R"({"expanded":true,"groups":[1],"name":"a","processors":[]})") << "no object";
+        QTest::newRow("a key twice") << BuildChanged("\"portA\"", "\"model\": 12, \"portA\"") << "a key is there twice";
+        QTest::newRow("a key twice, in escapes")
+            << BuildChanged("\"portA\"", "\"mode\\u006c\": 12, \"portA\"") << "a key is there twice";
+        QTest::newRow("all groups twice") << BuildChanged("\"groups\"", "\"groups\": [], \"groups\"") << "a key is there twice";
+        QTest::newRow("too many numbers") << BuildChanged("300", BuildNumbers(31)) << "more than 32 numbers";
+        QTest::newRow("longer than any list") << Seal("{}" + QByteArray(2 * 1024 * 1024, ' ')) << "longer than any list";
+        QTest::newRow("a long project") << BuildChanged("\"Aurora\"", '"' + QByteArray(257, 'x') + '"') << "256 bytes";
+    }
 
-void CListFormatTest::hostileTextIsRefusedQuickly_data()
-{
-    QTest::addColumn<QByteArray>("body");
-    constexpr int nBytes = 1024 * 1024;
-    const auto repeat = [](const QByteArray& part) { // with a number of its own each
-        QByteArray text;
-        for (int n = 0; text.size() < nBytes - 64; ++n)
-            text += (n ? "," : "") + QByteArray(part).replace('#', QByteArray::number(n));
-        return text;
-    };
-    QTest::newRow("distinct numbers") << "{\"groups\":[{\"aux\":[" + repeat("#") + "]}]}";
-    QTest::newRow("distinct keys") << '{' + repeat("\"#\":0") + '}';
-    QTest::newRow("processors that are texts") << "{\"processors\":[" + repeat("\"\"") + "]}";
-    QTest::newRow("wide texts") << "{\"groups\":[{\"name\":\"" + QByteArray("\xe4\xb8\x80").repeated(nBytes / 3 - 9) + "\"}]}";
-    QTest::newRow("deep") << QByteArray(nBytes, '[');
-    QTest::newRow("wide") << '[' + QByteArray("[],").repeated(nBytes / 3) + "[]]";
-    QTest::newRow("numbers") << "{\"aux\":[" + QByteArray("1,").repeated(nBytes / 2) + "1]}";
-    QTest::newRow("quotes") << QByteArray(nBytes, '"');
-    QTest::newRow("escapes") << "{\"name\":\"" + QByteArray("\\u0000").repeated(nBytes / 6) + "\"}";
-    QTest::newRow("a long key") << "{\"" + QByteArray(nBytes, 'k') + "\":1}";
-}
+    void whatIsNoSoundListIsRefusedWithTheReason()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, strReason);
+        const SListReading reading = CListFormat::Read(bytes, {});
+        QCOMPARE(reading.verdict, SListReading::Invalid);
+        QVERIFY(!reading.strReason.isEmpty());
+        QVERIFY2(reading.strReason.contains(strReason), qPrintable(reading.strReason));
+        QVERIFY(reading.node.listGroup.isEmpty() && reading.node.listProcessor.isEmpty());
+    }
 
-void CListFormatTest::hostileTextIsRefusedQuickly()
-{
-    QFETCH(QByteArray, body);
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(CListFormat::Read(Seal(body), {}).verdict, SListReading::Invalid);
-    QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
-}
+    void namesOfAListThatIsLoadedAreMended_data()
+    {
+        QTest::addColumn<QByteArray>("written");
+        QTest::addColumn<QString>("strName");
+        QTest::newRow("blanks around") << QByteArray("  beta ") << "beta";
+        QTest::newRow("a control character") << QByteArray("be\\u0007ta") << "be ta";
+        QTest::newRow("a line end") << QByteArray("be\\r\\nta") << "be ta";
+        QTest::newRow("turned round") << QByteArray("be\\u202eta") << "beta";
+        QTest::newRow("invisible") << QByteArray("\\u200b\\u2060") << "127.0.0.1";
+        QTest::newRow("blanks alone") << QByteArray("   ") << "127.0.0.1";
+        QTest::newRow("empty") << QByteArray() << "127.0.0.1";
+    }
 
-void CListFormatTest::hostileTextTakesLessThan64MiB_data()
-{
-    hostileTextIsRefusedQuickly_data();
-}
+    void namesOfAListThatIsLoadedAreMended()
+    {
+        QFETCH(QByteArray, written);
+        QFETCH(QString, strName);
+        const QByteArray bytes = BuildChanged("\"beta\"", '"' + written + '"');
+        const SListReading reading = CListFormat::Read(bytes, {}, CListFormat::NamesMended);
+        QCOMPARE(reading.strReason, QString());
+        QCOMPARE(reading.node.listGroup.at(0).listProcessor.at(1).strName, strName);
+        QCOMPARE(reading.listMended.size(), 1);
+        QVERIFY2(reading.listMended.at(0).contains("processor 2 of group 1: it is \"" + strName + '"'),
+                 qPrintable(reading.listMended.at(0)));
+        QCOMPARE(CListFormat::Read(CListFormat::Write(reading.node), {}).verdict, SListReading::Valid);
+        QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::Invalid);
+    }
 
-void CListFormatTest::hostileTextTakesLessThan64MiB()
-{
-    QFETCH(QByteArray, body);
-    if (!qEnvironmentVariableIsEmpty("PTV_SANITIZE"))
-        QSKIP("the sanitizers take memory of their own");
-    QTemporaryFile file;
-    QVERIFY(file.open());
-    file.write(Seal(body));
-    file.close();
-    QProcess reader; // of its own, so that nothing else counts
-    reader.start(QCoreApplication::applicationDirPath() + "/list_reader", { file.fileName() });
-    QVERIFY(reader.waitForFinished());
-    const QList<QByteArray> listAnswer = reader.readAllStandardOutput().simplified().split(' ');
-    QCOMPARE(listAnswer.value(0).toInt(), int(SListReading::Invalid));
-    const int nKiB = listAnswer.value(1).toInt();
-    QVERIFY2(nKiB > 0 && nKiB < 64 * 1024, qPrintable(QStringLiteral("%1 KiB").arg(nKiB)));
-}
+    void aNameThatIsBadOtherwiseIsRefusedOnLoadingToo()
+    {
+        const QByteArray character = BuildChanged("\"beta\"", "\"a=b\"");
+        QCOMPARE(CListFormat::Read(character, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+        const QByteArray number = BuildChanged("\"beta\"", "7");
+        QCOMPARE(CListFormat::Read(number, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+    }
+
+    void theLongestListPossibleIsTaken()
+    {
+        const QByteArray bytes = CListFormat::Write(BuildLongestList());
+        QVERIFY2(bytes.size() > 700 * 1000, qPrintable(QString::number(bytes.size())));
+        QCOMPARE(CListFormat::Read(bytes, {}).strReason, QString());
+    }
+
+    void everyCutAndEveryFlippedByteIsRefused()
+    {
+        const QByteArray good = CListFormat::Write(BuildList());
+        for (int n = 0; n < good.size(); ++n) {
+            QByteArray flipped = good;
+            flipped[n] = static_cast<char>(flipped.at(n) ^ 0x10);
+            QCOMPARE(CListFormat::Read(good.left(n), {}).verdict, SListReading::Invalid);
+            QCOMPARE(CListFormat::Read(flipped, {}).verdict, SListReading::Invalid);
+        }
+    }
+
+    void aListAtTheLimitsIsTaken()
+    {
+        SProcessorAllNode node;
+        for (int n = 0; n < 256; ++n) {
+            node.listGroup.append(Group(QStringLiteral("g%1").arg(n), { Processor(QStringLiteral("p%1").arg(n)) }));
+        }
+        QCOMPARE(CListFormat::Read(CListFormat::Write(node), {}).verdict, SListReading::Valid);
+    }
+
+    void aListOverTheLimitIsTooLarge_data()
+    {
+        QTest::addColumn<int>("nProcessors");
+        QTest::addColumn<int>("nGroups");
+        QTest::newRow("257 processors") << 257 << 0;
+        QTest::newRow("257 groups") << 0 << 257;
+        QTest::newRow("ten times both") << 2560 << 2560;
+    }
+
+    void aListOverTheLimitIsTooLarge()
+    {
+        QFETCH(int, nProcessors);
+        QFETCH(int, nGroups);
+        SProcessorAllNode node;
+        for (int n = 0; n < nProcessors; ++n) {
+            node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
+        }
+        for (int n = 0; n < nGroups; ++n) {
+            node.listGroup.append(Group(QStringLiteral("g%1").arg(n)));
+        }
+        const QByteArray bytes = CListFormat::Write(node);
+        QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::TooLarge);
+        QCOMPARE(CListFormat::Read(bytes, SListLimits::Lifted()).verdict, SListReading::Valid);
+    }
+
+    void hostileTextIsRefusedQuickly_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        constexpr int nBytes = 1024 * 1024;
+        const auto repeat = [](const QByteArray& part) { // with a number of its own each
+            QByteArray text;
+            for (int n = 0; text.size() < nBytes - 64; ++n) {
+                text += (n ? "," : "") + QByteArray(part).replace('#', QByteArray::number(n));
+            }
+            return text;
+        };
+        QTest::newRow("distinct numbers") << "{\"groups\":[{\"aux\":[" + repeat("#") + "]}]}";
+        QTest::newRow("distinct keys") << '{' + repeat("\"#\":0") + '}';
+        QTest::newRow("processors that are texts") << "{\"processors\":[" + repeat("\"\"") + "]}";
+        QTest::newRow("wide texts") << "{\"groups\":[{\"name\":\"" + QByteArray("\xe4\xb8\x80").repeated(nBytes / 3 - 9)
+                + "\"}]}";
+        QTest::newRow("deep") << QByteArray(nBytes, '[');
+        QTest::newRow("wide") << '[' + QByteArray("[],").repeated(nBytes / 3) + "[]]";
+        QTest::newRow("numbers") << "{\"aux\":[" + QByteArray("1,").repeated(nBytes / 2) + "1]}";
+        QTest::newRow("quotes") << QByteArray(nBytes, '"');
+        QTest::newRow("escapes") << "{\"name\":\"" + QByteArray("\\u0000").repeated(nBytes / 6) + "\"}";
+        QTest::newRow("a long key") << "{\"" + QByteArray(nBytes, 'k') + "\":1}";
+    }
+
+    void hostileTextIsRefusedQuickly()
+    {
+        QFETCH(QByteArray, body);
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(CListFormat::Read(Seal(body), {}).verdict, SListReading::Invalid);
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void hostileTextTakesLessThan64MiB_data()
+    {
+        hostileTextIsRefusedQuickly_data();
+    }
+
+    void hostileTextTakesLessThan64MiB()
+    {
+        QFETCH(QByteArray, body);
+        if (!qEnvironmentVariableIsEmpty("PTV_SANITIZE")) {
+            QSKIP("the sanitizers take memory of their own");
+        }
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write(Seal(body));
+        file.close();
+        QProcess reader; // of its own, so that nothing else counts
+        reader.start(QCoreApplication::applicationDirPath() + "/list_reader", { file.fileName() });
+        QVERIFY(reader.waitForFinished());
+        const QList<QByteArray> listAnswer = reader.readAllStandardOutput().simplified().split(' ');
+        QCOMPARE(listAnswer.value(0).toInt(), int(SListReading::Invalid));
+        const int nKiB = listAnswer.value(1).toInt();
+        QVERIFY2(nKiB > 0 && nKiB < 64 * 1024, qPrintable(QStringLiteral("%1 KiB").arg(nKiB)));
+    }
+};
 
 PTV_TEST_MAIN_CORE(CListFormatTest)
 #include "tst_listformat.moc"

@@ -2,8 +2,8 @@
 #include "CControlFixture.h"
 #include "CHandClock.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/CMessageDispatcher.h"
-#include "CorvidControl/EnControlMessage.h"
+#include "CorvidControl/messages/CMessageDispatcher.h"
+#include "CorvidControl/messages/EnControlMessage.h"
 #include "TestMain.h"
 
 #include <QElapsedTimer>
@@ -15,8 +15,7 @@
 
 using namespace std::chrono_literals;
 
-namespace
-{
+namespace {
 
 using FnReport = std::function<void(CControlHost& host, int n)>;
 

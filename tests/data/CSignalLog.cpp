@@ -5,8 +5,7 @@
 CSignalLog::CSignalLog(CProcessorTreeData* pStore)
 {
     const auto fnLog = [this, pStore](auto fnSignal, const char* pName) {
-        connect(
-            pStore, fnSignal, this, [this, pName] { Append(QLatin1String(pName)); }, Qt::DirectConnection);
+        connect(pStore, fnSignal, this, [this, pName] { Append(QLatin1String(pName)); }, Qt::DirectConnection);
     };
     fnLog(&CProcessorTreeData::NotifyNodeInfo, "NotifyNodeInfo");
     fnLog(&CProcessorTreeData::NotifyButton, "NotifyButton");

@@ -2,50 +2,51 @@
 
 #include <QDeadlineTimer>
 
-namespace
-{
+namespace {
+
 /// Names what is protected; there is no object of it.
 class CAccess : public CBaseThread
 {
 public:
-    static constexpr auto IDLE = &CAccess::bIdle;
-    static constexpr auto EXIT = &CAccess::bExit;
-    static constexpr auto QUEUE = &CAccess::listMessage;
-    static constexpr auto QUEUE_MUTEX = &CAccess::mutexQueue;
-    static constexpr auto ACTIVATE = &CAccess::ActivateThread;
+    static constexpr auto pIdle = &CAccess::bIdle;
+    static constexpr auto pExit = &CAccess::bExit;
+    static constexpr auto pQueue = &CAccess::listMessage;
+    static constexpr auto pQueueMutex = &CAccess::mutexQueue;
+    static constexpr auto fnActivate = &CAccess::ActivateThread;
 };
+
 } // namespace
 
 bool CWorkerProbe::IsIdle() const
 {
-    return pThread->*CAccess::IDLE;
+    return pThread->*CAccess::pIdle;
 }
 
 bool CWorkerProbe::IsToExit() const
 {
-    return pThread->*CAccess::EXIT;
+    return pThread->*CAccess::pExit;
 }
 
 QList<int> CWorkerProbe::Queue() const
 {
     const std::lock_guard<std::mutex> lock(QueueMutex());
-    return pThread->*CAccess::QUEUE;
+    return pThread->*CAccess::pQueue;
 }
 
 std::mutex& CWorkerProbe::QueueMutex() const
 {
-    return pThread->*CAccess::QUEUE_MUTEX;
+    return pThread->*CAccess::pQueueMutex;
 }
 
 void CWorkerProbe::Activate() const
 {
-    (pThread->*CAccess::ACTIVATE)();
+    (pThread->*CAccess::fnActivate)();
 }
 
 void CWorkerProbe::Append(int nMessage) const
 {
     const std::lock_guard<std::mutex> lock(QueueMutex());
-    (pThread->*CAccess::QUEUE).append(nMessage);
+    (pThread->*CAccess::pQueue).append(nMessage);
 }
 
 CWorkerRig::CWorkerRig() : pWorker(new CProcessorTreeThread)

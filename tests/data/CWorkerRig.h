@@ -9,7 +9,7 @@
 class CWorkerProbe
 {
 public:
-    explicit CWorkerProbe(CBaseThread* pBaseThread) : pThread(pBaseThread) { }
+    explicit CWorkerProbe(CBaseThread* pThreadIn) : pThread(pThreadIn) { }
 
     bool IsIdle() const;
     bool IsToExit() const;

@@ -9,11 +9,11 @@
 using AnswersChange = std::function<void(SControlAnswers&)>;
 
 const QStringList NOTHING;
-const QStringList NODE_INFO{ "NotifyNodeInfo" };
-const QStringList BUTTON{ "NotifyButton" };
-const QStringList SELECTION{ "NotifyNodeSelectChanged" };
-const QStringList TITLE{ "NotifyWindowTitle" };
-const QStringList CHIEF{ "NotifyChiefChanged" };
+const QStringList listNodeInfo{ "NotifyNodeInfo" };
+const QStringList listButton{ "NotifyButton" };
+const QStringList listSelection{ "NotifyNodeSelectChanged" };
+const QStringList listTitle{ "NotifyWindowTitle" };
+const QStringList listChief{ "NotifyChiefChanged" };
 
 /// A store of its own in front of a library that can be changed. It has read once: the trees and the
 /// selections of a filled store, the project Opera.

@@ -22,10 +22,7 @@ std::vector<SStoreCall> SStoreCall::All()
         { "GetProcessor", [](Store& store) { store.GetProcessor(ProcessorId("d")); } },
         { "GetNodeName", [](Store& store) { store.GetNodeName(ProcessorId("d")); } },
         { "SetSimulatorPane", [](Store& store) { store.SetSimulatorPane(false); } },
-        { "SetSelectedNodes",
-          [](Store& store) {
-              store.SetSelectedNodes({ ProcessorId("a"), ProcessorId("d") });
-          } },
+        { "SetSelectedNodes", [](Store& store) { store.SetSelectedNodes({ ProcessorId("a"), ProcessorId("d") }); } },
         { "SetExpanded", [](Store& store) { store.SetExpanded(QUuid(), true); } },
         { "SetCurrentTree", [](Store& store) { store.SetCurrentTree(DiscoveredTree()); } },
         { "AppendGroup",

@@ -8,11 +8,12 @@ CBracketTranslator::CBracketTranslator()
     QCoreApplication::installTranslator(this);
 }
 
-QString CBracketTranslator::translate(const char* pContext, const char* pText, const char*, int) const
+QString CBracketTranslator::translate(const char* context, const char* sourceText, const char*, int) const
 {
-    if (qstrcmp(pContext, "CProcessorTreeDelegate") != 0)
+    if (qstrcmp(context, "CProcessorTreeDelegate") != 0) {
         return QString();
-    return QStringLiteral("<%1>").arg(QString::fromLatin1(pText));
+    }
+    return QStringLiteral("<%1>").arg(QString::fromLatin1(sourceText));
 }
 
 bool CBracketTranslator::isEmpty() const

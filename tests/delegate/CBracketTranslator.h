@@ -9,6 +9,6 @@ class CBracketTranslator : public QTranslator
 public:
     CBracketTranslator();
 
-    QString translate(const char* pContext, const char* pText, const char* pComment, int n) const override;
+    QString translate(const char* context, const char* sourceText, const char* disambiguation, int n) const override;
     bool isEmpty() const override;
 };

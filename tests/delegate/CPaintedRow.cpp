@@ -1,8 +1,8 @@
 #include "CPaintedRow.h"
 
-#include "data/EnNodeType.h"
 #include "delegate/CProcessorTreeDelegate.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QPainter>
 

@@ -15,7 +15,8 @@ QFont RowFont()
     return font;
 }
 
-CReferenceRow::CReferenceRow(const CPaintedRow& row) : paintedRow(row), image(row.Blank()), painter(&image)
+CReferenceRow::CReferenceRow(const CPaintedRow& paintedRowIn)
+    : paintedRow(paintedRowIn), image(paintedRowIn.Blank()), painter(&image)
 {
     painter.setFont(RowFont());
 }

@@ -9,7 +9,7 @@ class CPaintedRow;
 class CReferenceRow
 {
 public:
-    explicit CReferenceRow(const CPaintedRow& row);
+    explicit CReferenceRow(const CPaintedRow& paintedRowIn);
 
     CReferenceRow& Background(); ///< what the style gives such a row
     CReferenceRow& Glow();       ///< of a row of the usual size

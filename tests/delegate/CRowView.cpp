@@ -21,8 +21,9 @@ int CCountingDelegate::Paints(const QModelIndex& index) const
 int CCountingDelegate::Paints() const
 {
     int nPaints = 0;
-    for (const int nOfRow : std::as_const(hashPaints))
+    for (const int nOfRow : std::as_const(hashPaints)) {
         nPaints += nOfRow;
+    }
     return nPaints;
 }
 
@@ -46,16 +47,18 @@ CRowView::CRowView()
     resize(300, 400);
     show();
     activateWindow();
-    if (!QTest::qWaitForWindowActive(this))
+    if (!QTest::qWaitForWindowActive(this)) {
         qWarning("The view did not become active");
+    }
 }
 
 QModelIndex CRowView::Row(int nType, const QUuid& id) const
 {
     const QModelIndexList listRow = rows.match(rows.index(0, 0), RoleNodeId, id, -1, Qt::MatchExactly | Qt::MatchRecursive);
     for (const QModelIndex& index : listRow) {
-        if (index.data(RoleNodeType).toInt() == nType)
+        if (index.data(RoleNodeType).toInt() == nType) {
             return index;
+        }
     }
     return {};
 }
@@ -71,8 +74,9 @@ QLineEdit* CRowView::Editor() const
 {
     const QList<QLineEdit*> listEditor = viewport()->findChildren<QLineEdit*>();
     for (QLineEdit* pEditor : listEditor) {
-        if (pEditor->isVisible())
+        if (pEditor->isVisible()) {
             return pEditor;
+        }
     }
     return nullptr;
 }
@@ -87,20 +91,20 @@ QStandardItemModel& CRowView::Rows()
     return rows;
 }
 
-void CRowView::keyPressEvent(QKeyEvent* pEvent)
+void CRowView::keyPressEvent(QKeyEvent* event)
 {
-    listKey.append(pEvent->key());
-    QTreeView::keyPressEvent(pEvent);
+    listKey.append(event->key());
+    QTreeView::keyPressEvent(event);
 }
 
-void CRowView::contextMenuEvent(QContextMenuEvent* pEvent)
+void CRowView::contextMenuEvent(QContextMenuEvent* event)
 {
     ++nContextMenus;
-    QTreeView::contextMenuEvent(pEvent);
+    QTreeView::contextMenuEvent(event);
 }
 
-void CRowView::closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint)
+void CRowView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     listClose.append(hint);
-    QTreeView::closeEditor(pEditor, hint);
+    QTreeView::closeEditor(editor, hint);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/EnNodeType.h"
 #include "delegate/CProcessorTreeDelegate.h"
+#include "nodes/EnNodeType.h"
 
 #include <QHash>
 #include <QLineEdit>
@@ -47,11 +47,11 @@ public:
     QList<QAbstractItemDelegate::EndEditHint> listClose; ///< one for each editor that the view was told to close
 
 protected:
-    void keyPressEvent(QKeyEvent* pEvent) override;
-    void contextMenuEvent(QContextMenuEvent* pEvent) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 protected slots:
-    void closeEditor(QWidget* pEditor, QAbstractItemDelegate::EndEditHint hint) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
     QStandardItemModel rows;

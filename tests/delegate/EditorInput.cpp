@@ -35,8 +35,9 @@ QString RenameGamma(const QString& strName)
 
 void Type(QLineEdit* pEditor, const QString& strText)
 {
-    for (const QChar ch : strText)
+    for (const QChar ch : strText) {
         QTest::sendKeyEvent(QTest::Click, pEditor, Qt::Key_unknown, QString(ch), Qt::NoModifier);
+    }
 }
 
 void Paste(QLineEdit* pEditor, const QString& strText)

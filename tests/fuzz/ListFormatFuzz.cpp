@@ -1,14 +1,14 @@
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
 
-#include "data/SProcessorAllNode.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QByteArray>
 
 #include <cstdio>
 #include <cstdlib>
 
-namespace
-{
+namespace {
+
 void Expect(bool bHolds, const char* szPromise)
 {
     if (!bHolds) {
@@ -36,6 +36,7 @@ void Check(const SListReading& reading)
     Expect(again.verdict == SListReading::Valid, "what was written is read");
     Expect(CListFormat::Write(again.node) == written, "a list that comes back is written to the same bytes");
 }
+
 } // namespace
 
 /// Any bytes as a whole file, where the check sum refuses nearly all, and as what stands behind it.

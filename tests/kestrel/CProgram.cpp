@@ -12,8 +12,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace
-{
+namespace {
+
 constexpr uid_t nNobody = 65534;
 constexpr rlim_t nFullDiskBytes = 64;
 constexpr int nAllRights = 0x7777; // as QFile counts them: owner, user, group, others
@@ -22,7 +22,7 @@ constexpr int nAllRights = 0x7777; // as QFile counts them: owner, user, group, 
 class CChild final : public QProcess
 {
 public:
-    CChild(EnDisk enOfProgram, EnStarter enOfProgramsStarter) : enDisk(enOfProgram), enStarter(enOfProgramsStarter) { }
+    CChild(EnDisk enDiskIn, EnStarter enStarterIn) : enDisk(enDiskIn), enStarter(enStarterIn) { }
 
 protected:
     void setupChildProcess() override
@@ -39,8 +39,9 @@ protected:
             ::close(listPipe[0]);
             dup2(listPipe[1], STDERR_FILENO);
         }
-        if (enDisk == DiskReadOnly && geteuid() == 0 && setuid(nNobody) != 0)
+        if (enDisk == DiskReadOnly && geteuid() == 0 && setuid(nNobody) != 0) {
             _exit(1);
+        }
         if (enDisk == DiskFull) {
             const rlimit limit{ nFullDiskBytes, nFullDiskBytes };
             std::signal(SIGXFSZ, SIG_IGN);
@@ -59,7 +60,7 @@ private:
 class CClosedFolder
 {
 public:
-    explicit CClosedFolder(const QString& strFolder) : strPath(strFolder)
+    explicit CClosedFolder(const QString& strPathIn) : strPath(strPathIn)
     {
         QFile::setPermissions(strPath,
                               QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther
@@ -75,8 +76,7 @@ private:
     const QString strPath;
 };
 
-namespace
-{
+namespace {
 
 /// The offscreen platform comments on each thing that it cannot do.
 bool IsOfPlatform(const QString& strLine)

@@ -1,19 +1,19 @@
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "DialogAnswers.h"
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
-#include "Kestrel/PanelAccess.h"
+#include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
-#include "data/SProcessorGroupNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
+#include "nodes/SProcessorGroupNode.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -27,8 +27,7 @@
 
 #include <thread>
 
-namespace
-{
+namespace {
 
 constexpr int nLongestMs = 10000;
 

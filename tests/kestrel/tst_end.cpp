@@ -5,8 +5,7 @@
 
 #include <csignal>
 
-namespace
-{
+namespace {
 
 constexpr int nControlObjects = 7; ///< to which the panel attaches itself
 

@@ -1,20 +1,19 @@
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CElidedLabel.h"
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
-#include "data/SProcessorGroupNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "journal/CCallLog.h"
+#include "nodes/SProcessorGroupNode.h"
 
 #include <QAccessible>
 #include <QStatusBar>
 #include <QTemporaryDir>
 
-namespace
-{
+namespace {
 
 constexpr char szList[] = "list.kvtl";
 

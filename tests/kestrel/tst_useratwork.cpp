@@ -1,19 +1,19 @@
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CKestrel.h"
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CUserWatch.h"
-#include "Kestrel/PanelAccess.h"
+#include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
-#include "data/SProcessorAllNode.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/widgets/CObserver.h"
 #include "journal/CCallLog.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -23,8 +23,7 @@
 #include <algorithm>
 #include <atomic>
 
-namespace
-{
+namespace {
 
 /// A folder with a list of the examples and a day on which ten devices a second change.
 struct SStormyFolder

@@ -1,4 +1,4 @@
-#include "CorvidControl/CControlHost.h"
+#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CUserWatch.h"
 #include "TestMain.h"
 
@@ -11,8 +11,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-namespace
-{
+namespace {
 
 using Act = std::function<void(QWindow*)>;
 

@@ -6,6 +6,8 @@ import sys
 from sources import code_lines, report, root_argument, sources
 
 WAIT = re.compile(r"\b(QTest::qWait|QTest::qSleep|qWait|qSleep|sleep_for|sleep_until|usleep|nanosleep|msleep|QThread::sleep)\s*\(")
+# A wait for a signal or a thread whose answer nobody looks at.
+UNUSED_WAIT = re.compile(r"^\s*\w+(?:\.|->)wait\(\s*\d\w*\s*\);")
 SCRIPT_WAIT = re.compile(r"(^|[;&|({\s])sleep\s+[\d.$]|time\.sleep\(")
 
 
@@ -15,7 +17,7 @@ def is_paced(path, number):
 
 def findings_of(path, pattern, lines):
     for number, line in lines:
-        match = pattern.search(line)
+        match = pattern.search(line) or (pattern is WAIT and UNUSED_WAIT.search(line))
         if match and not is_paced(path, number):
             yield path, number, f"fixed wait: {match.group().strip()}"
 

@@ -5,8 +5,24 @@ import sys
 from sources import code_lines, report, root_argument, sources
 
 # Folders of src/ from the bottom; an include goes down, never sideways between tree, toolbar, dialogs.
-LEVEL = {"interfaces": 0, "data": 1, "model": 2, "delegate": 3, "tree": 4, "toolbar": 4, "dialogs": 4, "shell": 5}
-NODE_RECORDS = {f"data/{name}.h" for name in ("EnNodeType", "SNode", "SProcessorAllNode", "SProcessorGroupNode", "SProcessorNode")}
+LEVEL = {
+    "data/nodes": 0,
+    "interfaces": 1,
+    "data": 2,
+    "model": 3,
+    "delegate": 4,
+    "tree/commands": 5,
+    "dialogs": 6,
+    "toolbar": 6,
+    "tree": 6,
+    "shell/commands": 7,
+    "shell": 8,
+}
+# Commands are told by callback what they have to announce.
+NOT_BELOW = {"shell/commands": {"tree", "tree/commands", "toolbar"}}
+# What the host shares with the panel.
+SHARED = {"data/nodes", "interfaces"}
+ROOTS = ("src", "src/data", "host")  # where includes are named from; of src/data only the node records
 # The one arrow that runs back: rows are expanded and filtered in the view. In the source, not the header.
 BACK_ARROWS = {("model", ".cpp", "tree/CProcessorTree.h")}
 HOST_FOLDERS = {"CommonComponent", "CorvidControl", "journal", "Kestrel"}
@@ -23,30 +39,38 @@ def quoted_includes(path):
 
 
 def target_of(root, path, name):
-    """The project's file that an include means, relative to src/ or host/; None for foreign ones."""
-    for base in (path.parent, root / "src", root / "host"):
+    """The project's file that an include means, relative to the root; None for foreign ones."""
+    for base in (path.parent, *(root / base for base in ROOTS)):
         candidate = (base / name).resolve()
         if candidate.is_file() and candidate.is_relative_to(root):
             return candidate.relative_to(root)
     return None
 
 
-def fault_in_src(folder, suffix, target):
+def folder_of(path):
+    """The subsystem of src/ that a file belongs to: the deepest one that the levels name."""
+    parts = path.parts[1:-1]
+    names = ["/".join(parts[:count]) for count in range(len(parts), 0, -1)]
+    return next((name for name in names if name in LEVEL), parts[0])
+
+
+def fault_in_src(path, target):
     if target.parts[0] != "src":
         return f"src/ includes {target}"
     name = "/".join(target.parts[1:])
-    to_folder = target.parts[1]
-    if folder == "interfaces":
-        return None if to_folder == "interfaces" or name in NODE_RECORDS else f"an interface includes {name}"
-    if (folder, suffix, name) in BACK_ARROWS or to_folder == folder or LEVEL[to_folder] < LEVEL[folder]:
+    folder, to_folder = folder_of(path), folder_of(target)
+    if (folder, path.suffix, name) in BACK_ARROWS or to_folder == folder:
+        return None
+    if LEVEL[to_folder] < LEVEL[folder] and to_folder not in NOT_BELOW.get(folder, set()):
         return None
     return f"{folder} includes {name}, which is not below it"
 
 
-def fault_in_host(folder, target):
+def fault_in_host(path, target):
+    folder = path.parts[1]
     name = "/".join(target.parts[1:])
     if target.parts[0] == "src":
-        return None if target.parts[1] == "interfaces" or name in NODE_RECORDS else f"the host includes {name} of the panel"
+        return None if folder_of(target) in SHARED else f"the host includes {name} of the panel"
     if target.parts[0] != "host":
         return f"host/ includes {target}"
     to_folder = target.parts[1]
@@ -55,19 +79,16 @@ def fault_in_host(folder, target):
 
 
 def findings_of(root, path):
-    part, folder = path.relative_to(root).parts[:2]
+    relative = path.relative_to(root)
     for number, kind, name in quoted_includes(path):
         target = target_of(root, path, name)
         if target is None:
             if kind == '"':
                 yield path, number, f'"{name}" is no file of this project; foreign headers take angle brackets'
             continue
-        fault = fault_in_src(folder, path.suffix, target) if part == "src" else fault_in_host(folder, target)
+        fault = fault_in_src(relative, target) if relative.parts[0] == "src" else fault_in_host(relative, target)
         if fault:
             yield path, number, fault
-        record = part == "src" and "/".join(path.relative_to(root).parts[1:])
-        if record in NODE_RECORDS and "/".join(target.parts[1:]) not in NODE_RECORDS:
-            yield path, number, "a node record includes more than node records"
 
 
 def main():

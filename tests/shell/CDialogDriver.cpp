@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QtTest>
 
-namespace
-{
+namespace {
+
 constexpr int nLookMilliseconds = 1;
 
 QString Describe(const QDialog* pDialog)
@@ -32,6 +32,7 @@ void ChooseFile(QDialog* pDialog, const QString& strPath)
     pName->setText(strPath);
     QTest::keyClick(pName, Qt::Key_Return);
 }
+
 } // namespace
 
 CDialogDriver::CDialogDriver()
@@ -94,8 +95,9 @@ bool CDialogDriver::IsDone() const
 void CDialogDriver::Look()
 {
     auto* pDialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (pDialog && pDialog->isVisible() && pDialog != pLast)
+    if (pDialog && pDialog->isVisible() && pDialog != pLast) {
         Deal(pDialog);
+    }
 }
 
 void CDialogDriver::Deal(QDialog* pDialog)

@@ -14,14 +14,14 @@
 #include <QToolButton>
 #include <QtTest>
 
-namespace
-{
+namespace {
+
 constexpr int nRepeatMilliseconds = 250;
 
 class CHost final : public IUIManagement
 {
 public:
-    explicit CHost(QWidget* pParentWidget) : pParent(pParentWidget) { }
+    explicit CHost(QWidget* pParentIn) : pParent(pParentIn) { }
 
     QWidget* GetParentWidget() override
     {
@@ -39,12 +39,14 @@ QPushButton* FindTab(const QWidget* pView, const QString& strPosition)
                                  [&](const QPushButton* pTab) { return pTab->property("Position").toString() == strPosition; });
     return it == listTab.cend() ? nullptr : *it;
 }
+
 } // namespace
 
 CPanel::CPanel(const FnAnswers& fnAnswers)
 {
-    if (fnAnswers)
+    if (fnAnswers) {
         control.Set(fnAnswers);
+    }
     CHost management(&host);
     CProcessorTreeView_Init(&pWidget, &management);
     auto* pLayout = new QVBoxLayout(&host);
@@ -134,8 +136,9 @@ QToolButton* CPanel::ToolButton(const QString& strToolTip) const
 {
     const auto listButton = ToolBar()->findChildren<QToolButton*>();
     for (QToolButton* pButton : listButton) {
-        if (pButton->toolTip() == strToolTip)
+        if (pButton->toolTip() == strToolTip) {
             return pButton;
+        }
     }
     return nullptr;
 }
@@ -144,8 +147,9 @@ QAction* CPanel::MenuAction(const QString& strText) const
 {
     const auto listAction = ToolBar()->findChildren<QAction*>();
     for (QAction* pAction : listAction) {
-        if (pAction->text() == strText)
+        if (pAction->text() == strText) {
             return pAction;
+        }
     }
     return nullptr;
 }

@@ -12,8 +12,7 @@
 #include <QToolButton>
 #include <QWindow>
 
-namespace
-{
+namespace {
 
 const QStringList listSaved{ QStringLiteral("g_pPrcListControl.ExportList(\"\", 0)") };
 

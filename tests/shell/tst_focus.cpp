@@ -12,8 +12,7 @@
 #include <QToolButton>
 #include <QWindow>
 
-namespace
-{
+namespace {
 
 void Site(SControlAnswers& answers)
 {

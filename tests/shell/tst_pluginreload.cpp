@@ -10,8 +10,7 @@
 
 #include <dlfcn.h>
 
-namespace
-{
+namespace {
 
 constexpr char szEntryPoint[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
 constexpr int nLoads = 1000;

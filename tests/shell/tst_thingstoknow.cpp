@@ -11,8 +11,7 @@
 #include <QThreadPool>
 #include <QToolButton>
 
-namespace
-{
+namespace {
 
 void Site(SControlAnswers& answers)
 {

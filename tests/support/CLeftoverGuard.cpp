@@ -10,9 +10,9 @@
 #include <cstdio>
 #include <thread>
 
-namespace
-{
-constexpr int c_nPatience = 5000; // milliseconds; a job or thread that takes longer is lost
+namespace {
+
+constexpr int nPatience = 5000; // milliseconds; a job or thread that takes longer is lost
 
 QStringList ThreadIds()
 {
@@ -54,12 +54,13 @@ int Leftover(const char* pKind, const QString& strName)
     std::fprintf(stderr, "FAIL!  : left over: %s %s\n", pKind, qPrintable(strName));
     return 1;
 }
+
 } // namespace
 
 CLeftoverGuard::CLeftoverGuard()
 {
     // With the first thread a sanitizer starts one of its own, which stays.
-    std::thread([] {}).join();
+    std::thread([] { }).join();
     listThreadAtStart = ThreadIds();
 }
 
@@ -87,12 +88,12 @@ int CLeftoverGuard::ReportWidgets() const
 int CLeftoverGuard::ReportJobs() const
 {
     // Also ends the pool's idle threads, which would count as left over otherwise.
-    return QThreadPool::globalInstance()->waitForDone(c_nPatience) ? 0 : Leftover("job", QStringLiteral("in the global pool"));
+    return QThreadPool::globalInstance()->waitForDone(nPatience) ? 0 : Leftover("job", QStringLiteral("in the global pool"));
 }
 
 int CLeftoverGuard::ReportThreads() const
 {
-    if (QTest::qWaitFor([this] { return NewThreads(listThreadAtStart).isEmpty(); }, c_nPatience)) {
+    if (QTest::qWaitFor([this] { return NewThreads(listThreadAtStart).isEmpty(); }, nPatience)) {
         return 0;
     }
     int nLeft = 0;

@@ -9,7 +9,7 @@ class CMapTranslator : public QTranslator
 {
 public:
     /// The map's keys are "context|source text".
-    explicit CMapTranslator(const QHash<QString, QString>& hashTranslation) : hashText(hashTranslation)
+    explicit CMapTranslator(const QHash<QString, QString>& hashTextIn) : hashText(hashTextIn)
     {
         QCoreApplication::installTranslator(this);
     }
@@ -19,9 +19,9 @@ public:
         QCoreApplication::removeTranslator(this);
     }
 
-    QString translate(const char* szContext, const char* szText, const char*, int) const override
+    QString translate(const char* context, const char* sourceText, const char*, int) const override
     {
-        return hashText.value(QString::fromUtf8(szContext) + QLatin1Char('|') + QString::fromUtf8(szText));
+        return hashText.value(QString::fromUtf8(context) + QLatin1Char('|') + QString::fromUtf8(sourceText));
     }
 
     bool isEmpty() const override

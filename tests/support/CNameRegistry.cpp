@@ -3,8 +3,8 @@
 #include <QMutexLocker>
 #include <QStringList>
 
-namespace
-{
+namespace {
+
 QUuid NamedId(const QString& strKind, const QString& strName)
 {
     static const QUuid idSpace(QStringLiteral("{5f0c8a57-7b0e-4a64-9d32-1f8b1d1e7a10}"));
@@ -12,6 +12,7 @@ QUuid NamedId(const QString& strKind, const QString& strName)
     CNameRegistry::Instance().Name(id, strName);
     return id;
 }
+
 } // namespace
 
 CNameRegistry& CNameRegistry::Instance()

@@ -6,8 +6,8 @@
 
 #include <cstdio>
 
-namespace
-{
+namespace {
+
 /// What the offscreen platform and a bare machine say, whatever the program does.
 bool IsOfThePlatform(const QString& strText)
 {
@@ -20,6 +20,7 @@ bool IsOnGuiThread()
     const QCoreApplication* pApplication = QCoreApplication::instance();
     return pApplication != nullptr && QThread::currentThread() == pApplication->thread();
 }
+
 } // namespace
 
 CWarningGuard& CWarningGuard::Instance()

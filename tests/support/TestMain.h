@@ -18,8 +18,8 @@
 /// QTest::ignoreMessage, which does not know the rule above.
 void ExpectWarning(const QString& strPattern);
 
-namespace TestMain
-{
+namespace TestMain {
+
 /// Runs pTest between the guards; returns the program's exit code.
 int Run(QObject* pTest, int argc, char** argv);
 
@@ -38,11 +38,11 @@ template <class Base> class CApplication : public Base
 public:
     using Base::Base;
 
-    bool notify(QObject* pReceiver, QEvent* pEvent) override
+    bool notify(QObject* receiver, QEvent* event) override
     {
-        BeforeDelivery(pReceiver, pEvent);
-        const bool bTaken = Base::notify(pReceiver, pEvent);
-        AfterDelivery(pReceiver);
+        BeforeDelivery(receiver, event);
+        const bool bTaken = Base::notify(receiver, event);
+        AfterDelivery(receiver);
         return bTaken;
     }
 };
@@ -55,6 +55,7 @@ template <class Test, class Base> int Main(int argc, char** argv)
     Test test;
     return Run(&test, argc, argv);
 }
+
 } // namespace TestMain
 
 #define PTV_TEST_MAIN(Class)                                                                                                     \

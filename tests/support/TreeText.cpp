@@ -1,8 +1,8 @@
 #include "TreeText.h"
 
 #include "CNameRegistry.h"
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QAbstractItemModel>
 #include <QItemSelectionModel>
@@ -10,8 +10,8 @@
 
 #include <functional>
 
-namespace
-{
+namespace {
+
 using FnFlags = std::function<QString(const QModelIndex&)>;
 
 QString RowText(const QModelIndex& index)
@@ -41,6 +41,7 @@ void AppendRows(const QAbstractItemModel* pModel, const QModelIndex& indexParent
         AppendRows(pModel, index, nLevel + 1, fnFlags, strText);
     }
 }
+
 } // namespace
 
 QString TreeText(const QTreeView* pView)
@@ -59,7 +60,6 @@ QString TreeText(const QTreeView* pView)
 QString TreeText(const QAbstractItemModel* pModel)
 {
     QString strText;
-    AppendRows(
-        pModel, QModelIndex(), 0, [](const QModelIndex&) { return QString(); }, strText);
+    AppendRows(pModel, QModelIndex(), 0, [](const QModelIndex&) { return QString(); }, strText);
     return strText;
 }

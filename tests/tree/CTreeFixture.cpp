@@ -2,13 +2,12 @@
 
 #include "CUserHand.h"
 #include "data/CProcessorTreeData.h"
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 
 #include <QtTest>
 
-namespace
-{
+namespace {
 
 const char* const szStyleSheet = "#ProcessorTree { background: #1C1E21; border: none; outline: none; show-decoration-selected: 1;"
                                  "  selection-background-color: transparent; }"

@@ -6,8 +6,7 @@
 #include <QWindow>
 #include <QtTest>
 
-namespace
-{
+namespace {
 
 QString Plain(QString strText)
 {

@@ -1,14 +1,13 @@
 #include "CNameRegistry.h"
 #include "TestMain.h"
-#include "data/EnNodeType.h"
 #include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
 #include "tree/CNodeWalk.h"
 
 #include <QStandardItemModel>
 #include <QTreeView>
 
-namespace
-{
+namespace {
 
 QStandardItem* Item(int nType, const QString& strName)
 {

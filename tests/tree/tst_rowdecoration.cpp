@@ -4,8 +4,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 
-namespace
-{
+namespace {
 
 const QColor colorBackground("#1C1E21");
 const QColor colorSelected("#5F646D");
@@ -206,9 +205,9 @@ private slots:
         class CPaintCounter : public QObject
         {
         public:
-            bool eventFilter(QObject*, QEvent* pEvent) override
+            bool eventFilter(QObject*, QEvent* event) override
             {
-                nPaints += pEvent->type() == QEvent::Paint ? 1 : 0;
+                nPaints += event->type() == QEvent::Paint ? 1 : 0;
                 return false;
             }
             int nPaints = 0;

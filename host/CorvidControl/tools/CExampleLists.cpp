@@ -1,11 +1,10 @@
 #include "CorvidControl/tools/CExampleLists.h"
 
-#include "CorvidControl/CDeviceTypes.h"
+#include "CorvidControl/devices/CDeviceTypes.h"
 
 #include <QStringList>
 
-namespace
-{
+namespace {
 
 constexpr quint32 nFirstAddress = 0xC0A8010B; // 192.168.1.11: the panel's first proposal stays free
 constexpr qint32 nPrimary = 1;
@@ -52,8 +51,9 @@ public:
                                  qint32 nModel, bool bExpanded)
     {
         SProcessorGroupNode group = BuildGroup(strGroup, bExpanded);
-        for (int n = 1; n <= nCount; ++n)
+        for (int n = 1; n <= nCount; ++n) {
             group.listProcessor.append(BuildProcessor(QStringLiteral("%1 %2").arg(strName).arg(n), strProject, nModel));
+        }
         return group;
     }
 
@@ -82,8 +82,9 @@ SProcessorGroupNode BuildStage(CBuilder& builder)
                                 QStringLiteral("Wall right"),  QStringLiteral("Wall right spare"),
                                 QStringLiteral("Floor"),       QStringLiteral("Ceiling"),
                                 QStringLiteral("Portal"),      QStringLiteral("Stage monitor") };
-    for (const QString& strName : listName)
+    for (const QString& strName : listName) {
         group.listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("Aurora"), 30));
+    }
     MakePair(group, 0);
     MakePair(group, 2);
     MakePair(group, 4);
@@ -103,8 +104,9 @@ SProcessorGroupNode BuildNames(CBuilder& builder)
                                 QStringLiteral("서울 스튜디오 중앙 화면"),
                                 QStringLiteral("演播室主屏幕左侧备用处理器第一号机柜上层左x"), // 64 bytes
                                 QStringLiteral("A processor whose name is as long as a name can ever be, 64 byte") };
-    for (const QString& strName : listName)
+    for (const QString& strName : listName) {
         group.listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("春节晚会"), 22));
+    }
     MakePair(group, 0);
     group.listProcessor[4].bOnline = false;
     return group;
@@ -143,8 +145,9 @@ SProcessorAllNode CExampleLists::BuildStudio()
     const QStringList listSingle{ QStringLiteral("Lobby clock"), QStringLiteral("Roof sign"), QStringLiteral("Test bench"),
                                   QStringLiteral("Loan unit 7"), QStringLiteral("Service case") };
     QList<SProcessorNode>& listProcessor = node.listProcessor;
-    for (const QString& strName : listSingle)
+    for (const QString& strName : listSingle) {
         listProcessor.append(builder.BuildProcessor(strName, QStringLiteral("Welcome loop"), 41));
+    }
     listProcessor[2].strProject.clear();
     listProcessor[3].bOnline = false;
     return node;
@@ -161,8 +164,9 @@ SProcessorAllNode CExampleLists::BuildLimits()
         processor.nFailover = n % 3;
         processor.bOnline = n % 16 != 0;
         group.listProcessor.append(processor);
-        if (n % 32 == 0)
+        if (n % 32 == 0) {
             MakeChief(group, 0);
+        }
         node.listGroup.append(group);
     }
     return node;

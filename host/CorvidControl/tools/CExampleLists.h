@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/SProcessorAllNode.h"
+#include "nodes/SProcessorAllNode.h"
 
 /// The lists in examples/. They depend on nothing but this source, so that building them again gives the
 /// same bytes.

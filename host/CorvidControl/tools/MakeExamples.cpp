@@ -1,6 +1,6 @@
 // Writes the example lists into the folder that is named.
 
-#include "CorvidControl/CListFormat.h"
+#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/tools/CExampleLists.h"
 
 #include <QCoreApplication>
@@ -9,16 +9,16 @@
 
 #include <cstdio>
 
-namespace
-{
+namespace {
 
 bool Save(const QString& strPath, const SProcessorAllNode& node)
 {
     QSaveFile file(strPath);
     file.open(QIODevice::WriteOnly);
     file.write(CListFormat::Write(node));
-    if (file.commit())
+    if (file.commit()) {
         return true;
+    }
     std::fprintf(stderr, "%s: %s\n", qPrintable(strPath), qPrintable(file.errorString()));
     return false;
 }

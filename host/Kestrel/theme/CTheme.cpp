@@ -7,17 +7,19 @@
 #include <QRegularExpression>
 #include <QStyleFactory>
 
-namespace
-{
-constexpr int g_nFontPixels = 12;
+namespace {
+
+constexpr int nFontPixels = 12;
 
 QString ReadText(const QString& strPath)
 {
     QFile file(strPath);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         qFatal("%s is missing in the resources", qPrintable(strPath));
+    }
     return QString::fromUtf8(file.readAll());
 }
+
 } // namespace
 
 CTheme::CTheme()
@@ -36,7 +38,7 @@ void CTheme::Apply(QApplication& application) const
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(GetPalette());
     QFont font(QStringLiteral("Inter"));
-    font.setPixelSize(g_nFontPixels);
+    font.setPixelSize(nFontPixels);
     QApplication::setFont(font);
     application.setStyleSheet(GetApplicationSheet());
 }
@@ -85,7 +87,8 @@ QPalette CTheme::GetPalette() const
     palette.setColor(QPalette::Highlight, GetColour(QStringLiteral("selectFill")));
     palette.setColor(QPalette::HighlightedText, GetColour(QStringLiteral("textSelected")));
     palette.setColor(QPalette::Link, GetColour(QStringLiteral("accent")));
-    for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText })
+    for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText }) {
         palette.setColor(QPalette::Disabled, role, GetColour(QStringLiteral("textDisabled")));
+    }
     return palette;
 }

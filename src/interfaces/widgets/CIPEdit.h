@@ -32,7 +32,7 @@ signals:
     void ExistError(bool bExist);
 
 protected:
-    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

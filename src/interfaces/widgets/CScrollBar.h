@@ -27,7 +27,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void sliderChange(SliderChange change) override;
 
 private:

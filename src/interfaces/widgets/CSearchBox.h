@@ -31,7 +31,7 @@ signals:
     void SignalSearch(const QString& strText);
 
 protected:
-    bool eventFilter(QObject* pWatched, QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

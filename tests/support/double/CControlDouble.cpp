@@ -47,8 +47,8 @@ QStringList CControlDouble::CPrivate::Texts(const std::function<bool(const SCall
     return listText;
 }
 
-namespace
-{
+namespace {
+
 bool IsAny(const SCall&)
 {
     return true;
@@ -63,6 +63,7 @@ bool IsSubscription(const SCall& call)
 {
     return call.kind == CallSubscription;
 }
+
 } // namespace
 
 CControlDouble::CAnswersGuard::CAnswersGuard(CControlDouble& control) : answers(control.d->state.answers), d(control.d.data())

@@ -7,8 +7,8 @@
 #include <chrono>
 #include <typeinfo>
 
-namespace
-{
+namespace {
+
 bool Names(const QString& strName, const QString& strOperation)
 {
     return strName == strOperation || strOperation.endsWith(QLatin1Char('.') + strName);
@@ -29,6 +29,7 @@ QString ThreadTag()
     }
     return strClass.contains(QLatin1String("QAdoptedThread")) ? QStringLiteral("other") : QStringLiteral("worker");
 }
+
 } // namespace
 
 CDoubleJournal::CCallGuard::~CCallGuard()

@@ -7,7 +7,7 @@
 class CDoubledObject
 {
 protected:
-    CDoubledObject(SControlState& sharedState, const char* pName) : state(sharedState), strObject(QLatin1String(pName)) { }
+    CDoubledObject(SControlState& stateIn, const char* pName) : state(stateIn), strObject(QLatin1String(pName)) { }
     ~CDoubledObject() = default;
 
     using CGuard = CDoubleJournal::CCallGuard;

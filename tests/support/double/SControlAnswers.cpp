@@ -1,9 +1,9 @@
 #include "double/SControlAnswers.h"
 
-#include "data/EnNodeType.h"
+#include "nodes/EnNodeType.h"
 
-namespace
-{
+namespace {
+
 template <class Fn> void ForEachProcessor(const SProcessorAllNode& root, Fn fn)
 {
     for (const SProcessorGroupNode& group : root.listGroup) {
@@ -44,6 +44,7 @@ void SetExpandedIn(SProcessorAllNode& root, const QUuid& id, bool bExpanded)
     }
     SetExpandedIn(root.listProcessor, id, bExpanded);
 }
+
 } // namespace
 
 SProcessorAllNode& SControlAnswers::Tree(bool bSimulator)

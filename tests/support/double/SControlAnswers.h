@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/SProcessorAllNode.h"
 #include "interfaces/control/SLocalAddress.h"
+#include "nodes/SProcessorAllNode.h"
 
 #include <QMap>
 

@@ -8,8 +8,8 @@ using TsanQt::Original;
 using TsanQt::PutIn;
 using TsanQt::TakeIn;
 
-namespace
-{
+namespace {
+
 /// What all copies of a future share, its private object: the member behind the table of its virtual
 /// operations.
 const void* Shared(const QFutureInterfaceBase* pFuture)
@@ -18,6 +18,7 @@ const void* Shared(const QFutureInterfaceBase* pFuture)
     std::memcpy(&pShared, reinterpret_cast<const char*>(pFuture) + sizeof(void*), sizeof(pShared));
     return pShared;
 }
+
 } // namespace
 
 void QFutureInterfaceBase::reportFinished()

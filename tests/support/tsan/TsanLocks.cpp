@@ -9,8 +9,8 @@ using TsanQt::Original;
 using TsanQt::PutIn;
 using TsanQt::TakeIn;
 
-namespace
-{
+namespace {
+
 enum EnLockMode
 {
     LockRead,
@@ -25,10 +25,10 @@ struct SHeldLock
     EnLockMode mode;
 };
 
-constexpr int c_nMaxHeld = 64;
+constexpr int nMaxHeld = 64;
 
 // Without destructor: Qt still locks while a thread's other variables are destroyed.
-thread_local SHeldLock t_aHeld[c_nMaxHeld];
+thread_local SHeldLock t_aHeld[nMaxHeld];
 thread_local int t_nHeld = 0;
 
 SHeldLock* FindHeld(void* pLock)
@@ -52,7 +52,7 @@ void Locked(void* pLock, EnLockMode mode)
         ++pHeld->nDepth;
         return;
     }
-    if (t_nHeld == c_nMaxHeld) {
+    if (t_nHeld == nMaxHeld) {
         qFatal("more locks held at once than the table of the thread sanitizer's bridge has room for");
     }
     t_aHeld[t_nHeld++] = { pLock, 1, mode };
@@ -88,6 +88,7 @@ void Unlocking(void* pLock)
     __tsan_mutex_pre_unlock(pLock, nFlags);
     __tsan_mutex_post_unlock(pLock, nFlags);
 }
+
 } // namespace
 
 void QReadWriteLock::lockForRead()

@@ -3,8 +3,8 @@
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
 
-namespace TsanQt
-{
+namespace TsanQt {
+
 /// The library's own function behind one that this folder defines.
 template <class Fn> Fn Original(const char* pSymbol)
 {
@@ -32,4 +32,5 @@ inline void TakeOut(const void* pObject)
 {
     __tsan_acquire(static_cast<char*>(const_cast<void*>(pObject)) + 1);
 }
+
 } // namespace TsanQt

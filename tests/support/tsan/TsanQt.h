@@ -27,9 +27,10 @@ class QObject;
 /// Each object stands for two points of order: its own address for what goes into it (a lock that was
 /// given back, a signal that was emitted, a job that was queued), and the address behind for what comes
 /// out of it (an event that was handled, a thread that ended).
-namespace TsanQt
-{
+namespace TsanQt {
+
 /// Around QCoreApplication::notify, on the receiver's thread.
 void BeforeDelivery(QObject* pReceiver, QEvent* pEvent);
 void AfterDelivery(QObject* pReceiver);
+
 } // namespace TsanQt

@@ -10,16 +10,14 @@ using TsanQt::PutOut;
 using TsanQt::TakeIn;
 using TsanQt::TakeOut;
 
-namespace
-{
+namespace {
+
 /// A job of the pool between the two points that order it: what its starter did comes before it, what
 /// it did before the end of QThreadPool::waitForDone.
 class COrderedJob final : public QRunnable
 {
 public:
-    COrderedJob(QRunnable* pRunnable, const QThreadPool* pThreadPool)
-        : pJob(pRunnable), pPool(pThreadPool), bOwns(pRunnable->autoDelete())
-    { }
+    COrderedJob(QRunnable* pJobIn, const QThreadPool* pPoolIn) : pJob(pJobIn), pPool(pPoolIn), bOwns(pJobIn->autoDelete()) { }
 
     void run() override
     {
@@ -36,6 +34,7 @@ private:
     const QThreadPool* pPool;
     bool bOwns;
 };
+
 } // namespace
 
 void QThread::start(Priority priority)

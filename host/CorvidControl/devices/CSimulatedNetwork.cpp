@@ -1,0 +1,143 @@
+#include "CorvidControl/devices/CSimulatedNetwork.h"
+
+#include "CorvidControl/devices/CDeviceTypes.h"
+
+#include <QHostAddress>
+
+#include <algorithm>
+
+namespace {
+
+bool IsPrivate(quint32 nIP)
+{
+    return (nIP >> 24) == 10 || (nIP >> 20) == 0xAC1 || (nIP >> 16) == 0xC0A8;
+}
+
+} // namespace
+
+void CSimulatedNetwork::SetListener(const Listener& listenerNew)
+{
+    listener = listenerNew;
+}
+
+void CSimulatedNetwork::Adopt(const SProcessorNode& device)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    hashAdopted.insert(device.idNode, device);
+    for (int n = listUnlisted.size() - 1; n >= 0; --n) {
+        if (listUnlisted.at(n).idNode == device.idNode) {
+            listUnlisted.removeAt(n);
+        }
+    }
+}
+
+void CSimulatedNetwork::Forget(const QUuid& id)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    hashAdopted.remove(id);
+}
+
+void CSimulatedNetwork::Release(const QList<QUuid>& listId)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const auto isOnline = [this](const QUuid& id) { return hashAdopted.value(id).bOnline; };
+    if (std::any_of(listId.cbegin(), listId.cend(), isOnline)) {
+        Wait(lock, delays.timeRelease);
+    }
+    for (const QUuid& id : listId) {
+        hashAdopted.remove(id);
+    }
+}
+
+QList<SProcessorNode> CSimulatedNetwork::Scan()
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    Wait(lock, delays.timeScan);
+    QList<SProcessorNode> listAll = listUnlisted;
+    for (const SProcessorNode& device : std::as_const(hashAdopted)) {
+        listAll.append(device);
+    }
+    return listAll;
+}
+
+bool CSimulatedNetwork::Ask(quint32 nIP, SProcessorNode& device)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const bool bAnswers = IsPrivate(nIP) && !setSilent.contains(nIP);
+    Wait(lock, bAnswers ? delays.timeAnswer : delays.timeTimeout);
+    const auto isThere = [&](const SProcessorNode& entry) { return entry.nIP == nIP; };
+    const auto it = std::find_if(listUnlisted.cbegin(), listUnlisted.cend(), isThere);
+    device = it != listUnlisted.cend() ? *it : BuildDevice(nIP, {});
+    return bAnswers && !bStop;
+}
+
+void CSimulatedNetwork::Stop()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    bStop = true;
+    condStop.notify_all();
+}
+
+void CSimulatedNetwork::SetOnline(const QUuid& id, bool bOnline)
+{
+    Change(id, [=](SProcessorNode& device) { device.bOnline = bOnline; });
+}
+
+void CSimulatedNetwork::SetRole(const QUuid& id, qint32 nFailover)
+{
+    Change(id, [=](SProcessorNode& device) { device.nFailover = nFailover; });
+}
+
+void CSimulatedNetwork::SetProject(const QUuid& id, const QString& strProject)
+{
+    Change(id, [=](SProcessorNode& device) { device.strProject = strProject; });
+}
+
+void CSimulatedNetwork::Appear(quint32 nIP, const QString& strName)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    setSilent.remove(nIP);
+    listUnlisted.append(BuildDevice(nIP, strName));
+}
+
+void CSimulatedNetwork::Silence(quint32 nIP)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    setSilent.insert(nIP);
+}
+
+SProcessorNode CSimulatedNetwork::BuildDevice(quint32 nIP, const QString& strName)
+{
+    static const QUuid idSpace(QStringLiteral("{6c9c2e1a-5f0b-4a63-9d53-3a1f0d0b7e21}"));
+    SProcessorNode device;
+    const QString strAddress = QHostAddress(nIP).toString();
+    device.idNode = QUuid::createUuidV5(idSpace, strAddress);
+    device.idAux = QUuid::createUuidV5(device.idNode, strAddress);
+    device.strName = strName.isEmpty() ? QStringLiteral("Processor %1").arg(strAddress) : strName;
+    device.nModel = CDeviceTypes::nStandard;
+    device.strType = CDeviceTypes::GetName(device.nModel);
+    device.nIP = nIP;
+    device.bOnline = true;
+    return device;
+}
+
+void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProcessorNode&)>& change)
+{
+    SProcessorNode device;
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!hashAdopted.contains(id)) {
+            return;
+        }
+        device = hashAdopted.value(id);
+        change(device);
+        hashAdopted.insert(id, device);
+    }
+    listener(device);
+}
+
+// Needs the lock, and lets go of it while it waits.
+void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
+{
+    condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });
+}

@@ -1,0 +1,25 @@
+#include "CorvidControl/devices/DeviceReport.h"
+
+#include "CorvidControl/list/CNameRules.h"
+
+#include <QHostAddress>
+
+namespace {
+
+constexpr qint32 nMaxRole = 2;
+
+} // namespace
+
+SProcessorNode DeviceReport::Mend(const SProcessorNode& device)
+{
+    SProcessorNode processor = device;
+    const QString strAddress = QHostAddress(device.nIP).toString();
+    processor.strName = CNameRules::Mend(device.strName, strAddress);
+    if (!CNameRules::FindFault(processor.strName).isEmpty()) {
+        processor.strName = strAddress;
+    }
+    processor.strType = CNameRules::MendText(device.strType);
+    processor.strProject = CNameRules::MendText(device.strProject);
+    processor.nFailover = device.nFailover < 0 || device.nFailover > nMaxRole ? 0 : device.nFailover;
+    return processor;
+}

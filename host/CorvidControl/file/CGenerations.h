@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CorvidControl/file/SListClock.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+/// Earlier lists beside the list, in dated files. The last nKept stay, and the first of each of the last
+/// nKeptDays days that have any. For one thread at a time.
+class CGenerations
+{
+public:
+    static constexpr int nKept = 10;
+    static constexpr int nKeptDays = 10;
+    static constexpr std::chrono::minutes timeBetween{ 5 };
+
+    explicit CGenerations(const SListClock& clockIn);
+
+    /// True when none was kept for timeBetween, by this run or by one before it.
+    bool IsDue(const QString& strListPath) const;
+
+    /// Keeps bytes, unless the latest generation is the same. Empty, or the fault.
+    QString Keep(const QString& strListPath, const QByteArray& bytes);
+
+    /// Removes what is not to stay. One fault for each that could not be removed.
+    QStringList Prune(const QString& strListPath) const;
+
+private:
+    static QStringList FindSpare(const QStringList& listPath);
+
+    const SListClock clock;
+    std::chrono::steady_clock::time_point timeLast;
+    bool bKept = false; ///< in this run, at timeLast
+};

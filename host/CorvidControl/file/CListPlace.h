@@ -1,0 +1,60 @@
+#pragma once
+
+#include "CorvidControl/file/SFileContent.h"
+
+/// A place for a list file, and what may be overwritten there: what this object has read or written there
+/// last, and nothing else. For one thread at a time.
+class CListPlace
+{
+public:
+    enum EnResult
+    {
+        Placed,
+        LeftAlone,  ///< something else stands there than was read or written last
+        NotWritten, ///< not even beside it
+        NotReplaced ///< what stands there could not be replaced
+    };
+
+    /// A file of more than nMaxBytesIn is none of ours.
+    CListPlace(const QString& strPathIn, int nMaxBytesIn);
+
+    QString GetPath() const
+    {
+        return strPath;
+    }
+
+    /// Behind the symbolic links, as they lead now: where the files beside the list are.
+    QString GetRealPath() const;
+
+    /// What stands there. It may be overwritten from now on, until Forget.
+    SFileContent Load();
+
+    /// Nothing that stands there may be overwritten.
+    void Forget();
+
+    /// bytes were written there, in another way.
+    void Adopt(const QByteArray& bytes);
+
+    /// True when bytes are what was read or written last and stand there still.
+    bool Holds(const QByteArray& bytes) const;
+
+    /// Why what stands there is not to be overwritten; empty when it may be, or when nothing is there.
+    QString FindObstacle() const;
+
+    /// What was read or written last; empty when nothing was.
+    QByteArray GetKnown() const
+    {
+        return bytesKnown;
+    }
+
+    /// For any result but Placed with a fault in strFault, and what was there is as it was.
+    EnResult Replace(const QByteArray& bytes, QString& strFault);
+
+private:
+    SFileContent Look() const;
+    QString FindObstacle(const SFileContent& content) const;
+
+    const QString strPath;
+    const int nMaxBytes;
+    QByteArray bytesKnown; ///< null when nothing may be overwritten
+};

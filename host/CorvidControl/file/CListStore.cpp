@@ -1,0 +1,214 @@
+#include "CorvidControl/file/CListStore.h"
+
+#include "CorvidControl/file/CFileReplacement.h"
+#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/FileAccess.h"
+#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/objects/CHostEvents.h"
+#include "CorvidControl/objects/CHostState.h"
+
+#include <QFileInfo>
+
+namespace {
+
+using Lock = std::lock_guard<std::mutex>;
+
+QString BuildTrouble(const SListSave& save)
+{
+    return save.result == SListSave::Saved ? QString() : QStringLiteral("The list is not being saved. ") + save.strReason;
+}
+
+} // namespace
+
+CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn)
+    : processors(processorsIn), events(eventsIn), own(strPath, processors.GetLimits(), clockIn)
+{ }
+
+bool CListStore::Load()
+{
+    SNews news;
+    {
+        const Lock lock(mutexFile);
+        const SListReading reading = own.Load();
+        news.listWarning = reading.listMended;
+        QString strFault = BuildTrouble(own.Check());
+        if (reading.verdict != SListReading::Valid) {
+            strLoadError = GetPath() + QStringLiteral(": ") + CNameRules::GetLine(reading.strReason);
+            strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
+        }
+        own.Adopt(processors.ReplaceList(reading.node));
+        SetTrouble(strFault, news);
+        if (!strFault.isEmpty()) {
+            news.listWarning.append(strFault);
+        }
+    }
+    Tell(news);
+    return strLoadError.isEmpty();
+}
+
+QString CListStore::GetTrouble() const
+{
+    const Lock lock(mutexTrouble);
+    return strTrouble;
+}
+
+QString CListStore::Save()
+{
+    SNews news;
+    QString strFault;
+    {
+        const Lock lock(mutexFile);
+        strFault = BuildTrouble(SaveHere(news, false));
+        if (!own.IsEdited(processors.GetEdition().nEdit)) {
+            strFault.clear();
+        }
+    }
+    Tell(news);
+    return CNameRules::GetLine(strFault);
+}
+
+bool CListStore::SaveSoon()
+{
+    SNews news;
+    bool bSecured = true;
+    {
+        const Lock lock(mutexFile);
+        if (own.IsUnsecured(processors.GetEdition().nEdit)) {
+            bSecured = SaveHere(news, false).bSecured;
+        }
+    }
+    Tell(news);
+    return bSecured;
+}
+
+QString CListStore::SaveAside(QString& strReason)
+{
+    const Lock lock(mutexFile);
+    const QString strPath = own.SaveAside(processors.GetEdition(), strReason);
+    strReason = strPath.isEmpty() ? CNameRules::GetLine(strReason) : QString();
+    return strPath;
+}
+
+void CListStore::KeepEarlier(const SListEdition& edition)
+{
+    SNews news;
+    {
+        const Lock lock(mutexFile);
+        news.listWarning = own.KeepEarlier(edition);
+    }
+    Tell(news);
+}
+
+// At the own place in every spelling, and where the own file has a second name that is none of ours either.
+CListStore::EnExportResult CListStore::Export(const QString& strPath)
+{
+    SNews news;
+    EnExportResult result = ExportDone;
+    {
+        const Lock lock(mutexFile);
+        const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
+        if (bOwnFile || FileAccess::IsSamePlace(strPath, GetPath())) {
+            const SListSave save = SaveHere(news, true);
+            result = save.result == SListSave::Saved  ? ExportDone
+                : save.result == SListSave::LeftAlone ? ExportLeftAlone
+                                                      : ExportNotWritten;
+        } else {
+            result = ExportElsewhere(strPath, news);
+        }
+    }
+    Tell(news);
+    return result;
+}
+
+CListStore::EnImportResult CListStore::Import(const QString& strPath)
+{
+    SNews news;
+    QString strFault = QStringLiteral("the list is locked");
+    EnImportResult result = ImportLocked;
+    if (!processors.GetHost().IsLocked()) {
+        const Lock lock(mutexFile);
+        result = TryImport(strPath, strFault, news);
+    }
+    Tell(news);
+    if (result != ImportDone) {
+        processors.Refuse(SenderPrcList, QStringLiteral("Importing ") + strPath, strFault);
+    }
+    return result;
+}
+
+// All below but Tell need mutexFile.
+
+SListSave CListStore::SaveHere(SNews& news, bool bAlways)
+{
+    const SListSave save = own.Save(processors.GetEdition());
+    news.listWarning += save.listWarning;
+    SetTrouble(BuildTrouble(save), news);
+    if (save.result != SListSave::Saved && (bAlways || news.bTrouble)) {
+        news.listWarning.append(BuildTrouble(save));
+    }
+    return save;
+}
+
+CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, SNews& news) const
+{
+    QString strFault = QStringLiteral("no file was named");
+    if (!strPath.isEmpty()) {
+        const QByteArray bytes = CListFormat::Write(processors.GetTree(false));
+        strFault = CListFormat::FindProofFault(bytes, processors.GetLimits());
+        CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
+        if (strFault.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
+            return ExportDone;
+        }
+        strFault = strFault.isEmpty() ? replacement.GetFault() : strFault;
+    }
+    news.listWarning.append(QStringLiteral("The list was not exported. %1: %2").arg(strPath, strFault));
+    return ExportNotWritten;
+}
+
+CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString& strFault, SNews& news)
+{
+    const SFileContent content = FileAccess::Read(strPath, processors.GetLimits().nBytes);
+    if (content.kind != SFileContent::Read) {
+        strFault = content.kind == SFileContent::Absent ? QStringLiteral("it is not there") : content.strReason;
+        return ImportInvalid;
+    }
+    const SListReading reading = CListFormat::Read(content.bytes, processors.GetLimits());
+    if (reading.verdict != SListReading::Valid) {
+        strFault = reading.strReason;
+        return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
+    }
+    const QByteArray bytes = CListFormat::Write(reading.node);
+    strFault = bytes == content.bytes ? QString() : CListFormat::FindProofFault(bytes, processors.GetLimits());
+    if (!strFault.isEmpty()) {
+        return ImportNotCopied;
+    }
+    const SListSave save = own.Overwrite(processors.GetEdition(), bytes);
+    news.listWarning += save.listWarning;
+    if (save.result != SListSave::Saved) {
+        strFault = QStringLiteral("the own list is not overwritten, ") + save.strReason;
+        return save.result == SListSave::NotWritten ? ImportNotCopied : ImportNotOverwritten;
+    }
+    own.Adopt(processors.ReplaceList(reading.node));
+    SetTrouble({}, news);
+    return ImportDone;
+}
+
+void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)
+{
+    const QString strLine = CNameRules::GetLine(strTroubleNow);
+    const Lock lock(mutexTrouble);
+    news.bTrouble = strLine != strTrouble;
+    strTrouble = strLine;
+}
+
+// Without a lock: whoever hears it may ask.
+void CListStore::Tell(const SNews& news)
+{
+    for (const QString& strLine : news.listWarning) {
+        events.Warn(strLine);
+    }
+    if (news.bTrouble) {
+        emit events.ListTroubleChanged();
+    }
+}

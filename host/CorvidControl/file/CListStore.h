@@ -1,0 +1,90 @@
+#pragma once
+
+#include "CorvidControl/file/COwnList.h"
+
+#include <mutex>
+
+class CHostEvents;
+class CProcessorList;
+
+/// The list and its files. A file is replaced as a whole or stays as it was, also when the process is
+/// killed; what does not fit the format is refused as a whole, with the reason in the log. What happens at
+/// the list's own place is COwnList's. All operations may be called on any thread; those that read or
+/// write block for the disk, and for each other.
+class CListStore
+{
+public:
+    enum EnExportResult
+    {
+        ExportDone = 0,
+        ExportNotWritten = 6, ///< what was there before is still there
+        ExportLeftAlone = 7,  ///< so is what stands at the own place and was neither loaded nor saved last
+    };
+
+    enum EnImportResult
+    {
+        ImportDone = 0,
+        ImportInvalid = 2,
+        ImportNotOverwritten = 3,
+        ImportNotCopied = 4,
+        ImportTooLarge = 5,
+        ImportLocked = 6,
+    };
+
+    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn = {});
+
+    /// Reads the library's own list, if there is one. False when it was refused, see GetLoadError. Once,
+    /// before anything else.
+    bool Load();
+    QString GetLoadError() const
+    {
+        return strLoadError;
+    }
+    QString GetPath() const
+    {
+        return own.GetPlace().GetPath();
+    }
+
+    /// Why the list was not read or is not being saved, in one line; empty when all is well.
+    QString GetTrouble() const;
+
+    /// Saves at the own place. Empty when the list is there, or when no command has changed it since it was;
+    /// otherwise one line with the reason.
+    QString Save();
+
+    /// As Save, when a command has changed the list. False when that has to be tried again.
+    bool SaveSoon();
+
+    /// Writes to a dated file beside the own place. Its path; empty with a line in strReason when that failed.
+    QString SaveAside(QString& strReason);
+
+    /// Keeps a list that is about to be lost as an earlier generation.
+    void KeepEarlier(const SListEdition& edition);
+
+    EnExportResult Export(const QString& strPath);
+    EnImportResult Import(const QString& strPath);
+
+private:
+    /// What is to be told when no lock is held any more.
+    struct SNews
+    {
+        QStringList listWarning;
+        bool bTrouble = false; ///< it is another than before
+    };
+
+    SListSave SaveHere(SNews& news, bool bAlways);
+    EnExportResult ExportElsewhere(const QString& strPath, SNews& news) const;
+    EnImportResult TryImport(const QString& strPath, QString& strFault, SNews& news);
+    void SetTrouble(const QString& strTroubleNow, SNews& news);
+    void Tell(const SNews& news);
+
+    CProcessorList& processors;
+    CHostEvents& events;
+    QString strLoadError; ///< set by Load
+
+    std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is told
+    COwnList own;
+
+    mutable std::mutex mutexTrouble; ///< guards strTrouble; taken last
+    QString strTrouble;
+};

@@ -1,0 +1,186 @@
+#include "CorvidControl/file/COwnList.h"
+
+#include "CorvidControl/file/CListFormat.h"
+
+COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const SListClock& clockIn)
+    : limits(limitsIn), place(strPath, limits.nBytes), aside(clockIn, limits.nBytes), generations(clockIn)
+{ }
+
+SListReading COwnList::Load()
+{
+    // The lock before the list, so that what is read is what its last holder left.
+    lockList.Take(place.GetRealPath());
+    const SFileContent content = place.Load();
+    SListReading reading;
+    if (content.kind == SFileContent::Read) {
+        reading = CListFormat::Read(content.bytes, limits, CListFormat::NamesMended);
+    } else {
+        reading.verdict = content.kind == SFileContent::Absent ? SListReading::Valid : SListReading::Invalid;
+        reading.strReason = content.strReason;
+    }
+    strRefused = reading.strReason;
+    if (reading.verdict != SListReading::Valid) {
+        place.Forget();
+    }
+    return reading;
+}
+
+// Who may not write lets the lock go: another process may have loaded what stands there.
+SListSave COwnList::Check()
+{
+    const CListLock::EnState state = lockList.Take(place.GetRealPath());
+    if (state == CListLock::Elsewhere) {
+        return BuildFault(SListSave::LeftAlone, lockList.GetReason());
+    }
+    const QString strObstacle = place.FindObstacle();
+    if (!strObstacle.isEmpty()) {
+        lockList.Release();
+        return BuildFault(SListSave::LeftAlone, strRefused.isEmpty() ? strObstacle : strRefused);
+    }
+    return state == CListLock::Held ? SListSave() : BuildFault(SListSave::NotWritten, lockList.GetReason());
+}
+
+void COwnList::Adopt(quint64 nEdit)
+{
+    nEditSaved = nEdit;
+}
+
+bool COwnList::IsEdited(quint64 nEdit) const
+{
+    return nEdit != nEditSaved;
+}
+
+bool COwnList::IsUnsecured(quint64 nEdit) const
+{
+    return IsEdited(nEdit) && (nEdit != nEditAside || aside.GetPath().isEmpty());
+}
+
+SListSave COwnList::Save(const SListEdition& edition)
+{
+    const QByteArray bytes = CListFormat::Write(edition.node);
+    SListSave save = TrySave(edition, bytes);
+    if (save.result == SListSave::Saved) {
+        nEditSaved = edition.nEdit;
+        strRefused.clear();
+        return save;
+    }
+    if (save.result == SListSave::LeftAlone && IsEdited(edition.nEdit)) {
+        QString strFault;
+        const QString strKept = SaveAside(edition, strFault);
+        save.strReason += strKept.isEmpty() ? QStringLiteral(". It could not be kept beside it either: ") + strFault
+                                            : QStringLiteral(". It is kept in ") + strKept;
+    }
+    save.bSecured = !IsUnsecured(edition.nEdit);
+    return save;
+}
+
+SListSave COwnList::Overwrite(const SListEdition& edition, const QByteArray& bytes)
+{
+    SListSave save = Check();
+    if (save.result != SListSave::Saved) {
+        return save;
+    }
+    const bool bAnything = !edition.node.listGroup.isEmpty() || !edition.node.listProcessor.isEmpty();
+    const QString strFault = bAnything ? KeepGeneration(CListFormat::Write(edition.node), save.listWarning) : QString();
+    const SListSave replaced = strFault.isEmpty() ? Replace(bytes) : BuildFault(SListSave::NotWritten, strFault);
+    save.result = replaced.result;
+    save.strReason = replaced.strReason;
+    return save;
+}
+
+QString COwnList::SaveAside(const SListEdition& edition, QString& strFault)
+{
+    const QString strPath = WriteAside(CListFormat::Write(edition.node), strFault);
+    if (!strPath.isEmpty()) {
+        nEditAside = edition.nEdit;
+    }
+    return strPath;
+}
+
+// Where the place is not ours the earlier generations beside it are not either: there the dated file stays
+// as it is, and what follows goes into a new one.
+QStringList COwnList::KeepEarlier(const SListEdition& edition)
+{
+    QStringList listWarning;
+    QString strFault;
+    if (Check().result == SListSave::Saved) {
+        strFault = KeepGeneration(CListFormat::Write(edition.node), listWarning);
+    } else if (IsEdited(edition.nEdit) && !SaveAside(edition, strFault).isEmpty()) {
+        aside.StartNew();
+    }
+    if (!strFault.isEmpty()) {
+        listWarning.append(QStringLiteral("An earlier list could not be kept. ") + strFault);
+    }
+    return listWarning;
+}
+
+SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes)
+{
+    SListSave save = Check();
+    if (save.result != SListSave::Saved || place.Holds(bytes)) {
+        return save;
+    }
+    // A list that the next start would refuse must not take the place of a good one.
+    const QString strFault = CListFormat::FindProofFault(bytes, limits);
+    if (!strFault.isEmpty()) {
+        return BuildFault(SListSave::NotWritten, strFault);
+    }
+    QString strKeepFault;
+    if (IsEdited(edition.nEdit) && !place.GetKnown().isEmpty() && generations.IsDue(place.GetRealPath())) {
+        strKeepFault = KeepGeneration(place.GetKnown(), save.listWarning);
+    }
+    const SListSave replaced = Replace(bytes);
+    save.result = replaced.result;
+    save.strReason = replaced.strReason;
+    if (save.result == SListSave::Saved && !strKeepFault.isEmpty()) { // else it is still in its place
+        save.listWarning.append(QStringLiteral("An earlier list could not be kept. ") + strKeepFault);
+    }
+    return save;
+}
+
+SListSave COwnList::Replace(const QByteArray& bytes)
+{
+    QString strFault;
+    switch (place.Replace(bytes, strFault)) {
+    case CListPlace::Placed:
+        return {};
+    case CListPlace::LeftAlone:
+        return BuildFault(SListSave::LeftAlone, strFault);
+    case CListPlace::NotReplaced:
+        return BuildFault(SListSave::NotReplaced, strFault);
+    case CListPlace::NotWritten:
+        break;
+    }
+    return BuildFault(SListSave::NotWritten, strFault);
+}
+
+SListSave COwnList::BuildFault(SListSave::EnResult result, const QString& strReason) const
+{
+    SListSave save;
+    save.result = result;
+    save.strReason = place.GetPath() + QStringLiteral(": ") + strReason;
+    return save;
+}
+
+// The fault; empty when it is kept.
+QString COwnList::KeepGeneration(const QByteArray& bytes, QStringList& listWarning)
+{
+    const QString strPath = place.GetRealPath();
+    const QString strFault = generations.Keep(strPath, bytes);
+    if (strFault.isEmpty()) {
+        const QStringList listFault = generations.Prune(strPath);
+        for (const QString& strSpare : listFault) {
+            listWarning.append(QStringLiteral("An old generation could not be removed. ") + strSpare);
+        }
+    }
+    return strFault;
+}
+
+// Where the user looks for the list; where nothing can be written, behind the link that leads to the file.
+QString COwnList::WriteAside(const QByteArray& bytes, QString& strFault)
+{
+    const QString strReal = place.GetRealPath();
+    const bool bWritten
+        = aside.Write(place.GetPath(), bytes, strFault) || (strReal != place.GetPath() && aside.Write(strReal, bytes, strFault));
+    return bWritten ? aside.GetPath() : QString();
+}

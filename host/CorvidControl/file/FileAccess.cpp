@@ -1,0 +1,153 @@
+#include "CorvidControl/file/FileAccess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+
+constexpr int nMaxLinks = 40; // as many as the kernel follows
+
+SFileContent BuildUnreadable(const QString& strReason)
+{
+    SFileContent content;
+    content.kind = SFileContent::Unreadable;
+    content.strReason = strReason;
+    return content;
+}
+
+// Only ENOENT says that a file is not there: of a file out of reach nobody knows. And a link that leads
+// nowhere is there; what it stands for may only not be mounted yet.
+SFileContent BuildMissing(const QString& strPath, int nError)
+{
+    if (nError != ENOENT) {
+        return BuildUnreadable(FileAccess::GetReason(nError));
+    }
+    return QFileInfo(strPath).isSymLink() ? BuildUnreadable(QStringLiteral("the link leads nowhere")) : SFileContent();
+}
+
+QString FindStatusFault(const struct stat& status, int nMaxBytes)
+{
+    if (S_ISDIR(status.st_mode)) {
+        return QStringLiteral("it is a folder");
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return QStringLiteral("it is no regular file");
+    }
+    return status.st_size > nMaxBytes ? QStringLiteral("it is too long (%1 bytes)").arg(status.st_size) : QString();
+}
+
+// Into one byte more than there should be, so that a file that grows meanwhile is noticed.
+SFileContent ReadAll(int nFile, int nBytes)
+{
+    QByteArray bytes(nBytes + 1, Qt::Uninitialized);
+    int nRead = 0;
+    ssize_t nPart = 1;
+    while (nPart != 0 && nRead < bytes.size()) {
+        nPart = read(nFile, bytes.data() + nRead, static_cast<size_t>(bytes.size() - nRead));
+        if (nPart < 0 && errno != EINTR) {
+            return BuildUnreadable(FileAccess::GetReason(errno));
+        }
+        nRead += static_cast<int>(qMax<ssize_t>(0, nPart));
+    }
+    bytes.resize(nRead);
+    SFileContent content;
+    content.kind = SFileContent::Read;
+    content.bytes = bytes;
+    return nRead == nBytes ? content : BuildUnreadable(QStringLiteral("it changed while it was read"));
+}
+
+SFileContent ReadOpen(int nFile, int nMaxBytes)
+{
+    struct stat status = {};
+    if (fstat(nFile, &status) != 0) {
+        return BuildUnreadable(FileAccess::GetReason(errno));
+    }
+    const QString strFault = FindStatusFault(status, nMaxBytes);
+    return strFault.isEmpty() ? ReadAll(nFile, static_cast<int>(status.st_size)) : BuildUnreadable(strFault);
+}
+
+bool FindStatus(const QString& strPath, struct stat& status)
+{
+    return stat(QFile::encodeName(strPath).constData(), &status) == 0;
+}
+
+bool IsSameNode(const struct stat& status, const struct stat& other)
+{
+    return status.st_dev == other.st_dev && status.st_ino == other.st_ino;
+}
+
+} // namespace
+
+SFileContent FileAccess::Read(const QString& strPath, int nMaxBytes)
+{
+    const QByteArray path = QFile::encodeName(strPath);
+    struct stat status = {};
+    if (stat(path.constData(), &status) != 0) {
+        return BuildMissing(strPath, errno);
+    }
+    // Before it is opened, since opening alone can do something to a device; and again afterwards.
+    const QString strFault = FindStatusFault(status, nMaxBytes);
+    if (!strFault.isEmpty()) {
+        return BuildUnreadable(strFault);
+    }
+    const int nFile = open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (nFile < 0) {
+        return BuildMissing(strPath, errno);
+    }
+    const SFileContent content = ReadOpen(nFile, nMaxBytes);
+    close(nFile);
+    return content;
+}
+
+QString FileAccess::FollowLinks(const QString& strPath)
+{
+    QString strReal = strPath;
+    for (int n = 0; n < nMaxLinks; ++n) {
+        const QFileInfo info(strReal);
+        if (!info.isSymLink()) {
+            return strReal;
+        }
+        // Not QFileInfo's target: it cleans "..", which is wrong behind a link to a folder.
+        QByteArray target(4096, Qt::Uninitialized);
+        const ssize_t nLength
+            = readlink(QFile::encodeName(strReal).constData(), target.data(), static_cast<size_t>(target.size()));
+        if (nLength <= 0 || nLength == target.size()) {
+            return strPath;
+        }
+        const QString strTarget = QFile::decodeName(target.left(static_cast<int>(nLength)));
+        strReal = strTarget.startsWith(QLatin1Char('/')) ? strTarget : info.path() + QLatin1Char('/') + strTarget;
+    }
+    return strPath;
+}
+
+bool FileAccess::IsSamePlace(const QString& strPath, const QString& strOther)
+{
+    const QFileInfo info(FollowLinks(strPath));
+    const QFileInfo other(FollowLinks(strOther));
+    struct stat folder = {};
+    struct stat folderOther = {};
+    const bool bFolders = FindStatus(info.path(), folder) && FindStatus(other.path(), folderOther);
+    if (!bFolders) {
+        return QDir::cleanPath(info.absoluteFilePath()) == QDir::cleanPath(other.absoluteFilePath());
+    }
+    return IsSameNode(folder, folderOther) && info.fileName() == other.fileName();
+}
+
+bool FileAccess::IsSameFile(const QString& strPath, const QString& strOther)
+{
+    struct stat status = {};
+    struct stat statusOther = {};
+    return FindStatus(strPath, status) && FindStatus(strOther, statusOther) && IsSameNode(status, statusOther);
+}
+
+QString FileAccess::GetReason(int nError)
+{
+    return QString::fromStdString(std::system_category().message(nError));
+}

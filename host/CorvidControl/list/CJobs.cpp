@@ -1,0 +1,83 @@
+#include "CorvidControl/list/CJobs.h"
+
+#include "CorvidControl/objects/CHostEvents.h"
+
+#include <algorithm>
+
+void CJobs::SetBusy(bool bNow)
+{
+    QDateTime timeNow;
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const int nBefore = nBusy;
+        nBusy = std::max(0, nBusy + (bNow ? 1 : -1));
+        if ((nBefore > 0) == (nBusy > 0)) {
+            condEnd.notify_all();
+            return;
+        }
+        timeSince = timeNow = nBusy > 0 ? QDateTime::currentDateTime() : QDateTime();
+        ++nTelling;
+    }
+    emit events.BusyChanged(bNow, timeNow);
+    Told();
+}
+
+bool CJobs::IsBusy() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return nBusy > 0;
+}
+
+QDateTime CJobs::GetBusySince() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return timeSince;
+}
+
+void CJobs::Begin(const QString& strJob)
+{
+    QStringList listNow;
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        listJob.append(strJob);
+        listNow = listJob;
+        ++nTelling;
+    }
+    emit events.JobsChanged(listNow);
+    Told();
+}
+
+void CJobs::End(const QString& strJob)
+{
+    QStringList listNow;
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        listJob.removeOne(strJob);
+        listNow = listJob;
+        ++nTelling;
+    }
+    emit events.JobsChanged(listNow);
+    Told();
+}
+
+QStringList CJobs::GetRunning() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return listJob;
+}
+
+void CJobs::AwaitIdle(std::chrono::milliseconds time)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const auto isQuiet = [this] { return listJob.isEmpty() && nTelling == 0; };
+    condEnd.wait(lock, isQuiet);
+    condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
+}
+
+// Wakes under the lock: who waits may destroy this object as soon as it has the lock.
+void CJobs::Told()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    --nTelling;
+    condEnd.notify_all();
+}

@@ -1,0 +1,218 @@
+#include "CorvidControl/messages/CMessageDispatcher.h"
+
+#include "CorvidControl/messages/EnControlMessage.h"
+#include "interfaces/widgets/CObserver.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr CSteadyClock::Time timeNever = CSteadyClock::Time::max();
+
+} // namespace
+
+CMessageDispatcher::CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn)
+    : pClock(std::move(pClockIn)), threadDelivery([this] { Run(); })
+{ }
+
+CMessageDispatcher::~CMessageDispatcher()
+{
+    Stop();
+}
+
+void CMessageDispatcher::Attach(EnMessageSender sender, CObserver* pObserver)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    const SSubscription subscription{ sender, pObserver };
+    if (IsSubscribed(subscription)) {
+        return;
+    }
+    vecSubscription.push_back(subscription);
+    if (sender == SenderPrcList) {
+        Enqueue(sender, MessageListChanged, pObserver);
+    }
+}
+
+void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    const auto isIt = [&](const SSubscription& entry) { return entry.sender == sender && entry.pObserver == pObserver; };
+    vecSubscription.erase(std::remove_if(vecSubscription.begin(), vecSubscription.end(), isIt), vecSubscription.end());
+    if (std::this_thread::get_id() != threadDelivery.get_id()) {
+        condDelivered.wait(lock, [&] { return pRunning != pObserver; });
+    }
+}
+
+void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    Enqueue(sender, nMessage, nullptr);
+}
+
+// An editor that opens again before they went holds them as the one before did.
+void CMessageDispatcher::SetUserEditing(bool bOn)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    const bool bCloses = activity.IsEditing() && !bOn;
+    for (SPending& pending : listPending) {
+        pending.bReleased = !bOn && (bCloses || pending.bReleased);
+    }
+    activity.SetEditing(bOn);
+    condWork.notify_all();
+}
+
+void CMessageDispatcher::SetUserActing(bool bOn)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    activity.SetActing(bOn);
+    condWork.notify_all();
+}
+
+// Wakes nobody: input only makes messages wait longer.
+void CMessageDispatcher::NoteUserInput()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    activity.NoteInput(pClock->GetNow());
+}
+
+void CMessageDispatcher::Stop()
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        bStop = true;
+    }
+    condWork.notify_all();
+    if (threadDelivery.joinable()) {
+        threadDelivery.join();
+    }
+}
+
+void CMessageDispatcher::Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly)
+{
+    const Time timeNow = pClock->GetNow();
+    const auto itEqual = std::find_if(listPending.begin(), listPending.end(), [&](const SPending& entry) {
+        return entry.sender == sender && entry.nMessage == nMessage && entry.pOnly == pOnly;
+    });
+    if (itEqual == listPending.end()) {
+        listPending.push_back({ sender, nMessage, pOnly, timeNow, timeNow });
+    } else {
+        itEqual->timeLast = timeNow;
+    }
+    condWork.notify_all();
+}
+
+void CMessageDispatcher::Run()
+{
+    std::unique_lock<std::mutex> lock(mutex);
+    while (AwaitBurst(lock)) {
+        const std::deque<SPending> listBurst = TakeBurst();
+        for (const SPending& pending : listBurst) {
+            Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
+        }
+        bUnsettled = true;
+        timeSettled = pClock->GetNow() + timeSettle;
+    }
+}
+
+// All below need the lock.
+
+// False at the end. Sends the MessageSettled of the burst before, if no further burst comes first.
+bool CMessageDispatcher::AwaitBurst(std::unique_lock<std::mutex>& lock)
+{
+    while (!bStop) {
+        const Time timeNow = pClock->GetNow();
+        const Time timeBurst = FindBurst(timeNow);
+        const Time timeEnd = bUnsettled && timeBurst == timeNever ? timeSettled : timeNever;
+        if (timeBurst <= timeNow) {
+            return true;
+        }
+        if (timeEnd <= timeNow) {
+            bUnsettled = false;
+            Deliver(lock, SenderProtocal, MessageSettled, nullptr);
+        } else {
+            WaitUntil(lock, std::min({ timeBurst, timeEnd, FindRelease(timeNow) }));
+        }
+    }
+    return false;
+}
+
+void CMessageDispatcher::WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd)
+{
+    if (timeEnd == timeNever) {
+        condWork.wait(lock);
+    } else {
+        pClock->Wait(condWork, lock, timeEnd);
+    }
+}
+
+std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst()
+{
+    const Time timeNow = pClock->GetNow();
+    const auto isFree = [&](const SPending& pending) { return IsFree(pending, timeNow); };
+    const bool bAllRead = std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
+        return isFree(pending) && !pending.pOnly && CUserActivity::MakesRead(pending.nMessage);
+    });
+    const auto itHeld = bAllRead ? listPending.end() : std::stable_partition(listPending.begin(), listPending.end(), isFree);
+    std::deque<SPending> listBurst(listPending.begin(), itHeld);
+    listPending.erase(listPending.begin(), itHeld);
+    return listBurst;
+}
+
+// When the messages are due that need not wait for the user; never without one.
+CMessageDispatcher::Time CMessageDispatcher::FindBurst(Time timeNow) const
+{
+    Time timeCalm;
+    Time timeLatest = timeNever;
+    for (const SPending& pending : listPending) {
+        if (IsFree(pending, timeNow)) {
+            timeCalm = std::max(timeCalm, pending.timeLast + timeQuiet);
+            timeLatest = std::min(timeLatest, pending.timeFirst + timeLongest);
+        }
+    }
+    return timeLatest == timeNever ? timeNever : std::min(timeCalm, timeLatest);
+}
+
+// When the next of those need not wait for the user any more that do now; never without one.
+CMessageDispatcher::Time CMessageDispatcher::FindRelease(Time timeNow) const
+{
+    Time timeRelease = timeNever;
+    for (const SPending& pending : listPending) {
+        if (!IsFree(pending, timeNow)) {
+            timeRelease = std::min(timeRelease, activity.GetRelease(pending.nMessage, pending.timeFirst));
+        }
+    }
+    return timeRelease;
+}
+
+bool CMessageDispatcher::IsFree(const SPending& pending, Time timeNow) const
+{
+    return pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
+}
+
+// Lets go of the lock during each Notify.
+void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly)
+{
+    const std::vector<SSubscription> vecReceiver = vecSubscription;
+    for (const SSubscription& receiver : vecReceiver) {
+        if (bStop) {
+            return;
+        }
+        const bool bMeant = pOnly ? pOnly == receiver.pObserver : true;
+        if (receiver.sender != sender || !bMeant || !IsSubscribed(receiver)) {
+            continue;
+        }
+        pRunning = receiver.pObserver;
+        lock.unlock();
+        receiver.pObserver->Notify(nMessage);
+        lock.lock();
+        pRunning = nullptr;
+        condDelivered.notify_all();
+    }
+}
+
+bool CMessageDispatcher::IsSubscribed(const SSubscription& subscription) const
+{
+    return std::any_of(vecSubscription.cbegin(), vecSubscription.cend(), [&](const SSubscription& entry) {
+        return entry.sender == subscription.sender && entry.pObserver == subscription.pObserver;
+    });
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "CorvidControl/messages/CSteadyClock.h"
+#include "CorvidControl/messages/CUserActivity.h"
+#include "CorvidControl/messages/EnMessageSender.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+class CObserver;
+
+/// Delivers messages to observers on a thread of its own, never in the caller's stack and never with a
+/// lock held. Equal messages that wait are merged, and delivery starts when no message has come for
+/// timeQuiet, at the latest after timeLongest: a burst of reports ends in one reading. Each burst is
+/// followed by one MessageSettled of SenderProtocal. All operations may be called on any thread.
+///
+/// While the user is in the middle of something, messages wait as CUserActivity says, each from when the
+/// first of its equals came. What waits delays nothing else and goes along, in the order in which it was
+/// raised, with the first message for all observers that makes them read: they read everything then.
+class CMessageDispatcher
+{
+public:
+    static constexpr std::chrono::milliseconds timeQuiet{ 15 };
+    static constexpr std::chrono::milliseconds timeLongest{ 120 };
+    static constexpr std::chrono::milliseconds timeSettle{ 60 };
+
+    explicit CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn = std::make_unique<CSteadyClock>());
+
+    /// As Stop.
+    ~CMessageDispatcher();
+
+    /// Subscribes pObserver to what sender sends; a second time changes nothing. A new observer of
+    /// SenderPrcList gets a MessageListChanged for itself, so that it reads what there is.
+    void Attach(EnMessageSender sender, CObserver* pObserver);
+
+    /// Unsubscribes. Waits for a Notify of pObserver that is running, unless called from within it.
+    void Detach(EnMessageSender sender, CObserver* pObserver);
+
+    void Post(EnMessageSender sender, int nMessage);
+
+    /// When it ends, all that waited for it goes, even if the user is acting by then.
+    void SetUserEditing(bool bOn);
+    void SetUserActing(bool bOn);
+    void NoteUserInput();
+
+    /// Drops what waits, ends and joins the thread. Not from within a Notify.
+    void Stop();
+
+private:
+    using Time = CSteadyClock::Time;
+
+    struct SSubscription
+    {
+        EnMessageSender sender;
+        CObserver* pObserver;
+    };
+
+    struct SPending
+    {
+        EnMessageSender sender;
+        int nMessage;
+        CObserver* pOnly; ///< the one receiver; null for all
+        Time timeFirst;
+        Time timeLast;          ///< when the last of its equals came
+        bool bReleased = false; ///< the editor that it waited for has closed
+    };
+
+    void Run();
+    void Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool AwaitBurst(std::unique_lock<std::mutex>& lock);
+    void WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd);
+    std::deque<SPending> TakeBurst();
+    Time FindBurst(Time timeNow) const;
+    Time FindRelease(Time timeNow) const;
+    bool IsFree(const SPending& pending, Time timeNow) const;
+    void Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool IsSubscribed(const SSubscription& subscription) const;
+
+    const std::unique_ptr<const CSteadyClock> pClock;
+
+    std::mutex mutex; ///< guards all fields below but threadDelivery; held for moments only, never in a Notify
+    std::condition_variable condWork;
+    std::condition_variable condDelivered;
+    std::vector<SSubscription> vecSubscription;
+    std::deque<SPending> listPending;
+    CUserActivity activity;
+    Time timeSettled; ///< when MessageSettled is due
+    bool bUnsettled = false;
+    bool bStop = false;
+    CObserver* pRunning = nullptr; ///< whose Notify is running
+
+    std::thread threadDelivery;
+};

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "CorvidControl/day/CDayPlayer.h"
+#include "CorvidControl/day/CScenario.h"
+#include "CorvidControl/devices/CDeviceCommands.h"
+#include "CorvidControl/devices/CSimulatedNetwork.h"
+#include "CorvidControl/file/CListKeeper.h"
+#include "CorvidControl/file/CListStore.h"
+#include "CorvidControl/list/CDeletionWatch.h"
+#include "CorvidControl/list/CJobs.h"
+#include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/messages/CMessageDispatcher.h"
+#include "CorvidControl/objects/CConfigControl.h"
+#include "CorvidControl/objects/CHostEvents.h"
+#include "CorvidControl/objects/CHostState.h"
+#include "CorvidControl/objects/CPrcBasicControl.h"
+#include "CorvidControl/objects/CPrcListControl.h"
+#include "CorvidControl/objects/CPrcRuntimeControl.h"
+#include "CorvidControl/objects/CPreferenceControl.h"
+#include "CorvidControl/objects/CProjectManageControl.h"
+#include "CorvidControl/objects/CProtocalControl.h"
+#include "CorvidControl/objects/CRuntimeControl.h"
+#include "CorvidControl/objects/SControlOptions.h"
+
+/// All parts of the library, in the order in which they need each other, and the way in which they are
+/// tied together. Publishes the eight objects while it lives.
+class CControlLibrary
+{
+public:
+    explicit CControlLibrary(const SControlOptions& optionsIn);
+
+    /// Ends what blocks, waits for the jobs under way, saves what waits to be saved, joins the threads.
+    ~CControlLibrary();
+
+    void StartLife();
+
+    const SControlOptions options;
+    CHostEvents events;
+    CMessageDispatcher dispatcher;
+    CHostState host;
+    CProcessorList processors;
+    CJobs jobs;
+    CSimulatedNetwork network;
+    CDeviceCommands commands;
+    CListStore store;
+    CListKeeper keeper;
+    CDeletionWatch deletions;
+    CScenario scenario;
+    CStepRunner runner;
+    CDayPlayer life;
+
+private:
+    void Connect();
+    void Publish();
+    static void Withdraw();
+
+    CConfigControl config;
+    CPrcBasicControl prcBasic;
+    CPrcListControl prcList;
+    CPrcRuntimeControl prcRuntime;
+    CPreferenceControl preference;
+    CProjectManageControl projectManage;
+    CProtocalControl protocal;
+    CRuntimeControl runtime;
+};

@@ -1,0 +1,61 @@
+#include "CorvidControl/objects/CPrcBasicControl.h"
+
+#include "CorvidControl/devices/CDeviceCommands.h"
+#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/messages/CMessageDispatcher.h"
+#include "CorvidControl/objects/CHostState.h"
+
+CPrcBasicControl::CPrcBasicControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn)
+    : dispatcher(dispatcherIn), processors(processorsIn), commands(commandsIn)
+{ }
+
+void CPrcBasicControl::Attach(CObserver* pObserver)
+{
+    dispatcher.Attach(SenderPrcBasic, pObserver);
+}
+
+void CPrcBasicControl::Detach(CObserver* pObserver)
+{
+    dispatcher.Detach(SenderPrcBasic, pObserver);
+}
+
+void CPrcBasicControl::RefreshProcessors()
+{
+    commands.Scan();
+}
+
+void CPrcBasicControl::AddSimulators(SSimulatorRequest request)
+{
+    commands.AddSimulators(request);
+}
+
+void CPrcBasicControl::AddProcessor(quint32 nIP)
+{
+    commands.Add(nIP);
+}
+
+void CPrcBasicControl::RenameProcessor(QUuid idProcessor, QString strName)
+{
+    processors.RenameNode(idProcessor, strName);
+}
+
+QString CPrcBasicControl::GetTypeName(qint32 nType)
+{
+    return CDeviceTypes::GetName(nType);
+}
+
+SLocalAddress CPrcBasicControl::GetLocalAddress()
+{
+    return { CDeviceCommands::GetLocalAddress() };
+}
+
+bool CPrcBasicControl::IsListLocked()
+{
+    return processors.GetHost().IsLocked();
+}
+
+bool CPrcBasicControl::IsRefreshBlocked()
+{
+    return processors.GetHost().IsRefreshBlocked();
+}

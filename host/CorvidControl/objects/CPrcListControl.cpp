@@ -1,0 +1,108 @@
+#include "CorvidControl/objects/CPrcListControl.h"
+
+#include "CorvidControl/devices/CDeviceCommands.h"
+#include "CorvidControl/file/CListStore.h"
+#include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/messages/CMessageDispatcher.h"
+
+CPrcListControl::CPrcListControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn,
+                                 CListStore& storeIn)
+    : dispatcher(dispatcherIn), processors(processorsIn), commands(commandsIn), store(storeIn)
+{ }
+
+void CPrcListControl::Attach(CObserver* pObserver)
+{
+    dispatcher.Attach(SenderPrcList, pObserver);
+}
+
+void CPrcListControl::Detach(CObserver* pObserver)
+{
+    dispatcher.Detach(SenderPrcList, pObserver);
+}
+
+qint32 CPrcListControl::ExportList(QString strPath, qint32 /*nOption*/)
+{
+    return store.Export(strPath);
+}
+
+qint32 CPrcListControl::ImportList(QString strPath)
+{
+    QList<QUuid> listBefore;
+    const QList<SProcessorNode> listProcessor = processors.CopyTree(false).GetProcessors();
+    for (const SProcessorNode& processor : listProcessor) {
+        listBefore.append(processor.idNode);
+    }
+    const CListStore::EnImportResult result = store.Import(strPath);
+    if (result == CListStore::ImportDone) {
+        commands.FollowList(listBefore);
+    }
+    return result;
+}
+
+void CPrcListControl::GetDiscoveredTree(SProcessorAllNode& node)
+{
+    node = processors.GetTree(false);
+}
+
+void CPrcListControl::GetSimulatorTree(SProcessorAllNode& node)
+{
+    node = processors.GetTree(true);
+}
+
+void CPrcListControl::AddGroup(SProcessorGroupNode node, bool /*bEmpty*/)
+{
+    processors.AddGroup(node);
+}
+
+void CPrcListControl::DeleteGroup(QUuid idGroup, bool bWithProcessors)
+{
+    commands.DeleteGroup(idGroup, bWithProcessors);
+}
+
+void CPrcListControl::DeleteProcessor(QUuid idProcessor, bool /*bOption*/)
+{
+    commands.Delete(idProcessor);
+}
+
+void CPrcListControl::MoveProcessor(QUuid idProcessor, QUuid idGroup)
+{
+    processors.MoveProcessor(idProcessor, idGroup);
+}
+
+void CPrcListControl::RenameGroup(QUuid idGroup, QString strName)
+{
+    processors.RenameNode(idGroup, strName);
+}
+
+bool CPrcListControl::IsNodeActive(QUuid idNode)
+{
+    return processors.IsActive(idNode);
+}
+
+void CPrcListControl::SetExpanded(QUuid idNode, bool bExpanded)
+{
+    processors.SetExpanded(idNode, bExpanded);
+}
+
+qint32 CPrcListControl::GetSimulatorCount()
+{
+    return processors.CopyTree(true).GetProcessorCount();
+}
+
+qint32 CPrcListControl::GetNextGroupIndex()
+{
+    return processors.CopyTree(processors.IsSimulatorPane()).GetNextGroupIndex();
+}
+
+void CPrcListControl::GetProcessorIPs(std::vector<uint>& vecIP)
+{
+    const QList<SProcessorNode> listProcessor = processors.CopyTree(false).GetProcessors();
+    for (const SProcessorNode& processor : listProcessor) {
+        vecIP.push_back(processor.nIP);
+    }
+}
+
+qint32 CPrcListControl::GetNodeType(QUuid idNode)
+{
+    return processors.GetNodeType(idNode);
+}

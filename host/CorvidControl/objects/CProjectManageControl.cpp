@@ -1,0 +1,27 @@
+#include "CorvidControl/objects/CProjectManageControl.h"
+
+#include "CorvidControl/messages/CMessageDispatcher.h"
+#include "CorvidControl/objects/CHostState.h"
+#include "interfaces/control/SProjectInfo.h"
+
+CProjectManageControl::CProjectManageControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn)
+    : dispatcher(dispatcherIn), host(hostIn)
+{ }
+
+void CProjectManageControl::Attach(CObserver* pObserver)
+{
+    dispatcher.Attach(SenderProjectManage, pObserver);
+}
+
+void CProjectManageControl::Detach(CObserver* pObserver)
+{
+    dispatcher.Detach(SenderProjectManage, pObserver);
+}
+
+void CProjectManageControl::GetProjectInfo(SProjectInfo& info)
+{
+    static const QUuid idSpace(QStringLiteral("{0f5d7c1e-8a44-4c0b-bb0e-61b1d2c9a7f4}"));
+    const QString strProject = host.GetProject();
+    info.strName = strProject.toStdString();
+    info.idProject = strProject.isEmpty() ? QUuid() : QUuid::createUuidV5(idSpace, strProject);
+}

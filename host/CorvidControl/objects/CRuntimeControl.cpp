@@ -1,0 +1,64 @@
+#include "CorvidControl/objects/CRuntimeControl.h"
+
+#include "CorvidControl/list/CJobs.h"
+#include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/messages/CMessageDispatcher.h"
+
+CRuntimeControl::CRuntimeControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CJobs& jobsIn)
+    : dispatcher(dispatcherIn), processors(processorsIn), jobs(jobsIn)
+{ }
+
+void CRuntimeControl::Attach(CObserver* pObserver)
+{
+    dispatcher.Attach(SenderRuntime, pObserver);
+}
+
+void CRuntimeControl::Detach(CObserver* pObserver)
+{
+    dispatcher.Detach(SenderRuntime, pObserver);
+}
+
+void CRuntimeControl::PostMessage(qint32 nMessage)
+{
+    dispatcher.Post(SenderRuntime, nMessage);
+}
+
+bool CRuntimeControl::IsSimulatorPane()
+{
+    return processors.IsSimulatorPane();
+}
+
+void CRuntimeControl::SetSimulatorPane(bool bSimulator)
+{
+    processors.SetSimulatorPane(bSimulator);
+}
+
+bool CRuntimeControl::SetSelectedNodes(const std::vector<QUuid>& vecId)
+{
+    return processors.SetSelection(vecId);
+}
+
+std::vector<QUuid> CRuntimeControl::GetSelectedNodes(bool bSimulator)
+{
+    return processors.GetSelection(bSimulator);
+}
+
+std::vector<QUuid> CRuntimeControl::GetSelectedProcessors()
+{
+    return processors.GetSelectedProcessors();
+}
+
+bool CRuntimeControl::IsDeleteBlocked(QUuid idNode)
+{
+    return processors.IsInUse(idNode);
+}
+
+bool CRuntimeControl::IsNodeInUse(QUuid idNode)
+{
+    return processors.IsInUse(idNode);
+}
+
+void CRuntimeControl::SetBusy(bool bBusy)
+{
+    jobs.SetBusy(bBusy);
+}

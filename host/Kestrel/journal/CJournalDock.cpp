@@ -1,0 +1,143 @@
+#include "Kestrel/journal/CJournalDock.h"
+
+#include "Kestrel/journal/CJournalFilter.h"
+#include "Kestrel/journal/CJournalModel.h"
+#include "Kestrel/theme/CTheme.h"
+#include "journal/CCallLog.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace {
+
+constexpr int nMostRows = 2000;
+constexpr int nBatchMs = 100;
+constexpr int nTimeWidth = 108;
+constexpr int nThreadWidth = 56;
+constexpr int nObjectWidth = 152;
+constexpr int nMargin = 8;
+constexpr int nFieldHeight = 24;
+constexpr int nBarMargin = 5; ///< makes the bar as high as the panel's header and the gap under it
+
+} // namespace
+
+CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent)
+    : QDockWidget(parent), journal(journalIn), pModel(new CJournalModel(nMostRows, GetKindColours(theme), this)),
+      pFilter(new CJournalFilter(this)), pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox),
+      pClear(new QToolButton), pClose(new QToolButton)
+{
+    setObjectName(QStringLiteral("JournalDock"));
+    setFeatures(DockWidgetClosable);
+    setTitleBarWidget(MakeBar());
+    setWidget(pView);
+    MakeView();
+    SetConnection();
+    UpdateText();
+    ReadSoon();
+}
+
+void CJournalDock::changeEvent(QEvent* event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        UpdateText();
+    }
+}
+
+QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
+{
+    return { { RecordCommand, theme.GetColour(QStringLiteral("textStrong")) },
+             { RecordRead, theme.GetColour(QStringLiteral("textHint")) },
+             { RecordMessage, theme.GetColour(QStringLiteral("textHint")) },
+             { RecordNote, theme.GetColour(QStringLiteral("accent")) } };
+}
+
+QWidget* CJournalDock::MakeBar()
+{
+    auto* pBar = new QFrame(this);
+    pBar->setObjectName(QStringLiteral("JournalBar"));
+    pTitle->setObjectName(QStringLiteral("JournalTitle"));
+    pClear->setObjectName(QStringLiteral("JournalClear"));
+    pSearch->setClearButtonEnabled(true);
+    pClose->setIcon(QIcon(QStringLiteral(":/image/control/close/close.svg")));
+    auto* pLayout = new QHBoxLayout(pBar);
+    pLayout->setContentsMargins(nMargin, nBarMargin, nMargin, nBarMargin);
+    pLayout->setSpacing(nMargin);
+    pLayout->addWidget(pTitle);
+    pLayout->addWidget(pSearch, 1);
+    pLayout->addWidget(pReads);
+    pLayout->addWidget(pClear);
+    pLayout->addWidget(pClose);
+    pSearch->setFixedHeight(nFieldHeight);
+    return pBar;
+}
+
+void CJournalDock::MakeView()
+{
+    pView->setObjectName(QStringLiteral("Journal"));
+    pFilter->setSourceModel(pModel);
+    pView->setModel(pFilter);
+    pView->setRootIsDecorated(false);
+    pView->setUniformRowHeights(true);
+    pView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    pView->header()->setStretchLastSection(true);
+    pView->setColumnWidth(CJournalModel::ColumnTime, nTimeWidth);
+    pView->setColumnWidth(CJournalModel::ColumnThread, nThreadWidth);
+    pView->setColumnWidth(CJournalModel::ColumnObject, nObjectWidth);
+}
+
+void CJournalDock::SetConnection()
+{
+    timer.setSingleShot(true);
+    timer.setInterval(nBatchMs);
+    connect(&timer, &QTimer::timeout, this, &CJournalDock::Read);
+    // Queued, since the writer may hold locks and is on any thread.
+    connect(&journal, &CCallLog::RecordsWaiting, this, &CJournalDock::ReadSoon, Qt::QueuedConnection);
+    connect(pSearch, &QLineEdit::textChanged, pFilter, &CJournalFilter::SetText);
+    connect(pReads, &QCheckBox::toggled, pFilter, &CJournalFilter::SetReadsShown);
+    connect(pClear, &QToolButton::clicked, pModel, &CJournalModel::Clear);
+    connect(pClose, &QToolButton::clicked, this, &QWidget::close);
+}
+
+void CJournalDock::UpdateText()
+{
+    setWindowTitle(tr("Journal"));
+    pTitle->setText(tr("Journal"));
+    pClose->setToolTip(tr("Close"));
+    pClose->setAccessibleName(tr("Close"));
+    pSearch->setPlaceholderText(tr("Filter"));
+    pSearch->setAccessibleName(tr("Filter"));
+    pReads->setText(tr("Show reading calls"));
+    pClear->setText(tr("Clear"));
+    pView->setAccessibleName(tr("Journal"));
+    pModel->UpdateText();
+}
+
+void CJournalDock::ReadSoon()
+{
+    if (!timer.isActive()) {
+        timer.start();
+    }
+}
+
+void CJournalDock::Read()
+{
+    const std::vector<SCallRecord> vecRecord = journal.ReadAfter(nRead);
+    if (vecRecord.empty()) {
+        return;
+    }
+    nRead = vecRecord.back().nNumber;
+    const QScrollBar* pBar = pView->verticalScrollBar();
+    const bool bAtEnd = pBar->value() == pBar->maximum();
+    pModel->Append(vecRecord);
+    if (bAtEnd) {
+        pView->scrollToBottom();
+    }
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "journal/SCallRecord.h"
+
+#include <QAbstractTableModel>
+#include <QColor>
+#include <QMap>
+
+#include <deque>
+#include <vector>
+
+/// The newest lines of the journal, as rows. Old ones go when there are too many.
+class CJournalModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum EnColumn
+    {
+        ColumnTime = 0,
+        ColumnThread = 1,
+        ColumnObject = 2,
+        ColumnCall = 3,
+        ColumnCount = 4,
+    };
+
+    /// The kind of a row, an EnRecordKind.
+    static constexpr int RoleKind = Qt::UserRole + 1;
+
+    /// mapKindColour gives the text colour of each EnRecordKind; the view's own where one is missing.
+    CJournalModel(int nMostRows, const QMap<int, QColor>& mapColourIn, QObject* parent);
+
+    /// Adds records at the end; one insertion and at most one removal, however many they are.
+    void Append(const std::vector<SCallRecord>& vecRecord);
+
+    void Clear();
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+    /// The headers again, after the language has changed.
+    void UpdateText();
+
+private:
+    static QString GetText(const SCallRecord& record, int nColumn);
+
+    const int nMost;
+    const QMap<int, QColor> mapColour;
+    std::deque<SCallRecord> listRecord;
+};

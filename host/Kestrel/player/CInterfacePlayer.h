@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QObject>
+
+class CMainWindow;
+
+/// Does what a scenario asks of the window: it clicks and types as a user would, and takes pictures.
+class CInterfacePlayer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// strPictureFolder empty: no pictures are taken.
+    CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn);
+
+    /// Begins to count the seconds.
+    void Start();
+
+    /// Writes a picture of the window; returns why it could not, or an empty text.
+    QString TakePicture(const QString& strFile) const;
+
+signals:
+    void PictureTaken(const QString& strFile);
+
+    /// A mark could not be carried out, and why.
+    void MarkFailed(const QString& strReason);
+
+    /// The last mark was carried out.
+    void Finished();
+
+private:
+    void Play(const QJsonObject& mark);
+    void TakeNumberedPicture(const QString& strName);
+    void Search(const QString& strText);
+    void ChoosePane(const QString& strPane);
+    void Select(const QJsonArray& listName);
+    void Press(const QString& strToolTip);
+
+    CMainWindow& window;
+    const QJsonArray marks;
+    const QString strFolder;
+    int nDone = 0;
+    int nPictures = 0;
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <Qt>
+
+class QAbstractButton;
+class QAction;
+class QLineEdit;
+class QModelIndex;
+class QObject;
+class QString;
+class QTreeView;
+class QWidget;
+
+/// Finds the parts of the panel by their names, and uses them as mouse and keyboard do. The panel is a
+/// library of its own: only names, properties and rows' roles are known of it. All GUI thread.
+namespace PanelAccess {
+
+/// The tree of the current pane, or null.
+QTreeView* FindCurrentTree(QWidget* pPanel);
+
+/// Whether it is the editor of a row of the panel.
+bool IsRowEditor(const QObject* pObject);
+
+/// The row of a group or processor of that name in the current pane; invalid when there is none.
+QModelIndex FindRow(const QTreeView* pTree, const QString& strName);
+
+/// By the English text, which szContext translates.
+QAction* FindAction(QWidget* pPanel, const char* szContext, const char* szText);
+
+/// By the tool tip, in English or in the present language.
+QAbstractButton* FindButton(QWidget* pPanel, const QString& strToolTip);
+
+QAbstractButton* FindTab(QWidget* pPanel, bool bSimulator);
+QLineEdit* FindSearchEdit(QWidget* pPanel);
+
+/// Ends an open editor of a row as a click on the tree does: what was typed counts.
+void EndEdit(QWidget* pPanel);
+
+/// Replaces the text, key by key.
+void TypeText(QLineEdit* pEdit, const QString& strText);
+
+/// Scrolls to the row and clicks it with the left button.
+void ClickRow(QTreeView* pTree, const QModelIndex& index, Qt::KeyboardModifiers modifiers);
+
+} // namespace PanelAccess

@@ -1,0 +1,19 @@
+#include "Kestrel/player/WindowPicture.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPixmap>
+#include <QWidget>
+
+QPixmap WindowPicture::Take(QWidget& window)
+{
+    QPixmap picture = window.grab();
+    QPainter painter(&picture);
+    const QWidgetList listWidget = QApplication::topLevelWidgets();
+    for (QWidget* pWidget : listWidget) {
+        if (pWidget != &window && pWidget->isVisible()) {
+            painter.drawPixmap(pWidget->pos() - window.pos(), pWidget->grab());
+        }
+    }
+    return picture;
+}

@@ -1,7 +1,0 @@
-#include "data/SNode.h"
-
-bool SNode::MatchText(const QString& strText)
-{
-    Q_UNUSED(strText)
-    return false;
-}

@@ -1,0 +1,5 @@
+#include "nodes/SProcessorAllNode.h"
+
+#include "nodes/EnNodeType.h"
+
+SProcessorAllNode::SProcessorAllNode() : SNode(QStringLiteral("All processors"), NodeAll) { }

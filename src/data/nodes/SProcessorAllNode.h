@@ -1,0 +1,12 @@
+#pragma once
+
+#include "nodes/SProcessorGroupNode.h"
+
+/// The root of a pane. Two roots are compared field by field where they are read; there is no operator.
+struct SProcessorAllNode final : SNode
+{
+    SProcessorAllNode();
+
+    QList<SProcessorGroupNode> listGroup; ///< groups, in the order shown
+    QList<SProcessorNode> listProcessor;  ///< processors in no group, shown behind all groups
+};

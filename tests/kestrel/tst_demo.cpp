@@ -1,0 +1,100 @@
+#include "CProgram.h"
+#include "TestMain.h"
+
+#include <QImage>
+
+#include <algorithm>
+
+namespace {
+
+/// Every mark once, each followed by a picture.
+constexpr char szScenario[] = R"({
+    "steps": [
+        { "at": 0.0, "do": "open-project", "project": "Aurora" },
+        { "at": 0.4, "do": "chief-mode", "on": true }
+    ],
+    "ui": [
+        { "at": 0.3, "shot": "start" },
+        { "at": 0.8, "shot": "chief-mode" },
+        { "at": 0.9, "select": ["Floor", "Ceiling"] },
+        { "at": 1.2, "shot": "two-selected" },
+        { "at": 1.3, "search": "side" },
+        { "at": 1.5, "shot": "search" },
+        { "at": 1.6, "search": "" },
+        { "at": 1.7, "pane": "simulator" },
+        { "at": 1.9, "shot": "simulator" },
+        { "at": 2.0, "pane": "discovered" },
+        { "at": 2.1, "press": "Add a processor" },
+        { "at": 2.4, "shot": "dialog" }
+    ]
+})";
+
+} // namespace
+
+class CDemoTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theScenariosMarksLeaveDistinctNumberedPictures_data()
+    {
+        QTest::addColumn<QString>("strLanguage");
+
+        QTest::newRow("English") << "en";
+        QTest::newRow("German") << "de";
+        QTest::newRow("Chinese") << "zh_CN";
+    }
+
+    void theScenariosMarksLeaveDistinctNumberedPictures()
+    {
+        QFETCH(QString, strLanguage);
+        CProgram program;
+        QVERIFY(QDir().mkdir(program.Path("shots")));
+        const QString strScenario = program.Write("a.json", szScenario);
+
+        QVERIFY(program.Run({ "--list", program.CopyExample("studio.kvtl"), "--scenario", strScenario, "--shots",
+                              program.Path("shots"), "--lang", strLanguage }));
+
+        QCOMPARE(program.Errors(), QStringList());
+        QCOMPARE(program.ExitCode(), 0);
+        const QStringList listPath = program.Output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        const QStringList listName{ "01-start", "02-chief-mode", "03-two-selected", "04-search", "05-simulator", "06-dialog" };
+        QCOMPARE(listPath.size(), listName.size());
+        // The panel only: the journal beside it differs by its times alone.
+        QVector<QImage> vecPanel;
+        for (int n = 0; n < listPath.size(); ++n) {
+            QCOMPARE(listPath[n], program.Path("shots/" + listName[n] + ".png"));
+            const QImage panel = QImage(listPath[n]).copy(0, 28, 350, 660);
+            QVERIFY2(!vecPanel.contains(panel), qPrintable(listPath[n]));
+            vecPanel.append(panel);
+        }
+    }
+
+    void aMarkThatCannotBeCarriedOutEndsWithALineAndCodeTwo_data()
+    {
+        QTest::addColumn<QByteArray>("mark");
+        QTest::addColumn<QString>("strNamed");
+
+        QTest::newRow("no such row") << QByteArray(R"("select": ["Nobody"])") << "Nobody";
+        QTest::newRow("no such button") << QByteArray(R"("press": "Explode")") << "Explode";
+        QTest::newRow("no such mark") << QByteArray(R"("dance": "tango")") << "dance";
+    }
+
+    void aMarkThatCannotBeCarriedOutEndsWithALineAndCodeTwo()
+    {
+        QFETCH(QByteArray, mark);
+        QFETCH(QString, strNamed);
+        CProgram program;
+        const QString strScenario = program.Write("a.json", R"({"steps": [], "ui": [{"at": 0.2, )" + mark + "}]}");
+
+        QVERIFY(program.Run(
+            { "--list", program.CopyExample("single.kvtl"), "--scenario", strScenario, "--shots", program.Path("") }));
+
+        QCOMPARE(program.ExitCode(), 2);
+        QCOMPARE(program.Errors().size(), 1);
+        QVERIFY(program.Errors().constFirst().contains(strNamed));
+    }
+};
+
+PTV_TEST_MAIN(CDemoTest)
+#include "tst_demo.moc"

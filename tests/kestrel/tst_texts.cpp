@@ -1,0 +1,171 @@
+#include "Kestrel/CLanguage.h"
+#include "TestMain.h"
+
+#include <QLabel>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+namespace {
+
+struct SText
+{
+    QString strContext;
+    QString strSource;
+    QString strTranslation;
+    bool bFinished = false;
+};
+
+QList<SText> ReadTexts(const QString& strFile)
+{
+    QFile file(strFile);
+    QXmlStreamReader xml(&file);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    QList<SText> listText;
+    SText text;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement) {
+            continue;
+        }
+        if (xml.name() == QLatin1String("name")) {
+            text.strContext = xml.readElementText();
+        } else if (xml.name() == QLatin1String("source")) {
+            text.strSource = xml.readElementText();
+        } else if (xml.name() == QLatin1String("translation")) {
+            text.bFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+            text.strTranslation = xml.readElementText();
+            listText.append(text);
+        }
+    }
+    return listText;
+}
+
+QString FileOf(const QString& strLanguage)
+{
+    return QStringLiteral(TEXTS_FOLDER "/kestrel_%1.ts").arg(strLanguage);
+}
+
+/// A copy of the language's file, brought up to date with the sources.
+QString UpdatedFile(const QTemporaryDir& folder, const QString& strLanguage)
+{
+    const QString strCopy = folder.filePath(QStringLiteral("kestrel_%1.ts").arg(strLanguage));
+    QFile::copy(FileOf(strLanguage), strCopy);
+    QProcess lupdate;
+    lupdate.start(
+        QStringLiteral(LUPDATE),
+        { "-silent", "-no-obsolete", "-locations", "none", SOURCE_FOLDER "/src", SOURCE_FOLDER "/host", "-ts", strCopy });
+    return lupdate.waitForFinished() && lupdate.exitCode() == 0 ? strCopy : QString();
+}
+
+QStringList Placeholders(const QString& strText)
+{
+    static const QRegularExpression expression(QStringLiteral("%\\d"));
+    QStringList listFound;
+    auto match = expression.globalMatch(strText);
+    while (match.hasNext()) {
+        listFound.append(match.next().captured());
+    }
+    listFound.sort();
+    return listFound;
+}
+
+/// Notes how often it was told that the language changed.
+class CListener : public QLabel
+{
+public:
+    int nHeard = 0;
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        nHeard += event->type() == QEvent::LanguageChange;
+        QLabel::changeEvent(event);
+    }
+};
+
+} // namespace
+
+class CTextsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyTextOfTheSourcesIsTranslated_data()
+    {
+        QTest::addColumn<QString>("strLanguage");
+        QTest::newRow("German") << "de";
+        QTest::newRow("Chinese") << "zh_CN";
+    }
+
+    void everyTextOfTheSourcesIsTranslated()
+    {
+        QFETCH(QString, strLanguage);
+        const QTemporaryDir folder;
+
+        const QList<SText> listText = ReadTexts(UpdatedFile(folder, strLanguage));
+
+        QVERIFY(listText.size() > 90);
+        for (const SText& text : listText) {
+            QVERIFY2(text.bFinished && !text.strTranslation.isEmpty(), qPrintable(text.strContext + ": " + text.strSource));
+        }
+    }
+
+    void everyContextOfThePanelIsThere_data()
+    {
+        QTest::addColumn<QString>("strContext");
+        for (const char* szContext : { "CProcessorTreeView", "CProcessorTree", "CProcessorTreeToolBar", "CProcessorTreeDelegate",
+                                       "CAddProcessorDlg", "CAddSimulatorDlg" }) {
+            QTest::newRow(szContext) << szContext;
+        }
+    }
+
+    void everyContextOfThePanelIsThere()
+    {
+        QFETCH(QString, strContext);
+        for (const char* szLanguage : { "de", "zh_CN" }) {
+            const QList<SText> listText = ReadTexts(FileOf(szLanguage));
+            QVERIFY(
+                std::any_of(listText.begin(), listText.end(), [&](const SText& text) { return text.strContext == strContext; }));
+        }
+    }
+
+    void translationsKeepPlaceholdersAndLines_data()
+    {
+        everyTextOfTheSourcesIsTranslated_data();
+    }
+
+    void translationsKeepPlaceholdersAndLines()
+    {
+        QFETCH(QString, strLanguage);
+        const QList<SText> listText = ReadTexts(FileOf(strLanguage));
+        for (const SText& text : listText) {
+            QCOMPARE(Placeholders(text.strTranslation), Placeholders(text.strSource));
+            QCOMPARE(text.strTranslation.count('\n'), text.strSource.count('\n'));
+            QCOMPARE(text.strTranslation.contains('&'), text.strSource.contains('&'));
+        }
+    }
+
+    void theLanguageChangesAtRunTimeAndBack()
+    {
+        CListener listener;
+        CLanguage language;
+        const auto GetText = [] { return QCoreApplication::translate("CProcessorTreeDelegate", "All processors(%1)"); };
+
+        language.Set("de");
+        QCoreApplication::processEvents();
+        QCOMPARE(GetText(), QStringLiteral("Alle Prozessoren(%1)"));
+        QVERIFY(listener.nHeard > 0);
+
+        language.Set("zh_CN");
+        QCOMPARE(GetText(), QStringLiteral("全部处理器(%1)"));
+
+        language.Set("en");
+        QCOMPARE(GetText(), QStringLiteral("All processors(%1)"));
+    }
+};
+
+PTV_TEST_MAIN(CTextsTest)
+#include "tst_texts.moc"

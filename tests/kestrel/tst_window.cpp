@@ -1,0 +1,229 @@
+#include "CorvidControl/objects/CControlHost.h"
+#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/CLanguage.h"
+#include "Kestrel/CMainWindow.h"
+#include "Kestrel/theme/CTheme.h"
+#include "TestMain.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcBasicControl.h"
+#include "interfaces/control/IRuntimeControl.h"
+#include "journal/CCallLog.h"
+
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenuBar>
+#include <QTemporaryDir>
+
+#include <thread>
+
+namespace {
+
+/// Stands in for the panel: has the slot that the window calls by its name.
+class CPanelDouble : public QWidget
+{
+    Q_OBJECT
+
+public:
+    QList<int> listId;
+
+public slots:
+    void DealMenuBar(int id, QVariant value)
+    {
+        if (value.toBool()) {
+            listId.append(id);
+        }
+    }
+};
+
+SControlOptions Options(const QTemporaryDir& folder)
+{
+    SControlOptions options;
+    options.strListFile = folder.filePath("list.kvtl");
+    options.bQuietDay = false;
+    options.nScanMs = 50;
+    return options;
+}
+
+/// A shown window on a real control library.
+struct SWindow
+{
+    SWindow()
+    {
+        window.show();
+        QApplication::setActiveWindow(&window);
+    }
+
+    QLabel* Badge(const QString& strText) const
+    {
+        const QList<QLabel*> listBadge = window.findChildren<QLabel*>("Badge");
+        for (QLabel* pBadge : listBadge) {
+            if (pBadge->text() == strText && pBadge->isVisible()) {
+                return pBadge;
+            }
+        }
+        return nullptr;
+    }
+
+    QString BusyText() const
+    {
+        return window.findChild<CBusyIndicator*>()->GetText();
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<CControlHost> pHost = CControlHost::Start(Options(folder));
+    CCallLog log{ 64 };
+    CLanguage language;
+    CTheme theme;
+    CMainWindow window{ *pHost, log, language, theme };
+};
+
+} // namespace
+
+class CWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shortcutsWorkWithoutTheirMenu_data()
+    {
+        QTest::addColumn<int>("nKey");
+        QTest::addColumn<QString>("strBadge");
+        QTest::newRow("Chief-Member mode") << int(Qt::Key_M) << "Chief-Member mode";
+        QTest::newRow("lock the list") << int(Qt::Key_L) << "List locked";
+        QTest::newRow("block refresh") << int(Qt::Key_B) << "Refresh blocked";
+    }
+
+    void shortcutsWorkWithoutTheirMenu()
+    {
+        QFETCH(int, nKey);
+        QFETCH(QString, strBadge);
+        SWindow kestrel;
+        QVERIFY(!kestrel.Badge(strBadge));
+
+        QTest::keyClick(&kestrel.window, Qt::Key(nKey), Qt::ControlModifier);
+        QTRY_VERIFY(kestrel.Badge(strBadge));
+
+        QTest::keyClick(&kestrel.window, Qt::Key(nKey), Qt::ControlModifier);
+        QTRY_VERIFY(!kestrel.Badge(strBadge));
+    }
+
+    void selectAllReachesThePanelByItsNumber()
+    {
+        SWindow kestrel;
+        CPanelDouble panel;
+        kestrel.window.SetPanel(&panel);
+        QTest::keyClick(&kestrel.window, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(panel.listId, QList<int>{ 18 });
+    }
+
+    void theJournalHidesAndComesBackByItsShortcut()
+    {
+        SWindow kestrel;
+        const auto* pDock = kestrel.window.findChild<QDockWidget*>();
+        QVERIFY(pDock->isVisible());
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        QVERIFY(!pDock->isVisible());
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        QVERIFY(pDock->isVisible());
+    }
+
+    void theMenuFollowsWhatChangesElsewhere()
+    {
+        SWindow kestrel;
+        kestrel.pHost->SetListLocked(true);
+        QTRY_VERIFY(kestrel.Badge("List locked"));
+        // The check mark follows too: the next press takes the lock away.
+        QTest::keyClick(&kestrel.window, Qt::Key_L, Qt::ControlModifier);
+        QTRY_VERIFY(!kestrel.pHost->IsListLocked());
+    }
+
+    void closeProjectIsOfferedOnlyWithAProject()
+    {
+        SWindow kestrel;
+        kestrel.pHost->OpenProject("Aurora");
+        QTRY_VERIFY(kestrel.Badge("Project Aurora"));
+        QTest::keyClick(&kestrel.window, Qt::Key_W, Qt::ControlModifier);
+        QTRY_VERIFY(kestrel.Badge("No project"));
+        QVERIFY(kestrel.pHost->GetProjectName().isEmpty());
+    }
+
+    void theStatusBarSaysWhatIsBusyAndSinceWhen()
+    {
+        SWindow kestrel;
+        QCOMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
+        const QString strBefore = QTime::currentTime().toString("HH:mm");
+
+        g_pRuntimeControl->SetBusy(true);
+        QTRY_VERIFY(kestrel.BusyText().startsWith("Busy"));
+        const QString strAfter = QTime::currentTime().toString("HH:mm");
+        QVERIFY(kestrel.BusyText().contains(strBefore) || kestrel.BusyText().contains(strAfter));
+
+        std::thread job([] {
+            g_pPrcBasicControl->RefreshProcessors();
+            g_pRuntimeControl->SetBusy(false);
+        });
+        QTRY_VERIFY(kestrel.BusyText().startsWith("Scanning the network"));
+        QTRY_COMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
+        job.join();
+    }
+
+    void theSecondsOfAJobCountOnWhenTheClockIsSetBack()
+    {
+        const CTheme theme;
+        CBusyIndicator indicator(theme, nullptr);
+        const QDateTime timeBeforeSetBack = QDateTime::currentDateTime().addSecs(3600);
+        indicator.SetState(true, timeBeforeSetBack, {});
+        QVERIFY2(indicator.GetText().endsWith("(0 s)"), qPrintable(indicator.GetText()));
+        QTRY_VERIFY(indicator.GetText().endsWith("(1 s)"));
+    }
+
+    void quittingWaitsForTheRunningJob()
+    {
+        SWindow kestrel;
+        g_pRuntimeControl->SetBusy(true);
+        std::thread job([] {
+            g_pPrcBasicControl->RefreshProcessors();
+            g_pRuntimeControl->SetBusy(false);
+        });
+
+        QVERIFY(!kestrel.window.close());
+        QVERIFY(kestrel.window.isVisible());
+
+        QTRY_VERIFY(!kestrel.window.isVisible());
+        QVERIFY(!kestrel.pHost->IsBusy());
+        job.join();
+    }
+
+    void aBusyFlagThatNoJobStandsBehindDoesNotKeepTheWindow()
+    {
+        SWindow kestrel;
+        g_pRuntimeControl->SetBusy(true);
+        QVERIFY(!kestrel.window.close());
+        QTRY_VERIFY(!kestrel.window.isVisible());
+    }
+
+    void theLanguageMenuChangesEveryText()
+    {
+        SWindow kestrel;
+        const auto Choose = [&](const QString& strCode) {
+            const QList<QAction*> listAction = kestrel.window.findChildren<QAction*>();
+            for (QAction* pAction : listAction) {
+                if (pAction->data().toString() == strCode) {
+                    pAction->trigger();
+                }
+            }
+        };
+
+        Choose("de");
+        QTRY_COMPARE(kestrel.BusyText(), QStringLiteral("Bereit"));
+        QVERIFY(kestrel.Badge("Kein Projekt"));
+        QCOMPARE(kestrel.window.menuBar()->actions().constFirst()->text(), QStringLiteral("&Projekt"));
+        QCOMPARE(kestrel.window.findChild<QLabel*>("JournalTitle")->text(), QStringLiteral("Journal"));
+
+        Choose("en");
+        QTRY_COMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
+    }
+};
+
+PTV_TEST_MAIN(CWindowTest)
+#include "tst_window.moc"
