@@ -9,14 +9,14 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr uid_t nNobody = 65534;
 constexpr rlim_t nFullDiskBytes = 64;
-constexpr int nAllRights = 0x7777; // as QFile counts them: owner, user, group, others
 
 /// The program, with what its disk allows and its starter does set between fork and exec.
 class CChild final : public QProcess
@@ -39,7 +39,9 @@ protected:
             ::close(listPipe[0]);
             dup2(listPipe[1], STDERR_FILENO);
         }
-        if (enDisk == DiskReadOnly && geteuid() == 0 && setuid(nNobody) != 0) {
+        // Root keeps its files, which may be of a checkout that no other user can read, and loses the right to write
+        // against their permissions.
+        if (enDisk == DiskReadOnly && geteuid() == 0 && prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) != 0) {
             _exit(1);
         }
         if (enDisk == DiskFull) {
@@ -91,7 +93,6 @@ CProgram::CProgram()
 {
     Q_ASSERT(folder.isValid());
     QDir(folder.path()).mkdir(QStringLiteral("tmp"));
-    QFile::setPermissions(Path(QStringLiteral("tmp")), QFile::Permissions(nAllRights));
 }
 
 CProgram::~CProgram()
