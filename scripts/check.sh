@@ -1,29 +1,42 @@
 #!/usr/bin/env bash
 # All checkers, each finding an error: clang-format over all sources, clang-tidy and clazy over src/ and
 # host/. "check.sh --all" checks again what was found clean before; without it a file whose
-# preprocessed text, checker and options are unchanged is passed over (build/check-cache).
+# preprocessed text, checker and options are unchanged is passed over (build/check-cache). "check.sh --format"
+# looks at the layout only.
 # Needs a built dev preset, for the compile commands and moc's files.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
-build_dir=build/dev
 cache_dir=build/check-cache
+build_dir=$cache_dir/commands # the compile commands of the dev preset
 jobs=${CHECK_JOBS:-$(nproc)}
 [ "${1:-}" != --all ] || rm -rf "$cache_dir"
 mkdir -p "$cache_dir"
 
 # Level 0 to 2 without:
-#   qproperty-type-mismatch, function-args-by-value, function-args-by-ref: the prescribed signatures take
+#   qproperty-type-mismatch, function-args-by-value, function-args-by-ref: the contract with the host takes
 #     ids, texts and records by value
 #   qt6-*: the panel is for Qt 5.15
 #   rule-of-three, rule-of-two-soft: records declare what they hide (see SNode)
-#   copyable-polymorphic: node records are values with one virtual operation, on purpose
-#   non-pod-global-static: the store and the control objects are globals of the process, as prescribed
-#   ctor-missing-parent-argument: the prescribed constructors of the tree's items and of the worker
+#   copyable-polymorphic: node records are values with one virtual operation, by the contract
+#   non-pod-global-static: the store and the control objects are globals of the process, by the contract with the host
+#   ctor-missing-parent-argument: constructors of the tree's items and of the worker, by the same contract
 #   old-style-connect does not occur and stays on
 clazy_checks=level0,level1,level2,detaching-member
 clazy_checks+=,no-function-args-by-value,no-function-args-by-ref,no-rule-of-three,no-rule-of-two-soft
 clazy_checks+=,no-copyable-polymorphic,no-non-pod-global-static,no-ctor-missing-parent-argument
+
+# The precompiled headers are the compiler's alone; the checkers see what a source includes itself.
+write_commands() {
+    mkdir -p "$build_dir"
+    python3 - build/dev/compile_commands.json "$build_dir/compile_commands.json" <<'PY'
+import json, re, sys
+entries = json.load(open(sys.argv[1]))
+for entry in entries:
+    entry["command"] = re.sub(r" -include \S+/cmake_pch\.hxx| -fpch-preprocess| -Winvalid-pch", "", entry["command"])
+json.dump(entries, open(sys.argv[2], "w"))
+PY
+}
 
 check_format() {
     # By the tree, not by git: a source archive is checked, too.
@@ -99,8 +112,10 @@ over_sources() {
 export -f check_file cache_key
 export build_dir cache_dir clazy_checks
 result=0
-[ -f "$build_dir/compile_commands.json" ] || { echo "check: build the dev preset first"; exit 1; }
 run clang-format check_format
+[ "${1:-}" != --format ] || exit "$result"
+[ -f build/dev/compile_commands.json ] || { echo "check: build the dev preset first"; exit 1; }
+write_commands
 run clang-tidy over_sources tidy
 run clazy over_sources clazy
 exit "$result"

@@ -1,4 +1,4 @@
-// Carries the precompiled header of the test programs; does nothing.
+// Carries a precompiled header; does nothing.
 int main()
 {
     return 0;
