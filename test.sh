@@ -1,14 +1,45 @@
 #!/usr/bin/env bash
-# Everything that must hold: builds, quick tests, sanitizers, checkers, end to end. Installs what is
-# missing first. The last line but the exit code: "N passed, N failed", summed over all CTest runs; a
-# build or checker that fails counts as one failed.
+# ./test.sh [quick|long|--help]
+#
+#   (nothing)  everything that must hold: builds, quick tests, sanitizers, checkers, end to end; about a quarter of
+#              an hour when the compiler cache knows the sources, about twice that when it does not
+#   quick      the daily round: a build, the quick tests, the layout of the sources
+#   long       everything, then for hours: stress, end to end and quick tests over and over on an overloaded machine,
+#              fuzzing for an hour
+#
+# Installs what is missing first (scripts/setup.sh). Each stage has its number and the time at which it began, each
+# build says how far it is; logs are kept in build/test-logs. The last line: "N passed, N failed", summed over all
+# CTest runs; a build or checker that fails counts as one failed. The exit code is 0 when none failed, 2 for an
+# argument that does not exist.
 set -uo pipefail
 cd "$(dirname "$0")"
 
 passed=0
 failed=0
+stage=0
 jobs=$(nproc)
 log_dir=build/test-logs
+
+usage() {
+    sed -n '2,/^set /{/^set /d;s/^# \{0,1\}//p}' test.sh
+}
+
+case "${1:-all}${2:+ }${2:-}" in
+all | quick | long) round=${1:-all} ;;
+--help | -h)
+    usage
+    exit 0
+    ;;
+*)
+    usage >&2
+    exit 2
+    ;;
+esac
+case $round in
+quick) stages=4 ;;
+all) stages=9 ;;
+long) stages=12 ;;
+esac
 mkdir -p "$log_dir"
 
 if command -v ccache >/dev/null; then
@@ -23,18 +54,32 @@ if setarch "$(uname -m)" -R true 2>/dev/null; then
 fi
 
 section() {
-    printf '\n=== %s   (%d:%02d)\n' "$1" $((SECONDS / 60)) $((SECONDS % 60))
+    stage=$((stage + 1))
+    printf '\n=== %d of %d: %s   (%d:%02d)\n' "$stage" "$stages" "$1" $((SECONDS / 60)) $((SECONDS % 60))
 }
 
-# A step that is no CTest run; its output is shown only when it fails.
+# Copies Ninja's output to a log and says every half minute how far it is.
+show_progress() {
+    local log=$1 line shown=$SECONDS
+    while IFS= read -r line; do
+        printf '%s\n' "$line" >>"$log"
+        if [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] && ((SECONDS - shown >= 30)); then
+            shown=$SECONDS
+            echo "  ${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}"
+        fi
+    done
+}
+
+# A step that is no CTest run; of its output only its progress is shown, unless it fails.
 step() {
-    local name=$1
+    local name=$1 log=$log_dir/${1// /-}.log
     shift
-    if "$@" >"$log_dir/step.log" 2>&1; then
+    : >"$log"
+    if "$@" 2>&1 | show_progress "$log"; then
         echo "$name: ok"
         return 0
     fi
-    tail -n 60 "$log_dir/step.log"
+    tail -n 60 "$log"
     echo "$name: FAILED"
     failed=$((failed + 1))
     return 1
@@ -50,7 +95,7 @@ build() {
 run_tests() {
     local preset=$1
     shift
-    local log=$log_dir/ctest-$preset.log
+    local log=$log_dir/ctest-$preset-$stage.log
     "${fixed_addresses[@]}" ctest --preset "$preset" --no-tests=error "$@" 2>&1 | tee "$log" | grep -vE '^ *Start +[0-9]+:|^$|sec\*proc|^Label Time'
     local summary total bad skipped
     summary=$(grep -E 'tests passed, [0-9]+ tests failed out of [0-9]+' "$log" | tail -n 1)
@@ -66,8 +111,22 @@ run_tests() {
     failed=$((failed + bad))
 }
 
-# Read whole before it runs, so that an edit meanwhile does no harm.
-main() {
+# Six loops that want all of the machine for as long as this shell lives or release_machine is not called.
+load_machine() {
+    local i
+    busy=()
+    for i in 1 2 3 4 5 6; do
+        (while kill -0 $$ 2>/dev/null; do for ((n = 0; n < 100000; ++n)); do :; done; done) &
+        busy+=($!)
+    done
+}
+
+release_machine() {
+    kill "${busy[@]}"
+    wait "${busy[@]}" 2>/dev/null
+}
+
+run_quick() {
     section "Setup"
     step "packages" scripts/setup.sh test
 
@@ -76,7 +135,9 @@ main() {
 
     section "Quick tests"
     run_tests dev -j "$jobs" -L '^quick$'
+}
 
+run_rest() {
     section "Address, undefined behaviour, leaks"
     build asan --target ptv_tests && run_tests asan -j "$jobs" -L '^(quick|stress)$'
 
@@ -94,8 +155,36 @@ main() {
 
     section "Stress and end to end"
     run_tests dev -L '^(e2e|stress)$'
+}
 
-    section "Done"
+run_long() {
+    section "Stress and end to end, twenty times"
+    run_tests dev -L '^(e2e|stress)$' --repeat until-fail:20
+
+    section "Quick tests on an overloaded machine, ten times"
+    load_machine
+    run_tests dev -j 12 -L '^quick$' --repeat until-fail:10
+    release_machine
+
+    section "Fuzzing for an hour"
+    step "fuzzing, 3600 s" scripts/fuzz.sh 3600
+}
+
+# Read whole before it runs, so that an edit meanwhile does no harm.
+main() {
+    run_quick
+    case $round in
+    quick)
+        section "Layout of the sources"
+        step "clang-format" scripts/check.sh --format
+        ;;
+    long)
+        run_rest
+        run_long
+        ;;
+    *) run_rest ;;
+    esac
+    printf '\nDone after %d:%02d\n' $((SECONDS / 60)) $((SECONDS % 60))
     echo "$passed passed, $failed failed"
     [ "$failed" = 0 ]
 }
