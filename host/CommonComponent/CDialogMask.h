@@ -8,6 +8,7 @@ class CDialogMask : public QWidget
     Q_OBJECT
 
 public:
+    /// Covers pWindow, its parent, and follows its size.
     explicit CDialogMask(QWidget* pWindow);
 
 protected:

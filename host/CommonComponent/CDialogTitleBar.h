@@ -11,11 +11,13 @@ class CDialogTitleBar : public QWidget
     Q_OBJECT
 
 public:
+    /// pDialog is its parent; a drag moves the window that it is in.
     explicit CDialogTitleBar(QWidget* pDialog);
 
     void SetTitle(const QString& strTitle);
 
 signals:
+    /// The cross was clicked.
     void SignalClose();
 
 protected:

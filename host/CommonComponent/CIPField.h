@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-/// One of the four places of CIPEdit. Takes a number of 0 to 255 and tells when the user wants to go on in a
+/// One of the four places of CIPEdit. Takes a number from 0 to 255 and reports when the user wants to go on in a
 /// neighbour.
 class CIPField : public QLineEdit
 {

@@ -13,9 +13,12 @@ class CMessageDialog : public CBaseDialog
     Q_OBJECT
 
 public:
+    /// buttons names at least one. defaultButton has the focus and is pressed by Return; the first of buttons where
+    /// it is none of them.
     CMessageDialog(QWidget* parent, const QString& strTitle, const QString& strText, CMessageBox::StandardButtons buttons,
                    CMessageBox::StandardButton defaultButton);
 
+    /// The picture of the file, or the style's own where there is no such file.
     void SetIcon(const QString& strPath, QStyle::StandardPixmap fallback);
 
     /// What the user pressed; what closing the box counts as, while nothing was pressed.

@@ -59,7 +59,7 @@ QSize CScrollBar::sizeHint() const
 
 bool CScrollBar::eventFilter(QObject* watched, QEvent* event)
 {
-    // No signal tells of a change of the steps; a view sets them before it paints.
+    // No signal reports a change of the steps; a view sets them before it paints.
     if (event->type() == QEvent::Paint || event->type() == QEvent::Show) {
         TakeSteps();
     }

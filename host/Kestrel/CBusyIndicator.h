@@ -17,11 +17,13 @@ class CBusyIndicator : public QWidget
     Q_OBJECT
 
 public:
+    /// The colours of the arc are the theme's.
     CBusyIndicator(const CTheme& theme, QWidget* parent);
 
     /// timeSince is looked at only when bBusy; listJob holds the calls under way, oldest first.
     void SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob);
 
+    /// What it shows, "" while nothing is busy.
     QString GetText() const;
 
 protected:

@@ -1,4 +1,5 @@
 #include "Kestrel/CEndSignals.h"
+#include "Kestrel/GuiThread.h"
 
 #include <QSocketNotifier>
 
@@ -60,6 +61,7 @@ void Install(int nSignal, struct sigaction& former)
 
 CEndSignals::CEndSignals()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     OpenPipe();
     auto* pNotifier = new QSocketNotifier(listPipe[nReadEnd], QSocketNotifier::Read, this);
     connect(pNotifier, &QSocketNotifier::activated, this, [this] {

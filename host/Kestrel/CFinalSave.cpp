@@ -1,4 +1,5 @@
 #include "Kestrel/CFinalSave.h"
+#include "Kestrel/GuiThread.h"
 
 #include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/ListTrouble.h"
@@ -19,6 +20,7 @@ CFinalSave::CFinalSave(CControlHost& hostIn, QWidget& windowIn) : host(hostIn), 
 
 QString CFinalSave::Save()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     strFault.clear();
     return ListTrouble::GetReason(host.SaveList());
 }

@@ -21,6 +21,7 @@ public:
     /// The check marks and the enabled states, from the control library.
     void UpdateState();
 
+    /// All texts, after the language has changed.
     void UpdateText();
 
 signals:
@@ -32,6 +33,7 @@ private:
     void MakeListMenu();
     void MakeViewMenu(QAction* pJournalAction);
     QAction* MakeAction(QMenu* pMenu, const QKeySequence& shortcut);
+    /// An entry with a check mark.
     QAction* MakeSwitch(QMenu* pMenu, const QKeySequence& shortcut);
     void SetConnection();
     void OpenProject();

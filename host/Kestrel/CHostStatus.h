@@ -15,8 +15,10 @@ class CHostStatus : public QStatusBar
     Q_OBJECT
 
 public:
+    /// hostIn must outlive the bar.
     CHostStatus(CControlHost& hostIn, const CTheme& theme, QWidget* parent);
 
+    /// What is busy and since when, from the control library.
     void UpdateBusy();
 
     /// The badges, from the control library, in the present language.

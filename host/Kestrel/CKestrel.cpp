@@ -1,4 +1,5 @@
 #include "Kestrel/CKestrel.h"
+#include "Kestrel/GuiThread.h"
 
 #include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CMainWindow.h"
@@ -39,6 +40,7 @@ CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
 
 int CKestrel::Run()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     theme.Apply(*qApp);
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 

@@ -1,4 +1,5 @@
 #include "Kestrel/CLanguage.h"
+#include "Kestrel/GuiThread.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
@@ -44,6 +45,7 @@ QString CLanguage::GetSystemCode()
 
 void CLanguage::Set(const QString& strCode)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     strCurrent = strCode;
     Load(qtTexts, QStringLiteral("qtbase_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     Load(ownTexts, QStringLiteral("kestrel_") + strCode, QStringLiteral(":/translations"));

@@ -1,4 +1,5 @@
 #include "Kestrel/CMainWindow.h"
+#include "Kestrel/GuiThread.h"
 
 #include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CHostMenu.h"
@@ -55,6 +56,7 @@ QWidget* CMainWindow::GetPanel() const
 
 void CMainWindow::EndUnattended()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     bUnattended = true;
     unwinding.Begin();
 }

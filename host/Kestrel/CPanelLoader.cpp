@@ -1,4 +1,5 @@
 #include "Kestrel/CPanelLoader.h"
+#include "Kestrel/GuiThread.h"
 
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
@@ -20,6 +21,7 @@ QString GetDefaultFile()
 
 std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     QLibrary library(strFile.isEmpty() ? GetDefaultFile() : strFile);
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(szSymbol));

@@ -1,4 +1,5 @@
 #include "Kestrel/CSessionEnd.h"
+#include "Kestrel/GuiThread.h"
 
 #include "Kestrel/CMainWindow.h"
 
@@ -8,6 +9,7 @@
 
 CSessionEnd::CSessionEnd(CMainWindow& windowIn, const QStringList& listRestartIn) : window(windowIn), listRestart(listRestartIn)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     // Qt's own answer closes the windows while the user may still cancel, and a job that runs would cancel for him.
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &CSessionEnd::Commit, Qt::DirectConnection);

@@ -13,7 +13,7 @@ class CSessionEnd : public QObject
     Q_OBJECT
 
 public:
-    /// listCommand is what starts the program again in the next session, as it was started in this one.
+    /// listRestartIn is what starts the program again in the next session, as it was started in this one.
     CSessionEnd(CMainWindow& windowIn, const QStringList& listRestartIn);
 
 protected:

@@ -10,8 +10,10 @@ class CSpinner : public QWidget
     Q_OBJECT
 
 public:
+    /// trackIn is the whole ring, arcIn the part that turns.
     CSpinner(const QColor& trackIn, const QColor& arcIn, QWidget* parent);
 
+    /// A widget that rests shows nothing and needs no timer.
     void SetTurning(bool bTurning);
 
     QSize sizeHint() const override;

@@ -1,4 +1,5 @@
 #include "Kestrel/CUnwinding.h"
+#include "Kestrel/GuiThread.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -42,6 +43,7 @@ CUnwinding::CUnwinding()
 
 void CUnwinding::Begin()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     timer.start(0);
 }
 

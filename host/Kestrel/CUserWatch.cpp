@@ -1,4 +1,5 @@
 #include "Kestrel/CUserWatch.h"
+#include "Kestrel/GuiThread.h"
 
 #include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/player/PanelAccess.h"
@@ -33,6 +34,7 @@ bool IsInput(QEvent::Type type)
 
 CUserWatch::CUserWatch(CControlHost& controlHost)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     connect(this, &CUserWatch::EditingChanged, &controlHost, &CControlHost::SetUserEditing);
     connect(this, &CUserWatch::ActingChanged, &controlHost, &CControlHost::SetUserActing);
     connect(this, &CUserWatch::InputNoted, &controlHost, &CControlHost::NoteUserInput);

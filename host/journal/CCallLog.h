@@ -16,9 +16,11 @@ class CCallLog : public QObject
     Q_OBJECT
 
 public:
-    /// The thread that makes the journal gets number 0 in the records.
+    /// The thread that makes the journal gets number 0 in the records. nCapacity is the number of records that are kept, at
+    /// least 1.
     explicit CCallLog(int nCapacity, QObject* parent = nullptr);
 
+    /// Any thread. pObject is a literal.
     void Write(EnRecordKind kind, const char* pObject, const QString& strText);
 
     /// The records behind number nAfter that are still there, in order. Arms RecordsWaiting again.

@@ -6,18 +6,20 @@
 
 #include <vector>
 
-/// Writes the calls of one control object into the journal: one short text an argument.
+/// Writes the calls of one control object into the journal: one short text per argument. Any thread.
 class CCallWriter
 {
 public:
     /// pObject is a literal: the name of the object in the journal.
     CCallWriter(CCallLog& journalIn, const char* pObjectIn);
 
+    /// A call that changes something, before it is carried out.
     template <typename... Args> void Command(const char* pOperation, const Args&... args) const
     {
         journal.Write(RecordCommand, pObject, GetCall(pOperation, { GetText(args)... }));
     }
 
+    /// A call that only reads, with what it returned.
     template <typename Result, typename... Args>
     void Read(const char* pOperation, const Result& result, const Args&... args) const
     {
@@ -33,7 +35,7 @@ public:
     /// A command that took its time has come back.
     void Finished(const char* pOperation, qint64 nMilliseconds) const;
 
-    /// strName may be empty.
+    /// A message of the object to its observers; strName may be empty.
     void Message(int nMessage, const QString& strName) const;
 
     static QString GetText(bool bValue);

@@ -3,10 +3,12 @@
 #include "interfaces/control/IPrcBasicControl.h"
 #include "journal/CCallWriter.h"
 
-/// Writes down every call on the processors as devices, then carries it out. Owns neither of the objects it is given.
+/// Writes down every call on the processors as devices, then carries it out: the object behind has the last word
+/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
 class CPrcBasicJournal : public IPrcBasicControl
 {
 public:
+    /// Both must outlive the decorator.
     CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal);
     virtual ~CPrcBasicJournal() = default;
 

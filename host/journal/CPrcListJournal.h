@@ -3,10 +3,12 @@
 #include "interfaces/control/IPrcListControl.h"
 #include "journal/CCallWriter.h"
 
-/// Writes down every call on the list of processors, then carries it out. Owns neither of the objects it is given.
+/// Writes down every call on the list of processors, then carries it out: the object behind has the last word
+/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
 class CPrcListJournal : public IPrcListControl
 {
 public:
+    /// Both must outlive the decorator.
     CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal);
     virtual ~CPrcListJournal() = default;
 

@@ -3,10 +3,12 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "journal/CCallWriter.h"
 
-/// Writes down every call on the host at run time, then carries it out. Owns neither of the objects it is given.
+/// Writes down every call on the host at run time, then carries it out: the object behind has the last word
+/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
 class CRuntimeJournal : public IRuntimeControl
 {
 public:
+    /// Both must outlive the decorator.
     CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal);
     virtual ~CRuntimeJournal() = default;
 

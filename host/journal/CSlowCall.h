@@ -5,7 +5,8 @@
 
 class CCallWriter;
 
-/// Brackets one call that may block: tells the journal how long it took.
+/// Brackets one call that may block: writes into the journal how long it took, in milliseconds, when the bracket
+/// ends. Stands on the stack of the thread that calls.
 class CSlowCall
 {
 public:

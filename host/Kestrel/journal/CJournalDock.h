@@ -16,13 +16,13 @@ class QTreeView;
 /// Shows the journal of control calls and messages as they happen.
 ///
 /// It reads the journal in batches, a few times a second and only when there is something, so that a
-/// storm of messages costs one insertion a batch.
+/// storm of messages costs one insertion per batch.
 class CJournalDock : public QDockWidget
 {
     Q_OBJECT
 
 public:
-    /// callLog must outlive the dock.
+    /// journalIn must outlive the dock.
     CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent);
 
 protected:

@@ -1,4 +1,5 @@
 #include "Kestrel/journal/CJournalFile.h"
+#include "Kestrel/GuiThread.h"
 
 #include "journal/CCallLog.h"
 
@@ -30,7 +31,9 @@ QString GetThread(int nThread)
 
 CJournalFile::CJournalFile(CCallLog& journalIn, const QString& strFile, QObject* parent)
     : QObject(parent), journal(journalIn), file(strFile)
-{ }
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+}
 
 CJournalFile::~CJournalFile()
 {

@@ -11,7 +11,7 @@ class CInterfacePlayer : public QObject
     Q_OBJECT
 
 public:
-    /// strPictureFolder empty: no pictures are taken.
+    /// marksIn are the checked marks of a scenario, by their time. strFolderIn empty: no pictures are taken.
     CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn);
 
     /// Begins to count the seconds.
@@ -21,6 +21,7 @@ public:
     QString TakePicture(const QString& strFile) const;
 
 signals:
+    /// The file is written.
     void PictureTaken(const QString& strFile);
 
     /// A mark could not be carried out, and why.
@@ -40,6 +41,6 @@ private:
     CMainWindow& window;
     const QJsonArray marks;
     const QString strFolder;
-    int nDone = 0;
-    int nPictures = 0;
+    int nDone = 0;     ///< marks that were carried out
+    int nPictures = 0; ///< the number in the next file's name
 };

@@ -1,4 +1,5 @@
 #include "Kestrel/player/WindowPicture.h"
+#include "Kestrel/GuiThread.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -7,6 +8,7 @@
 
 QPixmap WindowPicture::Take(QWidget& window)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     QPixmap picture = window.grab();
     QPainter painter(&picture);
     const QWidgetList listWidget = QApplication::topLevelWidgets();
