@@ -12,8 +12,10 @@
 
 class CProcessorTreeDelegate;
 class CProcessorTreeModel;
+class CRenameWatch;
 class CScrollBar;
 class CSelectionAnchor;
+class CTreeKeys;
 struct SProcessorGroupNode;
 
 /// The tree of one pane: shows the nodes of the store and turns the user's gestures into commands of
@@ -52,8 +54,7 @@ public:
     /// focus.
     void DealMenuBar(int nId, QVariant value);
 
-    /// Deletes what the store names as selected, on a thread of its own that nobody waits for. bAsk
-    /// false asks nothing and takes groups with their processors. Does nothing while deletion is blocked.
+    /// Deletes what the store names as selected; see DeleteCommand::Run().
     void DeleteNode(bool bAsk);
 
 protected slots:
@@ -99,25 +100,13 @@ private:
     void SelectNodes(const std::vector<QUuid>& vecId);
     void SelectRowQuietly(const QModelIndex& index);
 
-    void DealDeleteKey(QKeyEvent* pEvent);
-    void NoteRelease(const QKeyEvent* pEvent);
-    bool IsRepeat(const QKeyEvent* pEvent) const;
-    void DealArrowKey(QKeyEvent* pEvent);
-    void DealMoveKey(QKeyEvent* pEvent);
-    void MoveTo(const QModelIndex& index);
-    void MoveUp(QKeyEvent* pEvent, const QModelIndex& index);
-    void MoveDown(QKeyEvent* pEvent, const QModelIndex& index);
-    void Fold(QKeyEvent* pEvent, const QModelIndex& index);
+    friend class CTreeKeys; // for selectionCommand(), state(), selectedIndexes() and the base's keyPressEvent()
 
     void Rename();
     void DropEditor();
-    void DealEditorDestroyed();
-    void ForgetEditor();
     void Group();
     void Ungroup();
-    void RemoveFromGroup();
     void MoveToGroup(const SProcessorGroupNode& group);
-    static void MoveProcessors(const std::vector<QUuid>& vecId, const QUuid& idGroup);
 
     void PressRow(QMouseEvent* pEvent, const QModelIndex& index);
     bool IsOnSelection(const QPoint& pos) const;
@@ -149,7 +138,7 @@ private:
     QTimer* pScrollTimer = nullptr;
     bool bScrollUp = false;
     bool bScrollDown = false;
-    ulong nDeleteReleased = 0; ///< when the Delete key was let go, by the clock of the window system
     std::unique_ptr<CSelectionAnchor> pAnchor;
-    QWidget* pRenameEditor = nullptr; ///< open editor of Rename, watched for its end; null once it has closed or died
+    std::unique_ptr<CTreeKeys> pKeys;
+    std::unique_ptr<CRenameWatch> pRenameWatch;
 };

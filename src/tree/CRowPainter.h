@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tree/EnRowMark.h"
+#include "tree/RowMark.h"
 
 class QPainter;
 class QRect;

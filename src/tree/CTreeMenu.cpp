@@ -7,16 +7,16 @@
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
-#include "tree/DeleteBlock.h"
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
+#include "tree/commands/DeleteRule.h"
 
 #include <QAction>
 
 namespace {
 
-const int nSubMenuMinimumWidth = 100;
+constexpr int nSubMenuMinimumWidth = 100;
 
-/// A menu takes a single "&" for the mark of a mnemonic and does not show it.
+// A menu takes a single "&" for the mark of a mnemonic and does not show it.
 QString EntryText(QString strName)
 {
     return strName.replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -76,7 +76,7 @@ void CTreeMenu::AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked)
 void CTreeMenu::AddDelete(CMenu* pMenu)
 {
     QAction* const pAction = mapAction[ActionDelete];
-    pAction->setEnabled(!IsDeleteBlocked());
+    pAction->setEnabled(!DeleteRule::IsBlocked());
     pMenu->addAction(pAction);
 }
 
