@@ -34,6 +34,7 @@ constexpr int nMenuSelectAll = 18;   // id in the host's menu bar
 
 CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeView(pParent)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     setMouseTracking(true);
     bDiscovered = bDiscoveredPane;
     InitWidget();
@@ -163,6 +164,7 @@ void CProcessorTree::changeEvent(QEvent* event)
 
 void CProcessorTree::RefreshTree()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
     DropEditor();
     bRebuilding = true;
@@ -176,11 +178,13 @@ void CProcessorTree::RefreshTree()
 
 void CProcessorTree::SetSearchText(const QString& strText)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     pModel->SetSearchText(strText);
 }
 
 void CProcessorTree::DealMenuBar(int nId, QVariant value)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (nId == nMenuSelectAll && value.toBool() && hasFocus()) {
         selectAll();
     }
@@ -195,7 +199,6 @@ void CProcessorTree::selectionChanged(const QItemSelection& selected, const QIte
     QTreeView::selectionChanged(selected, deselected);
 }
 
-// Reports the whole selection, not the change.
 void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     Q_UNUSED(selected)
@@ -215,6 +218,7 @@ void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const 
 
 void CProcessorTree::RestoreSelection()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
     SelectStoredNodes();
     pAnchor->Restore(place);
@@ -253,6 +257,7 @@ void CProcessorTree::SelectNodes(const std::vector<QUuid>& vecId)
 
 void CProcessorTree::UpdateCurrentNode()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const std::vector<QUuid> vecId = g_pProcessorTreeData->GetSelectedNodes();
     if (vecId.empty()) {
         SelectRowQuietly(pModel->GetRootIndex());

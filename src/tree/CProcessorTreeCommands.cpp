@@ -2,7 +2,6 @@
 
 #include "tree/CProcessorTree.h"
 
-#include "data/GuiThread.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/CProcessorTreeModel.h"
 #include "model/EnItemRole.h"
@@ -104,8 +103,8 @@ void CProcessorTree::DeleteNode(bool bAsk)
     DeleteCommand::Run(this, bAsk, [this] { return GetNodeAboveSelection(); });
 }
 
-// The suppression comes before the editor, on purpose: where no editor opens, on the root and on an
-// information row, it stays on until the next editor has closed.
+// The suppression comes before the editor, as the contract with the host has it: where no editor opens, on the
+// root and on an information row, it stays on until the next editor has closed.
 void CProcessorTree::Rename()
 {
     const QModelIndexList listSelected = selectedIndexes();
@@ -138,9 +137,9 @@ void CProcessorTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEdit
     QTreeView::closeEditor(editor, hint);
 }
 
-// Before the rows go. Closed by the base class alone, on purpose: neither the text nor a selection is sent.
-// The focus that it gives to the tree is taken away again, or the keys that were meant for the name would
-// act on rows. An editor that still stood while its row goes would let the view scroll to its top.
+// Closed by the base class alone, so that neither the text nor a selection is sent. The focus that it gives to the
+// tree is taken away again, or the keys that were meant for the name would act on rows. An editor that still stood
+// while its row goes would let the view scroll to its top.
 void CProcessorTree::DropEditor()
 {
     if (pRenameWatch->GetEditor() && state() == EditingState) {

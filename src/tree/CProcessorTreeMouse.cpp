@@ -166,7 +166,7 @@ void CProcessorTree::dragMoveEvent(QDragMoveEvent* event)
     event->accept();
 }
 
-// Asks the view's own bar, which this tree keeps out of sight, on purpose.
+// The contract with the host has the view's own bar asked, which this tree keeps out of sight, not the overlay's.
 void CProcessorTree::ScrollWhileDragging()
 {
     QScrollBar* const pBar = verticalScrollBar();
@@ -289,7 +289,7 @@ void CProcessorTree::DrawInfoShape(QPainter* pPainter, const QRect& rcRow, const
     }
 }
 
-// As the base class tells a hovered row: by its position, and only where the style decorates whole rows.
+// As the base class knows a hovered row: by its position, and only where the style decorates whole rows.
 bool CProcessorTree::IsHot(const QModelIndex& index) const
 {
     return bHover && indexHover.isValid() && indexHover.row() == index.row() && indexHover.parent() == index.parent()

@@ -38,6 +38,7 @@ bool CTreeKeys::IsRepeat(const QKeyEvent* pEvent) const
 
 void CTreeKeys::NoteRelease(const QKeyEvent* pEvent)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (pEvent->key() == Qt::Key_Delete) {
         nDeleteReleased = pEvent->timestamp();
     }

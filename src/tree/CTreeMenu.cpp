@@ -1,6 +1,7 @@
 #include "tree/CTreeMenu.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/widgets/CMenu.h"
@@ -30,6 +31,7 @@ CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMov
 
 void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected)
 {
+    Q_ASSERT(GuiThread::IsCurrent() && nSelected > 0);
     const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
     if (nSelected == 1) {
         AddRename(pMenu, indexClicked);

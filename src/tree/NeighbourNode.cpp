@@ -1,5 +1,6 @@
 #include "tree/NeighbourNode.h"
 
+#include "data/GuiThread.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 
@@ -41,18 +42,21 @@ template <typename FnStop> QModelIndex LastBefore(const QTreeView& tree, const Q
 
 QModelIndex NeighbourNode::AboveSelection(const QTreeView& tree, const QModelIndex& indexRoot)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const QItemSelectionModel* const pSelection = tree.selectionModel();
     return LastBefore(tree, indexRoot, [pSelection](const QModelIndex& index) { return pSelection->isSelected(index); });
 }
 
 QModelIndex NeighbourNode::Above(const QTreeView& tree, const QModelIndex& indexCurrent)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const auto fnIsCurrent = [&indexCurrent](const QModelIndex& index) { return index == indexCurrent; };
     return LastBefore(tree, indexCurrent.parent(), fnIsCurrent);
 }
 
 QModelIndex NeighbourNode::Below(const QTreeView& tree, const QModelIndex& indexRoot, const QModelIndex& indexCurrent)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const QAbstractItemModel* const pModel = tree.model();
     QModelIndex indexNext = indexRoot;
     for (int i = pModel->rowCount(indexRoot) - 1; i >= 0; --i) {

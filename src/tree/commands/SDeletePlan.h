@@ -3,7 +3,8 @@
 #include <QMap>
 #include <QUuid>
 
-/// What one deletion does. A plain value: the job that carries it out owns its copy.
+/// What one deletion does. A plain value: the job that carries it out owns its copy. A group and a member of it
+/// may both be in it.
 struct SDeletePlan
 {
     QMap<QUuid, bool> mapNode;    ///< the nodes, in the order of their deletion; true for a group
