@@ -32,7 +32,7 @@ constexpr int nMenuSelectAll = 18;   // id in the host's menu bar
 
 } // namespace
 
-CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeView(pParent)
+CProcessorTree::CProcessorTree(QWidget* parent, bool bDiscoveredPane) : QTreeView(parent)
 {
     Q_ASSERT(GuiThread::IsCurrent());
     setMouseTracking(true);

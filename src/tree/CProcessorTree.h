@@ -56,14 +56,16 @@ public:
     /// has the focus.
     void DealMenuBar(int nId, QVariant value);
 
-    /// Deletes what the store names as selected; see DeleteCommand::Run().
+    /// Deletes what the store names as selected, with a question or, bAsk false, without; see DeleteCommand::Run().
     void DeleteNode(bool bAsk);
 
 protected slots:
     /// Reports the selection, unless rows are being rebuilt, renamed or grouped: then nothing happens.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
     /// The row that has slid under a resting mouse becomes the hovered one.
     void verticalScrollbarValueChanged(int value) override;
+
     /// Ends a rename: its row is selected again, without a report; later selections are reported.
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
@@ -91,6 +93,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -105,6 +108,8 @@ protected:
     QUuid GetNodeAboveSelection();
 
 private:
+    friend class CTreeKeys; // for selectionCommand(), state(), selectedIndexes() and the base's keyPressEvent()
+
     void InitWidget();
     void InitView();
     void InitScrollBars();
@@ -122,13 +127,12 @@ private:
     void SelectNodes(const std::vector<QUuid>& vecId);
     void SelectRowQuietly(const QModelIndex& index); ///< alone, without a report
 
-    friend class CTreeKeys; // for selectionCommand(), state(), selectedIndexes() and the base's keyPressEvent()
-
     /// Opens the editor of the one selected row. No selection is reported until an editor has closed.
     void Rename();
 
     /// Closes the editor of a rename, without its text and without a report.
     void DropEditor();
+
     void Group();
     void Ungroup();
 

@@ -72,29 +72,11 @@ void CProcessorTree::DealAction(int nAction)
 
 void CProcessorTree::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Delete:
-        pKeys->DealDeleteKey(event);
-        break;
-    case Qt::Key_F2:
+    if (event->key() == Qt::Key_F2) {
         DealAction(ActionRename);
+    }
+    if (!pKeys->Deal(event)) {
         QTreeView::keyPressEvent(event);
-        break;
-    case Qt::Key_Left:
-    case Qt::Key_Up:
-    case Qt::Key_Right:
-    case Qt::Key_Down:
-        pKeys->DealArrowKey(event);
-        break;
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-        pKeys->DealMoveKey(event);
-        break;
-    default:
-        QTreeView::keyPressEvent(event);
-        break;
     }
 }
 

@@ -16,11 +16,34 @@ CTreeKeys::CTreeKeys(CProcessorTree& treeIn, const CProcessorTreeModel& modelIn,
     : tree(treeIn), model(modelIn), anchor(anchorIn), actionDelete(actionDeleteIn)
 { }
 
+bool CTreeKeys::Deal(QKeyEvent* pEvent)
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+    switch (pEvent->key()) {
+    case Qt::Key_Delete:
+        DealDeleteKey(pEvent);
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        DealArrowKey(pEvent);
+        return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        DealMoveKey(pEvent);
+        return true;
+    default:
+        return false;
+    }
+}
+
 // Asks neither the lock nor the user: the contract with the host has it so. What a held key repeats, or what an
 // open editor passes on, was not meant for the rows.
 void CTreeKeys::DealDeleteKey(QKeyEvent* pEvent)
 {
-    Q_ASSERT(GuiThread::IsCurrent());
     if (!actionDelete.isEnabled() || IsRepeat(pEvent) || tree.state() == CProcessorTree::EditingState) {
         return;
     }
@@ -46,7 +69,6 @@ void CTreeKeys::NoteRelease(const QKeyEvent* pEvent)
 
 void CTreeKeys::DealArrowKey(QKeyEvent* pEvent)
 {
-    Q_ASSERT(GuiThread::IsCurrent());
     const QModelIndexList listSelected = tree.selectedIndexes();
     if (listSelected.size() != 1) {
         pEvent->ignore();
@@ -69,7 +91,6 @@ void CTreeKeys::DealArrowKey(QKeyEvent* pEvent)
 // The base class moves the current row, and with Shift draws a range to it.
 void CTreeKeys::DealMoveKey(QKeyEvent* pEvent)
 {
-    Q_ASSERT(GuiThread::IsCurrent());
     const bool bRange = DrawsRange(tree.currentIndex(), pEvent);
     if (bRange && !anchor.PrepareMove()) {
         return;

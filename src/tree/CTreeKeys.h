@@ -9,8 +9,8 @@ class QAction;
 class QKeyEvent;
 class QModelIndex;
 
-/// What the tree does with Delete and with the keys that move the current row or fold it. A key that has
-/// nothing to do here is ignored and goes to the tree's parent. Owned by the tree. GUI thread.
+/// What the tree does with Delete and with the keys that move the current row or fold it. An arrow that
+/// has nothing to do is ignored and goes to the tree's parent. Owned by the tree. GUI thread.
 class CTreeKeys
 {
 public:
@@ -18,12 +18,16 @@ public:
     CTreeKeys(CProcessorTree& treeIn, const CProcessorTreeModel& modelIn, CSelectionAnchor& anchorIn,
               const QAction& actionDeleteIn);
 
-    /// Delete: without a question, groups with their processors. Only what the last opening of the menu has left
-    /// on the entry can keep it from that.
-    void DealDeleteKey(QKeyEvent* pEvent);
+    /// Takes the press of a key. False: it is none of those, nothing has happened, and it is the caller's.
+    bool Deal(QKeyEvent* pEvent);
 
     /// Takes the release of every key: a Delete key that is held is recognised by it.
     void NoteRelease(const QKeyEvent* pEvent);
+
+private:
+    /// Deletes without a question, groups with their processors, unless the last opening of the menu has left its
+    /// entry disabled.
+    void DealDeleteKey(QKeyEvent* pEvent);
 
     /// Left, Up, Right and Down: from node to node, with exactly one row selected.
     void DealArrowKey(QKeyEvent* pEvent);
@@ -31,7 +35,6 @@ public:
     /// Home, End and the pages: as the view does it, also with a range by Shift.
     void DealMoveKey(QKeyEvent* pEvent);
 
-private:
     bool IsRepeat(const QKeyEvent* pEvent) const;
     bool DrawsRange(const QModelIndex& index, const QKeyEvent* pEvent) const;
     void MoveTo(const QModelIndex& index);
