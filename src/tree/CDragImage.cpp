@@ -1,5 +1,7 @@
 #include "tree/CDragImage.h"
 
+#include "data/GuiThread.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QTreeView>
@@ -8,9 +10,9 @@
 
 namespace {
 
-const int nMargin = 6;
-const qreal fOpacity = 0.5;
-const QColor colorTreeBackground(0x1C, 0x1E, 0x21); // the style sheet's; the two have to stay the same
+constexpr int nMargin = 6; // pixels, left and right
+constexpr qreal fOpacity = 0.5;
+constexpr QRgb rgbTreeBackground = qRgb(0x1C, 0x1E, 0x21); // the style sheet's; the two have to stay the same
 
 QVector<QRect> RowRects(const QTreeView& treeView, const QModelIndexList& listRow)
 {
@@ -37,6 +39,7 @@ QRectF BoundingRect(const QVector<QRect>& vecRect)
 
 CDragImage::CDragImage(QTreeView& treeView, const QModelIndexList& listRow, const QPoint& pos)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const QVector<QRect> vecRect = RowRects(treeView, listRow);
     const QRectF rcBound = BoundingRect(vecRect);
     nTop = qRound(rcBound.top());
@@ -78,7 +81,7 @@ void CDragImage::Paint(QTreeView& treeView, const QVector<QRect>& vecRow)
     for (const QRect& rcRow : vecRow) {
         const QRect rcGrab(QPoint(nMargin, rcRow.top()), QPoint(treeView.width() - nMargin - 1, rcRow.bottom()));
         QImage imageRow = treeView.grab(rcGrab).toImage();
-        RemoveBackground(imageRow, colorTreeBackground);
+        RemoveBackground(imageRow, QColor(rgbTreeBackground));
         painter.drawImage(QRect(0, rcRow.top() - nTop, image.width(), rcRow.height()), imageRow);
     }
 }

@@ -14,13 +14,13 @@ class CDragImage
 {
 public:
     /// Takes the picture of listRow, and of the open information row of each, as they stand in treeView,
-    /// for a drag that starts at pos of its viewport.
+    /// for a drag that starts at pos of its viewport. GUI thread.
     CDragImage(QTreeView& treeView, const QModelIndexList& listRow, const QPoint& pos);
 
     /// Null for a tree that is too narrow to leave a picture between the margins.
     QImage GetImage() const;
 
-    /// Where pos is in the image.
+    /// Where pos is in the image. Outside of it where the drag starts in the margin.
     QPoint GetHotSpot() const;
 
     /// Makes every pixel transparent that has exactly this colour, opaque.

@@ -1,6 +1,7 @@
 #include "tree/CProcessorTree.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "delegate/CProcessorTreeDelegate.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
@@ -9,11 +10,13 @@
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
-#include "tree/CNodeWalk.h"
+#include "tree/CRenameWatch.h"
 #include "tree/CSelectionAnchor.h"
-#include "tree/EnTreeAction.h"
-#include "tree/SNodeSelection.h"
+#include "tree/CTreeKeys.h"
+#include "tree/NeighbourNode.h"
+#include "tree/NodeSelection.h"
 #include "tree/SOverlayBars.h"
+#include "tree/TreeAction.h"
 
 #include <QAction>
 #include <QEvent>
@@ -23,14 +26,15 @@
 
 namespace {
 
-const int nIndentation = 15;
-const int nScrollInterval = 500; // ms
-const int nMenuSelectAll = 18;   // id in the host's menu bar
+constexpr int nIndentation = 15;
+constexpr int nScrollInterval = 500; // ms
+constexpr int nMenuSelectAll = 18;   // id in the host's menu bar
 
 } // namespace
 
-CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeView(pParent)
+CProcessorTree::CProcessorTree(QWidget* parent, bool bDiscoveredPane) : QTreeView(parent)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     setMouseTracking(true);
     bDiscovered = bDiscoveredPane;
     InitWidget();
@@ -42,7 +46,7 @@ CProcessorTree::CProcessorTree(QWidget* pParent, bool bDiscoveredPane) : QTreeVi
 
 CProcessorTree::~CProcessorTree()
 {
-    ForgetEditor();
+    pRenameWatch->Stop(); // its editor dies with the other children
     if (bDragging) {
         QDrag::cancel(); // exec() is still running further up the stack
     }
@@ -59,6 +63,8 @@ void CProcessorTree::InitWidget()
         pAction->setText(GetActionText(nAction));
         mapAction.insert(nAction, pAction);
     }
+    pKeys = std::make_unique<CTreeKeys>(*this, *pModel, *pAnchor, *mapAction[ActionDelete]);
+    pRenameWatch = std::make_unique<CRenameWatch>([this] { bSuppressSelection = false; });
     setObjectName(QStringLiteral("ProcessorTree"));
     setItemDelegate(pDelegate);
     setModel(pModel);
@@ -83,7 +89,7 @@ void CProcessorTree::InitView()
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-    // A style sheet without a hover rule switches no hover events on; tips and the rows' text need them.
+    // A style sheet without a hover rule switches no hover events on; tips and the text of rows need them.
     setAttribute(Qt::WA_Hover);
     viewport()->setAttribute(Qt::WA_Hover);
 }
@@ -109,7 +115,7 @@ void CProcessorTree::SetConnection()
 
 QString CProcessorTree::GetActionText(int nAction)
 {
-    return TreeActionText(nAction);
+    return TreeAction::GetText(nAction);
 }
 
 void CProcessorTree::UpdateText()
@@ -158,6 +164,7 @@ void CProcessorTree::changeEvent(QEvent* event)
 
 void CProcessorTree::RefreshTree()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
     DropEditor();
     bRebuilding = true;
@@ -171,11 +178,13 @@ void CProcessorTree::RefreshTree()
 
 void CProcessorTree::SetSearchText(const QString& strText)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     pModel->SetSearchText(strText);
 }
 
 void CProcessorTree::DealMenuBar(int nId, QVariant value)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (nId == nMenuSelectAll && value.toBool() && hasFocus()) {
         selectAll();
     }
@@ -190,7 +199,6 @@ void CProcessorTree::selectionChanged(const QItemSelection& selected, const QIte
     QTreeView::selectionChanged(selected, deselected);
 }
 
-// Reports the whole selection, not the change.
 void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
 {
     Q_UNUSED(selected)
@@ -199,7 +207,7 @@ void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const 
     if (listSelected.isEmpty()) {
         return;
     }
-    const std::vector<QUuid> vecId = SNodeSelection::GetIds(listSelected);
+    const std::vector<QUuid> vecId = NodeSelection::GetIds(listSelected);
     g_pProcessorTreeData->SetSelectedNodes(vecId);
     g_pRuntimeControl->SetSelectedNodes(vecId);
     emit g_pProcessorTreeData->NotifyButton();
@@ -210,6 +218,7 @@ void CProcessorTree::DealSelectionChanged(const QItemSelection& selected, const 
 
 void CProcessorTree::RestoreSelection()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
     SelectStoredNodes();
     pAnchor->Restore(place);
@@ -227,7 +236,7 @@ void CProcessorTree::SelectStoredNodes()
         g_pRuntimeControl->SetSelectedNodes({ QUuid() });
         return;
     }
-    SelectNodes(SNodeSelection::GetKnownIds(vecId, nodeAll));
+    SelectNodes(NodeSelection::GetKnownIds(vecId, nodeAll));
 }
 
 void CProcessorTree::SelectNodes(const std::vector<QUuid>& vecId)
@@ -242,12 +251,13 @@ void CProcessorTree::SelectNodes(const std::vector<QUuid>& vecId)
     for (const QUuid& id : vecId) {
         listRow.append(pModel->GetIndexById(id));
     }
-    // Nobody listens, so one call may do: one a row takes quadratic time.
-    selectionModel()->select(SNodeSelection::GetRanges(listRow), QItemSelectionModel::Select);
+    // Nobody listens, so one call is enough: one per row takes quadratic time.
+    selectionModel()->select(NodeSelection::GetRanges(listRow), QItemSelectionModel::Select);
 }
 
 void CProcessorTree::UpdateCurrentNode()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const std::vector<QUuid> vecId = g_pProcessorTreeData->GetSelectedNodes();
     if (vecId.empty()) {
         SelectRowQuietly(pModel->GetRootIndex());
@@ -260,7 +270,7 @@ void CProcessorTree::UpdateCurrentNode()
     if (listSelected.size() == 1 && listSelected.first().data(RoleNodeId).toUuid() == vecId.front()) {
         return;
     }
-    const QModelIndex indexRow = SNodeSelection::FindProcessor(pModel->GetRootIndex(), vecId.front());
+    const QModelIndex indexRow = NodeSelection::FindProcessor(pModel->GetRootIndex(), vecId.front());
     if (indexRow.isValid()) {
         SelectRowQuietly(indexRow);
         viewport()->update();
@@ -280,5 +290,5 @@ QUuid CProcessorTree::GetNodeAboveSelection()
     if (!indexRoot.isValid()) {
         return QUuid();
     }
-    return CNodeWalk(*this).AboveSelection(indexRoot).data(RoleNodeId).toUuid();
+    return NeighbourNode::AboveSelection(*this, indexRoot).data(RoleNodeId).toUuid();
 }

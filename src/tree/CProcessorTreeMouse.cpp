@@ -7,12 +7,13 @@
 #include "nodes/EnNodeType.h"
 #include "tree/CDragImage.h"
 #include "tree/CRowPainter.h"
-#include "tree/CRowToolTip.h"
 #include "tree/CSelectionAnchor.h"
+#include "tree/CTreeKeys.h"
+#include "tree/RowToolTip.h"
 #include "tree/SDragPayload.h"
 #include "tree/SDropTarget.h"
-#include "tree/SNodeSelection.h"
 #include "tree/SScrollBands.h"
+#include "tree/commands/GroupCommands.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -25,8 +26,7 @@
 
 namespace {
 
-const int nDragDistance = 7;
-const int nToolTipDelay = 40; // ms
+constexpr int nDragDistance = 7; // pixels
 
 bool IsNode(int nType)
 {
@@ -36,14 +36,6 @@ bool IsNode(int nType)
 bool IsDragDistance(const QPoint& ptMoved)
 {
     return qAbs(ptMoved.x()) >= nDragDistance || qAbs(ptMoved.y()) >= nDragDistance;
-}
-
-bool MayBeMoved(const QModelIndexList& listRow)
-{
-    return std::none_of(listRow.cbegin(), listRow.cend(), [](const QModelIndex& index) {
-        const int nType = index.data(RoleNodeType).toInt();
-        return nType == NodeGroup || nType == NodeAll;
-    });
 }
 
 } // namespace
@@ -125,8 +117,7 @@ void CProcessorTree::StartDrag(const QPoint& pos)
         return;
     }
     pDrag = new QDrag(this);
-    SDragPayload payload;
-    payload.bAllow = MayBeMoved(listSelected);
+    const SDragPayload payload = SDragPayload::ForRows(listSelected);
     if (payload.bAllow) {
         const CDragImage image(*this, listSelected, pos);
         pDrag->setPixmap(QPixmap::fromImage(image.GetImage()));
@@ -175,7 +166,7 @@ void CProcessorTree::dragMoveEvent(QDragMoveEvent* event)
     event->accept();
 }
 
-// Asks the view's own bar, which this tree keeps out of sight, on purpose.
+// The contract with the host has the view's own bar asked, which this tree keeps out of sight, not the overlay's.
 void CProcessorTree::ScrollWhileDragging()
 {
     QScrollBar* const pBar = verticalScrollBar();
@@ -211,7 +202,7 @@ void CProcessorTree::dropEvent(QDropEvent* event)
         expand(target.indexGroup);
     }
     if (target.bValid) {
-        MoveProcessors(SNodeSelection::GetProcessorIds(selectedIndexes()), target.idGroup);
+        GroupCommands::MoveToGroup(selectedIndexes(), target.idGroup);
     }
     event->accept();
 }
@@ -252,7 +243,7 @@ bool CProcessorTree::event(QEvent* event)
     } else if (event->type() == QEvent::ToolTip) {
         UpdateToolTip(false);
     } else if (event->type() == QEvent::KeyRelease) {
-        NoteRelease(static_cast<QKeyEvent*>(event));
+        pKeys->NoteRelease(static_cast<QKeyEvent*>(event));
     }
     return QTreeView::event(event);
 }
@@ -260,14 +251,7 @@ bool CProcessorTree::event(QEvent* event)
 void CProcessorTree::UpdateToolTip(bool bDelay)
 {
     const QPoint pos = GetMousePosition();
-    const QString strText = CRowToolTip::GetText(indexAt(pos), pos);
-    if (strText.isEmpty()) {
-        CToolTip::HideText();
-    } else if (bDelay) {
-        CToolTip::ShowTextDelay(strText, nToolTipDelay);
-    } else {
-        CToolTip::ShowText(strText);
-    }
+    RowToolTip::Show(indexAt(pos), pos, bDelay);
 }
 
 void CProcessorTree::drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const
@@ -288,7 +272,7 @@ void CProcessorTree::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
 
 void CProcessorTree::DrawNodeShape(QPainter* pPainter, const QRect& rcRow, const QModelIndex& index, int nType) const
 {
-    const EnRowMark mark = RowMark(nType, selectionModel()->isSelected(index), IsHot(index), bDragging);
+    const EnRowMark mark = RowMark::ForRow(nType, selectionModel()->isSelected(index), IsHot(index), bDragging);
     if (mark == EnRowMark::Hovered || mark == EnRowMark::DropFrame) {
         indexHover = index;
     }
@@ -305,7 +289,7 @@ void CProcessorTree::DrawInfoShape(QPainter* pPainter, const QRect& rcRow, const
     }
 }
 
-// As the base class tells a hovered row: by its position, and only where the style decorates whole rows.
+// As the base class knows a hovered row: by its position, and only where the style decorates whole rows.
 bool CProcessorTree::IsHot(const QModelIndex& index) const
 {
     return bHover && indexHover.isValid() && indexHover.row() == index.row() && indexHover.parent() == index.parent()

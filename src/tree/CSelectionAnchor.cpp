@@ -1,5 +1,6 @@
 #include "tree/CSelectionAnchor.h"
 
+#include "data/GuiThread.h"
 #include "model/CProcessorTreeModel.h"
 #include "nodes/EnNodeType.h"
 
@@ -15,6 +16,7 @@ void CSelectionAnchor::StartAt(const SRowKey& key)
 
 void CSelectionAnchor::PrepareRange(const QModelIndex& indexEnd)
 {
+    Q_ASSERT(GuiThread::IsCurrent() && tree.selectionMode() == QAbstractItemView::ExtendedSelection);
     if (IsLaidOut(model.FindRow(keyStart))) {
         return;
     }
@@ -39,6 +41,7 @@ bool CSelectionAnchor::PrepareMove()
 
 CSelectionAnchor::SPlace CSelectionAnchor::Note() const
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     SPlace place;
     place.keyCurrent = SRowKey::Of(tree.currentIndex());
     const QModelIndexList listKept = GetKeptRows();
@@ -66,6 +69,7 @@ QModelIndexList CSelectionAnchor::GetKeptRows() const
 
 void CSelectionAnchor::Restore(const SPlace& place)
 {
+    Q_ASSERT(GuiThread::IsCurrent() && tree.selectionMode() == QAbstractItemView::ExtendedSelection);
     const QSignalBlocker blocker(tree.selectionModel());
     SplitSelection(place.setKept);
     SetStart(model.FindRow(keyStart));

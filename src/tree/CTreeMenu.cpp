@@ -1,22 +1,23 @@
 #include "tree/CTreeMenu.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
-#include "tree/DeleteBlock.h"
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
+#include "tree/commands/DeleteRule.h"
 
 #include <QAction>
 
 namespace {
 
-const int nSubMenuMinimumWidth = 100;
+constexpr int nSubMenuMinimumWidth = 100;
 
-/// A menu takes a single "&" for the mark of a mnemonic and does not show it.
+// A menu takes a single "&" for the mark of a mnemonic and does not show it.
 QString EntryText(QString strName)
 {
     return strName.replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -30,6 +31,7 @@ CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMov
 
 void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected)
 {
+    Q_ASSERT(GuiThread::IsCurrent() && nSelected > 0);
     const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
     if (nSelected == 1) {
         AddRename(pMenu, indexClicked);
@@ -76,7 +78,7 @@ void CTreeMenu::AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked)
 void CTreeMenu::AddDelete(CMenu* pMenu)
 {
     QAction* const pAction = mapAction[ActionDelete];
-    pAction->setEnabled(!IsDeleteBlocked());
+    pAction->setEnabled(!DeleteRule::IsBlocked());
     pMenu->addAction(pAction);
 }
 

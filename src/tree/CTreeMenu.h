@@ -17,10 +17,12 @@ public:
     /// Runs the move of the selected processors into a group.
     using FnMoveToGroup = std::function<void(const SProcessorGroupNode&)>;
 
-    /// mapActions by EnTreeAction. fnMove must bear being called for as long as the menu lives.
+    /// mapActionIn holds every EnTreeAction and must outlive this object. fnMoveToGroupIn may be called as long as
+    /// the filled menu lives.
     CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMoveToGroupIn);
 
-    /// Adds the entries for the clicked row, a group or a processor, with nSelected rows selected.
+    /// Adds the entries for the clicked row, a group or a processor, with nSelected rows selected, and asks the
+    /// library which of them are offered. Called once per menu, which then owns the sub-menu. GUI thread.
     void Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected);
 
 private:

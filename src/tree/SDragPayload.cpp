@@ -1,14 +1,29 @@
 #include "tree/SDragPayload.h"
 
+#include "model/EnItemRole.h"
+#include "nodes/EnNodeType.h"
+
 #include <QDataStream>
 #include <QIODevice>
 #include <QMimeData>
 
+#include <algorithm>
+
 namespace {
 
-const char* const szFormat = "PROCESSOR DATA";
+constexpr char szFormat[] = "PROCESSOR DATA";
 
 } // namespace
+
+SDragPayload SDragPayload::ForRows(const QModelIndexList& listRow)
+{
+    SDragPayload payload;
+    payload.bAllow = std::none_of(listRow.cbegin(), listRow.cend(), [](const QModelIndex& index) {
+        const int nType = index.data(RoleNodeType).toInt();
+        return nType == NodeGroup || nType == NodeAll;
+    });
+    return payload;
+}
 
 bool SDragPayload::IsIn(const QMimeData* pData)
 {

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QModelIndexList>
+
 class QMimeData;
 
 /// What a drag of rows carries. The nodes themselves are not in it: the target reads its own selection.
 struct SDragPayload
 {
+    /// The payload of a drag of these rows.
+    static SDragPayload ForRows(const QModelIndexList& listRow);
+
     /// True when data is a drag of rows at all.
     static bool IsIn(const QMimeData* pData);
 

@@ -2,15 +2,17 @@
 
 namespace {
 
-const int nMinimumEdge = 10;
+constexpr int nMinimumEdge = 10;
+constexpr int nGap = 1; // beside the tree's edge
 
 } // namespace
 
 SOverlayBars::SOverlayBars(const QSize& size, int nHorizontalHeight, int nVerticalWidth)
-    : rcHorizontal(QPoint(0, size.height() - nHorizontalHeight - 1),
-                   QPoint(size.width() - nHorizontalHeight - 2, size.height() - 2)),
-      rcVertical(QPoint(size.width() - nVerticalWidth - 1, 1), QPoint(size.width() - 2, size.height() - 1))
-{ }
+    : rcHorizontal(0, size.height() - nHorizontalHeight - nGap, size.width() - nHorizontalHeight - nGap, nHorizontalHeight),
+      rcVertical(size.width() - nVerticalWidth - nGap, nGap, nVerticalWidth, size.height() - nGap)
+{
+    Q_ASSERT(HasRoom(size));
+}
 
 bool SOverlayBars::HasRoom(const QSize& size)
 {

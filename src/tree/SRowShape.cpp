@@ -2,9 +2,12 @@
 
 namespace {
 
-const int nRightMargin = 6;
-const qreal fRadius = 5;
-const qreal fOverlap = 5; // how far an information card reaches into the row above
+// All in pixels.
+constexpr int nRightMargin = 6;
+constexpr int nTopGap = 1; // above the shape of a node
+constexpr int nDropLineHeight = 2;
+constexpr qreal fRadius = 5;
+constexpr qreal fOverlap = 5; // how far an information card reaches into the row above
 
 QPainterPath RoundedPath(const QRectF& rc)
 {
@@ -17,7 +20,7 @@ QPainterPath RoundedPath(const QRectF& rc)
 } // namespace
 
 SRowShape::SRowShape(const QRect& rcRow)
-    : rcInfo(rcRow.left(), rcRow.top(), rcRow.width() - nRightMargin, rcRow.height()), rcNode(rcInfo.adjusted(0, 1, 0, 0))
+    : rcInfo(rcRow.left(), rcRow.top(), rcRow.width() - nRightMargin, rcRow.height()), rcNode(rcInfo.adjusted(0, nTopGap, 0, 0))
 { }
 
 QPainterPath SRowShape::GetNodePath() const
@@ -27,9 +30,7 @@ QPainterPath SRowShape::GetNodePath() const
 
 QRect SRowShape::GetDropLine() const
 {
-    const int nLeft = int(rcNode.x());
-    const int nTop = int(rcNode.y());
-    return QRect(QPoint(nLeft, nTop), QPoint(nLeft + int(rcNode.width()) - 1, nTop + 1));
+    return QRect(int(rcNode.x()), int(rcNode.y()), int(rcNode.width()), nDropLineHeight);
 }
 
 QPainterPath SRowShape::GetInfoCard() const

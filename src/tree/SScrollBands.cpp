@@ -2,7 +2,14 @@
 
 #include <QRect>
 
+namespace {
+
+constexpr int nBandHeight = 20; // pixels
+constexpr int nBottomGap = 1;
+
+} // namespace
+
 SScrollBands::SScrollBands(const QSize& size, const QPoint& pos)
-    : bUp(QRect(QPoint(0, 0), QPoint(size.width() - 1, 19)).contains(pos)),
-      bDown(QRect(QPoint(0, size.height() - 21), QPoint(size.width() - 1, size.height() - 2)).contains(pos))
+    : bUp(QRect(0, 0, size.width(), nBandHeight).contains(pos)),
+      bDown(QRect(0, size.height() - nBandHeight - nBottomGap, size.width(), nBandHeight).contains(pos))
 { }

@@ -3,7 +3,7 @@
 #include "TreeText.h"
 #include "data/CProcessorTreeData.h"
 #include "interfaces/widgets/CScrollBar.h"
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
@@ -154,7 +154,7 @@ private slots:
     void numbersThatAreNoActionHaveNoText()
     {
         QFETCH(int, nAction);
-        QCOMPARE(TreeActionText(nAction), QString());
+        QCOMPARE(TreeAction::GetText(nAction), QString());
     }
 
     void aLanguageChangeGivesAllSixActionsTheirNewTexts()

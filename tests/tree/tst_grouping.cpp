@@ -2,7 +2,7 @@
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
 #include "nodes/EnNodeType.h"
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
 
 #include <QLineEdit>
 #include <QTranslator>

@@ -1,7 +1,7 @@
 #include "CTreeFixture.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
 
 #include <QLineEdit>
 #include <QPointer>

@@ -5,15 +5,15 @@
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 #include "tree/CDragImage.h"
-#include "tree/CRowToolTip.h"
-#include "tree/EnDeleteQuestion.h"
-#include "tree/EnRowMark.h"
+#include "tree/NodeSelection.h"
+#include "tree/RowMark.h"
+#include "tree/RowToolTip.h"
 #include "tree/SDragPayload.h"
 #include "tree/SDropTarget.h"
-#include "tree/SNodeSelection.h"
 #include "tree/SOverlayBars.h"
 #include "tree/SRowShape.h"
 #include "tree/SScrollBands.h"
+#include "tree/commands/DeleteRule.h"
 
 #include <QDataStream>
 #include <QMimeData>
@@ -64,7 +64,7 @@ private slots:
         QFETCH(bool, bFilled);
         QFETCH(bool, bEmpty);
         QFETCH(EnDeleteQuestion, question);
-        QVERIFY(DeleteQuestion(bProcessor, bFilled, bEmpty) == question);
+        QVERIFY(DeleteRule::GetQuestion(bProcessor, bFilled, bEmpty) == question);
     }
 
     void theMarkOfARowFollowsFromItsState_data()
@@ -91,7 +91,7 @@ private slots:
         QFETCH(bool, bHot);
         QFETCH(bool, bDragging);
         QFETCH(EnRowMark, mark);
-        QVERIFY(RowMark(nType, bSelected, bHot, bDragging) == mark);
+        QVERIFY(RowMark::ForRow(nType, bSelected, bHot, bDragging) == mark);
     }
 
     void theShapesOfARowLeaveSixPixelsAtItsRight()
@@ -218,15 +218,15 @@ private slots:
         QStandardItemModel model;
         model.appendRow(Item(17, GroupId("Stage")));
         QVERIFY(!SDropTarget::ForRow(model.index(0, 0)).bValid);
-        QVERIFY(SNodeSelection::GetIds({ model.index(0, 0) }).empty());
-        QCOMPARE(CRowToolTip::GetText(model.index(0, 0), QPoint()), QString());
+        QVERIFY(NodeSelection::GetIds({ model.index(0, 0) }).empty());
+        QCOMPARE(RowToolTip::GetText(model.index(0, 0), QPoint()), QString());
     }
 
     void aRowThatComesTwiceIsSelectedAtItsLastPlace()
     {
         QStandardItemModel model(3, 1);
         const auto fnRow = [&model](int nRow) { return model.index(nRow, 0); };
-        const QItemSelection selection = SNodeSelection::GetRanges({ fnRow(0), fnRow(2), fnRow(0), fnRow(1) });
+        const QItemSelection selection = NodeSelection::GetRanges({ fnRow(0), fnRow(2), fnRow(0), fnRow(1) });
         QCOMPARE(selection.indexes(), (QModelIndexList{ fnRow(2), fnRow(0), fnRow(1) }));
     }
 
@@ -237,7 +237,7 @@ private slots:
                                         ProcessorId("alpha"), GroupId("Stage"),    ProcessorId("loose") };
         const std::vector<QUuid> vecKnown{ ProcessorId("loose"), QUuid(), ProcessorId("alpha"), GroupId("Stage"),
                                            ProcessorId("loose") };
-        QCOMPARE(SNodeSelection::GetKnownIds(vecId, root), vecKnown);
+        QCOMPARE(NodeSelection::GetKnownIds(vecId, root), vecKnown);
     }
 
     void theTipOfAProcessorIsThatOfTheMarkUnderTheMouse_data()
@@ -274,7 +274,7 @@ private slots:
         model.appendRow(Item(NodeProcessor, ProcessorId("alpha")));
         model.item(0)->setData(QVariant::fromValue(item), RoleNodeItem);
         model.item(0)->setData("the name", RoleToolTip);
-        QCOMPARE(CRowToolTip::GetText(model.index(0, 0), pos), strTip);
+        QCOMPARE(RowToolTip::GetText(model.index(0, 0), pos), strTip);
     }
 
     void chiefIsTestedFirstWhereBothMarksLieOnTopOfEachOther()
@@ -285,7 +285,7 @@ private slots:
         QStandardItemModel model;
         model.appendRow(Item(NodeProcessor, ProcessorId("alpha")));
         model.item(0)->setData(QVariant::fromValue(item), RoleNodeItem);
-        QCOMPARE(CRowToolTip::GetText(model.index(0, 0), QPoint(105, 8)), QString::fromLatin1(szChief));
+        QCOMPARE(RowToolTip::GetText(model.index(0, 0), QPoint(105, 8)), QString::fromLatin1(szChief));
     }
 
     void theAreaOfAMarkIsRoundedToWholePixels_data()
@@ -311,7 +311,7 @@ private slots:
         QStandardItemModel model;
         model.appendRow(Item(NodeProcessor, ProcessorId("alpha")));
         model.item(0)->setData(QVariant::fromValue(item), RoleNodeItem);
-        QCOMPARE(!CRowToolTip::GetText(model.index(0, 0), QPoint(nX, 10)).isEmpty(), bHit);
+        QCOMPARE(!RowToolTip::GetText(model.index(0, 0), QPoint(nX, 10)).isEmpty(), bHit);
     }
 
     void otherRowsHaveTheTipThatPaintingLeft_data()
@@ -327,9 +327,9 @@ private slots:
         QFETCH(int, nType);
         QStandardItemModel model;
         model.appendRow(Item(nType, ProcessorId("alpha")));
-        QCOMPARE(CRowToolTip::GetText(model.index(0, 0), QPoint(0, 0)), QString());
+        QCOMPARE(RowToolTip::GetText(model.index(0, 0), QPoint(0, 0)), QString());
         model.item(0)->setData("whole name", RoleToolTip);
-        QCOMPARE(CRowToolTip::GetText(model.index(0, 0), QPoint(0, 0)), QStringLiteral("whole name"));
+        QCOMPARE(RowToolTip::GetText(model.index(0, 0), QPoint(0, 0)), QStringLiteral("whole name"));
     }
 
     void onlyTheExactBackgroundBecomesTransparent()

@@ -1,4 +1,4 @@
-#include "tree/CDeleteJob.h"
+#include "tree/commands/CDeleteJob.h"
 
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -15,6 +15,7 @@ void CDeleteJob::Start(const SDeletePlan& plan)
 
 void CDeleteJob::operator()() const
 {
+    Q_ASSERT(g_pPrcListControl && g_pRuntimeControl);
     DeleteNodes();
     const std::vector<QUuid> vecNext{ plan.idNext };
     if (!g_pRuntimeControl->SetSelectedNodes(vecNext)) {

@@ -1,15 +1,15 @@
-#include "tree/CDeleteDialog.h"
+#include "tree/commands/CDeleteDialog.h"
 
+#include "data/GuiThread.h"
 #include "interfaces/widgets/CCommonOptionDlg.h"
 #include "interfaces/widgets/CMessageBox.h"
-#include "tree/CProcessorTree.h"
 
 #include <QPointer>
 
 namespace {
 
-const char* const szGroupAndProcessorsIcon = ":/image/treeView/deleteGroup/delete.svg";
-const char* const szGroupOnlyIcon = ":/image/treeView/deleteGroup/deleteGroup.svg";
+constexpr char szGroupAndProcessorsIcon[] = ":/image/treeView/deleteGroup/delete.svg";
+constexpr char szGroupOnlyIcon[] = ":/image/treeView/deleteGroup/deleteGroup.svg";
 
 enum EnOption
 {
@@ -23,6 +23,7 @@ CDeleteDialog::CDeleteDialog(QWidget* pParentIn) : pParent(pParentIn) { }
 
 bool CDeleteDialog::Ask(EnDeleteQuestion question, bool& bWithProcessors)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     bool bWith = false;
     bool bGo = true;
     switch (question) {
@@ -32,13 +33,11 @@ bool CDeleteDialog::Ask(EnDeleteQuestion question, bool& bWithProcessors)
         bGo = AskForGroups(bWith);
         break;
     case EnDeleteQuestion::Processors:
-        bGo = Confirm(CProcessorTree::tr("Delete processors"),
-                      CProcessorTree::tr("Do you want to delete all the selected processors?"));
+        bGo = Confirm(tr("Delete processors"), tr("Do you want to delete all the selected processors?"));
         break;
     case EnDeleteQuestion::GroupsAndProcessors:
         bWith = true;
-        bGo = Confirm(CProcessorTree::tr("Delete groups and processors"),
-                      CProcessorTree::tr("Do you want to delete all the selected groups and processors?"));
+        bGo = Confirm(tr("Delete groups and processors"), tr("Do you want to delete all the selected groups and processors?"));
         break;
     }
     if (bGo) {
@@ -57,10 +56,10 @@ bool CDeleteDialog::Confirm(const QString& strTitle, const QString& strText) con
 bool CDeleteDialog::AskForGroups(bool& bWithProcessors) const
 {
     // On the heap: the parent owns the dialog too and may be destroyed while exec() runs.
-    const QPointer<CCommonOptionDlg> pDialog = new CCommonOptionDlg(pParent, CProcessorTree::tr("Delete"));
+    const QPointer<CCommonOptionDlg> pDialog = new CCommonOptionDlg(pParent, tr("Delete"));
     int nOption = 0;
-    if (pDialog->AddOption(QIcon(szGroupAndProcessorsIcon), CProcessorTree::tr("Delete group and processors"))
-        && pDialog->AddOption(QIcon(szGroupOnlyIcon), CProcessorTree::tr("Delete group only"))) {
+    if (pDialog->AddOption(QIcon(szGroupAndProcessorsIcon), tr("Delete group and processors"))
+        && pDialog->AddOption(QIcon(szGroupOnlyIcon), tr("Delete group only"))) {
         nOption = pDialog->exec();
     }
     delete pDialog;

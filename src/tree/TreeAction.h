@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+class QString;
 
-/// The commands of the tree's context menu.
+/// The commands of the tree's context menu. The numbers are those of CProcessorTree::DealAction().
 enum EnTreeAction
 {
     ActionRename = 0,
@@ -13,5 +13,9 @@ enum EnTreeAction
     ActionRemoveFromGroup = 5,
 };
 
+namespace TreeAction {
+
 /// Text of a command in the language of the application; empty for a number that is no EnTreeAction.
-QString TreeActionText(int nAction);
+QString GetText(int nAction);
+
+} // namespace TreeAction

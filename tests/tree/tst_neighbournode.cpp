@@ -2,7 +2,7 @@
 #include "TestMain.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
-#include "tree/CNodeWalk.h"
+#include "tree/NeighbourNode.h"
 
 #include <QStandardItemModel>
 #include <QTreeView>
@@ -58,7 +58,7 @@ public:
 
 } // namespace
 
-class CNodeWalkTest : public QObject
+class CNeighbourNodeTest : public QObject
 {
     Q_OBJECT
 
@@ -93,9 +93,8 @@ private slots:
         QFETCH(QString, strAbove);
         QFETCH(QString, strBelow);
         const CRows rows;
-        const CNodeWalk walk(rows.view);
-        QCOMPARE(walk.Above(rows.Find(strRow)).data().toString(), strAbove);
-        QCOMPARE(walk.Below(rows.Find("all"), rows.Find(strRow)).data().toString(), strBelow);
+        QCOMPARE(NeighbourNode::Above(rows.view, rows.Find(strRow)).data().toString(), strAbove);
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find(strRow)).data().toString(), strBelow);
     }
 
     void theWalkUpFromAMemberStaysInItsGroup_data()
@@ -114,37 +113,35 @@ private slots:
         QFETCH(QString, strRow);
         QFETCH(QString, strAbove);
         const CRows rows;
-        QCOMPARE(CNodeWalk(rows.view).Above(rows.Find(strRow)).data().toString(), strAbove);
+        QCOMPARE(NeighbourNode::Above(rows.view, rows.Find(strRow)).data().toString(), strAbove);
     }
 
     void belowTheRootIsItsFirstRow()
     {
         const CRows rows;
-        QCOMPARE(CNodeWalk(rows.view).Below(rows.Find("all"), rows.Find("all")).data().toString(), QStringLiteral("A"));
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find("all")).data().toString(), QStringLiteral("A"));
     }
 
     void aRowThatIsNotWalkedOverLeadsToTheFirstRow()
     {
         const CRows rows;
-        const CNodeWalk walk(rows.view);
-        QCOMPARE(walk.Below(rows.Find("all"), rows.Find("b1")).data().toString(), QStringLiteral("A"));
-        QCOMPARE(walk.Below(rows.Find("all"), rows.Find("info p")).data().toString(), QStringLiteral("A"));
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find("b1")).data().toString(), QStringLiteral("A"));
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find("info p")).data().toString(), QStringLiteral("A"));
     }
 
     void rowsThatAreHiddenAreNotSteppedOver()
     {
         CRows rows;
         rows.view.setRowHidden(rows.Find("a2").row(), rows.Find("A"), true);
-        QCOMPARE(CNodeWalk(rows.view).Below(rows.Find("all"), rows.Find("a1")).data().toString(), QStringLiteral("a2"));
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find("a1")).data().toString(), QStringLiteral("a2"));
     }
 
     void anEmptyPaneLeadsBackToItsRoot()
     {
         CRows rows;
         rows.model.item(0)->removeRows(0, 5);
-        const CNodeWalk walk(rows.view);
-        QCOMPARE(walk.Below(rows.Find("all"), rows.Find("all")), rows.Find("all"));
-        QCOMPARE(walk.AboveSelection(rows.Find("all")), rows.Find("all"));
+        QCOMPARE(NeighbourNode::Below(rows.view, rows.Find("all"), rows.Find("all")), rows.Find("all"));
+        QCOMPARE(NeighbourNode::AboveSelection(rows.view, rows.Find("all")), rows.Find("all"));
     }
 
     void theNodeAboveTheSelection_data()
@@ -167,9 +164,9 @@ private slots:
         for (const QString& strName : std::as_const(listSelected)) {
             rows.view.selectionModel()->select(rows.Find(strName), QItemSelectionModel::Select);
         }
-        QCOMPARE(CNodeWalk(rows.view).AboveSelection(rows.Find("all")).data().toString(), strAbove);
+        QCOMPARE(NeighbourNode::AboveSelection(rows.view, rows.Find("all")).data().toString(), strAbove);
     }
 };
 
-PTV_TEST_MAIN(CNodeWalkTest)
-#include "tst_nodewalk.moc"
+PTV_TEST_MAIN(CNeighbourNodeTest)
+#include "tst_neighbournode.moc"

@@ -1,4 +1,4 @@
-#include "tree/SNodeSelection.h"
+#include "tree/NodeSelection.h"
 
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
@@ -38,20 +38,9 @@ QSet<QUuid> IdsOf(const SProcessorAllNode& nodeAll)
     return setId;
 }
 
-std::vector<QUuid> GetIdsOfType(const QModelIndexList& listRow, EnNodeType nType)
-{
-    std::vector<QUuid> vecId;
-    for (const QModelIndex& index : listRow) {
-        if (TypeOf(index) == nType) {
-            vecId.push_back(IdOf(index));
-        }
-    }
-    return vecId;
-}
-
 } // namespace
 
-std::vector<QUuid> SNodeSelection::GetIds(const QModelIndexList& listRow)
+std::vector<QUuid> NodeSelection::GetIds(const QModelIndexList& listRow)
 {
     std::vector<QUuid> vecId;
     for (const QModelIndex& index : listRow) {
@@ -67,7 +56,7 @@ std::vector<QUuid> SNodeSelection::GetIds(const QModelIndexList& listRow)
     return vecId;
 }
 
-std::vector<QUuid> SNodeSelection::GetKnownIds(const std::vector<QUuid>& vecId, const SProcessorAllNode& nodeAll)
+std::vector<QUuid> NodeSelection::GetKnownIds(const std::vector<QUuid>& vecId, const SProcessorAllNode& nodeAll)
 {
     const QSet<QUuid> setKnown = IdsOf(nodeAll);
     std::vector<QUuid> vecKnown;
@@ -76,7 +65,7 @@ std::vector<QUuid> SNodeSelection::GetKnownIds(const std::vector<QUuid>& vecId, 
     return vecKnown;
 }
 
-QItemSelection SNodeSelection::GetRanges(const QModelIndexList& listRow)
+QItemSelection NodeSelection::GetRanges(const QModelIndexList& listRow)
 {
     QSet<QModelIndex> setDone;
     QItemSelection selection;
@@ -90,7 +79,7 @@ QItemSelection SNodeSelection::GetRanges(const QModelIndexList& listRow)
     return selection;
 }
 
-QModelIndex SNodeSelection::FindProcessor(const QModelIndex& indexRoot, const QUuid& id)
+QModelIndex NodeSelection::FindProcessor(const QModelIndex& indexRoot, const QUuid& id)
 {
     const int nRows = indexRoot.isValid() ? indexRoot.model()->rowCount(indexRoot) : 0;
     for (int i = 0; i < nRows; ++i) {
@@ -106,14 +95,4 @@ QModelIndex SNodeSelection::FindProcessor(const QModelIndex& indexRoot, const QU
         }
     }
     return QModelIndex();
-}
-
-std::vector<QUuid> SNodeSelection::GetProcessorIds(const QModelIndexList& listRow)
-{
-    return GetIdsOfType(listRow, NodeProcessor);
-}
-
-std::vector<QUuid> SNodeSelection::GetGroupIds(const QModelIndexList& listRow)
-{
-    return GetIdsOfType(listRow, NodeGroup);
 }

@@ -1,4 +1,4 @@
-#include "tree/DeleteBlock.h"
+#include "tree/commands/DeleteRule.h"
 
 #include "data/CProcessorTreeData.h"
 #include "interfaces/control/CorvidControl.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-// Both questions are asked for every id, on purpose.
+// Not short-circuited: the contract with the library has both calls for every id.
 bool IsActiveAndInUse(const QUuid& id)
 {
     const bool bActive = g_pPrcListControl->IsNodeActive(id);
@@ -19,8 +19,17 @@ bool IsActiveAndInUse(const QUuid& id)
 
 } // namespace
 
-bool IsDeleteBlocked()
+bool DeleteRule::IsBlocked()
 {
     const std::vector<QUuid> vecId = g_pRuntimeControl->GetSelectedProcessors();
     return std::any_of(vecId.cbegin(), vecId.cend(), IsActiveAndInUse) || g_pProcessorTreeData->IsListLocked();
+}
+
+EnDeleteQuestion DeleteRule::GetQuestion(bool bProcessor, bool bFilledGroup, bool bEmptyGroup)
+{
+    Q_ASSERT(bProcessor || bFilledGroup || bEmptyGroup);
+    if (bProcessor) {
+        return bFilledGroup || bEmptyGroup ? EnDeleteQuestion::GroupsAndProcessors : EnDeleteQuestion::Processors;
+    }
+    return bFilledGroup ? EnDeleteQuestion::WithOrWithoutProcessors : EnDeleteQuestion::None;
 }

@@ -8,7 +8,3 @@ enum class EnDeleteQuestion
     Processors,              ///< are the processors to go?
     GroupsAndProcessors,     ///< are the groups and the processors to go?
 };
-
-/// The question for a choice of nodes: bProcessor, bFilledGroup and bEmptyGroup tell what it holds, at
-/// least one of each true kind.
-EnDeleteQuestion DeleteQuestion(bool bProcessor, bool bFilledGroup, bool bEmptyGroup);

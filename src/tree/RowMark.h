@@ -10,6 +10,10 @@ enum class EnRowMark
     DropFrame, ///< around a group or the root: the drop goes into it
 };
 
-/// The mark of a row of the kind nType, which is no information row. A selected row gets no other mark;
-/// bHot is the row under the mouse, bDragging a drag that this tree has started.
-EnRowMark RowMark(int nType, bool bSelected, bool bHot, bool bDragging);
+namespace RowMark {
+
+/// The mark of a row of the kind nType, an EnNodeType but NodeInfo. A selected row gets no other mark; bHot is
+/// the row under the mouse, bDragging a drag that this tree has started.
+EnRowMark ForRow(int nType, bool bSelected, bool bHot, bool bDragging);
+
+} // namespace RowMark

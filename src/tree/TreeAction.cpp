@@ -1,8 +1,8 @@
-#include "tree/EnTreeAction.h"
+#include "tree/TreeAction.h"
 
 #include <QCoreApplication>
 
-QString TreeActionText(int nAction)
+QString TreeAction::GetText(int nAction)
 {
     switch (nAction) {
     case ActionRename:

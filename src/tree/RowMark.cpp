@@ -1,9 +1,12 @@
-#include "tree/EnRowMark.h"
+#include "tree/RowMark.h"
 
 #include "nodes/EnNodeType.h"
 
-EnRowMark RowMark(int nType, bool bSelected, bool bHot, bool bDragging)
+#include <QtGlobal>
+
+EnRowMark RowMark::ForRow(int nType, bool bSelected, bool bHot, bool bDragging)
 {
+    Q_ASSERT(nType != NodeInfo);
     if (bSelected) {
         return EnRowMark::Selected;
     }
