@@ -1,6 +1,6 @@
 #include "tree/CNodeWalk.h"
 
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 
 #include <QTreeView>
@@ -64,5 +64,5 @@ template <typename FnStop> QModelIndex CNodeWalk::LastBefore(const QModelIndex& 
 
 bool CNodeWalk::IsOpenGroup(const QModelIndex& index) const
 {
-    return index.data(RoleNodeType).toInt() == NodeGroup && tree.isExpanded(index);
+    return RowValue::NodeType(index) == NodeGroup && tree.isExpanded(index);
 }

@@ -6,7 +6,7 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CScrollBar.h"
 #include "model/CProcessorTreeModel.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 #include "tree/CNodeWalk.h"
@@ -257,7 +257,7 @@ void CProcessorTree::UpdateCurrentNode()
         return;
     }
     const QModelIndexList listSelected = selectedIndexes();
-    if (listSelected.size() == 1 && listSelected.first().data(RoleNodeId).toUuid() == vecId.front()) {
+    if (listSelected.size() == 1 && RowValue::NodeId(listSelected.first()) == vecId.front()) {
         return;
     }
     const QModelIndex indexRow = SNodeSelection::FindProcessor(pModel->GetRootIndex(), vecId.front());
@@ -280,5 +280,5 @@ QUuid CProcessorTree::GetNodeAboveSelection()
     if (!indexRoot.isValid()) {
         return QUuid();
     }
-    return CNodeWalk(*this).AboveSelection(indexRoot).data(RoleNodeId).toUuid();
+    return RowValue::NodeId(CNodeWalk(*this).AboveSelection(indexRoot));
 }

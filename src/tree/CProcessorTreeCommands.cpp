@@ -8,7 +8,7 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/CProcessorTreeModel.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorGroupNode.h"
 #include "tree/CDeleteDialog.h"
@@ -32,13 +32,13 @@ const int nMenuMinimumWidth = 180;
 
 bool HasMenu(const QModelIndex& index)
 {
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     return nType == NodeGroup || nType == NodeProcessor;
 }
 
 bool IsGroup(const QModelIndex& index)
 {
-    return index.data(RoleNodeType).toInt() == NodeGroup;
+    return RowValue::NodeType(index) == NodeGroup;
 }
 
 } // namespace
@@ -255,7 +255,7 @@ void CProcessorTree::Rename()
 
 void CProcessorTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    const QUuid id = currentIndex().data(RoleNodeId).toUuid();
+    const QUuid id = RowValue::NodeId(currentIndex());
     if (!id.isNull()) {
         selectionModel()->select(pModel->GetIndexById(id), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }

@@ -3,7 +3,7 @@
 #include "tree/CProcessorTree.h"
 
 #include "interfaces/widgets/CToolTip.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "tree/CDragImage.h"
 #include "tree/CRowPainter.h"
@@ -41,7 +41,7 @@ bool IsDragDistance(const QPoint& ptMoved)
 bool MayBeMoved(const QModelIndexList& listRow)
 {
     return std::none_of(listRow.cbegin(), listRow.cend(), [](const QModelIndex& index) {
-        const int nType = index.data(RoleNodeType).toInt();
+        const int nType = RowValue::NodeType(index);
         return nType == NodeGroup || nType == NodeAll;
     });
 }
@@ -55,7 +55,7 @@ void CProcessorTree::mousePressEvent(QMouseEvent* event)
         event->accept();
         return;
     }
-    if (index.data(RoleNodeType).toInt() == NodeInfo) {
+    if (RowValue::NodeType(index) == NodeInfo) {
         return;
     }
     PressRow(event, index);
@@ -225,7 +225,7 @@ QPoint CProcessorTree::GetMousePosition() const
 void CProcessorTree::UpdateHover(QMouseEvent* pEvent)
 {
     const QModelIndex index = indexAt(pEvent ? pEvent->pos() : GetMousePosition());
-    bHover = index.isValid() && IsNode(index.data(RoleNodeType).toInt());
+    bHover = index.isValid() && IsNode(RowValue::NodeType(index));
     indexHover = bHover ? index : QModelIndex();
     viewport()->update();
 }
@@ -276,7 +276,7 @@ void CProcessorTree::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
         return;
     }
     painter->save();
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     if (IsNode(nType)) {
         DrawNodeShape(painter, options.rect, index, nType);
     } else if (nType == NodeInfo) {

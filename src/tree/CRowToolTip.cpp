@@ -1,7 +1,8 @@
 #include "tree/CRowToolTip.h"
 
-#include "delegate/SPrcNodeItem.h"
 #include "model/EnItemRole.h"
+#include "model/RowValue.h"
+#include "model/SPrcNodeItem.h"
 #include "nodes/EnNodeType.h"
 #include "tree/CProcessorTree.h"
 
@@ -17,7 +18,7 @@ bool IsIn(const QRectF& rc, const QPoint& pos)
 
 QString CRowToolTip::GetText(const QModelIndex& index, const QPoint& pos)
 {
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     if (nType < NodeAll || nType > NodeInfo) {
         return QString();
     }
