@@ -2,6 +2,7 @@
 
 #include "data/CProcessorTreeData.h"
 #include "delegate/CProcessorTreeDelegate.h"
+#include "delegate/RowLook.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CScrollBar.h"
@@ -23,7 +24,6 @@
 
 namespace {
 
-const int nIndentation = 15;
 const int nScrollInterval = 500; // ms
 const int nMenuSelectAll = 18;   // id in the host's menu bar
 
@@ -73,7 +73,7 @@ void CProcessorTree::InitView()
     setSelectionMode(ExtendedSelection);
     setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
-    setIndentation(nIndentation);
+    setIndentation(RowLook::nIndentation);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     setExpandsOnDoubleClick(true);
     setEditTriggers(NoEditTriggers);

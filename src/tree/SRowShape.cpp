@@ -1,23 +1,22 @@
 #include "tree/SRowShape.h"
 
-namespace {
+#include "delegate/RowLook.h"
 
-const int nRightMargin = 6;
-const qreal fRadius = 5;
-const qreal fOverlap = 5; // how far an information card reaches into the row above
+namespace {
 
 QPainterPath RoundedPath(const QRectF& rc)
 {
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
-    path.addRoundedRect(rc, fRadius, fRadius);
+    path.addRoundedRect(rc, RowLook::fShapeRadius, RowLook::fShapeRadius);
     return path;
 }
 
 } // namespace
 
 SRowShape::SRowShape(const QRect& rcRow)
-    : rcInfo(rcRow.left(), rcRow.top(), rcRow.width() - nRightMargin, rcRow.height()), rcNode(rcInfo.adjusted(0, 1, 0, 0))
+    : rcInfo(rcRow.left(), rcRow.top(), rcRow.width() - RowLook::nShapeRightMargin, rcRow.height()),
+      rcNode(rcInfo.adjusted(0, 1, 0, 0))
 { }
 
 QPainterPath SRowShape::GetNodePath() const
@@ -36,7 +35,8 @@ QPainterPath SRowShape::GetInfoCard() const
 {
     const int nWidth = int(rcInfo.width());
     QPainterPath pathCard = RoundedPath(rcInfo);
-    pathCard.addRect(rcInfo.x(), rcInfo.y() - fOverlap, nWidth, 2 * fOverlap);
-    const QPainterPath pathAbove = RoundedPath(QRectF(rcInfo.x(), rcInfo.y() - 2 * fOverlap, nWidth, 2 * fOverlap));
+    pathCard.addRect(rcInfo.x(), rcInfo.y() - RowLook::fCardOverlap, nWidth, 2 * RowLook::fCardOverlap);
+    const QPainterPath pathAbove
+        = RoundedPath(QRectF(rcInfo.x(), rcInfo.y() - 2 * RowLook::fCardOverlap, nWidth, 2 * RowLook::fCardOverlap));
     return pathCard.subtracted(pathAbove);
 }
