@@ -3,13 +3,14 @@
 #include <QCoreApplication>
 #include <QThread>
 
-/// For the assertions of what runs on the GUI thread alone.
+/// The thread of the widgets.
 namespace GuiThread {
 
-/// True on the thread that the application object belongs to. Any thread, as long as that object lives.
+/// True on the GUI thread, that of the application object. For the assertion of what a comment promises.
 inline bool IsCurrent()
 {
-    return QThread::currentThread() == QCoreApplication::instance()->thread();
+    const QCoreApplication* pApplication = QCoreApplication::instance();
+    return pApplication && QThread::currentThread() == pApplication->thread();
 }
 
 } // namespace GuiThread

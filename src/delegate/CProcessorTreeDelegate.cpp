@@ -3,12 +3,12 @@
 #include "data/CProcessorTreeData.h"
 #include "delegate/EditorGeometry.h"
 #include "delegate/NameRule.h"
-#include "delegate/RowData.h"
-#include "delegate/SPrcNodeItem.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "model/EnItemRole.h"
+#include "model/RowValue.h"
+#include "model/SPrcNodeItem.h"
 #include "nodes/EnNodeType.h"
 
 #include <QKeyEvent>
@@ -53,12 +53,12 @@ bool CProcessorTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 
 void CProcessorTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const QVariant type = index.data(RoleNodeType);
-    if (!type.isValid()) {
+    const int nType = RowValue::NodeType(index);
+    if (nType == 0) {
         return;
     }
     painter->save();
-    switch (type.toInt()) {
+    switch (nType) {
     case NodeAll:
         PaintGroup(painter, option, index, true);
         break;
@@ -79,11 +79,11 @@ void CProcessorTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem
 
 QWidget* CProcessorTreeDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
 {
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     if (nType != NodeGroup && nType != NodeProcessor) {
         return nullptr;
     }
-    RowData::Write(index, true, RoleFirstEdit);
+    RowValue::Write(index, true, RoleFirstEdit);
     return new QLineEdit(parent);
 }
 
@@ -93,7 +93,7 @@ void CProcessorTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& i
     if (!pEditor) {
         return;
     }
-    const QString strName = g_pProcessorTreeData->GetNodeName(RowData::NodeId(index));
+    const QString strName = g_pProcessorTreeData->GetNodeName(RowValue::NodeId(index));
     // The view calls again when the row is painted for the first time. The same text set again would only end
     // the selection, and what is typed would follow the old name instead of replacing it.
     if (index.data(RoleFirstEdit).toBool() && pEditor->text() != strName) {
@@ -111,8 +111,8 @@ void CProcessorTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, 
     if (!pEditor || pEditor->text().isEmpty()) {
         return;
     }
-    const int nType = index.data(RoleNodeType).toInt();
-    const QUuid id = RowData::NodeId(index);
+    const int nType = RowValue::NodeType(index);
+    const QUuid id = RowValue::NodeId(index);
     if (nType == NodeGroup) {
         g_pPrcListControl->RenameGroup(id, pEditor->text());
     } else if (nType == NodeProcessor) {
@@ -123,7 +123,7 @@ void CProcessorTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, 
 void CProcessorTreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                                   const QModelIndex& index) const
 {
-    const QRect rcEditor = EditorRect(index.data(RoleNodeType).toInt(), option.rect);
+    const QRect rcEditor = EditorRect(RowValue::NodeType(index), option.rect);
     if (!editor || rcEditor.isNull()) {
         return;
     }
@@ -169,6 +169,6 @@ void CProcessorTreeDelegate::SetConnection(QLineEdit* pEditor, const QModelIndex
     connect(pEditor, &QLineEdit::editingFinished, pThis, &CProcessorTreeDelegate::commitAndCloseEditor);
     connect(pEditor, &QLineEdit::textChanged, pThis, [pThis, pEditor, idxRow = QPersistentModelIndex(index)] {
         pThis->DealTextChange(pEditor, idxRow);
-        RowData::Write(idxRow, false, RoleFirstEdit);
+        RowValue::Write(idxRow, false, RoleFirstEdit);
     });
 }

@@ -1,12 +1,12 @@
 #include "data/CProcessorTreeData.h"
 #include "delegate/CProcessorTreeDelegate.h"
-#include "delegate/RowData.h"
 #include "delegate/RowLook.h"
 #include "delegate/SGroupRowGeometry.h"
 #include "delegate/SInfoRowGeometry.h"
-#include "delegate/SPrcNodeItem.h"
 #include "delegate/SProcessorRowGeometry.h"
 #include "model/EnItemRole.h"
+#include "model/RowValue.h"
+#include "model/SPrcNodeItem.h"
 
 #include <QFontMetrics>
 #include <QHostAddress>
@@ -84,14 +84,14 @@ void PublishMarks(const QModelIndex& index, const SProcessorRowGeometry& geometr
     item.bPrimary = node.nFailover == 1;
     item.bBackup = node.nFailover == 2;
     item.bChief = bChief;
-    RowData::Write(index, QVariant::fromValue(item), RoleNodeItem);
+    RowValue::Write(index, QVariant::fromValue(item), RoleNodeItem);
 }
 
 // A text that fits leaves an older one in the item, on purpose.
 void PublishShortened(const QModelIndex& index, const QString& strText, const QString& strElided)
 {
     if (strElided != strText) {
-        RowData::Write(index, strText, RoleToolTip);
+        RowValue::Write(index, strText, RoleToolTip);
     }
 }
 
@@ -151,7 +151,7 @@ QString CProcessorTreeDelegate::GetElidedText(const QString& strText, int nWidth
 
 void CProcessorTreeDelegate::PaintProcessor(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const QUuid id = RowData::NodeId(index);
+    const QUuid id = RowValue::NodeId(index);
     if (id.isNull()) {
         return;
     }
@@ -180,7 +180,7 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
     if (bAll) {
         strText = tr("All processors(%1)").arg(g_pProcessorTreeData->GetProcessorCount());
     } else {
-        const QUuid id = RowData::NodeId(index);
+        const QUuid id = RowValue::NodeId(index);
         const SProcessorGroupNode group = g_pProcessorTreeData->GetGroup(id);
         if (group.idNode != id) {
             return;
@@ -203,7 +203,7 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
 // Has no background of its own: the card under it is the tree's.
 void CProcessorTreeDelegate::PaintInfo(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const QUuid id = RowData::NodeId(index);
+    const QUuid id = RowValue::NodeId(index);
     const SProcessorNode node = g_pProcessorTreeData->GetProcessor(id);
     if (node.idNode != id) {
         return;
@@ -219,5 +219,5 @@ void CProcessorTreeDelegate::PaintInfo(QPainter* painter, const QStyleOptionView
     const QString strProject = GetElidedText(ProjectText(node), geometry.nProjectWidth, painter->font(), index);
     const QString strId = GetElidedText(IdText(node), geometry.nIdWidth, painter->font(), index);
     DrawLines(painter, geometry, OnlineLines(node, strProject, strId));
-    RowData::Write(index, OnlineLines(node, ProjectText(node), IdText(node)).join(QLatin1Char('\n')), RoleToolTip);
+    RowValue::Write(index, OnlineLines(node, ProjectText(node), IdText(node)).join(QLatin1Char('\n')), RoleToolTip);
 }

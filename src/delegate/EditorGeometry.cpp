@@ -1,16 +1,14 @@
 #include "delegate/EditorGeometry.h"
 
+#include "delegate/RowLook.h"
 #include "nodes/EnNodeType.h"
 
 namespace {
 
-constexpr int nBelowTop = 23; // from the first to the last line of pixels
-
-QRect CentredRect(const QRect& rcRow, int nIndent, int nNarrower)
+QRect CentredRect(const QRect& rcRow, int nIndent, int nRightMargin)
 {
-    const int nLeft = rcRow.left() + nIndent;
-    const int nTop = (rcRow.bottom() - rcRow.top() - nBelowTop) / 2 + rcRow.top();
-    return QRect(QPoint(nLeft, nTop), QPoint(nLeft + (rcRow.right() - rcRow.left()) - nNarrower, nTop + nBelowTop));
+    const int nTop = RowLook::CentredTop(rcRow, RowLook::nEditorHeight);
+    return QRect(QPoint(rcRow.left() + nIndent, nTop), QPoint(rcRow.right() - nRightMargin, nTop + RowLook::nEditorHeight - 1));
 }
 
 } // namespace
@@ -19,9 +17,9 @@ QRect EditorRect(int nNodeType, const QRect& rcRow)
 {
     switch (nNodeType) {
     case NodeGroup:
-        return CentredRect(rcRow, 18, 25);
+        return CentredRect(rcRow, RowLook::nGroupEditorIndent, RowLook::nGroupEditorRightMargin);
     case NodeProcessor:
-        return CentredRect(rcRow, 9, 15);
+        return CentredRect(rcRow, RowLook::nProcessorEditorIndent, RowLook::nProcessorEditorRightMargin);
     default:
         return {};
     }

@@ -1,26 +1,22 @@
 #include "delegate/SGroupRowGeometry.h"
 
+#include "delegate/RowLook.h"
+
 namespace {
 
-constexpr int nIconSize = 16;
-constexpr int nTextHeight = 16;
-constexpr int nTextIndent = 19;
-constexpr int nRightMargin = 10;
-
-int CentredTop(const QRect& rcRow)
+QRectF IconRect(const QRect& rcRow)
 {
-    return (rcRow.bottom() - rcRow.top() - 15) / 2 + rcRow.top();
+    const int nTop = RowLook::CentredTop(rcRow, RowLook::nGroupIconSize);
+    return QRectF(rcRow.left(), nTop, RowLook::nGroupIconSize, RowLook::nGroupIconSize);
 }
 
 QRectF TextRect(const QRect& rcRow)
 {
-    const int nLeft = rcRow.left() + nTextIndent;
-    const int nRight = rcRow.right() - nRightMargin;
-    return { qreal(nLeft), qreal(CentredTop(rcRow)), qreal(nRight - nLeft + 1), qreal(nTextHeight) };
+    const int nLeft = rcRow.left() + RowLook::nGroupTextIndent;
+    const int nRight = rcRow.right() - RowLook::nGroupTextRightMargin;
+    return QRectF(nLeft, RowLook::CentredTop(rcRow, RowLook::nTextHeight), nRight - nLeft + 1, RowLook::nTextHeight);
 }
 
 } // namespace
 
-SGroupRowGeometry::SGroupRowGeometry(const QRect& rcRow)
-    : rcIcon(rcRow.left(), CentredTop(rcRow), nIconSize, nIconSize), rcText(TextRect(rcRow))
-{ }
+SGroupRowGeometry::SGroupRowGeometry(const QRect& rcRow) : rcIcon(IconRect(rcRow)), rcText(TextRect(rcRow)) { }

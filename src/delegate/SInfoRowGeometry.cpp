@@ -1,27 +1,23 @@
 #include "delegate/SInfoRowGeometry.h"
 
-namespace {
+#include "delegate/RowLook.h"
 
-constexpr int nFirstLine = 5;
-constexpr int nLineStep = 22;
-constexpr int nLineHeight = 15;
-constexpr int nRightMargin = 14;
-constexpr int nProjectLabel = 45;
-constexpr int nIdLabel = 32;
+namespace {
 
 int LineWidth(const QRect& rcRow)
 {
-    return rcRow.right() - rcRow.left() - nRightMargin;
+    return rcRow.right() - rcRow.left() - RowLook::nInfoRightMargin;
 }
 
 QRectF Line(const QRect& rcRow, int nLine)
 {
-    return QRectF(rcRow.left(), rcRow.top() + nFirstLine + nLine * nLineStep, LineWidth(rcRow), nLineHeight);
+    return QRectF(rcRow.left(), rcRow.top() + RowLook::nInfoFirstLine + nLine * RowLook::nInfoLineStep, LineWidth(rcRow),
+                  RowLook::nInfoLineHeight);
 }
 
 } // namespace
 
 SInfoRowGeometry::SInfoRowGeometry(const QRect& rcRow)
-    : arrLine{ Line(rcRow, 0), Line(rcRow, 1), Line(rcRow, 2), Line(rcRow, 3) }, nProjectWidth(LineWidth(rcRow) - nProjectLabel),
-      nIdWidth(LineWidth(rcRow) - nIdLabel)
+    : arrLine{ Line(rcRow, 0), Line(rcRow, 1), Line(rcRow, 2), Line(rcRow, 3) },
+      nProjectWidth(LineWidth(rcRow) - RowLook::nProjectLabelWidth), nIdWidth(LineWidth(rcRow) - RowLook::nIdLabelWidth)
 { }

@@ -3,6 +3,7 @@
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/SSimulatorRequest.h"
 #include "interfaces/widgets/CComboBox.h"
 #include "interfaces/widgets/CDoubleSpinBox.h"
 #include "interfaces/widgets/CMenu.h"
@@ -20,7 +21,6 @@ constexpr int nGridColumnSpacing = 10;
 constexpr int nOutputSpacing = 12;
 constexpr int nOutputLabelSpacing = 8;
 
-constexpr int nMaxSimulators = 2;
 constexpr int nDefaultType = 12;
 
 enum EnLabel

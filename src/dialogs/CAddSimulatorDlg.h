@@ -16,7 +16,7 @@ class CAddSimulatorDlg : public CBaseDialog
 public:
     explicit CAddSimulatorDlg(QWidget* parent);
 
-    /// How many to add: 1 or 2, together with those present never more than 2.
+    /// How many to add: 1 or more, together with those present never more than nMaxSimulators.
     int GetCount() const;
 
     /// The processor type, in the numbering of IPrcBasicControl::GetTypeName.

@@ -1,6 +1,7 @@
 #include "model/CProcessorItem.h"
 
 #include "data/CProcessorTreeData.h"
+#include "delegate/RowLook.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 
@@ -11,8 +12,8 @@
 namespace {
 
 // A width of 0 leaves the width to the view.
-constexpr QSize sizeRow(0, 32);
-constexpr QSize sizeInfo(0, 92);
+constexpr QSize sizeRow(0, RowLook::nRowHeight);
+constexpr QSize sizeInfo(0, RowLook::nInfoRowHeight);
 
 CProcessorItem* NewItem(EnNodeType nType, const QUuid& id)
 {

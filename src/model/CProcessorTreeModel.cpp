@@ -4,7 +4,7 @@
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "model/CProcessorItem.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "model/SRowKey.h"
 #include "nodes/EnNodeType.h"
 #include "tree/CProcessorTree.h"
@@ -60,7 +60,7 @@ void CProcessorTreeModel::SetExpanded(const QModelIndex& index, bool bExpanded)
     if (!index.isValid()) {
         return;
     }
-    const QUuid id = index.data(RoleNodeId).toUuid();
+    const QUuid id = RowValue::NodeId(index);
     g_pProcessorTreeData->SetExpanded(id, bExpanded);
     g_pPrcListControl->SetExpanded(id, bExpanded);
 }

@@ -2,7 +2,7 @@
 
 #include <Qt>
 
-/// What a row knows, all on column 0. The numbers are shared with the host's tools and stay.
+/// What a row knows, all on column 0. The numbers stay: the host's tools read the rows by them.
 enum EnItemRole
 {
     RoleNodeId = Qt::UserRole + 1,     ///< QUuid: the node's id; an information row has its processor's, the root the null id

@@ -1,14 +1,14 @@
 #include "model/SRowKey.h"
 
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 
 #include <QModelIndex>
 
 SRowKey SRowKey::Of(const QModelIndex& index)
 {
     SRowKey key;
-    key.nType = index.data(RoleNodeType).toInt();
-    key.idNode = index.data(RoleNodeId).toUuid();
+    key.nType = RowValue::NodeType(index);
+    key.idNode = RowValue::NodeId(index);
     return key;
 }
 

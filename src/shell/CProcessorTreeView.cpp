@@ -7,10 +7,11 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CSearchBox.h"
 #include "interfaces/widgets/CSeperator.h"
-#include "shell/CAddCommands.h"
-#include "shell/CListFileCommands.h"
-#include "shell/SavedList.h"
+#include "shell/PanelParts.h"
 #include "shell/WindowTitle.h"
+#include "shell/commands/CAddCommands.h"
+#include "shell/commands/CListFileCommands.h"
+#include "shell/commands/ListAtEnd.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
 
@@ -34,27 +35,8 @@ enum EnPane
     PaneSimulator = 1,
 };
 
-constexpr int nTabHeight = 32;
-constexpr int nIconButtonSize = 32;
-constexpr int nRefreshIconSize = 24;
-constexpr int nCloseIconSize = 20;
 constexpr int nRightMargin = 1;
 constexpr int nHeaderSpacing = 2;
-constexpr int nSearchSpacing = 4;
-constexpr int nSearchMargin = 8;
-
-void InitTab(QPushButton* pTab, const QString& strPosition)
-{
-    pTab->setObjectName(QStringLiteral("Tab"));
-    pTab->setProperty("Position", strPosition);
-}
-
-void InitIconButton(QToolButton* pButton, const QString& strIcon, int nIconSize)
-{
-    pButton->setIcon(QIcon(strIcon));
-    pButton->setFixedSize(nIconButtonSize, nIconButtonSize);
-    pButton->setIconSize(QSize(nIconSize, nIconSize));
-}
 
 } // namespace
 
@@ -72,7 +54,7 @@ CProcessorTreeView::CProcessorTreeView(QWidget* parent) : QWidget(parent, Qt::Wi
 CProcessorTreeView::~CProcessorTreeView()
 {
     StopWorker();
-    SaveList();
+    ListAtEnd::Save();
 }
 
 void CProcessorTreeView::paintEvent(QPaintEvent*)
@@ -126,7 +108,7 @@ void CProcessorTreeView::DealToolBarButton(int id)
 {
     switch (id) {
     case ToolBarAddGroup:
-        CAddCommands(this).AddGroup();
+        AddCommands().AddGroup();
         break;
     case ToolBarAddProcessor:
         Add();
@@ -138,10 +120,10 @@ void CProcessorTreeView::DealToolBarButton(int id)
         ShowSearch();
         break;
     case ToolBarImport:
-        CListFileCommands(this).Import();
+        ListFileCommands().Import();
         break;
     case ToolBarExport:
-        CListFileCommands(this).Export();
+        ListFileCommands().Export();
         break;
     default:
         break;
@@ -183,10 +165,10 @@ void CProcessorTreeView::InitWidget()
     setFocusPolicy(Qt::ClickFocus);
     setObjectName(QStringLiteral("ProcessorTreeView"));
     pHeader->setObjectName(QStringLiteral("Header"));
-    InitTab(pDiscoveredTab, QStringLiteral("first"));
-    InitTab(pSimulatorTab, QStringLiteral("middle"));
-    pRefreshButton->setObjectName(QStringLiteral("IconButtonTitle"));
-    pCloseSearchButton->setObjectName(QStringLiteral("CloseSearchBox"));
+    PanelParts::DressTab(pDiscoveredTab, QStringLiteral("first"));
+    PanelParts::DressTab(pSimulatorTab, QStringLiteral("middle"));
+    PanelParts::DressRefreshButton(pRefreshButton);
+    PanelParts::DressCloseSearchButton(pCloseSearchButton);
 
     auto* pTabs = new QButtonGroup(this);
     pTabs->addButton(pDiscoveredTab, -1);
@@ -195,11 +177,7 @@ void CProcessorTreeView::InitWidget()
     pDiscoveredTab->setCheckable(true);
     pSimulatorTab->setCheckable(true);
     pDiscoveredTab->setChecked(true);
-    pDiscoveredTab->setFixedHeight(nTabHeight);
-    pSimulatorTab->setFixedHeight(nTabHeight);
 
-    InitIconButton(pRefreshButton, QStringLiteral(":/image/control/refresh/refresh.svg"), nRefreshIconSize);
-    InitIconButton(pCloseSearchButton, QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
     pSearchBox->SetBackgroudGray();
     pSearchBox->hide();
     pCloseSearchButton->hide();
@@ -211,7 +189,7 @@ void CProcessorTreeView::InitLayout()
     pLayout->setContentsMargins(0, 0, nRightMargin, 0);
     pLayout->setSpacing(0);
 
-    InitHeaderLayout();
+    PanelParts::LayOutHeader(pHeader, pDiscoveredTab, pSimulatorTab, pRefreshButton);
     pLayout->addWidget(pHeader);
     pLayout->addSpacing(nHeaderSpacing);
 
@@ -223,30 +201,10 @@ void CProcessorTreeView::InitLayout()
     pLayout->addLayout(pStackedLayout, 1);
     setFocusProxy(pStackedLayout->currentWidget());
 
-    InitSearchLayout();
+    pSearchLayout = PanelParts::NewSearchLayout(pSearchBox, pCloseSearchButton);
     pLayout->addLayout(pSearchLayout, 0);
     pLayout->addWidget(new CSeperator(this, QFrame::HLine, CSeperator::StyleLine));
     pLayout->addWidget(pToolBar);
-}
-
-void CProcessorTreeView::InitHeaderLayout()
-{
-    auto* pHeaderLayout = new QHBoxLayout(pHeader);
-    pHeaderLayout->setContentsMargins(0, 0, 0, 0);
-    pHeaderLayout->setSpacing(0);
-    pHeaderLayout->addWidget(pDiscoveredTab, 0, Qt::AlignBottom);
-    pHeaderLayout->addWidget(pSimulatorTab, 0, Qt::AlignBottom);
-    pHeaderLayout->addStretch(0);
-    pHeaderLayout->addWidget(pRefreshButton);
-}
-
-void CProcessorTreeView::InitSearchLayout()
-{
-    pSearchLayout = new QHBoxLayout;
-    pSearchLayout->setSpacing(nSearchSpacing);
-    pSearchLayout->setContentsMargins(nSearchMargin, 0, nSearchMargin, 0);
-    pSearchLayout->addWidget(pSearchBox);
-    pSearchLayout->addWidget(pCloseSearchButton);
 }
 
 void CProcessorTreeView::SetConnection()
@@ -282,7 +240,7 @@ void CProcessorTreeView::ConnectWidgets()
             [this](const QString& strText) { GetCurrentTree()->SetSearchText(strText); });
     connect(pCloseSearchButton, &QToolButton::clicked, this, &CProcessorTreeView::CloseSearch);
     connect(this, &CProcessorTreeView::RefreshEnable, this, &CProcessorTreeView::FinishRefresh);
-    connect(this, &CProcessorTreeView::ImportFinished, this, [this] { CListFileCommands(this).TellImportFinished(); });
+    connect(this, &CProcessorTreeView::ImportFinished, this, [this] { ListFileCommands().ShowImportFinished(); });
     connect(pRefreshButton, &QToolButton::clicked, this, &CProcessorTreeView::StartRefresh);
 }
 
@@ -379,12 +337,22 @@ void CProcessorTreeView::FinishRefresh()
     pRefreshButton->blockSignals(false);
 }
 
+CAddCommands CProcessorTreeView::AddCommands()
+{
+    return { this, [this] { UpdateTreeToolbar(); }, [this] { emit NodeSelectChanged(); } };
+}
+
+CListFileCommands CProcessorTreeView::ListFileCommands()
+{
+    return { this, [this] { emit ImportFinished(); } };
+}
+
 void CProcessorTreeView::Add()
 {
     if (g_pProcessorTreeData->IsSimulatorPane()) {
-        CAddCommands(this).AddSimulators();
+        AddCommands().AddSimulators();
     } else {
-        CAddCommands(this).AddProcessor();
+        AddCommands().AddProcessor();
     }
 }
 

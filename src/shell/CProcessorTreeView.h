@@ -7,6 +7,8 @@
 
 #include <atomic>
 
+class CAddCommands;
+class CListFileCommands;
 class CProcessorTree;
 class CProcessorTreeThread;
 class CProcessorTreeToolBar;
@@ -81,8 +83,6 @@ private:
     void InitMember();
     void InitWidget();
     void InitLayout();
-    void InitHeaderLayout();
-    void InitSearchLayout();
     void SetConnection();
     void ConnectStore();
     void ConnectWidgets();
@@ -98,6 +98,8 @@ private:
     void CloseSearch();
     void StartRefresh();
     void FinishRefresh();
+    CAddCommands AddCommands();
+    CListFileCommands ListFileCommands();
     void Add();
     void DeleteNodes();
     void ShowSearch();

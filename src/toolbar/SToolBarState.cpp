@@ -1,12 +1,12 @@
 #include "toolbar/SToolBarState.h"
 
+#include "interfaces/control/SSimulatorRequest.h"
 #include "nodes/SProcessorAllNode.h"
 
 namespace {
 
 constexpr int nMaxGroups = 256;
 constexpr int nMaxProcessors = 256;
-constexpr int nMaxSimulators = 2;
 
 int CountProcessors(const SProcessorAllNode& tree)
 {

@@ -11,7 +11,7 @@ struct SToolBarState
     bool bExport = false;
 
     /// The rule for a pane that shows tree. A pane holds up to 256 groups, and up to 256 processors or
-    /// 2 simulators, counted inside and outside of groups. Import and Export exist for the Discovered
+    /// nMaxSimulators simulators, counted inside and outside of groups. Import and Export exist for the Discovered
     /// pane only.
     static SToolBarState Compute(const SProcessorAllNode& tree, bool bSimulator, bool bLocked);
 };

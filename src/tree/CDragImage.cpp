@@ -1,6 +1,7 @@
 #include "tree/CDragImage.h"
 
 #include "data/GuiThread.h"
+#include "delegate/RowLook.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -9,10 +10,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr int nMargin = 6; // pixels, left and right
-constexpr qreal fOpacity = 0.5;
-constexpr QRgb rgbTreeBackground = qRgb(0x1C, 0x1E, 0x21); // the style sheet's; the two have to stay the same
 
 QVector<QRect> RowRects(const QTreeView& treeView, const QModelIndexList& listRow)
 {
@@ -46,7 +43,7 @@ CDragImage::CDragImage(QTreeView& treeView, const QModelIndexList& listRow, cons
     const int nBottom = qRound(rcBound.top() + rcBound.height()) - 1;
     ptHotSpot = QPoint(pos.x(), pos.y() - nTop);
 
-    const int nWidth = treeView.width() - 2 * nMargin;
+    const int nWidth = treeView.width() - 2 * RowLook::nDragMargin;
     if (nWidth <= 0 || nBottom < nTop) {
         return;
     }
@@ -77,11 +74,12 @@ void CDragImage::RemoveBackground(QImage& image, const QColor& background)
 void CDragImage::Paint(QTreeView& treeView, const QVector<QRect>& vecRow)
 {
     QPainter painter(&image);
-    painter.setOpacity(fOpacity);
+    painter.setOpacity(RowLook::fDragOpacity);
     for (const QRect& rcRow : vecRow) {
-        const QRect rcGrab(QPoint(nMargin, rcRow.top()), QPoint(treeView.width() - nMargin - 1, rcRow.bottom()));
+        const QRect rcGrab(QPoint(RowLook::nDragMargin, rcRow.top()),
+                           QPoint(treeView.width() - RowLook::nDragMargin - 1, rcRow.bottom()));
         QImage imageRow = treeView.grab(rcGrab).toImage();
-        RemoveBackground(imageRow, QColor(rgbTreeBackground));
+        RemoveBackground(imageRow, QColor(RowLook::rgbTreeGround));
         painter.drawImage(QRect(0, rcRow.top() - nTop, image.width(), rcRow.height()), imageRow);
     }
 }

@@ -3,11 +3,12 @@
 #include "data/CProcessorTreeData.h"
 #include "data/GuiThread.h"
 #include "delegate/CProcessorTreeDelegate.h"
+#include "delegate/RowLook.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CScrollBar.h"
 #include "model/CProcessorTreeModel.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 #include "tree/CRenameWatch.h"
@@ -26,7 +27,6 @@
 
 namespace {
 
-constexpr int nIndentation = 15;
 constexpr int nScrollInterval = 500; // ms
 constexpr int nMenuSelectAll = 18;   // id in the host's menu bar
 
@@ -79,7 +79,7 @@ void CProcessorTree::InitView()
     setSelectionMode(ExtendedSelection);
     setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
-    setIndentation(nIndentation);
+    setIndentation(RowLook::nIndentation);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     setExpandsOnDoubleClick(true);
     setEditTriggers(NoEditTriggers);
@@ -267,7 +267,7 @@ void CProcessorTree::UpdateCurrentNode()
         return;
     }
     const QModelIndexList listSelected = selectedIndexes();
-    if (listSelected.size() == 1 && listSelected.first().data(RoleNodeId).toUuid() == vecId.front()) {
+    if (listSelected.size() == 1 && RowValue::NodeId(listSelected.first()) == vecId.front()) {
         return;
     }
     const QModelIndex indexRow = NodeSelection::FindProcessor(pModel->GetRootIndex(), vecId.front());
@@ -290,5 +290,5 @@ QUuid CProcessorTree::GetNodeAboveSelection()
     if (!indexRoot.isValid()) {
         return QUuid();
     }
-    return NeighbourNode::AboveSelection(*this, indexRoot).data(RoleNodeId).toUuid();
+    return NeighbourNode::RowValue::NodeId(AboveSelection(*this, indexRoot));
 }

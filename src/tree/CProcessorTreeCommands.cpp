@@ -1,10 +1,11 @@
 // The commands of CProcessorTree: menu, keys, deletion, grouping and renaming.
 
+#include "delegate/RowLook.h"
 #include "tree/CProcessorTree.h"
 
 #include "interfaces/widgets/CMenu.h"
 #include "model/CProcessorTreeModel.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorGroupNode.h"
 #include "tree/CRenameWatch.h"
@@ -20,11 +21,9 @@
 
 namespace {
 
-constexpr int nMenuMinimumWidth = 180;
-
 bool HasMenu(const QModelIndex& index)
 {
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     return nType == NodeGroup || nType == NodeProcessor;
 }
 
@@ -41,7 +40,7 @@ void CProcessorTree::contextMenuEvent(QContextMenuEvent* event)
     // The host may end this tree while exec() runs, also under a dialog that an entry has opened. Qt's handler
     // of the click on that entry uses the menu to its end, so the menu leaves a tree that goes and dies here.
     connect(this, &QObject::destroyed, &menu, [&menu] { menu.setParent(nullptr); });
-    menu.setMinimumWidth(nMenuMinimumWidth);
+    menu.setMinimumWidth(RowLook::nMenuMinimumWidth);
     CTreeMenu filler(mapAction, [this](const SProcessorGroupNode& group) { MoveToGroup(group); });
     filler.Fill(&menu, index, listSelected.size());
     menu.exec(mapToGlobal(event->pos()));
@@ -108,7 +107,7 @@ void CProcessorTree::Rename()
 
 void CProcessorTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    const QUuid id = currentIndex().data(RoleNodeId).toUuid();
+    const QUuid id = RowValue::NodeId(currentIndex());
     if (!id.isNull()) {
         selectionModel()->select(pModel->GetIndexById(id), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }

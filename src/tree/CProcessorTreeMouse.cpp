@@ -3,7 +3,7 @@
 #include "tree/CProcessorTree.h"
 
 #include "interfaces/widgets/CToolTip.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "tree/CDragImage.h"
 #include "tree/CRowPainter.h"
@@ -47,7 +47,7 @@ void CProcessorTree::mousePressEvent(QMouseEvent* event)
         event->accept();
         return;
     }
-    if (index.data(RoleNodeType).toInt() == NodeInfo) {
+    if (RowValue::NodeType(index) == NodeInfo) {
         return;
     }
     PressRow(event, index);
@@ -216,7 +216,7 @@ QPoint CProcessorTree::GetMousePosition() const
 void CProcessorTree::UpdateHover(QMouseEvent* pEvent)
 {
     const QModelIndex index = indexAt(pEvent ? pEvent->pos() : GetMousePosition());
-    bHover = index.isValid() && IsNode(index.data(RoleNodeType).toInt());
+    bHover = index.isValid() && IsNode(RowValue::NodeType(index));
     indexHover = bHover ? index : QModelIndex();
     viewport()->update();
 }
@@ -260,7 +260,7 @@ void CProcessorTree::drawRow(QPainter* painter, const QStyleOptionViewItem& opti
         return;
     }
     painter->save();
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     if (IsNode(nType)) {
         DrawNodeShape(painter, options.rect, index, nType);
     } else if (nType == NodeInfo) {

@@ -2,10 +2,11 @@
 
 #include "data/CProcessorTreeData.h"
 #include "data/GuiThread.h"
+#include "delegate/RowLook.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/widgets/CMenu.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 #include "tree/TreeAction.h"
@@ -14,8 +15,6 @@
 #include <QAction>
 
 namespace {
-
-constexpr int nSubMenuMinimumWidth = 100;
 
 // A menu takes a single "&" for the mark of a mnemonic and does not show it.
 QString EntryText(QString strName)
@@ -32,14 +31,14 @@ CTreeMenu::CTreeMenu(const QMap<int, QAction*>& mapActionIn, FnMoveToGroup fnMov
 void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelected)
 {
     Q_ASSERT(GuiThread::IsCurrent() && nSelected > 0);
-    const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
+    const bool bGroup = RowValue::NodeType(indexClicked) == NodeGroup;
     if (nSelected == 1) {
         AddRename(pMenu, indexClicked);
     }
     if (bGroup) {
         pMenu->addAction(mapAction[ActionUngroup]);
     } else {
-        const bool bMember = indexClicked.parent().data(RoleNodeType).toInt() == NodeGroup;
+        const bool bMember = RowValue::NodeType(indexClicked.parent()) == NodeGroup;
         pMenu->addAction(mapAction[bMember ? ActionRemoveFromGroup : ActionGroup]);
         AddMoveToGroup(pMenu, indexClicked);
     }
@@ -48,8 +47,8 @@ void CTreeMenu::Fill(CMenu* pMenu, const QModelIndex& indexClicked, int nSelecte
 
 void CTreeMenu::AddRename(CMenu* pMenu, const QModelIndex& indexClicked)
 {
-    const bool bGroup = indexClicked.data(RoleNodeType).toInt() == NodeGroup;
-    if (bGroup || g_pPrcListControl->IsNodeActive(indexClicked.data(RoleNodeId).toUuid())) {
+    const bool bGroup = RowValue::NodeType(indexClicked) == NodeGroup;
+    if (bGroup || g_pPrcListControl->IsNodeActive(RowValue::NodeId(indexClicked))) {
         pMenu->addAction(mapAction[ActionRename]);
     }
 }
@@ -62,7 +61,7 @@ void CTreeMenu::AddMoveToGroup(CMenu* pMenu, const QModelIndex& indexClicked)
         return;
     }
     CMenu* const pSubMenu = GetSubMenu(pMenu);
-    const QUuid idParent = indexClicked.parent().data(RoleNodeId).toUuid();
+    const QUuid idParent = RowValue::NodeId(indexClicked.parent());
     for (const SProcessorGroupNode& group : std::as_const(nodeAll.listGroup)) {
         if (group.idNode != idParent) {
             QAction* const pAction = pSubMenu->addAction(EntryText(group.strName));
@@ -92,6 +91,6 @@ CMenu* CTreeMenu::GetSubMenu(CMenu* pMenu)
         pAction->setMenu(pSubMenu);
     }
     pSubMenu->clear();
-    static_cast<QWidget*>(pSubMenu)->setMinimumWidth(nSubMenuMinimumWidth);
+    static_cast<QWidget*>(pSubMenu)->setMinimumWidth(RowLook::nSubMenuMinimumWidth);
     return pSubMenu;
 }

@@ -1,7 +1,7 @@
 #include "tree/NeighbourNode.h"
 
 #include "data/GuiThread.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 
 #include <QTreeView>
@@ -11,7 +11,7 @@ namespace {
 // Children of other rows, as of a processor, are no nodes.
 int ShownChildren(const QTreeView& tree, const QModelIndex& index)
 {
-    const bool bOpenGroup = index.data(RoleNodeType).toInt() == NodeGroup && tree.isExpanded(index);
+    const bool bOpenGroup = RowValue::NodeType(index) == NodeGroup && tree.isExpanded(index);
     return bOpenGroup ? tree.model()->rowCount(index) : 0;
 }
 

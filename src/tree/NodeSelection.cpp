@@ -1,6 +1,6 @@
 #include "tree/NodeSelection.h"
 
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 
@@ -12,12 +12,12 @@ namespace {
 
 int TypeOf(const QModelIndex& index)
 {
-    return index.data(RoleNodeType).toInt();
+    return RowValue::NodeType(index);
 }
 
 QUuid IdOf(const QModelIndex& index)
 {
-    return index.data(RoleNodeId).toUuid();
+    return RowValue::NodeId(index);
 }
 
 void AddIds(QSet<QUuid>& setId, const QList<SProcessorNode>& listProcessor)

@@ -1,9 +1,10 @@
 #include "tree/RowToolTip.h"
 
 #include "data/GuiThread.h"
-#include "delegate/SPrcNodeItem.h"
 #include "interfaces/widgets/CToolTip.h"
 #include "model/EnItemRole.h"
+#include "model/RowValue.h"
+#include "model/SPrcNodeItem.h"
 #include "nodes/EnNodeType.h"
 
 #include <QCoreApplication>
@@ -40,7 +41,7 @@ QString GetMarkText(const SPrcNodeItem& item, const QPoint& pos)
 
 QString RowToolTip::GetText(const QModelIndex& index, const QPoint& pos)
 {
-    const int nType = index.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(index);
     if (nType < NodeAll || nType > NodeInfo) {
         return QString();
     }

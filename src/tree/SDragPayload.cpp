@@ -1,6 +1,6 @@
 #include "tree/SDragPayload.h"
 
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 
 #include <QDataStream>
@@ -19,7 +19,7 @@ SDragPayload SDragPayload::ForRows(const QModelIndexList& listRow)
 {
     SDragPayload payload;
     payload.bAllow = std::none_of(listRow.cbegin(), listRow.cend(), [](const QModelIndex& index) {
-        const int nType = index.data(RoleNodeType).toInt();
+        const int nType = RowValue::NodeType(index);
         return nType == NodeGroup || nType == NodeAll;
     });
     return payload;

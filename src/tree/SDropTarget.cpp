@@ -1,19 +1,19 @@
 #include "tree/SDropTarget.h"
 
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 
 SDropTarget SDropTarget::ForRow(const QModelIndex& indexRow)
 {
-    const bool bProcessor = indexRow.data(RoleNodeType).toInt() == NodeProcessor;
+    const bool bProcessor = RowValue::NodeType(indexRow) == NodeProcessor;
     const QModelIndex indexTarget = bProcessor ? indexRow.parent() : indexRow;
 
     SDropTarget target;
-    const int nType = indexTarget.data(RoleNodeType).toInt();
+    const int nType = RowValue::NodeType(indexTarget);
     target.bValid = nType == NodeGroup || nType == NodeAll;
     if (nType == NodeGroup) {
         target.indexGroup = indexTarget;
-        target.idGroup = indexTarget.data(RoleNodeId).toUuid();
+        target.idGroup = RowValue::NodeId(indexTarget);
     }
     return target;
 }

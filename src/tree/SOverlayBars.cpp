@@ -1,20 +1,17 @@
 #include "tree/SOverlayBars.h"
 
-namespace {
-
-constexpr int nMinimumEdge = 10;
-constexpr int nGap = 1; // beside the tree's edge
-
-} // namespace
+#include "delegate/RowLook.h"
 
 SOverlayBars::SOverlayBars(const QSize& size, int nHorizontalHeight, int nVerticalWidth)
-    : rcHorizontal(0, size.height() - nHorizontalHeight - nGap, size.width() - nHorizontalHeight - nGap, nHorizontalHeight),
-      rcVertical(size.width() - nVerticalWidth - nGap, nGap, nVerticalWidth, size.height() - nGap)
+    : rcHorizontal(0, size.height() - nHorizontalHeight - RowLook::nBarGap, size.width() - nHorizontalHeight - RowLook::nBarGap,
+                   nHorizontalHeight),
+      rcVertical(size.width() - nVerticalWidth - RowLook::nBarGap, RowLook::nBarGap, nVerticalWidth,
+                 size.height() - RowLook::nBarGap)
 {
     Q_ASSERT(HasRoom(size));
 }
 
 bool SOverlayBars::HasRoom(const QSize& size)
 {
-    return size.width() >= nMinimumEdge && size.height() >= nMinimumEdge;
+    return size.width() >= RowLook::nBarMinimumEdge && size.height() >= RowLook::nBarMinimumEdge;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "delegate/SPrcNodeItem.h"
+#include "model/SPrcNodeItem.h"
 
 #include <QImage>
 #include <QStandardItemModel>

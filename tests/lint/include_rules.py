@@ -20,6 +20,8 @@ LEVEL = {
 }
 # Commands are told by callback what they have to announce.
 NOT_BELOW = {"shell/commands": {"tree", "tree/commands", "toolbar"}}
+# Names and numbers only, which every folder of src/ may read: it includes nothing of src/ itself.
+FREE = {"delegate/RowLook.h"}
 # What the host shares with the panel.
 SHARED = {"data/nodes", "interfaces"}
 ROOTS = ("src", "src/data", "host")  # where includes are named from; of src/data only the node records
@@ -59,6 +61,10 @@ def fault_in_src(path, target):
         return f"src/ includes {target}"
     name = "/".join(target.parts[1:])
     folder, to_folder = folder_of(path), folder_of(target)
+    if "/".join(path.parts[1:]) in FREE:
+        return f"{path.name} is read by every folder, so it includes nothing of src/"
+    if name in FREE:
+        return None
     if (folder, path.suffix, name) in BACK_ARROWS or to_folder == folder:
         return None
     if LEVEL[to_folder] < LEVEL[folder] and to_folder not in NOT_BELOW.get(folder, set()):

@@ -66,6 +66,13 @@ class LintTest(unittest.TestCase):
         self.write("src/model/CModel.h", '#include "tree/CProcessorTree.h"\n')
         self.assert_fault("include_rules.py", "src/model/CModel.h:1:")
 
+    def test_constants_of_look_are_read_below_and_include_nothing_themselves(self):
+        self.write("src/delegate/RowLook.h", "#include <QColor>\n")
+        self.write("src/model/CItem.cpp", '#include "delegate/RowLook.h"\n')
+        self.assert_clean("include_rules.py")
+        self.write("src/delegate/RowLook.h", '#include "data/CStore.h"\n')
+        self.assert_fault("include_rules.py", "src/delegate/RowLook.h:1:")
+
     def test_interface_with_more_than_node_records_is_found(self):
         self.write("src/interfaces/control/IList.h", '#include "nodes/SNode.h"\n')
         self.assert_clean("include_rules.py")

@@ -1,8 +1,8 @@
 #include "CTreeFixture.h"
 #include "TestMain.h"
-#include "delegate/SPrcNodeItem.h"
 #include "interfaces/widgets/CToolTip.h"
 #include "model/EnItemRole.h"
+#include "model/SPrcNodeItem.h"
 
 #include <QHelpEvent>
 #include <QLabel>

@@ -63,7 +63,7 @@ public:
     /// Stores whether a node is shown expanded; the next tree that is read holds the value.
     virtual void SetExpanded(QUuid idNode, bool bExpanded) = 0;
 
-    /// Number of simulators present, 0 to 2.
+    /// Number of simulators present, 0 to nMaxSimulators.
     virtual qint32 GetSimulatorCount() = 0;
 
     /// The number for the name of the next new group, 1 or more.

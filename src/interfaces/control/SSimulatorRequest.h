@@ -2,13 +2,16 @@
 
 #include <QtGlobal>
 
+/// The largest number of simulators that the Simulator pane holds.
+constexpr qint32 nMaxSimulators = 2;
+
 /// What to add to the Simulator pane.
 struct SSimulatorRequest
 {
     /// Processor type, in the numbering of IPrcBasicControl::GetTypeName.
     qint32 nType = 0xFF00;
 
-    /// How many simulators to add, 1 or 2.
+    /// How many simulators to add, 1 to nMaxSimulators.
     qint32 nCount = 0;
 
     /// Kind of output: 1 "1G port", 2 "5G port", 3 "10G fiber".

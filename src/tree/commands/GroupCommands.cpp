@@ -4,7 +4,7 @@
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
-#include "model/EnItemRole.h"
+#include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorGroupNode.h"
 
@@ -17,15 +17,15 @@ namespace {
 
 bool IsGroup(const QModelIndex& index)
 {
-    return index.data(RoleNodeType).toInt() == NodeGroup;
+    return RowValue::NodeType(index) == NodeGroup;
 }
 
 std::vector<QUuid> IdsOfType(const QModelIndexList& listRow, EnNodeType type)
 {
     std::vector<QUuid> vecId;
     for (const QModelIndex& index : listRow) {
-        if (index.data(RoleNodeType).toInt() == type) {
-            vecId.push_back(index.data(RoleNodeId).toUuid());
+        if (RowValue::NodeType(index) == type) {
+            vecId.push_back(RowValue::NodeId(index));
         }
     }
     return vecId;

@@ -1,4 +1,4 @@
-#include "delegate/SPrcNodeItem.h"
+#include "model/SPrcNodeItem.h"
 
 bool operator==(const SPrcNodeItem& a, const SPrcNodeItem& b)
 {

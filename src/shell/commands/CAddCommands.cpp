@@ -1,4 +1,4 @@
-#include "shell/CAddCommands.h"
+#include "shell/commands/CAddCommands.h"
 
 #include "dialogs/CAddProcessorDlg.h"
 #include "dialogs/CAddSimulatorDlg.h"
@@ -7,7 +7,6 @@
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "nodes/SProcessorGroupNode.h"
-#include "shell/CProcessorTreeView.h"
 
 #include <thread>
 
@@ -26,24 +25,27 @@ int Run(QDialog& dlg)
 
 } // namespace
 
-CAddCommands::CAddCommands(CProcessorTreeView* pViewIn) : pView(pViewIn) { }
+CAddCommands::CAddCommands(QWidget* pParentIn, std::function<void()> fnUpdateToolBarIn,
+                           std::function<void()> fnAnnounceSelectionIn)
+    : pParent(pParentIn), fnUpdateToolBar(std::move(fnUpdateToolBarIn)), fnAnnounceSelection(std::move(fnAnnounceSelectionIn))
+{ }
 
 void CAddCommands::AddGroup()
 {
     const int nIndex = g_pPrcListControl->GetNextGroupIndex();
     SProcessorGroupNode group;
-    group.strName = CProcessorTreeView::tr("Group %1").arg(nIndex);
+    group.strName = tr("Group %1").arg(nIndex);
     group.idNode = QUuid::createUuid();
     g_pPrcListControl->AddGroup(group, true);
     // Asked for before the group has a row.
     g_pRuntimeControl->SetSelectedNodes({ group.idNode });
-    pView->UpdateTreeToolbar();
-    emit pView->NodeSelectChanged();
+    fnUpdateToolBar();
+    fnAnnounceSelection();
 }
 
 void CAddCommands::AddSimulators()
 {
-    CAddSimulatorDlg dlg(pView);
+    CAddSimulatorDlg dlg(pParent);
     if (Run(dlg) != QDialog::Accepted) {
         return;
     }
@@ -56,15 +58,15 @@ void CAddCommands::AddSimulators()
 
 void CAddCommands::AddProcessor()
 {
-    CAddProcessorDlg dlg(pView);
+    CAddProcessorDlg dlg(pParent);
     if (Run(dlg) != QDialog::Accepted) {
         return;
     }
     const QHostAddress address = dlg.GetIP();
     g_pRuntimeControl->SetBusy(true);
-    std::thread([pPanel = pView, address] {
+    std::thread([fnAnnounce = fnAnnounceSelection, address] {
         g_pPrcBasicControl->AddProcessor(address.toIPv4Address());
-        emit pPanel->NodeSelectChanged();
+        fnAnnounce();
         g_pRuntimeControl->SetBusy(false);
     }).detach();
 }

@@ -1,4 +1,4 @@
-#include "shell/SavedList.h"
+#include "shell/commands/ListAtEnd.h"
 
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
@@ -6,7 +6,9 @@
 
 #include <QFile>
 
-void SaveList()
+namespace ListAtEnd {
+
+void Save()
 {
     constexpr int nWorthless = 1;
     const QString strPath = g_pConfigControl->GetListFilePath();
@@ -16,3 +18,5 @@ void SaveList()
     QFile::setPermissions(strPath, QFileDevice::ReadOther | QFileDevice::WriteOther);
     QFile::remove(strPath);
 }
+
+} // namespace ListAtEnd

@@ -1,10 +1,15 @@
-#include "delegate/RowData.h"
+#include "model/RowValue.h"
 
 #include "model/EnItemRole.h"
 
 #include <QAbstractItemModel>
 
-namespace RowData {
+namespace RowValue {
+
+int NodeType(const QModelIndex& index)
+{
+    return index.data(RoleNodeType).toInt();
+}
 
 QUuid NodeId(const QModelIndex& index)
 {
@@ -18,4 +23,4 @@ void Write(const QModelIndex& index, const QVariant& value, int nRole)
     }
 }
 
-} // namespace RowData
+} // namespace RowValue

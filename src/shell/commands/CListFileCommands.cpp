@@ -1,4 +1,4 @@
-#include "shell/CListFileCommands.h"
+#include "shell/commands/CListFileCommands.h"
 
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
@@ -6,7 +6,6 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CMessageBox.h"
 #include "nodes/SProcessorAllNode.h"
-#include "shell/CProcessorTreeView.h"
 
 #include <QFileDialog>
 #include <QtConcurrent>
@@ -33,15 +32,17 @@ QFileDialog* CreateFileDialog(QWidget* pParent)
 
 } // namespace
 
-CListFileCommands::CListFileCommands(CProcessorTreeView* pViewIn) : pView(pViewIn) { }
+CListFileCommands::CListFileCommands(QWidget* pParentIn, std::function<void()> fnAnnounceImportIn)
+    : pParent(pParentIn), fnAnnounceImport(std::move(fnAnnounceImportIn))
+{ }
 
 void CListFileCommands::Import()
 {
     if (!ConfirmOverwrite()) {
         return;
     }
-    QFileDialog* pDialog = CreateFileDialog(pView);
-    pDialog->setWindowTitle(CProcessorTreeView::tr("Import..."));
+    QFileDialog* pDialog = CreateFileDialog(pParent);
+    pDialog->setWindowTitle(tr("Import..."));
     pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
     const QString strPath = ChooseFile(pDialog);
     if (strPath.isEmpty()) {
@@ -51,15 +52,15 @@ void CListFileCommands::Import()
     if (nResult == ResultSuccess) {
         StartImportJob();
     } else {
-        TellImportFailed(nResult);
+        ShowImportFailed(nResult);
     }
 }
 
 void CListFileCommands::Export()
 {
-    QFileDialog* pDialog = CreateFileDialog(pView);
+    QFileDialog* pDialog = CreateFileDialog(pParent);
     pDialog->setAcceptMode(QFileDialog::AcceptSave);
-    pDialog->setWindowTitle(CProcessorTreeView::tr("Save..."));
+    pDialog->setWindowTitle(tr("Save..."));
     pDialog->selectFile(QString::fromLatin1(szProposedName));
     pDialog->setNameFilter(QString::fromLatin1(szNameFilter));
     const QString strPath = ChooseFile(pDialog);
@@ -67,13 +68,13 @@ void CListFileCommands::Export()
         return;
     }
     if (g_pPrcListControl->ExportList(strPath, 0) == ResultSuccess) {
-        Tell(CProcessorTreeView::tr("Export"), CProcessorTreeView::tr("Export sucessfully."));
+        Inform(tr("Export"), tr("Export sucessfully."));
     }
 }
 
-void CListFileCommands::TellImportFinished()
+void CListFileCommands::ShowImportFinished()
 {
-    Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Import sucessfully."));
+    Inform(tr("Import"), tr("Import sucessfully."));
 }
 
 // Looks at the top level only: processors inside groups do not count, but their groups do.
@@ -84,8 +85,8 @@ bool CListFileCommands::ConfirmOverwrite()
     if (node.listGroup.size() + node.listProcessor.size() == 0) {
         return true;
     }
-    return CMessageBox::question(pView, CProcessorTreeView::tr("Overwrite confirmation"),
-                                 CProcessorTreeView::tr("This operation will overwrite the processor list.\nContinue?"),
+    return CMessageBox::question(pParent, tr("Overwrite confirmation"),
+                                 tr("This operation will overwrite the processor list.\nContinue?"),
                                  CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonNo)
         == CMessageBox::ButtonYes;
 }
@@ -103,21 +104,20 @@ QString CListFileCommands::ChooseFile(QPointer<QFileDialog> pDialog)
     return strPath;
 }
 
-void CListFileCommands::TellImportFailed(int nResult)
+void CListFileCommands::ShowImportFailed(int nResult)
 {
     switch (nResult) {
     case ResultInvalidFile:
-        Tell(CProcessorTreeView::tr("Cannot import file"), CProcessorTreeView::tr("The currently imported file is invalid."));
+        Inform(tr("Cannot import file"), tr("The currently imported file is invalid."));
         break;
     case ResultOverwriteFailed:
-        Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Overwrite failed."));
+        Inform(tr("Import"), tr("Overwrite failed."));
         break;
     case ResultCopyFailed:
-        Tell(CProcessorTreeView::tr("Import"), CProcessorTreeView::tr("Copy failed."));
+        Inform(tr("Import"), tr("Copy failed."));
         break;
     case ResultTooManyProcessors:
-        Tell(CProcessorTreeView::tr("Cannot import file"),
-             CProcessorTreeView::tr("The number of processors involved exceeds the limit."));
+        Inform(tr("Cannot import file"), tr("The number of processors involved exceeds the limit."));
         break;
     default:
         break;
@@ -127,16 +127,16 @@ void CListFileCommands::TellImportFailed(int nResult)
 void CListFileCommands::StartImportJob()
 {
     g_pRuntimeControl->SetBusy(true);
-    QtConcurrent::run([pPanel = pView] {
+    QtConcurrent::run([fnAnnounce = fnAnnounceImport] {
         // The null id stands for the root.
         g_pRuntimeControl->SetSelectedNodes({ QUuid() });
         g_pPrcBasicControl->RefreshProcessors();
-        emit pPanel->ImportFinished();
+        fnAnnounce();
         g_pRuntimeControl->SetBusy(false);
     });
 }
 
-void CListFileCommands::Tell(const QString& strTitle, const QString& strText)
+void CListFileCommands::Inform(const QString& strTitle, const QString& strText)
 {
-    CMessageBox::information(pView, strTitle, strText, CMessageBox::ButtonOk, CMessageBox::ButtonOk);
+    CMessageBox::information(pParent, strTitle, strText, CMessageBox::ButtonOk, CMessageBox::ButtonOk);
 }

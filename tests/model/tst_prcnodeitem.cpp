@@ -1,5 +1,5 @@
 #include "TestMain.h"
-#include "delegate/SPrcNodeItem.h"
+#include "model/SPrcNodeItem.h"
 
 #include <QVariant>
 

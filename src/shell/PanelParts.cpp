@@ -1,0 +1,69 @@
+#include "shell/PanelParts.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVariant>
+
+namespace {
+
+constexpr int nTabHeight = 32;
+constexpr int nIconButtonSize = 32;
+constexpr int nRefreshIconSize = 24;
+constexpr int nCloseIconSize = 20;
+constexpr int nSearchSpacing = 4;
+constexpr int nSearchMargin = 8;
+
+void DressIconButton(QToolButton* pButton, const QString& strName, const QString& strIcon, int nIconSize)
+{
+    pButton->setObjectName(strName);
+    pButton->setIcon(QIcon(strIcon));
+    pButton->setFixedSize(nIconButtonSize, nIconButtonSize);
+    pButton->setIconSize(QSize(nIconSize, nIconSize));
+}
+
+} // namespace
+
+namespace PanelParts {
+
+void DressTab(QPushButton* pTab, const QString& strPosition)
+{
+    pTab->setObjectName(QStringLiteral("Tab"));
+    pTab->setProperty("Position", strPosition);
+    pTab->setFixedHeight(nTabHeight);
+}
+
+void DressRefreshButton(QToolButton* pButton)
+{
+    DressIconButton(pButton, QStringLiteral("IconButtonTitle"), QStringLiteral(":/image/control/refresh/refresh.svg"),
+                    nRefreshIconSize);
+}
+
+void DressCloseSearchButton(QToolButton* pButton)
+{
+    DressIconButton(pButton, QStringLiteral("CloseSearchBox"), QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
+}
+
+void LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton)
+{
+    auto* pLayout = new QHBoxLayout(pHeader);
+    pLayout->setContentsMargins(0, 0, 0, 0);
+    pLayout->setSpacing(0);
+    pLayout->addWidget(pFirstTab, 0, Qt::AlignBottom);
+    pLayout->addWidget(pSecondTab, 0, Qt::AlignBottom);
+    pLayout->addStretch(0);
+    pLayout->addWidget(pRefreshButton);
+}
+
+QHBoxLayout* NewSearchLayout(QWidget* pSearchBox, QToolButton* pCloseSearchButton)
+{
+    auto* pLayout = new QHBoxLayout;
+    pLayout->setSpacing(nSearchSpacing);
+    pLayout->setContentsMargins(nSearchMargin, 0, nSearchMargin, 0);
+    pLayout->addWidget(pSearchBox);
+    pLayout->addWidget(pCloseSearchButton);
+    return pLayout;
+}
+
+} // namespace PanelParts

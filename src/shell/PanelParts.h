@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QToolButton;
+class QWidget;
+
+/// The parts above and below the trees of the panel: how they are dressed and laid out. Object names and values
+/// of properties are what the host's style sheet knows. Widgets stay owned by their parents. GUI thread.
+namespace PanelParts {
+
+/// Makes a button one of the tabs; strPosition is its place among them, "first" or "middle".
+void DressTab(QPushButton* pTab, const QString& strPosition);
+
+/// The button that refreshes, at the right end of the header.
+void DressRefreshButton(QToolButton* pButton);
+
+/// The button that closes the search row.
+void DressCloseSearchButton(QToolButton* pButton);
+
+/// Lays the tabs and the refresh button out in the header.
+void LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton);
+
+/// A new layout with the search box and its close button. The caller owns it.
+QHBoxLayout* NewSearchLayout(QWidget* pSearchBox, QToolButton* pCloseSearchButton);
+
+} // namespace PanelParts
