@@ -13,13 +13,13 @@ jobs=${CHECK_JOBS:-$(nproc)}
 mkdir -p "$cache_dir"
 
 # Level 0 to 2 without:
-#   qproperty-type-mismatch, function-args-by-value, function-args-by-ref: the prescribed signatures take
+#   qproperty-type-mismatch, function-args-by-value, function-args-by-ref: by the contract with the host, signatures take
 #     ids, texts and records by value
 #   qt6-*: the panel is for Qt 5.15
 #   rule-of-three, rule-of-two-soft: records declare what they hide (see SNode)
 #   copyable-polymorphic: node records are values with one virtual operation, on purpose
-#   non-pod-global-static: the store and the control objects are globals of the process, as prescribed
-#   ctor-missing-parent-argument: the prescribed constructors of the tree's items and of the worker
+#   non-pod-global-static: the store and the control objects are globals of the process by the contract with the host
+#   ctor-missing-parent-argument: the contract with the host fixes the constructors of the items and of the worker
 #   old-style-connect does not occur and stays on
 clazy_checks=level0,level1,level2,detaching-member
 clazy_checks+=,no-function-args-by-value,no-function-args-by-ref,no-rule-of-three,no-rule-of-two-soft
