@@ -16,7 +16,7 @@ QPainterPath RoundedPath(const QRectF& rc)
 
 SRowShape::SRowShape(const QRect& rcRow)
     : rcInfo(rcRow.left(), rcRow.top(), rcRow.width() - RowLook::nShapeRightMargin, rcRow.height()),
-      rcNode(rcInfo.adjusted(0, 1, 0, 0))
+      rcNode(rcInfo.adjusted(0, RowLook::nShapeTopGap, 0, 0))
 { }
 
 QPainterPath SRowShape::GetNodePath() const
@@ -26,9 +26,7 @@ QPainterPath SRowShape::GetNodePath() const
 
 QRect SRowShape::GetDropLine() const
 {
-    const int nLeft = int(rcNode.x());
-    const int nTop = int(rcNode.y());
-    return QRect(QPoint(nLeft, nTop), QPoint(nLeft + int(rcNode.width()) - 1, nTop + 1));
+    return QRect(int(rcNode.x()), int(rcNode.y()), int(rcNode.width()), RowLook::nDropLineHeight);
 }
 
 QPainterPath SRowShape::GetInfoCard() const
