@@ -1,6 +1,7 @@
 #include "data/CProcessorTreeData.h"
 
 #include "data/SStoreReading.h"
+#include "data/StoreReading.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 
@@ -43,8 +44,8 @@ template <typename Node> const Node* FindById(const QList<Node>& list, const QUu
     return nIndex < 0 ? nullptr : &list.at(nIndex);
 }
 
-/// Assigns what differs and tells whether anything did. The name and the kind of a root alone are no
-/// change, but come along with one.
+/// Assigns what differs and returns whether anything did. The name and the kind of a root alone are no
+/// change, but are assigned with one.
 bool ReplaceRoot(SProcessorAllNode& node, const SProcessorAllNode& nodeNew)
 {
     if (node.bExpanded == nodeNew.bExpanded && node.listGroup == nodeNew.listGroup
@@ -68,9 +69,20 @@ template <typename Value> bool ReplaceValue(Value& value, const Value& valueNew)
 
 CProcessorTreeData* g_pProcessorTreeData = CreateStore();
 
+/// Proof that the thread which has this object holds the lock of the store.
+class CProcessorTreeData::CLock
+{
+public:
+    Q_DISABLE_COPY(CLock)
+
+protected:
+    CLock() = default;
+    ~CLock() = default;
+};
+
 /// Locks for reading, or, on the thread that is inside Refresh(), for writing: Qt's recursive lock
 /// refuses a read lock to its writer, but grants it a further write lock.
-class CProcessorTreeData::CReadLocker
+class CProcessorTreeData::CReadLocker : public CLock
 {
 public:
     explicit CReadLocker(const CProcessorTreeData& store) : pLock(store.pLock)
@@ -87,14 +99,21 @@ public:
         pLock->unlock();
     }
 
-    Q_DISABLE_COPY(CReadLocker)
-
 private:
     QReadWriteLock* pLock;
 };
 
-/// The write lock of a refresh, which its thread's own readers are to notice.
-class CProcessorTreeData::CRefreshLocker
+class CProcessorTreeData::CWriteLocker : public CLock
+{
+public:
+    explicit CWriteLocker(const CProcessorTreeData& store) : locker(store.pLock) { }
+
+private:
+    QWriteLocker locker;
+};
+
+/// The write lock of a refresh; names its thread to that thread's own readers.
+class CProcessorTreeData::CRefreshLocker : public CLock
 {
 public:
     explicit CRefreshLocker(CProcessorTreeData& storeIn) : store(storeIn)
@@ -109,7 +128,27 @@ public:
         store.pLock->unlock();
     }
 
-    Q_DISABLE_COPY(CRefreshLocker)
+private:
+    CProcessorTreeData& store;
+};
+
+/// A refresh from its reading on. In a debug build a second one at the same time ends the program.
+class CProcessorTreeData::CSingleRefresh
+{
+public:
+    explicit CSingleRefresh(CProcessorTreeData& storeIn) : store(storeIn)
+    {
+        const bool bTwice = store.bRefreshing.exchange(true);
+        Q_ASSERT(!bTwice);
+        Q_UNUSED(bTwice)
+    }
+
+    ~CSingleRefresh()
+    {
+        store.bRefreshing = false;
+    }
+
+    Q_DISABLE_COPY(CSingleRefresh)
 
 private:
     CProcessorTreeData& store;
@@ -182,13 +221,13 @@ bool CProcessorTreeData::IsSimulatorPane() const
 
 void CProcessorTreeData::SetSimulatorPane(bool bSimulator)
 {
-    const QWriteLocker locker(pLock);
+    const CWriteLocker locker(*this);
     bSimulatorPane = bSimulator;
 }
 
 bool CProcessorTreeData::SetSelectedNodes(const std::vector<QUuid>& vecId)
 {
-    const QWriteLocker locker(pLock);
+    const CWriteLocker locker(*this);
     return ReplaceValue(bSimulatorPane ? vecSelectedSimulator : vecSelectedDiscovered, vecId);
 }
 
@@ -207,19 +246,19 @@ void CProcessorTreeData::GetDiscoveredTree(SProcessorAllNode& node) const
 void CProcessorTreeData::GetCurrentTree(SProcessorAllNode& node) const
 {
     const CReadLocker locker(*this);
-    node = CurrentRoot();
+    node = CurrentRoot(locker);
 }
 
 void CProcessorTreeData::SetCurrentTree(const SProcessorAllNode& node)
 {
     const CReadLocker locker(*this);
-    CurrentRoot() = node;
+    CurrentRoot(locker) = node;
 }
 
 void CProcessorTreeData::AppendGroup(const SProcessorGroupNode& node)
 {
-    const QWriteLocker locker(pLock);
-    CurrentRoot().listGroup.append(node);
+    const CWriteLocker locker(*this);
+    CurrentRoot(locker).listGroup.append(node);
 }
 
 int CProcessorTreeData::GetProcessorCount() const
@@ -272,8 +311,8 @@ QString CProcessorTreeData::GetNodeName(const QUuid& id) const
 
 void CProcessorTreeData::SetExpanded(const QUuid& id, bool bExpanded)
 {
-    const QWriteLocker locker(pLock);
-    SProcessorAllNode& root = CurrentRoot();
+    const CWriteLocker locker(*this);
+    SProcessorAllNode& root = CurrentRoot(locker);
     if (id.isNull()) {
         root.bExpanded = bExpanded;
         return;
@@ -297,10 +336,15 @@ void CProcessorTreeData::SetExpanded(const QUuid& id, bool bExpanded)
 
 void CProcessorTreeData::Refresh()
 {
-    const SStoreReading reading = SStoreReading::Take();
+    const CSingleRefresh single(*this);
+    const SStoreReading reading = StoreReading::Take();
 
     const CRefreshLocker locker(*this);
-    const SChanges changes = Replace(reading);
+    Announce(locker, Replace(locker, reading));
+}
+
+void CProcessorTreeData::Announce(const CRefreshLocker&, const SChanges& changes)
+{
     if (changes.bChiefMode) {
         emit NotifyChiefChanged();
     }
@@ -317,7 +361,7 @@ void CProcessorTreeData::Refresh()
     }
 }
 
-CProcessorTreeData::SChanges CProcessorTreeData::Replace(const SStoreReading& reading)
+CProcessorTreeData::SChanges CProcessorTreeData::Replace(const CRefreshLocker&, const SStoreReading& reading)
 {
     SChanges changes;
     bSimulatorPane = g_pRuntimeControl->IsSimulatorPane();
@@ -333,12 +377,12 @@ CProcessorTreeData::SChanges CProcessorTreeData::Replace(const SStoreReading& re
     return changes;
 }
 
-SProcessorAllNode& CProcessorTreeData::CurrentRoot()
+SProcessorAllNode& CProcessorTreeData::CurrentRoot(const CLock&)
 {
     return bSimulatorPane ? nodeSimulator : nodeDiscovered;
 }
 
-const SProcessorAllNode& CProcessorTreeData::CurrentRoot() const
+const SProcessorAllNode& CProcessorTreeData::CurrentRoot(const CLock&) const
 {
     return bSimulatorPane ? nodeSimulator : nodeDiscovered;
 }

@@ -10,7 +10,8 @@
 class QReadWriteLock;
 struct SStoreReading;
 
-/// The snapshot of the control library's data, the one place in the panel where it stands still.
+/// The snapshot of the control library's data: the one place in the panel where it does not change under
+/// the reader.
 ///
 /// The worker's thread writes it in Refresh(); the widgets read it by copy on the GUI thread, so that
 /// painting never calls the control library and a slow library never blocks the screen. A query that
@@ -27,12 +28,26 @@ public:
     CProcessorTreeData();
     ~CProcessorTreeData() override;
 
+    /// Name of the open project; empty for none.
     QString GetProjectName() const;
+
+    /// Ids of the selected nodes, in the order of the control library. Before the first refresh one id that
+    /// no node has.
     std::vector<QUuid> GetSelectedNodes() const;
+
+    /// The same for one pane, true Simulator.
     std::vector<QUuid> GetSelectedNodes(bool bSimulator) const;
+
+    /// The user may start a refresh.
     bool IsRefreshEnabled() const;
+
+    /// Nothing may be deleted or imported.
     bool IsListLocked() const;
+
+    /// Chief marks are drawn.
     bool IsChiefMode() const;
+
+    /// The current pane, true Simulator.
     bool IsSimulatorPane() const;
 
     /// Emits nothing: whoever switches the pane also shows it.
@@ -41,12 +56,16 @@ public:
     /// Replaces the selection of the current pane. False when it was the same, order included.
     bool SetSelectedNodes(const std::vector<QUuid>& vecId);
 
+    /// Assigns the tree of a pane to node.
     void GetSimulatorTree(SProcessorAllNode& node) const;
     void GetDiscoveredTree(SProcessorAllNode& node) const;
     void GetCurrentTree(SProcessorAllNode& node) const;
 
-    /// Takes the read lock only, on purpose: it serves a single-threaded set-up, the panel never calls it.
+    /// Replaces the tree of the current pane. Takes the read lock only: it serves a single-threaded set-up, the
+    /// panel never calls it.
     void SetCurrentTree(const SProcessorAllNode& node);
+
+    /// Appends a group to the current pane. The panel never calls it.
     void AppendGroup(const SProcessorGroupNode& node);
 
     /// Processors inside and outside of groups.
@@ -54,18 +73,23 @@ public:
 
     /// Members of a group; 0 for any other id.
     int GetGroupProcessorCount(const QUuid& id) const;
+
+    /// The first group with this id.
     SProcessorGroupNode GetGroup(const QUuid& id) const;
+
+    /// The first processor with this id, inside or outside of groups.
     SProcessorNode GetProcessor(const QUuid& id) const;
 
     /// Name of a group or a processor; null for any other id, the null id included.
     QString GetNodeName(const QUuid& id) const;
 
-    /// Sets bExpanded of a group, a processor or, by the null id, of the root. The caller tells the
-    /// control library the same, so that the next reading finds no difference.
+    /// Sets bExpanded of a group, a processor or, by the null id, of the root. The caller passes the
+    /// same to the control library, so that the next reading finds no difference.
     void SetExpanded(const QUuid& id, bool bExpanded);
 
-    /// Reads the control library, replaces what differs and announces it. Worker thread only, never
-    /// twice at once. Reads without the lock, then holds it for writing through all emissions.
+    /// Reads the control library, replaces what differs and announces it. Never twice at once: the panel
+    /// calls it on the worker's thread only. Reads without the lock, then holds it for writing through all
+    /// emissions.
     void Refresh();
 
 signals:
@@ -81,14 +105,20 @@ signals:
     void NotifyChiefChanged();      ///< Chief-Member mode was switched
 
 private:
+    class CLock;
     class CReadLocker;
+    class CWriteLocker;
     class CRefreshLocker;
+    class CSingleRefresh;
     struct SChanges;
 
-    SProcessorAllNode& CurrentRoot();
-    const SProcessorAllNode& CurrentRoot() const;
+    // What needs the lock takes it as its first parameter.
+    SProcessorAllNode& CurrentRoot(const CLock& lock);
+    const SProcessorAllNode& CurrentRoot(const CLock& lock) const;
+    SChanges Replace(const CRefreshLocker& locker, const SStoreReading& reading);
+    void Announce(const CRefreshLocker& locker, const SChanges& changes);
+
     SProcessorAllNode CopyCurrentTree() const;
-    SChanges Replace(const SStoreReading& reading);
 
     QReadWriteLock* pLock; ///< recursive; guards the fields from here to bChiefMode
     bool bSimulatorPane = false;
@@ -103,6 +133,8 @@ private:
 
     /// The thread inside Refresh() while it holds the lock, null otherwise.
     std::atomic<Qt::HANDLE> hWriter{ nullptr };
+
+    std::atomic<bool> bRefreshing{ false }; ///< inside Refresh(), with or without the lock
 };
 
 /// The one store of the process; never null while the module is loaded.

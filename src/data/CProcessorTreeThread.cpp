@@ -1,6 +1,7 @@
 #include "data/CProcessorTreeThread.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -49,11 +50,13 @@ template <typename Call> void ForEachSubject(Call fnCall)
 
 CProcessorTreeThread::CProcessorTreeThread(QObject* parent) : CBaseThread(parent)
 {
+    Q_ASSERT(GuiThread::IsCurrent() && !parent);
     ForEachSubject([this](auto* pSubject) { pSubject->Attach(this); });
 }
 
 CProcessorTreeThread::~CProcessorTreeThread()
 {
+    Q_ASSERT(QThread::currentThread() == thread() || !thread()->isRunning());
     ForEachSubject([this](auto* pSubject) { pSubject->Detach(this); });
 }
 
@@ -71,10 +74,11 @@ void CProcessorTreeThread::Notify(int nMessage)
 
 void CProcessorTreeThread::ThreadStart()
 {
+    Q_ASSERT(QThread::currentThread() == thread());
     while (!bExit) {
         if (bIdle) {
             std::unique_lock<std::mutex> lock(mutexWake);
-            condWake.wait(lock); // without a predicate on purpose: a wake-up without work is harmless
+            condWake.wait(lock); // without a predicate: a wake-up without work is harmless
             continue;
         }
         Deal(GetFrontType());

@@ -3,14 +3,13 @@
 #include <QCoreApplication>
 #include <QThread>
 
-/// The thread of the widgets.
+/// For the assertions of what runs on the GUI thread alone.
 namespace GuiThread {
 
-/// True on the GUI thread, that of the application object. For the assertion of what a comment promises.
+/// True on the thread that the application object belongs to. Any thread, as long as that object lives.
 inline bool IsCurrent()
 {
-    const QCoreApplication* pApplication = QCoreApplication::instance();
-    return pApplication && QThread::currentThread() == pApplication->thread();
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
 }
 
 } // namespace GuiThread

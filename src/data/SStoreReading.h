@@ -4,13 +4,9 @@
 
 #include <vector>
 
-/// One complete reading of the control library, taken without any lock.
+/// One complete reading of the control library.
 struct SStoreReading
 {
-    /// Asks the control library for everything but the current pane, always in the same order. May
-    /// take as long as the library takes. Worker thread.
-    static SStoreReading Take();
-
     SProcessorAllNode nodeDiscovered;
     SProcessorAllNode nodeSimulator;
     std::vector<QUuid> vecSelectedDiscovered;

@@ -1,6 +1,7 @@
 #include "delegate/CProcessorTreeDelegate.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "delegate/EditorGeometry.h"
 #include "delegate/NameRule.h"
 #include "interfaces/control/CorvidControl.h"
@@ -39,7 +40,7 @@ CProcessorTreeDelegate::CProcessorTreeDelegate(QObject* parent) : QStyledItemDel
 
 CProcessorTreeDelegate::~CProcessorTreeDelegate() = default;
 
-// Goes round QStyledItemDelegate's filter on purpose: Tab, Backtab and Escape are not for the delegate.
+// Bypasses QStyledItemDelegate's filter: Tab, Backtab and Escape are not for the delegate.
 bool CProcessorTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 {
     auto* pEditor = qobject_cast<QLineEdit*>(watched);
@@ -53,6 +54,7 @@ bool CProcessorTreeDelegate::eventFilter(QObject* watched, QEvent* event)
 
 void CProcessorTreeDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const int nType = RowValue::NodeType(index);
     if (nType == 0) {
         return;
@@ -107,6 +109,7 @@ void CProcessorTreeDelegate::setEditorData(QWidget* editor, const QModelIndex& i
 
 void CProcessorTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     const auto* pEditor = qobject_cast<QLineEdit*>(editor);
     if (!pEditor || pEditor->text().isEmpty()) {
         return;
@@ -123,7 +126,7 @@ void CProcessorTreeDelegate::setModelData(QWidget* editor, QAbstractItemModel*, 
 void CProcessorTreeDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                                   const QModelIndex& index) const
 {
-    const QRect rcEditor = EditorRect(RowValue::NodeType(index), option.rect);
+    const QRect rcEditor = EditorGeometry::EditorRect(RowValue::NodeType(index), option.rect);
     if (!editor || rcEditor.isNull()) {
         return;
     }

@@ -6,16 +6,17 @@
 
 class QLineEdit;
 
-/// Paints the rows of a tree and edits the names of groups and processors in place. The model gives no
-/// more than the kind and the id of a row; everything shown is read from the store at each paint.
+/// Paints the rows of a tree and edits the names of groups and processors in place. The model provides
+/// only the kind and the id of a row; everything shown is read from the store at each paint. GUI thread.
 ///
-/// It never changes a name: a new one goes to the control library, on the GUI thread, and comes back
-/// with the next refresh or not at all. There is no message when it is refused.
+/// It never changes a name: a new one goes to the control library and comes back with the next
+/// refresh or not at all. There is no message when it is refused.
 class CProcessorTreeDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
+    /// Registers SPrcNodeItem.
     explicit CProcessorTreeDelegate(QObject* parent);
     ~CProcessorTreeDelegate() override;
 
@@ -36,6 +37,7 @@ public:
     /// Sends the name to the control library, an unchanged one too; an empty one is dropped.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 
+    /// Fixes place and size of the editor by EditorGeometry; does nothing for a row without an editor.
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
     /// Shortened in its middle to nWidth pixels; the index isn't used.
@@ -45,8 +47,7 @@ private slots:
     /// Puts the last valid text back when a name gets too long.
     void DealTextChange(QLineEdit* pEditor, QModelIndex index);
 
-    /// Commits the sender's text. Does not close it, in spite of the name: the event filter or the view
-    /// does.
+    /// Commits the sender's text. Does not close it, despite the name: the event filter or the view does.
     void commitAndCloseEditor();
 
 private:

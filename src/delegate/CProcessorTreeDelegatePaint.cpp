@@ -78,6 +78,7 @@ void DrawMarks(QPainter* painter, const SProcessorRowGeometry& geometry, const S
 
 void PublishMarks(const QModelIndex& index, const SProcessorRowGeometry& geometry, const SProcessorNode& node, bool bChief)
 {
+    Q_ASSERT(QMetaType::hasRegisteredComparators<SPrcNodeItem>());
     SPrcNodeItem item;
     item.rcFailover = geometry.rcFailover;
     item.rcChief = geometry.rcChief;
@@ -87,7 +88,7 @@ void PublishMarks(const QModelIndex& index, const SProcessorRowGeometry& geometr
     RowValue::Write(index, QVariant::fromValue(item), RoleNodeItem);
 }
 
-// A text that fits leaves an older one in the item, on purpose.
+// A text that fits leaves an older one in the item, by the contract with the host.
 void PublishShortened(const QModelIndex& index, const QString& strText, const QString& strElided)
 {
     if (strElided != strText) {

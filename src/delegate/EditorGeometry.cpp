@@ -13,6 +13,8 @@ QRect CentredRect(const QRect& rcRow, int nIndent, int nRightMargin)
 
 } // namespace
 
+namespace EditorGeometry {
+
 QRect EditorRect(int nNodeType, const QRect& rcRow)
 {
     switch (nNodeType) {
@@ -24,3 +26,5 @@ QRect EditorRect(int nNodeType, const QRect& rcRow)
         return {};
     }
 }
+
+} // namespace EditorGeometry

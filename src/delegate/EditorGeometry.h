@@ -2,6 +2,11 @@
 
 #include <QRect>
 
-/// Where the editor of a name lies on the row rcRow: 24 pixels high and in the middle of the row. A
-/// null rectangle for a kind of row (EnNodeType) that has no editor.
+/// Where the editor of a name is on its row.
+namespace EditorGeometry {
+
+/// The rectangle of the editor on the row rcRow, in the same coordinates: 24 pixels high and centred in the
+/// row. Null for a kind of row (EnNodeType) that has no editor.
 QRect EditorRect(int nNodeType, const QRect& rcRow);
+
+} // namespace EditorGeometry

@@ -17,7 +17,7 @@ constexpr int nIndentation = 15; ///< from a row to its children
 constexpr int nFontPixels = 12;
 constexpr int nTextHeight = 16; ///< of the name of a node
 
-/// The y at which something nHeight high begins that stands in the middle of the row.
+/// The top of something nHeight high that is centred in the row.
 inline int CentredTop(const QRect& rcRow, int nHeight)
 {
     return (rcRow.height() - nHeight) / 2 + rcRow.top();
@@ -53,11 +53,11 @@ constexpr int nGroupEditorRightMargin = 7;
 constexpr int nProcessorEditorIndent = 9;
 constexpr int nProcessorEditorRightMargin = 6;
 
-// What lies behind the rows
+// The shapes behind the rows
 constexpr int nShapeRightMargin = 6;
 constexpr int nShapeTopGap = 1; ///< above the shape of a node
-constexpr int nDropLineHeight = 2;
 constexpr qreal fShapeRadius = 5;
+constexpr int nDropLineHeight = 2;
 constexpr qreal fCardOverlap = 5; ///< how far the card of an information row reaches into the row above
 constexpr QRgb rgbSelected = qRgb(0x5F, 0x64, 0x6D);
 constexpr QRgb rgbHovered = qRgb(0x42, 0x46, 0x4D);
@@ -85,7 +85,7 @@ constexpr QRgb rgbTextSelected = qRgb(255, 255, 255);
 constexpr QRgb rgbaGlowMiddle = qRgba(56, 252, 76, 120);
 constexpr QRgb rgbaGlowFading = qRgba(56, 252, 76, 20);
 constexpr QRgb rgbaGlowEnd = qRgba(56, 252, 76, 0);
-constexpr qreal fGlowFading = 0.7; ///< where rgbaGlowFading stands between middle (0) and end (1)
+constexpr qreal fGlowFading = 0.7; ///< where rgbaGlowFading is, from the middle (0) to the end (1)
 constexpr qreal fGlowRadius = 7;
 
 // The icons. The host brings these files; one that is missing is drawn as nothing.

@@ -3,7 +3,7 @@
 #include <QRect>
 #include <QRectF>
 
-/// Where things stand on the row of a group, or of the root.
+/// Where icon and text are on the row of a group, or of the root.
 struct SGroupRowGeometry
 {
     explicit SGroupRowGeometry(const QRect& rcRow);

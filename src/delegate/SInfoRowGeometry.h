@@ -5,12 +5,12 @@
 
 #include <array>
 
-/// Where the four lines of text stand on the information row of a processor.
+/// Where the four lines of text are on the information row of a processor.
 struct SInfoRowGeometry
 {
     explicit SInfoRowGeometry(const QRect& rcRow);
 
     std::array<QRectF, 4> arrLine; ///< type, address, project, id
-    int nProjectWidth;             ///< what line 3 leaves for the project behind its label
-    int nIdWidth;                  ///< what line 4 leaves for the id behind its label
+    int nProjectWidth;             ///< room for the project after its label on line 3
+    int nIdWidth;                  ///< room for the id after its label on line 4
 };

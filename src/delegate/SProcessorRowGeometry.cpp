@@ -33,7 +33,7 @@ QRectF ChiefRect(const QRect& rcRow, const SProcessorNode& node, qreal fTop)
     return { qreal(rcRow.right() - nSlot), fTop, qreal(RowLook::nMarkSize), qreal(RowLook::nMarkSize) };
 }
 
-// What is kept free on the right is fixed; it does not move with the places of the marks, on purpose.
+// The room kept free on the right depends on which marks there are, not on where they are.
 QRectF NameRect(const QRect& rcRow, const QRectF& rcDot, const QRectF& rcFailover, bool bChief)
 {
     const qreal fLeft = rcDot.x() + rcDot.width() + RowLook::nNameGap;

@@ -1,6 +1,6 @@
 #include "dialogs/CAddProcessorDlg.h"
 
-#include "dialogs/SAddressScan.h"
+#include "dialogs/CAddressScan.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
@@ -90,5 +90,5 @@ QList<quint32> CAddProcessorDlg::GetForbiddenIPs() const
 quint32 CAddProcessorDlg::GetFreeIP() const
 {
     const QList<quint32> listTaken = GetTakenIPs();
-    return SAddressScan::FindFree(QSet<quint32>(listTaken.cbegin(), listTaken.cend()));
+    return CAddressScan::FindFree(QSet<quint32>(listTaken.cbegin(), listTaken.cend()));
 }

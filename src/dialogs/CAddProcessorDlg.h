@@ -7,17 +7,18 @@
 class CIPEdit;
 class QLabel;
 
-/// Asks for the address of a processor that is to be added. Proposes the first address that is free and
-/// lets none be accepted that is reserved, in use or this machine's own. Adds nothing itself: after
-/// exec() has returned QDialog::Accepted the caller reads GetIP().
+/// Asks for the address of the processor to add. Proposes the first free address and accepts none that is
+/// reserved, in use or this machine's own. Adds nothing itself: after exec() has returned
+/// QDialog::Accepted the caller reads GetIP().
 ///
-/// This machine's own address is refused once it has been typed, but it may be the one proposed, and is
-/// then accepted: on purpose.
+/// This machine's own address is refused once it has been typed, but by the contract with the host it may be
+/// the one proposed, and is then accepted.
 class CAddProcessorDlg : public CBaseDialog
 {
     Q_OBJECT
 
 public:
+    /// Asks the control library which addresses are taken, and waits for its answers.
     explicit CAddProcessorDlg(QWidget* parent);
 
     /// The address in the field.

@@ -91,7 +91,7 @@ void CAddSimulatorDlg::InitWidget()
     pSpinCount->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 
     InitTypeMenu();
-    // Behind the first selection, which is to change nothing.
+    // After the first selection, which must change nothing.
     SetConnection();
     InitOutputMenu();
 }

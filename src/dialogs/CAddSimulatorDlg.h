@@ -14,6 +14,7 @@ class CAddSimulatorDlg : public CBaseDialog
     Q_OBJECT
 
 public:
+    /// Asks the control library for the names of the types and for how many simulators there are.
     explicit CAddSimulatorDlg(QWidget* parent);
 
     /// How many to add: 1 or more, together with those present never more than nMaxSimulators.

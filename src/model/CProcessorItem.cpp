@@ -1,6 +1,7 @@
 #include "model/CProcessorItem.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "delegate/RowLook.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
@@ -46,6 +47,7 @@ void CProcessorItem::SetNodeId(const QUuid& id)
 
 void CProcessorItem::UpdateChildren()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     switch (data(RoleNodeType).toInt()) {
     case NodeAll:
         BuildPane();

@@ -3,8 +3,8 @@
 #include <QStandardItem>
 #include <QUuid>
 
-/// One row: which node it stands for and of what kind it is. It has no text and no icon; the delegate
-/// looks its node up in the store by id whenever it paints. GUI thread.
+/// One row: the id of its node and its kind. It has no text and no icon; the delegate looks the node up in
+/// the store by id whenever it paints. GUI thread.
 ///
 /// A row builds its own children from the store's current pane, so that giving the root its id builds
 /// the whole tree: groups first, then the processors that are in no group, and under every processor
@@ -23,7 +23,7 @@ public:
     /// Stores the id and builds the children.
     void SetNodeId(const QUuid& id);
 
-    /// Builds the children anew. A group that the store does not know is left without any.
+    /// Replaces the children. A group that the store does not know is left without any.
     void UpdateChildren();
 
 private:

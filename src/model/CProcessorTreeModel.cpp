@@ -1,6 +1,7 @@
 #include "model/CProcessorTreeModel.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "model/CProcessorItem.h"
@@ -57,6 +58,7 @@ void CProcessorTreeModel::DealCollapsed(const QModelIndex& index)
 
 void CProcessorTreeModel::SetExpanded(const QModelIndex& index, bool bExpanded)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (!index.isValid()) {
         return;
     }
@@ -67,6 +69,7 @@ void CProcessorTreeModel::SetExpanded(const QModelIndex& index, bool bExpanded)
 
 void CProcessorTreeModel::RebuildFromStore()
 {
+    Q_ASSERT(GuiThread::IsCurrent() && pTree->signalsBlocked());
     SProcessorAllNode node;
     g_pProcessorTreeData->GetCurrentTree(node);
     mapIndex.clear(); // before its rows go: whoever asks in between gets the root
@@ -135,6 +138,7 @@ void CProcessorTreeModel::RestoreExpansion(const QList<SProcessorNode>& listProc
 
 void CProcessorTreeModel::SetSearchText(const QString& strText)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     SProcessorAllNode node;
     g_pProcessorTreeData->GetCurrentTree(node);
     for (const SProcessorGroupNode& group : std::as_const(node.listGroup)) {

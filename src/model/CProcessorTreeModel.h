@@ -13,7 +13,7 @@ struct SRowKey;
 
 /// The rows of one pane: their shape and their ids, nothing of what they show. GUI thread.
 ///
-/// There is no incremental update. When the tree has changed the rows are built anew from the store's
+/// There is no incremental update. When the tree has changed, all rows are replaced from the store's
 /// current pane; the model does not know which pane it belongs to, so its tree calls it only while that
 /// pane is current.
 class CProcessorTreeModel : public QStandardItemModel // clazy:exclude=missing-qobject-macro
@@ -24,18 +24,19 @@ public:
     explicit CProcessorTreeModel(CProcessorTree* parent);
     ~CProcessorTreeModel() override;
 
+    /// The only top-level row; always valid.
     QModelIndex GetRootIndex() const;
 
-    /// The row of a group or processor; the root for the null id and, on purpose, for every id that has
-    /// no row: callers ask for ids that may have gone.
+    /// The row of a group or processor; the root for the null id and for every id that has no row, since
+    /// callers ask for ids that may have gone.
     QModelIndex GetIndexById(const QUuid& id) const;
 
     /// The row of this kind and id, without that fallback: invalid when there is none, as before the first
     /// RebuildFromStore.
     QModelIndex FindRow(const SRowKey& key) const;
 
-    /// The user opened or folded a row: told to the store first, then to the control library, so that
-    /// the next refresh finds no difference.
+    /// The user opened or folded a row: passed to the store first, then to the control library, so that the
+    /// next refresh finds no difference.
     void DealExpanded(const QModelIndex& index);
     void DealCollapsed(const QModelIndex& index);
 
@@ -44,8 +45,8 @@ public:
     /// state: a rebuild ends the filter.
     void SetSearchText(const QString& strText);
 
-    /// Builds all rows anew, with the expansion of the records; the root is always expanded. The caller
-    /// keeps the tree's signals blocked. Until it returns nothing may ask the view for geometry, since a
+    /// Replaces all rows, with the expansion of the records; the root is always expanded. The caller keeps
+    /// the tree's signals blocked. Until it returns nothing may ask the view for geometry, since a
     /// forced layout makes it quadratic. While rows are replaced every id gives the root.
     void RebuildFromStore();
 

@@ -21,6 +21,6 @@ bool operator!=(const SPrcNodeItem& a, const SPrcNodeItem& b);
 Q_DECLARE_METATYPE(SPrcNodeItem)
 
 /// Makes the type known by its name, and its values comparable inside a QVariant. Without the second,
-/// equal values differ by their padding bytes, and each paint would ask for the next. To be called
-/// before the first paint; further calls do nothing.
+/// equal values differ by their padding bytes, and each paint would ask for the next. To be called before
+/// the first paint, which asserts it; further calls do nothing.
 void RegisterPrcNodeItem();

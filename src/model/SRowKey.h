@@ -4,8 +4,8 @@
 
 class QModelIndex;
 
-/// Which row it is, by kind and id: what is left of a row when the rows are replaced. No row, the root and
-/// an information row are told apart, though their ids are not.
+/// Identifies a row by kind and id, which outlast a replacement of the rows. No row, the root and an
+/// information row have different keys, though not different ids.
 struct SRowKey
 {
     /// The key of a row; that of no row for an invalid index.

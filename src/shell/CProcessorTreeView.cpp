@@ -2,6 +2,7 @@
 
 #include "data/CProcessorTreeData.h"
 #include "data/CProcessorTreeThread.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IRuntimeControl.h"
@@ -42,6 +43,7 @@ constexpr int nHeaderSpacing = 2;
 
 CProcessorTreeView::CProcessorTreeView(QWidget* parent) : QWidget(parent, Qt::WindowFlags())
 {
+    Q_ASSERT(GuiThread::IsCurrent() && parent);
     setStyleSheet(parent->styleSheet());
     InitMember();
     InitWidget();
@@ -53,6 +55,7 @@ CProcessorTreeView::CProcessorTreeView(QWidget* parent) : QWidget(parent, Qt::Wi
 
 CProcessorTreeView::~CProcessorTreeView()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     StopWorker();
     ListAtEnd::Save();
 }
@@ -66,7 +69,7 @@ void CProcessorTreeView::paintEvent(QPaintEvent*)
     style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
 }
 
-// Without the base's share, on purpose.
+// Does not call the base: the contract with the host leaves its share out.
 void CProcessorTreeView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
@@ -86,6 +89,7 @@ QWidget* CProcessorTreeView::GetWidgetAlias2()
 
 void CProcessorTreeView::UpdateWidget()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (bRefreshing) {
         return;
     }
@@ -106,6 +110,7 @@ QWidget* CProcessorTreeView::GetWidget()
 
 void CProcessorTreeView::DealToolBarButton(int id)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     switch (id) {
     case ToolBarAddGroup:
         AddCommands().AddGroup();
@@ -142,6 +147,7 @@ void CProcessorTreeView::UpdateTreeToolbar()
 
 void CProcessorTreeView::DealMenuBar(int id, QVariant value)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     GetCurrentTree()->DealMenuBar(id, value);
 }
 
@@ -158,8 +164,8 @@ void CProcessorTreeView::InitMember()
     pCloseSearchButton = new QToolButton(this);
 }
 
-// Object names and values of "Position" are what the host's style sheet knows; that the last tab is a
-// "middle" one is part of it.
+// The host's style sheet relies on the object names and on the values of "Position", also on the last tab
+// being a "middle" one.
 void CProcessorTreeView::InitWidget()
 {
     setFocusPolicy(Qt::ClickFocus);
@@ -290,7 +296,7 @@ void CProcessorTreeView::DealNodeSelectChanged()
 
 void CProcessorTreeView::UpdateWindowTitle()
 {
-    SetMainWindowTitle(g_pProcessorTreeData->GetProjectName());
+    WindowTitle::ShowProject(g_pProcessorTreeData->GetProjectName());
 }
 
 void CProcessorTreeView::SwitchPane(int nPane)

@@ -21,14 +21,14 @@ class QThread;
 class QToolButton;
 
 /// The panel: the header with the tabs of the two panes, their trees, the search row and the tool bar.
-/// Holds no data; it carries what the store tells to its children, and what the user commands to the
-/// control library. Which pane is current is the store's knowledge and is asked anew each time.
+/// Holds no data: it passes what the store announces to its children, and what the user commands to the
+/// control library. The store knows which pane is current and is asked each time.
 ///
 /// The tree that is raised, that of the pane which the user has chosen last, is the panel's focus proxy: it has the
 /// keys after a click on a part of the panel that takes no focus itself, such as a button of the tool bar. A pane
 /// that the library changes raises no tree and leaves the keys where they are.
 ///
-/// GUI thread, but for what the signals say. Slow operations run on other threads, between SetBusy(true)
+/// GUI thread, except for the signals where they say so. Slow operations run on other threads, between SetBusy(true)
 /// and SetBusy(false) of the control library, and nothing waits for them: the owner must not delete the
 /// panel while one runs. The destructor waits only for a refresh of the store, without a limit, and then
 /// saves the list.
@@ -47,8 +47,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 public:
-    // In this order, which is not that of the interface, on purpose: it is the order of their slots
-    // behind those of QWidget.
+    // In the order of their slots behind those of QWidget, which is part of the contract with the host and
+    // differs from that of the interface.
     QWidget* GetWidgetAlias1() override;
     QWidget* GetWidgetAlias2() override;
     void UpdateWidget() override;
@@ -62,7 +62,7 @@ public slots:
     /// Asks for a repaint.
     void Update();
 
-    /// Enables and disables the tool bar's commands anew.
+    /// Updates which commands of the tool bar are enabled.
     void UpdateTreeToolbar();
 
     /// A command of the host's menu bar, for the tree of the current pane.

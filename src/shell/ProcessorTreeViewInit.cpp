@@ -1,10 +1,12 @@
 #include "interfaces/host/ProcessorTreeViewInit.h"
 
+#include "data/GuiThread.h"
 #include "interfaces/host/IUIManagement.h"
 #include "shell/CProcessorTreeView.h"
 
 int CProcessorTreeView_Init(ICorvidWidget** ppWidget, IUIManagement* pUIManagement)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (!ppWidget) {
         return 0;
     }

@@ -1,7 +1,11 @@
 #include "shell/WindowTitle.h"
 
+#include "data/GuiThread.h"
+
 #include <QApplication>
 #include <QMainWindow>
+
+namespace WindowTitle {
 
 QMainWindow* GetMainWindow()
 {
@@ -14,8 +18,9 @@ QMainWindow* GetMainWindow()
     return nullptr;
 }
 
-void SetMainWindowTitle(const QString& strProject)
+void ShowProject(const QString& strProject)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     QMainWindow* pMainWindow = GetMainWindow();
     if (!pMainWindow) {
         return;
@@ -23,3 +28,5 @@ void SetMainWindowTitle(const QString& strProject)
     const QString strApplication = QStringLiteral("Kestrel");
     pMainWindow->setWindowTitle(strProject.isEmpty() ? strApplication : strProject + QStringLiteral(" - ") + strApplication);
 }
+
+} // namespace WindowTitle

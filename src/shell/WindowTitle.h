@@ -3,9 +3,15 @@
 class QMainWindow;
 class QString;
 
-/// The first main window among the application's top-level widgets; null when there is none.
+/// The title of the host's main window. Not translated. GUI thread.
+namespace WindowTitle {
+
+/// The first main window among the application's top-level widgets, owned by the host; null when there is
+/// none.
 QMainWindow* GetMainWindow();
 
-/// Titles the main window after the project: "Alpha - Kestrel", or "Kestrel" for an empty name. Not
-/// translated. Does nothing when there is no main window.
-void SetMainWindowTitle(const QString& strProject);
+/// Names the main window after the project: "Alpha - Kestrel", or "Kestrel" for an empty name. Does nothing
+/// when there is no main window.
+void ShowProject(const QString& strProject);
+
+} // namespace WindowTitle

@@ -1,6 +1,7 @@
 #include "toolbar/CProcessorTreeToolBar.h"
 
 #include "data/CProcessorTreeData.h"
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/widgets/CIconButton.h"
@@ -29,6 +30,7 @@ const char szExportDisabledIcon[] = ":/image/projectManage/exportProject/exportP
 
 CProcessorTreeToolBar::CProcessorTreeToolBar(QWidget* parent) : QLabel(parent)
 {
+    Q_ASSERT(parent);
     setObjectName(QStringLiteral("ProcessorTreeToolBar"));
     setFixedHeight(nStripHeight);
     setStyleSheet(parent->styleSheet());
@@ -43,6 +45,7 @@ CProcessorTreeToolBar::~CProcessorTreeToolBar() = default;
 
 void CProcessorTreeToolBar::UpdateToolBarState()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     SProcessorAllNode tree;
     g_pProcessorTreeData->GetCurrentTree(tree);
     const bool bSimulator = g_pProcessorTreeData->IsSimulatorPane();
@@ -140,6 +143,7 @@ void CProcessorTreeToolBar::SetConnection()
 // dialog's event loop might already do it.
 void CProcessorTreeToolBar::Send(int id, QWidget* pClicked)
 {
+    Q_ASSERT(id != ToolBarMenu);
     const QPointer<CProcessorTreeToolBar> pSelf = this;
     const auto leave = connect(this, &QObject::destroyed, pClicked, [pClicked] { pClicked->setParent(nullptr); });
     emit SignalToolBar(id);
@@ -150,7 +154,7 @@ void CProcessorTreeToolBar::Send(int id, QWidget* pClicked)
     }
 }
 
-// Knows nothing of the pane, on purpose: the next UpdateToolBarState() mends the tip of Add.
+// Ignores the pane: the next UpdateToolBarState() corrects the tip of Add.
 void CProcessorTreeToolBar::UpdateText()
 {
     for (auto it = mapButton.cbegin(); it != mapButton.cend(); ++it) {

@@ -12,9 +12,9 @@ class CIconButton;
 class QAction;
 
 /// The strip of buttons under the trees: the menu (Search, Import, Export) at its left end, Add group,
-/// Add and Delete at its right end. It carries out nothing: a press becomes SignalToolBar. What it
-/// decides is which commands can be given, and only when it is told to look: nothing here watches for
-/// changes. One strip serves both panes. A label without text, so that a style sheet can dress it.
+/// Add and Delete at its right end. It carries out nothing: a press becomes SignalToolBar. It only
+/// decides which commands are enabled, and only when it is called to: nothing here watches for changes. One
+/// strip serves both panes. A label without text, so that a style sheet can dress it.
 ///
 /// GUI thread only.
 class CProcessorTreeToolBar : public QLabel
@@ -26,7 +26,7 @@ public:
     explicit CProcessorTreeToolBar(QWidget* parent);
     ~CProcessorTreeToolBar() override;
 
-    /// Enables and disables everything anew, from the snapshot of the current pane and, for Delete, from
+    /// Enables and disables everything, from the snapshot of the current pane and, for Delete, from
     /// the control library.
     void UpdateToolBarState();
 

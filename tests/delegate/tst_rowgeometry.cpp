@@ -169,7 +169,7 @@ private slots:
     void editorCoversTheName()
     {
         QFETCH(int, nType);
-        QTEST(EditorRect(nType, rcRow), "rcEditor");
+        QTEST(EditorGeometry::EditorRect(nType, rcRow), "rcEditor");
     }
 
     void editorIsCentredInRowsOfAnyHeight_data()
@@ -184,7 +184,7 @@ private slots:
     void editorIsCentredInRowsOfAnyHeight()
     {
         QFETCH(int, nHeight);
-        const QRect rcEditor = EditorRect(NodeGroup, QRect(30, 40, 240, nHeight));
+        const QRect rcEditor = EditorGeometry::EditorRect(NodeGroup, QRect(30, 40, 240, nHeight));
         QTEST(rcEditor.top(), "nTop");
         QCOMPARE(rcEditor.height(), 24);
     }

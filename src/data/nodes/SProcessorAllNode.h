@@ -8,5 +8,5 @@ struct SProcessorAllNode final : SNode
     SProcessorAllNode();
 
     QList<SProcessorGroupNode> listGroup; ///< groups, in the order shown
-    QList<SProcessorNode> listProcessor;  ///< processors in no group, shown behind all groups
+    QList<SProcessorNode> listProcessor;  ///< processors in no group, shown after all groups
 };

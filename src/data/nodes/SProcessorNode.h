@@ -11,7 +11,7 @@ struct SProcessorNode final : SNode
 
     /// The first that applies: an empty text is a hit and folds the row; a hit in the type unfolds it; a
     /// hit in the name folds it; a hit in the dotted address unfolds it; everything else is no hit and
-    /// folds it. Type and address stand in the information row, hence the difference.
+    /// folds it. Type and address are shown in the information row, hence the difference.
     bool MatchText(const QString& strText) override;
 
     QUuid idNode;             ///< identity, unique in its pane; shown as the UID

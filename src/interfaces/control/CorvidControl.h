@@ -14,9 +14,11 @@ class IRuntimeControl;
 /// The eight objects of the control library. They exist before the panel is created and outlive it;
 /// none is null in that time, and the panel tests none.
 ///
-/// Messages. The seven objects with observers send plain numbers. The panel reads everything anew on
-/// 1, 7, 9, 10, 14, 15, 32, 53 and 54; it hears 59 without reading; it drops all others. Every change
-/// that the panel could show must be followed by one of the numbers that make it read.
+/// Messages. The seven objects with observers send plain numbers. The panel reads everything again on
+/// 1, 7, 9, 10, 14, 15, 32, 53 and 54; it takes note of 59 without reading; it drops all others. Every
+/// change that the panel could show must be followed by one of the numbers that make it read.
+///
+/// @since 0.1
 extern CORVIDCONTROL_EXPORT IConfigControl* g_pConfigControl;
 extern CORVIDCONTROL_EXPORT IPrcBasicControl* g_pPrcBasicControl;
 extern CORVIDCONTROL_EXPORT IPrcListControl* g_pPrcListControl;
@@ -27,8 +29,10 @@ extern CORVIDCONTROL_EXPORT IProtocalControl* g_pProtocalControl;
 extern CORVIDCONTROL_EXPORT IRuntimeControl* g_pRuntimeControl;
 
 /// The two messages that the panel posts itself, through IRuntimeControl::PostMessage.
+///
+/// @since 0.1
 enum EnPostedMessage
 {
-    MessageDeleteFinished = 14,   ///< a delete job has come to its end
+    MessageDeleteFinished = 14,   ///< a delete job has ended
     MessageSelectionRefused = 15, ///< the selection after a delete was refused; precedes 14
 };

@@ -6,6 +6,8 @@
 /// Settings of the host's installation. Has no observers. All operations may be called on any thread.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IConfigControl
 {
 public:

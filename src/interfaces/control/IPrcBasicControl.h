@@ -12,6 +12,8 @@ class CObserver;
 /// same time as all others.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IPrcBasicControl
 {
 public:

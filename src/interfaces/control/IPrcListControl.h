@@ -14,6 +14,8 @@ struct SProcessorGroupNode;
 /// a node is expected.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IPrcListControl
 {
 public:
@@ -24,8 +26,8 @@ public:
     virtual void Detach(CObserver* pObserver) = 0;
 
     /// Writes the Discovered list to the file strPath; nOption is always 0. Returns 0 on success.
-    /// Returns 1 only when what it left at strPath is worthless: at its end the panel then removes that
-    /// file. A failure that leaves an earlier file in place answers any other number.
+    /// Returns 1 only when what it left at strPath is worthless: the panel then removes that file as it
+    /// ends. A failure that leaves an earlier file in place returns any other number.
     virtual qint32 ExportList(QString strPath, qint32 nOption) = 0;
 
     /// Replaces the Discovered list by the file strPath. Returns 0 on success, 2 for a file that is no
@@ -43,11 +45,11 @@ public:
     virtual void AddGroup(SProcessorGroupNode node, bool bEmpty) = 0;
 
     /// Deletes a group: with its processors, as DeleteProcessor does, or, bWithProcessors false, the group
-    /// only: they move to the root of the pane, and the call must not block. Bears an id that is gone.
+    /// only: they move to the root of the pane, and the call must not block. An id that is gone is ignored.
     virtual void DeleteGroup(QUuid idGroup, bool bWithProcessors) = 0;
 
-    /// Deletes a processor; bOption is always false. May block as long as the device takes. Bears an id
-    /// that is gone: a processor may have left with its group a moment before.
+    /// Deletes a processor; bOption is always false. May block as long as the device takes. An id
+    /// that is gone is ignored: a processor may have left with its group a moment before.
     virtual void DeleteProcessor(QUuid idProcessor, bool bOption) = 0;
 
     /// Moves a processor into a group, or to the root of its pane for a null idGroup.
@@ -56,7 +58,7 @@ public:
     /// Sets the name of a group. The library may refuse; the old name then stays.
     virtual void RenameGroup(QUuid idGroup, QString strName) = 0;
 
-    /// For a processor: true offers its renaming. Together with IRuntimeControl::IsNodeInUse it blocks
+    /// For a processor: true allows renaming it. Together with IRuntimeControl::IsNodeInUse it blocks
     /// deletion.
     virtual bool IsNodeActive(QUuid idNode) = 0;
 

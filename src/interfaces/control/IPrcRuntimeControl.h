@@ -2,10 +2,12 @@
 
 class CObserver;
 
-/// The running state of the processors. The panel only listens to it. All
-/// operations may be called on any thread.
+/// The running state of the processors. The panel only listens to it. All operations may be called on any
+/// thread.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IPrcRuntimeControl
 {
 public:

@@ -5,6 +5,8 @@ class CObserver;
 /// Preferences of the user. All operations may be called on any thread.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IPreferenceControl
 {
 public:

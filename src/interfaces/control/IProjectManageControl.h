@@ -6,6 +6,8 @@ struct SProjectInfo;
 /// The project that is open in the host. All operations may be called on any thread.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IProjectManageControl
 {
 public:

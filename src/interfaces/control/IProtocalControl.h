@@ -2,10 +2,12 @@
 
 class CObserver;
 
-/// The protocol that talks to the processors. The panel only listens to it. All
-/// operations may be called on any thread.
+/// The protocol that talks to the processors. The panel only listens to it. All operations may be called on
+/// any thread.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IProtocalControl
 {
 public:

@@ -10,6 +10,8 @@ class CObserver;
 /// on any thread, at the same time as all others. A null id stands for the root of the current pane.
 ///
 /// The order of the virtual operations is part of the contract.
+///
+/// @since 0.1
 class IRuntimeControl
 {
 public:

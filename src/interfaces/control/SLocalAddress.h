@@ -3,6 +3,8 @@
 #include <QtGlobal>
 
 /// The address under which this machine reaches its processors.
+///
+/// @since 0.1
 struct SLocalAddress
 {
     /// IPv4 address in host order, the form of QHostAddress(quint32).

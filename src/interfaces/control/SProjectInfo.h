@@ -8,6 +8,8 @@
 /// what it knows.
 ///
 /// The caller sets the time fields to its local time at the moment of the call.
+///
+/// @since 0.1
 struct SProjectInfo
 {
     QUuid idProject;

@@ -3,9 +3,13 @@
 #include <QtGlobal>
 
 /// The largest number of simulators that the Simulator pane holds.
+///
+/// @since 0.1
 constexpr qint32 nMaxSimulators = 2;
 
 /// What to add to the Simulator pane.
+///
+/// @since 0.1
 struct SSimulatorRequest
 {
     /// Processor type, in the numbering of IPrcBasicControl::GetTypeName.

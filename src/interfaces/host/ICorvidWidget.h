@@ -12,6 +12,8 @@ class QWidget;
 ///
 /// The host reaches the interface from the pointer that CProcessorTreeView_Init hands out, or from the
 /// widget by qobject_cast<ICorvidWidget*>, whose name for it is "ICorvidWidget".
+///
+/// @since 0.1
 class ICorvidWidget
 {
 public:
@@ -20,7 +22,7 @@ public:
     /// no job that the panel started (refresh, add, import) may be running.
     virtual ~ICorvidWidget() = default;
 
-    /// Pulls the present snapshot onto the screen. Does nothing while a refresh that the user asked
+    /// Shows the present snapshot on the screen. Does nothing while a refresh that the user asked
     /// for is running; its end makes up for it.
     virtual void UpdateWidget() = 0;
 

@@ -11,6 +11,8 @@ class QPushButton;
 
 /// A modal dialog with the host's title bar (which drags the window and closes it by its cross), a
 /// layout for the contents and a row of buttons. Escape and the cross reject it.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CBaseDialog : public QDialog
 {
     Q_OBJECT

@@ -19,6 +19,8 @@
 /// ThreadFinished() was called or the object is destroyed.
 ///
 /// The virtual operations behind those of QObject are Notify and ThreadStart, in this order.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CBaseThread : public QObject, public CObserver
 {
     Q_OBJECT
@@ -54,7 +56,7 @@ protected:
     std::atomic<bool> bExit{ false }; ///< set by ThreadExit, read by the loop on each pass
     std::mutex mutexWake;             ///< guards the wait on condWake
     std::condition_variable condWake; ///< the loop sleeps on it
-    std::atomic<bool> bIdle{ true };  ///< true: the loop is to sleep; false: the queue has work
+    std::atomic<bool> bIdle{ true };  ///< true: the loop may sleep; false: the queue has work
     std::mutex mutexQueue;            ///< guards listMessage and bFrontMissed
     QList<int> listMessage;           ///< message numbers, oldest first; guarded by mutexQueue
 

@@ -12,6 +12,8 @@ class QStyleOptionComboBox;
 /// A button that shows one entry of a menu and lets the user choose another. Entries are the menu's
 /// actions, known by their data. Space, F4, Alt+Down or a press opens the menu; Up, Down, Home, End and
 /// the first letter choose without it.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CComboBox : public QWidget
 {
     Q_OBJECT

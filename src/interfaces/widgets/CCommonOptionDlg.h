@@ -6,8 +6,10 @@
 
 /// A dialog that offers a few ways to go on, one large button per way, and below them a button that
 /// cancels. Cancel has the focus whenever the dialog opens; Tab and the arrows go from there to the
-/// options and round. exec() gives the 1-based number of the option that was chosen, in the order of
+/// options and round. exec() returns the 1-based number of the option that was chosen, in the order of
 /// AddOption, and 0 for none.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CCommonOptionDlg : public CBaseDialog
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include <QDoubleSpinBox>
 
 /// A spin box in the look of the host. The wheel moves it only while it has the focus.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CDoubleSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT

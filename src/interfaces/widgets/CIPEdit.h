@@ -7,8 +7,10 @@
 #include <QWidget>
 
 /// A field for an IPv4 address: four numbers of 0 to 255 with dots between them. Addresses are in host
-/// order, the form of QHostAddress(quint32). An edit that is empty at start is in error without having
-/// said so. The state shows as the property "Error", a mark at the right end and a tool tip that says why.
+/// order, the form of QHostAddress(quint32). A new, empty edit is in error without having
+/// emitted that. The state shows as the property "Error", a mark at the right end and a tool tip that says why.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CIPEdit : public QWidget
 {
     Q_OBJECT
@@ -19,7 +21,7 @@ public:
 
     void SetAddress(quint32 nIP);
 
-    /// Gives the address in nIP; a place that is empty counts as 0. False when a place is empty.
+    /// Stores the address in nIP; an empty place counts as 0. False when a place is empty.
     bool GetAddress(quint32& nIP) const;
 
     /// The addresses that may not be taken.

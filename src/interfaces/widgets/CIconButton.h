@@ -6,6 +6,8 @@
 #include <QToolButton>
 
 /// A flat button that is its icon. Takes its accessible name from its tool tip where none is set.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CIconButton : public QToolButton
 {
     Q_OBJECT

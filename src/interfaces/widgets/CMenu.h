@@ -6,6 +6,8 @@
 #include <QPointer>
 
 /// A menu in the look of the host.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CMenu : public QMenu
 {
     Q_OBJECT
@@ -14,8 +16,8 @@ public:
     explicit CMenu(QWidget* parent);
     ~CMenu() override;
 
-    /// Minimum width of the menu in pixels. Stands in front of QWidget's operation of the same name and
-    /// also keeps the entries' frame within it.
+    /// Minimum width of the menu in pixels. Hides QWidget's operation of the same name, and also keeps the
+    /// entries' frame within it.
     void setMinimumWidth(int nWidth);
 
     /// Names the widget that opens this menu: it gets the property "MenuOpen" = true while the menu is

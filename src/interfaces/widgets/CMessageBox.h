@@ -8,6 +8,8 @@ class QString;
 class QWidget;
 
 /// Modal message boxes in the look of the host. GUI thread; each call blocks until the user answered.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CMessageBox
 {
 public:
@@ -20,12 +22,12 @@ public:
     };
     Q_DECLARE_FLAGS(StandardButtons, StandardButton)
 
-    /// Tells something. Returns the button that was pressed; ButtonNone when the box was closed by
+    /// Shows a message. Returns the button that was pressed; ButtonNone when the box was closed by
     /// Escape or by its cross and has no ButtonNo.
     static StandardButton information(QWidget* parent, const QString& title, const QString& text, StandardButtons buttons,
                                       StandardButton defaultButton);
 
-    /// Asks something. As information; closing a box that has ButtonNo counts as ButtonNo.
+    /// Asks a question. As information, but closing a box that has ButtonNo counts as ButtonNo.
     static StandardButton question(QWidget* parent, const QString& title, const QString& text, StandardButtons buttons,
                                    StandardButton defaultButton);
 

@@ -6,8 +6,10 @@
 #include <QScrollBar>
 
 /// A slim scroll bar that is laid over a view and moves with the view's own, hidden bar. Its thickness
-/// is 5 pixels, whatever the style says. Where it lies is the view's business. A drag that comes over it
-/// means the view: the bar passes it on to the viewport.
+/// is 5 pixels, whatever the style says. The view places it. A drag over the bar is meant for the view: the
+/// bar passes it on to the viewport.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CScrollBar : public QScrollBar
 {
     Q_OBJECT
@@ -20,7 +22,7 @@ public:
     /// over when its range or value changes, when its view paints and before this bar takes input.
     /// When the range changes the bar shows itself if there is something to scroll, its parent is at least
     /// 10 pixels wide and high and its place lies within its parent, and hides itself otherwise.
-    /// pSystemBar stays owned by its view and must not be null. One call an object.
+    /// pSystemBar stays owned by its view and must not be null. Once per object.
     void ConnectSystem(QScrollBar* pSystemBar);
 
     QSize sizeHint() const override;

@@ -9,6 +9,8 @@ class QKeyEvent;
 
 /// A line to type a search text into, with a magnifier and a clear button. Escape clears the text, and is
 /// left to the parent when there is none.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CSearchBox : public QWidget
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include <QFrame>
 
 /// A line between two parts of a panel.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CSeperator : public QFrame
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 class QString;
 
 /// The one tool tip of the application, at the mouse. GUI thread.
+///
+/// @since 0.1
 class COMMONCOMPONENT_EXPORT CToolTip
 {
 public:

@@ -1,5 +1,6 @@
 #include "shell/commands/CAddCommands.h"
 
+#include "data/GuiThread.h"
 #include "dialogs/CAddProcessorDlg.h"
 #include "dialogs/CAddSimulatorDlg.h"
 #include "interfaces/control/CorvidControl.h"
@@ -28,7 +29,9 @@ int Run(QDialog& dlg)
 CAddCommands::CAddCommands(QWidget* pParentIn, std::function<void()> fnUpdateToolBarIn,
                            std::function<void()> fnAnnounceSelectionIn)
     : pParent(pParentIn), fnUpdateToolBar(std::move(fnUpdateToolBarIn)), fnAnnounceSelection(std::move(fnAnnounceSelectionIn))
-{ }
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+}
 
 void CAddCommands::AddGroup()
 {

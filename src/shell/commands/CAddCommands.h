@@ -13,9 +13,9 @@ class CAddCommands
     Q_DECLARE_TR_FUNCTIONS(CProcessorTreeView)
 
 public:
-    /// pParentIn is the parent of all dialogs; not owned. fnUpdateToolBarIn enables and disables the tool bar's
-    /// commands anew; called on the GUI thread. fnAnnounceSelectionIn announces that a command may have moved
-    /// the selection; called on the thread that the command says, and must be callable until the command ends.
+    /// pParentIn is the parent of all dialogs; not owned. fnUpdateToolBarIn updates which commands of the
+    /// tool bar are enabled; called on the GUI thread. fnAnnounceSelectionIn announces that a command may have
+    /// moved the selection; called on the thread that the command names, until the command ends.
     CAddCommands(QWidget* pParentIn, std::function<void()> fnUpdateToolBarIn, std::function<void()> fnAnnounceSelectionIn);
 
     /// Adds an empty group under the library's next number, selects it, updates the tool bar and announces the

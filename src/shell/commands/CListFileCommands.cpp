@@ -1,5 +1,6 @@
 #include "shell/commands/CListFileCommands.h"
 
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -34,7 +35,9 @@ QFileDialog* CreateFileDialog(QWidget* pParent)
 
 CListFileCommands::CListFileCommands(QWidget* pParentIn, std::function<void()> fnAnnounceImportIn)
     : pParent(pParentIn), fnAnnounceImport(std::move(fnAnnounceImportIn))
-{ }
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+}
 
 void CListFileCommands::Import()
 {

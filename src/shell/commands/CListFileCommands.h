@@ -17,15 +17,14 @@ class CListFileCommands
 
 public:
     /// pParentIn is the parent of all dialogs; not owned. It may be destroyed under an open file dialog.
-    /// fnAnnounceImportIn announces that the scan behind an import is done; called on a thread of the pool,
-    /// and must be callable until that scan is done.
+    /// fnAnnounceImportIn announces that the scan behind an import is done; called on a thread of the pool.
     CListFileCommands(QWidget* pParentIn, std::function<void()> fnAnnounceImportIn);
 
     /// Asks before a list that holds anything is overwritten. After a success the scan runs on a thread
     /// of the pool, busy, and nothing waits for it.
     void Import();
 
-    /// A failure is not reported, on purpose: that an export is silent about it is the contract with the host.
+    /// A failure is not reported: by the contract with the host only a success is.
     void Export();
 
     /// Reports that the scan behind an import is done.

@@ -1,5 +1,6 @@
 #include "shell/commands/ListAtEnd.h"
 
+#include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -10,6 +11,7 @@ namespace ListAtEnd {
 
 void Save()
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     constexpr int nWorthless = 1;
     const QString strPath = g_pConfigControl->GetListFilePath();
     if (g_pPrcListControl->ExportList(strPath, 0) != nWorthless) {

@@ -1,6 +1,6 @@
-#include "dialogs/SAddressScan.h"
+#include "dialogs/CAddressScan.h"
 
-SAddressScan::SAddressScan(quint32 nStart)
+CAddressScan::CAddressScan(quint32 nStart)
 {
     for (int i = nPlaces - 1; i >= 0; --i) {
         arrPlace[i] = int(nStart & 0xFF);
@@ -8,7 +8,7 @@ SAddressScan::SAddressScan(quint32 nStart)
     }
 }
 
-quint32 SAddressScan::GetAddress() const
+quint32 CAddressScan::GetAddress() const
 {
     quint32 nIP = 0;
     for (int nPlace : arrPlace) {
@@ -17,7 +17,7 @@ quint32 SAddressScan::GetAddress() const
     return nIP;
 }
 
-bool SAddressScan::Next()
+bool CAddressScan::Next()
 {
     int i = nPlaces - 1;
     while (i >= 0 && arrPlace[i] >= nHighest) {
@@ -33,9 +33,9 @@ bool SAddressScan::Next()
     return true;
 }
 
-quint32 SAddressScan::FindFree(const QSet<quint32>& setTaken, quint32 nStart)
+quint32 CAddressScan::FindFree(const QSet<quint32>& setTaken, quint32 nStart)
 {
-    SAddressScan scan(nStart);
+    CAddressScan scan(nStart);
     while (setTaken.contains(scan.GetAddress()) && scan.Next()) { }
     return scan.GetAddress();
 }

@@ -1,5 +1,6 @@
-#include "data/SStoreReading.h"
+#include "data/StoreReading.h"
 
+#include "data/SStoreReading.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -30,7 +31,9 @@ SProjectInfo MakeProjectInfo()
 
 } // namespace
 
-SStoreReading SStoreReading::Take()
+namespace StoreReading {
+
+SStoreReading Take()
 {
     SStoreReading reading;
     g_pPrcListControl->GetDiscoveredTree(reading.nodeDiscovered);
@@ -48,3 +51,5 @@ SStoreReading SStoreReading::Take()
     reading.bChiefMode = g_pPreferenceControl->IsChiefMode();
     return reading;
 }
+
+} // namespace StoreReading
