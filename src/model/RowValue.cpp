@@ -1,5 +1,6 @@
 #include "model/RowValue.h"
 
+#include "data/GuiThread.h"
 #include "model/EnItemRole.h"
 
 #include <QAbstractItemModel>
@@ -18,6 +19,7 @@ QUuid NodeId(const QModelIndex& index)
 
 void Write(const QModelIndex& index, const QVariant& value, int nRole)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
     if (auto* pModel = const_cast<QAbstractItemModel*>(index.model())) {
         pModel->setData(index, value, nRole);
     }

@@ -5,7 +5,6 @@
 #include <QVariant>
 
 /// What a row of the tree knows, by its index: the one place that reads the kind and the id under their roles.
-/// GUI thread.
 namespace RowValue {
 
 /// The kind of the row, an EnNodeType; 0 for an invalid index.
@@ -15,6 +14,7 @@ int NodeType(const QModelIndex& index);
 QUuid NodeId(const QModelIndex& index);
 
 /// Writes a value under nRole, an EnItemRole, through the row's model; nothing for an index that is invalid.
+/// GUI thread.
 void Write(const QModelIndex& index, const QVariant& value, int nRole);
 
 } // namespace RowValue

@@ -28,10 +28,10 @@ class QToolButton;
 /// keys after a click on a part of the panel that takes no focus itself, such as a button of the tool bar. A pane
 /// that the library changes raises no tree and leaves the keys where they are.
 ///
-/// GUI thread, except for the signals where they say so. Slow operations run on other threads, between SetBusy(true)
-/// and SetBusy(false) of the control library, and nothing waits for them: the owner must not delete the
-/// panel while one runs. The destructor waits only for a refresh of the store, without a limit, and then
-/// saves the list.
+/// GUI thread, except for the signals where they say so. Slow operations run on other threads, between
+/// SetBusy(true) and SetBusy(false) of the control library, and nothing waits for them: the owner must not
+/// delete the panel while one runs. The destructor waits only for a refresh of the store, without a limit,
+/// and then saves the list.
 class CProcessorTreeView : public QWidget, public ICorvidWidget
 {
     Q_OBJECT

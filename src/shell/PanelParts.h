@@ -9,7 +9,7 @@ class QToolButton;
 class QWidget;
 
 /// The parts above and below the trees of the panel: how they are dressed and laid out. The host's style
-/// sheet relies on the object names and properties. Widgets stay owned by their parents. GUI thread.
+/// sheet relies on the object names and properties. Widgets stay owned by their parents.
 namespace PanelParts {
 
 /// Makes a button one of the tabs; strPosition is its place among them, "first" or "middle".

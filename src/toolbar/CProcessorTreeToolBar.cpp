@@ -137,10 +137,10 @@ void CProcessorTreeToolBar::SetConnection()
     }
 }
 
-// The host may end the panel under a dialog of the command. Qt's handler of the click uses what was clicked to
-// its end, and nobody else deletes the menu that Qt's button runs: so a tool bar that goes leaves it behind.
-// It is deleted from here, when that handler has returned; asked for where the tool bar goes, deeper in, the
-// dialog's event loop might already do it.
+// The host may end the panel under a dialog of the command. Qt's handler of the click goes on using what was
+// clicked, and nobody else deletes the menu that Qt's button runs: so an ending tool bar leaves it behind. The
+// deletion is asked for here, to come after that handler; asked for where the tool bar ends, the event loop of
+// the dialog could carry it out too early.
 void CProcessorTreeToolBar::Send(int id, QWidget* pClicked)
 {
     Q_ASSERT(id != ToolBarMenu);
