@@ -290,5 +290,5 @@ QUuid CProcessorTree::GetNodeAboveSelection()
     if (!indexRoot.isValid()) {
         return QUuid();
     }
-    return NeighbourNode::RowValue::NodeId(AboveSelection(*this, indexRoot));
+    return RowValue::NodeId(NeighbourNode::AboveSelection(*this, indexRoot));
 }
