@@ -96,10 +96,14 @@ bool CDayPlayer::TakeFirst(QVector<SScenarioStep>& vecStep)
     if (!WaitUntil(step.nAt)) {
         return false;
     }
-    QVector<SScenarioStep> vecFollow;
-    Take(step, vecFollow);
-    for (const SScenarioStep& stepLater : std::as_const(vecFollow)) {
-        Insert(vecStep, stepLater);
+    if (CStepRunner::IsBlocking(step)) {
+        TakeAside(step);
+    } else {
+        const SStepResult result = runner.Run(step);
+        Report(step, result);
+        for (const SScenarioStep& stepLater : result.vecFollow) {
+            Insert(vecStep, stepLater);
+        }
     }
     return true;
 }
@@ -119,27 +123,16 @@ bool CDayPlayer::WaitUntil(qint64 nTime)
     return !bStop;
 }
 
-void CDayPlayer::Take(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow)
-{
-    if (CStepRunner::IsBlocking(step)) {
-        TakeAside(step);
-    } else {
-        Tell(step, runner.Run(step, vecFollow));
-    }
-}
-
 void CDayPlayer::TakeAside(const SScenarioStep& step)
 {
-    vecAside.emplace_back([this, step] {
-        QVector<SScenarioStep> vecNone;
-        Tell(step, runner.Run(step, vecNone));
-    });
+    Q_ASSERT(std::this_thread::get_id() == threadLife.get_id());
+    vecAside.emplace_back([this, step] { Report(step, runner.Run(step)); });
 }
 
-void CDayPlayer::Tell(const SScenarioStep& step, const QString& strFault)
+void CDayPlayer::Report(const SScenarioStep& step, const SStepResult& result)
 {
-    if (!strFault.isEmpty()) {
-        events.Refuse(QStringLiteral("The step \"%1\" was passed over: %2").arg(step.strDo, strFault));
+    if (!result.strFault.isEmpty()) {
+        events.Refuse(QStringLiteral("The step \"%1\" was passed over: %2").arg(step.strDo, result.strFault));
     } else {
         emit events.LifeStep(runner.GetText(step));
     }

@@ -40,9 +40,8 @@ private:
     bool TakeFirst(QVector<SScenarioStep>& vecStep);
     static void Insert(QVector<SScenarioStep>& vecStep, const SScenarioStep& step);
     bool WaitUntil(qint64 nTime);
-    void Take(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
     void TakeAside(const SScenarioStep& step);
-    void Tell(const SScenarioStep& step, const QString& strFault);
+    void Report(const SScenarioStep& step, const SStepResult& result);
 
     CProcessorList& processors;
     CStepRunner& runner;
