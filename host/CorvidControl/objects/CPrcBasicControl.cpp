@@ -3,22 +3,11 @@
 #include "CorvidControl/devices/CDeviceCommands.h"
 #include "CorvidControl/devices/CDeviceTypes.h"
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/objects/CHostState.h"
 
 CPrcBasicControl::CPrcBasicControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn)
-    : dispatcher(dispatcherIn), processors(processorsIn), commands(commandsIn)
+    : CObserved(dispatcherIn), processors(processorsIn), commands(commandsIn)
 { }
-
-void CPrcBasicControl::Attach(CObserver* pObserver)
-{
-    dispatcher.Attach(SenderPrcBasic, pObserver);
-}
-
-void CPrcBasicControl::Detach(CObserver* pObserver)
-{
-    dispatcher.Detach(SenderPrcBasic, pObserver);
-}
 
 void CPrcBasicControl::RefreshProcessors()
 {
