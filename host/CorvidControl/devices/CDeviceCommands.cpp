@@ -55,6 +55,12 @@ CDeviceCommands::CDeviceCommands(CProcessorList& processorsIn, CJobs& jobsIn, ID
     : processors(processorsIn), jobs(jobsIn), network(networkIn)
 { }
 
+void CDeviceCommands::SetDeletionListener(const std::function<void(int nNodes)>& listenerNew)
+{
+    Q_ASSERT(!listenerDeletion);
+    listenerDeletion = listenerNew;
+}
+
 void CDeviceCommands::Scan()
 {
     const QString strCommand = QStringLiteral("Scanning the network");

@@ -21,10 +21,7 @@ public:
 
     /// Who hears that nodes of the Discovered list are about to be deleted in one step, and how many. On the
     /// thread that deletes, which may wait for it; without a lock. Set it once, before anything else.
-    void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew)
-    {
-        listenerDeletion = listenerNew;
-    }
+    void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew);
 
     void Scan();
     void Add(quint32 nIP);

@@ -17,6 +17,7 @@ bool IsPrivate(quint32 nIP)
 
 void CSimulatedNetwork::SetListener(const Listener& listenerNew)
 {
+    Q_ASSERT(!listener);
     listener = listenerNew;
 }
 
@@ -136,7 +137,7 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
     listener(device);
 }
 
-// Needs the lock, and lets go of it while it waits.
+// Lets go of the lock while it waits.
 void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
 {
     condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });

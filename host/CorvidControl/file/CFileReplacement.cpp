@@ -54,6 +54,7 @@ bool CFileReplacement::Write(const QByteArray& bytes)
 
 CFileReplacement::EnResult CFileReplacement::Place(bool bOverwrite)
 {
+    Q_ASSERT(!strTemporary.isEmpty() && nFile < 0 && strFault.isEmpty());
     const QByteArray from = QFile::encodeName(strTemporary);
     const QByteArray to = QFile::encodeName(strTarget);
     int nResult = bOverwrite ? std::rename(from.constData(), to.constData())

@@ -1,5 +1,7 @@
 #include "CorvidControl/file/CListKeeper.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 CListKeeper::CListKeeper(const std::function<bool()>& saveIn, const SListClock& clockIn)
@@ -32,6 +34,7 @@ void CListKeeper::Wake()
 
 void CListKeeper::Stop()
 {
+    Q_ASSERT(std::this_thread::get_id() != threadSave.get_id());
     {
         const std::lock_guard<std::mutex> lock(mutex);
         bStop = true;
@@ -44,9 +47,9 @@ void CListKeeper::Stop()
 
 void CListKeeper::Run()
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    Lock lock(mutex);
     while (!bStop) {
-        const std::optional<Time> timeDue = FindDue();
+        const std::optional<Time> timeDue = FindDue(lock);
         if (!timeDue) {
             condWork.wait(lock);
         } else if (clock.now() < *timeDue) {
@@ -60,8 +63,8 @@ void CListKeeper::Run()
     }
 }
 
-// Needs the lock, and lets go of it while saving. A change that comes meanwhile waits anew.
-void CListKeeper::SaveNow(std::unique_lock<std::mutex>& lock)
+// Lets go of the lock while it saves. A change that comes meanwhile waits anew.
+void CListKeeper::SaveNow(Lock& lock)
 {
     timeFirst.reset();
     lock.unlock();
@@ -73,8 +76,7 @@ void CListKeeper::SaveNow(std::unique_lock<std::mutex>& lock)
     }
 }
 
-// Needs the lock.
-std::optional<CListKeeper::Time> CListKeeper::FindDue() const
+std::optional<CListKeeper::Time> CListKeeper::FindDue(const Lock& /*lock*/) const
 {
     return timeFirst ? std::make_optional(std::min(timeLast + timeQuiet, *timeFirst + timeLongest)) : std::nullopt;
 }

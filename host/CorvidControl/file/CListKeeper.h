@@ -32,11 +32,12 @@ public:
     void Stop();
 
 private:
+    using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
     using Time = std::chrono::steady_clock::time_point;
 
     void Run();
-    void SaveNow(std::unique_lock<std::mutex>& lock);
-    std::optional<Time> FindDue() const;
+    void SaveNow(Lock& lock);
+    std::optional<Time> FindDue(const Lock& lock) const;
 
     const std::function<bool()> save;
     const SListClock clock;

@@ -12,8 +12,6 @@
 
 namespace {
 
-using Lock = std::lock_guard<std::mutex>;
-
 QString BuildTrouble(const SListSave& save)
 {
     return save.result == SListSave::Saved ? QString() : QStringLiteral("The list is not being saved. ") + save.strReason;
@@ -27,6 +25,7 @@ CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, cons
 
 bool CListStore::Load()
 {
+    Q_ASSERT(processors.GetEdition().nEdit == 0);
     SNews news;
     {
         const Lock lock(mutexFile);
@@ -59,7 +58,7 @@ QString CListStore::Save()
     QString strFault;
     {
         const Lock lock(mutexFile);
-        strFault = BuildTrouble(SaveHere(news, false));
+        strFault = BuildTrouble(SaveHere(lock, news, false));
         if (!own.IsEdited(processors.GetEdition().nEdit)) {
             strFault.clear();
         }
@@ -75,7 +74,7 @@ bool CListStore::SaveSoon()
     {
         const Lock lock(mutexFile);
         if (own.IsUnsecured(processors.GetEdition().nEdit)) {
-            bSecured = SaveHere(news, false).bSecured;
+            bSecured = SaveHere(lock, news, false).bSecured;
         }
     }
     Tell(news);
@@ -109,12 +108,12 @@ CListStore::EnExportResult CListStore::Export(const QString& strPath)
         const Lock lock(mutexFile);
         const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
         if (bOwnFile || FileAccess::IsSamePlace(strPath, GetPath())) {
-            const SListSave save = SaveHere(news, true);
+            const SListSave save = SaveHere(lock, news, true);
             result = save.result == SListSave::Saved  ? ExportDone
                 : save.result == SListSave::LeftAlone ? ExportLeftAlone
                                                       : ExportNotWritten;
         } else {
-            result = ExportElsewhere(strPath, news);
+            result = ExportElsewhere(lock, strPath, news);
         }
     }
     Tell(news);
@@ -128,7 +127,7 @@ CListStore::EnImportResult CListStore::Import(const QString& strPath)
     EnImportResult result = ImportLocked;
     if (!processors.GetHost().IsLocked()) {
         const Lock lock(mutexFile);
-        result = TryImport(strPath, strFault, news);
+        result = TryImport(lock, strPath, strFault, news);
     }
     Tell(news);
     if (result != ImportDone) {
@@ -137,9 +136,7 @@ CListStore::EnImportResult CListStore::Import(const QString& strPath)
     return result;
 }
 
-// All below but Tell need mutexFile.
-
-SListSave CListStore::SaveHere(SNews& news, bool bAlways)
+SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
 {
     const SListSave save = own.Save(processors.GetEdition());
     news.listWarning += save.listWarning;
@@ -150,7 +147,7 @@ SListSave CListStore::SaveHere(SNews& news, bool bAlways)
     return save;
 }
 
-CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, SNews& news) const
+CListStore::EnExportResult CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, SNews& news) const
 {
     QString strFault = QStringLiteral("no file was named");
     if (!strPath.isEmpty()) {
@@ -166,7 +163,7 @@ CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, S
     return ExportNotWritten;
 }
 
-CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString& strFault, SNews& news)
+CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const QString& strPath, QString& strFault, SNews& news)
 {
     const SFileContent content = FileAccess::Read(strPath, processors.GetLimits().nBytes);
     if (content.kind != SFileContent::Read) {

@@ -65,6 +65,8 @@ public:
     EnImportResult Import(const QString& strPath);
 
 private:
+    using Lock = std::lock_guard<std::mutex>; ///< whoever takes one as a parameter works under mutexFile
+
     /// What is to be told when no lock is held any more.
     struct SNews
     {
@@ -72,9 +74,9 @@ private:
         bool bTrouble = false; ///< it is another than before
     };
 
-    SListSave SaveHere(SNews& news, bool bAlways);
-    EnExportResult ExportElsewhere(const QString& strPath, SNews& news) const;
-    EnImportResult TryImport(const QString& strPath, QString& strFault, SNews& news);
+    SListSave SaveHere(const Lock& lock, SNews& news, bool bAlways);
+    EnExportResult ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
+    EnImportResult TryImport(const Lock& lock, const QString& strPath, QString& strFault, SNews& news);
     void SetTrouble(const QString& strTroubleNow, SNews& news);
     void Tell(const SNews& news);
 

@@ -4,9 +4,9 @@
 #include "CorvidControl/file/CListAside.h"
 #include "CorvidControl/file/CListLock.h"
 #include "CorvidControl/file/CListPlace.h"
-#include "CorvidControl/file/SListEdition.h"
 #include "CorvidControl/file/SListReading.h"
 #include "CorvidControl/file/SListSave.h"
+#include "CorvidControl/list/SListEdition.h"
 #include "CorvidControl/list/SListLimits.h"
 
 /// The list's own place with all that stands beside it: the lock, the earlier generations, the dated file.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/file/SListEdition.h"
+#include "CorvidControl/list/SListEdition.h"
 
 #include <functional>
 #include <mutex>

@@ -52,6 +52,7 @@ public:
     void Stop();
 
 private:
+    using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
     using Time = CSteadyClock::Time;
 
     struct SSubscription
@@ -71,15 +72,15 @@ private:
     };
 
     void Run();
-    void Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly);
-    bool AwaitBurst(std::unique_lock<std::mutex>& lock);
-    void WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd);
-    std::deque<SPending> TakeBurst();
-    Time FindBurst(Time timeNow) const;
-    Time FindRelease(Time timeNow) const;
-    bool IsFree(const SPending& pending, Time timeNow) const;
-    void Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
-    bool IsSubscribed(const SSubscription& subscription) const;
+    void Enqueue(const Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool AwaitBurst(Lock& lock);
+    void WaitUntil(Lock& lock, Time timeEnd);
+    std::deque<SPending> TakeBurst(const Lock& lock);
+    Time FindBurst(const Lock& lock, Time timeNow) const;
+    Time FindRelease(const Lock& lock, Time timeNow) const;
+    bool IsFree(const Lock& lock, const SPending& pending, Time timeNow) const;
+    void Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool IsSubscribed(const Lock& lock, const SSubscription& subscription) const;
 
     const std::unique_ptr<const CSteadyClock> pClock;
 
