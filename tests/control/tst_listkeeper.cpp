@@ -1,6 +1,6 @@
 #include "Builders.h"
 #include "CControlFixture.h"
-#include "CListTime.h"
+#include "CHandClock.h"
 #include "CNameRegistry.h"
 #include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/CListKeeper.h"
@@ -28,29 +28,27 @@ namespace {
 class CCountingKeeper
 {
 public:
-    CCountingKeeper() : keeper([this] { return Save(); }, time.GetClock()) { }
+    CCountingKeeper() : keeper([this] { return Save(); }, clock) { }
 
     void Pass(std::chrono::milliseconds timePassed)
     {
-        time.Pass(timePassed);
-        keeper.Wake();
+        clock.Turn(timePassed);
     }
+
     /// As Pass, while changes wait. True when the keeper has looked at the clock and goes on waiting.
     bool PassUnsaved(std::chrono::milliseconds timePassed)
     {
         const int nSavesBefore = nSaves;
-        time.Pass(timePassed);
-        const int nAsked = time.GetAsked();
-        keeper.Wake();
-        // It asks a second time only to know how long it still has to wait.
-        return QTest::qWaitFor([&] { return time.GetAsked() >= nAsked + 2 || nSaves != nSavesBefore; }) && nSaves == nSavesBefore;
+        const int nWaits = clock.Turn(timePassed);
+        return QTest::qWaitFor([&] { return clock.GetWaits() > nWaits || nSaves != nSavesBefore; }) && nSaves == nSavesBefore;
     }
+
     bool AwaitSave()
     {
         return semaphore.tryAcquire(1, 10000);
     }
 
-    CListTime time;
+    CHandClock clock;
     std::atomic<bool> bWorks{ true };
     std::atomic<int> nSaves{ 0 };
     std::atomic<std::thread::id> thread;
@@ -169,21 +167,20 @@ private slots:
     {
         std::atomic<int> nChanged{ 0 };
         std::atomic<int> nSaved{ 0 };
-        CListTime time;
+        CHandClock clock;
         CListKeeper keeper(
             [&] {
                 nSaved = nChanged.load();
                 return true;
             },
-            time.GetClock());
+            clock);
         std::vector<std::thread> vecThread;
         for (int nThread = 0; nThread < 4; ++nThread) {
             vecThread.emplace_back([&] {
                 for (int n = 0; n < 500; ++n) {
                     ++nChanged;
                     keeper.Touch();
-                    time.Pass(10ms);
-                    keeper.Wake();
+                    clock.Turn(10ms);
                 }
             });
         }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -14,7 +14,7 @@ public:
     static constexpr int nKeptDays = 10;
     static constexpr std::chrono::minutes timeBetween{ 5 };
 
-    explicit CGenerations(const SListClock& clockIn);
+    explicit CGenerations(const CControlClock& clockIn);
 
     /// True when none was kept for timeBetween, by this run or by one before it.
     bool IsDue(const QString& strListPath) const;
@@ -28,7 +28,7 @@ public:
 private:
     static QStringList FindSpare(const QStringList& listPath);
 
-    const SListClock clock;
-    std::chrono::steady_clock::time_point timeLast;
+    const CControlClock& clock;
+    CControlClock::Time timeLast;
     bool bKept = false; ///< in this run, at timeLast
 };

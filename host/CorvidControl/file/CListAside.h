@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CorvidControl/file/CListPlace.h"
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <memory>
 
@@ -10,7 +10,7 @@
 class CListAside
 {
 public:
-    CListAside(const SListClock& clockIn, int nMaxBytesIn);
+    CListAside(const CControlClock& clockIn, int nMaxBytesIn);
 
     /// False with the fault in strFault.
     bool Write(const QString& strListPath, const QByteArray& bytes, QString& strFault);
@@ -22,7 +22,7 @@ public:
     QString GetPath() const;
 
 private:
-    const SListClock clock;
+    const CControlClock& clock;
     const int nMaxBytes;
     std::unique_ptr<CListPlace> pPlace;
 };

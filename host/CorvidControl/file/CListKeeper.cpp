@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-CListKeeper::CListKeeper(const std::function<bool()>& saveIn, const SListClock& clockIn)
+CListKeeper::CListKeeper(const std::function<bool()>& saveIn, const CControlClock& clockIn)
     : save(saveIn), clock(clockIn), threadSave([this] { Run(); })
 { }
 
@@ -17,18 +17,11 @@ void CListKeeper::Touch()
 {
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        timeLast = clock.now();
+        timeLast = clock.GetNow();
         if (!timeFirst) {
             timeFirst = timeLast;
         }
     }
-    condWork.notify_all();
-}
-
-void CListKeeper::Wake()
-{
-    // Under the lock: the thread may be between its look at the clock and its wait.
-    const std::lock_guard<std::mutex> lock(mutex);
     condWork.notify_all();
 }
 
@@ -52,8 +45,8 @@ void CListKeeper::Run()
         const std::optional<Time> timeDue = FindDue(lock);
         if (!timeDue) {
             condWork.wait(lock);
-        } else if (clock.now() < *timeDue) {
-            condWork.wait_for(lock, *timeDue - clock.now());
+        } else if (clock.GetNow() < *timeDue) {
+            clock.Wait(condWork, lock, *timeDue);
         } else {
             SaveNow(lock);
         }
@@ -71,7 +64,7 @@ void CListKeeper::SaveNow(Lock& lock)
     const bool bDone = save();
     lock.lock();
     if (!bDone && !timeFirst) {
-        timeFirst = clock.now();
+        timeFirst = clock.GetNow();
         timeLast = *timeFirst + timeLongest; // no sooner, nothing else has changed
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -17,7 +17,7 @@ public:
     static constexpr std::chrono::seconds timeLongest{ 5 };
 
     /// saveIn runs without a lock and answers false when it has to be tried again.
-    CListKeeper(const std::function<bool()>& saveIn, const SListClock& clockIn);
+    CListKeeper(const std::function<bool()>& saveIn, const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// As Stop.
     ~CListKeeper();
@@ -25,22 +25,19 @@ public:
     /// The list was changed. Never waits for the disk.
     void Touch();
 
-    /// Looks at the clock again, which else happens when it should be time: for a clock that jumps.
-    void Wake();
-
     /// Saves what waits, ends and joins the thread.
     void Stop();
 
 private:
     using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
-    using Time = std::chrono::steady_clock::time_point;
+    using Time = CControlClock::Time;
 
     void Run();
     void SaveNow(Lock& lock);
     std::optional<Time> FindDue(const Lock& lock) const;
 
     const std::function<bool()> save;
-    const SListClock clock;
+    const CControlClock& clock;
 
     std::mutex mutex; ///< guards all fields below but threadSave; never held while saving
     std::condition_variable condWork;

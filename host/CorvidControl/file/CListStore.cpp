@@ -19,7 +19,7 @@ QString BuildTrouble(const SListSave& save)
 
 } // namespace
 
-CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn)
+CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const CControlClock& clockIn)
     : processors(processorsIn), events(eventsIn), own(strPath, processors.GetLimits(), clockIn)
 { }
 

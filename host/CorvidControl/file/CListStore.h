@@ -31,7 +31,8 @@ public:
         ImportLocked = 6,
     };
 
-    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn = {});
+    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath,
+               const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// Reads the library's own list, if there is one. False when it was refused, see GetLoadError. Once,
     /// before anything else.

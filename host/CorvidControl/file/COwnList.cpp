@@ -2,7 +2,7 @@
 
 #include "CorvidControl/file/CListFormat.h"
 
-COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const SListClock& clockIn)
+COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const CControlClock& clockIn)
     : limits(limitsIn), place(strPath, limits.nBytes), aside(clockIn, limits.nBytes), generations(clockIn)
 { }
 

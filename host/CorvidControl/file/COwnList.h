@@ -15,7 +15,7 @@
 class COwnList
 {
 public:
-    COwnList(const QString& strPath, const SListLimits& limitsIn, const SListClock& clockIn);
+    COwnList(const QString& strPath, const SListLimits& limitsIn, const CControlClock& clockIn);
 
     const CListPlace& GetPlace() const
     {

@@ -9,13 +9,11 @@
 
 namespace {
 
-constexpr CSteadyClock::Time timeNever = CSteadyClock::Time::max();
+constexpr CControlClock::Time timeNever = CControlClock::Time::max();
 
 } // namespace
 
-CMessageDispatcher::CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn)
-    : pClock(std::move(pClockIn)), threadDelivery([this] { Run(); })
-{ }
+CMessageDispatcher::CMessageDispatcher(const CControlClock& clockIn) : clock(clockIn), threadDelivery([this] { Run(); }) { }
 
 CMessageDispatcher::~CMessageDispatcher()
 {
@@ -74,7 +72,7 @@ void CMessageDispatcher::SetUserActing(bool bOn)
 void CMessageDispatcher::NoteUserInput()
 {
     const Lock lock(mutex);
-    activity.NoteInput(pClock->GetNow());
+    activity.NoteInput(clock.GetNow());
 }
 
 void CMessageDispatcher::Stop()
@@ -92,7 +90,7 @@ void CMessageDispatcher::Stop()
 
 void CMessageDispatcher::Enqueue(const Lock& /*lock*/, EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
-    const Time timeNow = pClock->GetNow();
+    const Time timeNow = clock.GetNow();
     const auto itEqual = std::find_if(listPending.begin(), listPending.end(), [&](const SPending& entry) {
         return entry.sender == sender && entry.nMessage == nMessage && entry.pOnly == pOnly;
     });
@@ -113,7 +111,7 @@ void CMessageDispatcher::Run()
             Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
         }
         bUnsettled = true;
-        timeSettled = pClock->GetNow() + timeSettle;
+        timeSettled = clock.GetNow() + timeSettle;
     }
 }
 
@@ -121,7 +119,7 @@ void CMessageDispatcher::Run()
 bool CMessageDispatcher::AwaitBurst(Lock& lock)
 {
     while (!bStop) {
-        const Time timeNow = pClock->GetNow();
+        const Time timeNow = clock.GetNow();
         const Time timeBurst = FindBurst(lock, timeNow);
         const Time timeEnd = bUnsettled && timeBurst == timeNever ? timeSettled : timeNever;
         if (timeBurst <= timeNow) {
@@ -142,13 +140,13 @@ void CMessageDispatcher::WaitUntil(Lock& lock, Time timeEnd)
     if (timeEnd == timeNever) {
         condWork.wait(lock);
     } else {
-        pClock->Wait(condWork, lock, timeEnd);
+        clock.Wait(condWork, lock, timeEnd);
     }
 }
 
 std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst(const Lock& lock)
 {
-    const Time timeNow = pClock->GetNow();
+    const Time timeNow = clock.GetNow();
     const auto isFree = [&](const SPending& pending) { return IsFree(lock, pending, timeNow); };
     const bool bAllRead = std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
         return isFree(pending) && !pending.pOnly && CUserActivity::MakesRead(pending.nMessage);

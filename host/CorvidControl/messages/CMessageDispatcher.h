@@ -1,13 +1,12 @@
 #pragma once
 
-#include "CorvidControl/messages/CSteadyClock.h"
 #include "CorvidControl/messages/CUserActivity.h"
 #include "CorvidControl/messages/EnMessageSender.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <deque>
-#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -29,7 +28,8 @@ public:
     static constexpr std::chrono::milliseconds timeLongest{ 120 };
     static constexpr std::chrono::milliseconds timeSettle{ 60 };
 
-    explicit CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn = std::make_unique<CSteadyClock>());
+    /// clockIn must outlive it.
+    explicit CMessageDispatcher(const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// As Stop.
     ~CMessageDispatcher();
@@ -53,7 +53,7 @@ public:
 
 private:
     using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
-    using Time = CSteadyClock::Time;
+    using Time = CControlClock::Time;
 
     struct SSubscription
     {
@@ -82,7 +82,7 @@ private:
     void Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
     bool IsSubscribed(const Lock& lock, const SSubscription& subscription) const;
 
-    const std::unique_ptr<const CSteadyClock> pClock;
+    const CControlClock& clock;
 
     std::mutex mutex; ///< guards all fields below but threadDelivery; held for moments only, never in a Notify
     std::condition_variable condWork;

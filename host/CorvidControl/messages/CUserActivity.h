@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/messages/CSteadyClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 /// What the application's user is in the middle of, and how long a message waits for that:
 ///
@@ -12,7 +12,7 @@
 class CUserActivity
 {
 public:
-    using Time = CSteadyClock::Time;
+    using Time = CControlClock::Time;
 
     static constexpr std::chrono::milliseconds timeEditing{ 10000 };
     static constexpr std::chrono::milliseconds timeActing{ 2000 };
