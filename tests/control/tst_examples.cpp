@@ -1,5 +1,5 @@
 #include "CorvidControl/day/CScenario.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <QFile>
@@ -54,16 +54,16 @@ private slots:
     {
         QFETCH(QByteArray, folder);
         const QByteArray bytes = ReadExample(QString::fromLatin1(QTest::currentDataTag()), folder);
-        const SListReading reading = CListFormat::Read(bytes, {});
+        const SListReading reading = ListFormat::Read(bytes, {});
         QCOMPARE(reading.strReason, QString());
-        QCOMPARE(CListFormat::Write(reading.node), bytes);
+        QCOMPARE(ListFormat::Write(reading.node), bytes);
         QTEST(GetAll(reading.node).size(), "nProcessors");
         QTEST(reading.node.listGroup.size(), "nGroups");
     }
 
     void theStudioHasEverythingThatCanOccur()
     {
-        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(ReadExample("studio.kvtl"), {}).node;
         const QList<SProcessorNode> listAll = GetAll(node);
         QVERIFY(!node.listProcessor.isEmpty());
         QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
@@ -89,7 +89,7 @@ private slots:
 
     void eachNodeOfTheDayIsInTheStudio()
     {
-        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(ReadExample("studio.kvtl"), {}).node;
         QStringList listName;
         for (const SProcessorNode& processor : GetAll(node)) {
             listName.append(processor.strName);

@@ -3,7 +3,7 @@
 #include "CHandClock.h"
 #include "CNameRegistry.h"
 #include "CorvidControl/file/CGenerations.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/file/COwnList.h"
 #include "TestMain.h"
 #include "nodes/EnNodeType.h"
@@ -160,7 +160,7 @@ private slots:
     void anImportKeepsTheListBefore()
     {
         pFixture->Start(Root({ Group("Stage") }));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         g_pPrcListControl->RenameGroup(GroupId("Stage"), "Not saved yet");
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
         QCOMPARE(ListEarlier().size(), 1);
@@ -176,14 +176,14 @@ private slots:
         const QString strLong(235, 'x'); // with a date the name is too long
         COwnList longNamed(pFixture->GetPath(strLong), {}, *pClock);
         longNamed.Load();
-        QCOMPARE(longNamed.Overwrite(BuildEdition(1), CListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
+        QCOMPARE(longNamed.Overwrite(BuildEdition(1), ListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
         QVERIFY(!QFile::exists(pFixture->GetPath(strLong)));
     }
 
     void anImportOverAnEmptyListKeepsNothing()
     {
         pFixture->Start();
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
         QCOMPARE(ListEarlier(), QStringList());
     }
@@ -273,7 +273,7 @@ private:
     QStringList ReadNames(const QString& strFile) const
     {
         QStringList listName;
-        const SProcessorAllNode node = CListFormat::Read(pFixture->Read(strFile), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(pFixture->Read(strFile), {}).node;
         for (const SProcessorGroupNode& group : node.listGroup) {
             listName.append(group.strName);
         }

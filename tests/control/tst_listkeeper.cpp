@@ -2,7 +2,7 @@
 #include "CControlFixture.h"
 #include "CHandClock.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/file/CListKeeper.h"
 #include "CorvidControl/file/CListStore.h"
 #include "CorvidControl/list/CDeletionWatch.h"
@@ -241,7 +241,7 @@ private slots:
     {
         QFETCH(SProcessorNode, report);
         CControlFixture fixture;
-        const QByteArray before = CListFormat::Write(Root({}, { Processor("alpha") }));
+        const QByteArray before = ListFormat::Write(Root({}, { Processor("alpha") }));
         fixture.Write("list.kvtl", before);
         CBareList list(fixture.GetPath());
         QVERIFY(list.store.Load());
@@ -254,13 +254,13 @@ private slots:
     void whatDevicesSaidIsWrittenAlong()
     {
         CControlFixture fixture;
-        fixture.Write("list.kvtl", CListFormat::Write(Root({ Group("Stage", { Processor("alpha") }) })));
+        fixture.Write("list.kvtl", ListFormat::Write(Root({ Group("Stage", { Processor("alpha") }) })));
         CBareList list(fixture.GetPath());
         QVERIFY(list.store.Load());
         list.processors.ApplyReport(Processor("alpha").Online());
         list.processors.RenameNode(GroupId("Stage"), "Hall");
         QVERIFY(list.store.SaveSoon());
-        const SProcessorAllNode node = CListFormat::Read(fixture.Read("list.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(fixture.Read("list.kvtl"), {}).node;
         QCOMPARE(node.listGroup.value(0).strName, QString("Hall"));
         QVERIFY(node.listGroup.at(0).listProcessor.at(0).bOnline);
     }
@@ -291,7 +291,7 @@ private slots:
         for (int n = 0; n < 40; ++n) {
             node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
         }
-        fixture.Write("other.kvtl", CListFormat::Write(node));
+        fixture.Write("other.kvtl", ListFormat::Write(node));
         fixture.Start(node);
         CListKeeper keeper([&] { return fixture.pHost->SaveList().isEmpty(); }, {});
         const QString strPath = fixture.GetPath();
@@ -321,7 +321,7 @@ private slots:
         keeper.Stop();
         QCOMPARE(fixture.pHost->SaveList(), QString());
         QCOMPARE(fixture.pHost->GetListTrouble(), QString());
-        QCOMPARE(fixture.Read("list.kvtl"), CListFormat::Write(CControlFixture::GetTree()));
+        QCOMPARE(fixture.Read("list.kvtl"), ListFormat::Write(CControlFixture::GetTree()));
         QCOMPARE(fixture.ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
     }
 

@@ -3,8 +3,8 @@
 #include "CorvidControl/day/CScenario.h"
 #include "CorvidControl/day/StepVerbs.h"
 #include "CorvidControl/devices/CDeviceCommands.h"
-#include "CorvidControl/devices/CDeviceTypes.h"
 #include "CorvidControl/devices/CSimulatedNetwork.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
 
@@ -225,7 +225,7 @@ SStepResult CStepRunner::AddProcessor(const SScenarioStep& step)
 SStepResult CStepRunner::AddSimulators(const SScenarioStep& step)
 {
     SSimulatorRequest request;
-    request.nType = CDeviceTypes::nStandard;
+    request.nType = DeviceTypes::nStandard;
     request.nCount = static_cast<qint32>(step.GetNumber("count", 1));
     commands.AddSimulators(request);
     return {};

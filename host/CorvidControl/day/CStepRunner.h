@@ -26,6 +26,7 @@ struct SStepResult
 class CStepRunner
 {
 public:
+    /// The same seed gives the same storms. All references must outlive the runner.
     CStepRunner(CProcessorList& processorsIn, CHostState& hostIn, CDeviceCommands& commandsIn, CSimulatedNetwork& networkIn,
                 quint32 nSeed);
 

@@ -2,7 +2,7 @@
 
 #include "CorvidControl/day/CStepRunner.h"
 #include "CorvidControl/day/StepRules.h"
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 
 #include <QHostAddress>
 #include <QJsonArray>
@@ -36,14 +36,13 @@ bool IsAddress(const QJsonValue& value)
     return bAddress;
 }
 
-static_assert(CNameRules::nMaxTextBytes == 256, "the text of valueProject has the number");
+static_assert(NameRules::nMaxTextBytes == 256, "the text of valueProject has the number");
 
 constexpr SStepValue valueText{ "a text", [](const QJsonValue& v) { return v.isString(); } };
 constexpr SStepValue valueTexts{ "a list of texts", IsTexts };
-constexpr SStepValue valueName{ "a good name",
-                                [](const QJsonValue& v) { return CNameRules::FindFault(v.toString()).isEmpty(); } };
+constexpr SStepValue valueName{ "a good name", [](const QJsonValue& v) { return NameRules::FindFault(v.toString()).isEmpty(); } };
 constexpr SStepValue valueProject{ "a text of at most 256 bytes without control characters",
-                                   [](const QJsonValue& v) { return v.isString() && CNameRules::IsText(v.toString()); } };
+                                   [](const QJsonValue& v) { return v.isString() && NameRules::IsText(v.toString()); } };
 constexpr SStepValue valueFlag{ "true or false", [](const QJsonValue& v) { return v.isBool(); } };
 constexpr SStepValue valueSeconds{ StepRules::szSeconds, StepRules::IsSeconds };
 constexpr SStepValue valueRate{ "a number of 1 to 1000", [](const QJsonValue& v) { return StepRules::IsNumber(v, 1, 1000); } };

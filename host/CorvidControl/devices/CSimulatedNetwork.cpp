@@ -1,6 +1,6 @@
 #include "CorvidControl/devices/CSimulatedNetwork.h"
 
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 
 #include <QHostAddress>
 
@@ -115,8 +115,8 @@ SProcessorNode CSimulatedNetwork::BuildDevice(quint32 nIP, const QString& strNam
     device.idNode = QUuid::createUuidV5(idSpace, strAddress);
     device.idAux = QUuid::createUuidV5(device.idNode, strAddress);
     device.strName = strName.isEmpty() ? QStringLiteral("Processor %1").arg(strAddress) : strName;
-    device.nModel = CDeviceTypes::nStandard;
-    device.strType = CDeviceTypes::GetName(device.nModel);
+    device.nModel = DeviceTypes::nStandard;
+    device.strType = DeviceTypes::GetName(device.nModel);
     device.nIP = nIP;
     device.bOnline = true;
     return device;

@@ -16,7 +16,8 @@ public:
     static constexpr std::chrono::seconds timeQuiet{ 1 };
     static constexpr std::chrono::seconds timeLongest{ 5 };
 
-    /// saveIn runs without a lock and answers false when it has to be tried again.
+    /// saveIn runs on the keeper's thread, without a lock, and returns false when it has to be tried again.
+    /// clockIn must outlive the keeper.
     CListKeeper(const std::function<bool()>& saveIn, const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// As Stop.
@@ -25,7 +26,7 @@ public:
     /// The list was changed. Never waits for the disk.
     void Touch();
 
-    /// Saves what waits, ends and joins the thread.
+    /// Saves what waits, ends and joins the thread. Not from within saveIn; a second time does nothing.
     void Stop();
 
 private:

@@ -1,10 +1,10 @@
 #include "CorvidControl/file/CListStore.h"
 
 #include "CorvidControl/file/CFileReplacement.h"
-#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/FileAccess.h"
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
 
@@ -33,7 +33,7 @@ bool CListStore::Load()
         news.listWarning = reading.listMended;
         QString strFault = BuildTrouble(own.Check());
         if (reading.verdict != SListReading::Valid) {
-            strLoadError = GetPath() + QStringLiteral(": ") + CNameRules::GetLine(reading.strReason);
+            strLoadError = GetPath() + QStringLiteral(": ") + NameRules::GetLine(reading.strReason);
             strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
         }
         own.Adopt(processors.ReplaceList(reading.node));
@@ -42,7 +42,7 @@ bool CListStore::Load()
             news.listWarning.append(strFault);
         }
     }
-    Tell(news);
+    Announce(news);
     return strLoadError.isEmpty();
 }
 
@@ -63,8 +63,8 @@ QString CListStore::Save()
             strFault.clear();
         }
     }
-    Tell(news);
-    return CNameRules::GetLine(strFault);
+    Announce(news);
+    return NameRules::GetLine(strFault);
 }
 
 bool CListStore::SaveSoon()
@@ -77,7 +77,7 @@ bool CListStore::SaveSoon()
             bSecured = SaveHere(lock, news, false).bSecured;
         }
     }
-    Tell(news);
+    Announce(news);
     return bSecured;
 }
 
@@ -85,7 +85,7 @@ QString CListStore::SaveAside(QString& strReason)
 {
     const Lock lock(mutexFile);
     const QString strPath = own.SaveAside(processors.GetEdition(), strReason);
-    strReason = strPath.isEmpty() ? CNameRules::GetLine(strReason) : QString();
+    strReason = strPath.isEmpty() ? NameRules::GetLine(strReason) : QString();
     return strPath;
 }
 
@@ -96,7 +96,7 @@ void CListStore::KeepEarlier(const SListEdition& edition)
         const Lock lock(mutexFile);
         news.listWarning = own.KeepEarlier(edition);
     }
-    Tell(news);
+    Announce(news);
 }
 
 // At the own place in every spelling, and where the own file has a second name that is none of ours either.
@@ -116,7 +116,7 @@ CListStore::EnExportResult CListStore::Export(const QString& strPath)
             result = ExportElsewhere(lock, strPath, news);
         }
     }
-    Tell(news);
+    Announce(news);
     return result;
 }
 
@@ -129,7 +129,7 @@ CListStore::EnImportResult CListStore::Import(const QString& strPath)
         const Lock lock(mutexFile);
         result = TryImport(lock, strPath, strFault, news);
     }
-    Tell(news);
+    Announce(news);
     if (result != ImportDone) {
         processors.Refuse(SenderPrcList, QStringLiteral("Importing ") + strPath, strFault);
     }
@@ -151,8 +151,8 @@ CListStore::EnExportResult CListStore::ExportElsewhere(const Lock& /*lock*/, con
 {
     QString strFault = QStringLiteral("no file was named");
     if (!strPath.isEmpty()) {
-        const QByteArray bytes = CListFormat::Write(processors.GetTree(false));
-        strFault = CListFormat::FindProofFault(bytes, processors.GetLimits());
+        const QByteArray bytes = ListFormat::Write(processors.GetTree(false));
+        strFault = ListFormat::FindProofFault(bytes, processors.GetLimits());
         CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
         if (strFault.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
             return ExportDone;
@@ -170,13 +170,13 @@ CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const QSt
         strFault = content.kind == SFileContent::Absent ? QStringLiteral("it is not there") : content.strReason;
         return ImportInvalid;
     }
-    const SListReading reading = CListFormat::Read(content.bytes, processors.GetLimits());
+    const SListReading reading = ListFormat::Read(content.bytes, processors.GetLimits());
     if (reading.verdict != SListReading::Valid) {
         strFault = reading.strReason;
         return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
     }
-    const QByteArray bytes = CListFormat::Write(reading.node);
-    strFault = bytes == content.bytes ? QString() : CListFormat::FindProofFault(bytes, processors.GetLimits());
+    const QByteArray bytes = ListFormat::Write(reading.node);
+    strFault = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
     if (!strFault.isEmpty()) {
         return ImportNotCopied;
     }
@@ -193,14 +193,14 @@ CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const QSt
 
 void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)
 {
-    const QString strLine = CNameRules::GetLine(strTroubleNow);
+    const QString strLine = NameRules::GetLine(strTroubleNow);
     const Lock lock(mutexTrouble);
     news.bTrouble = strLine != strTrouble;
     strTrouble = strLine;
 }
 
 // Without a lock: whoever hears it may ask.
-void CListStore::Tell(const SNews& news)
+void CListStore::Announce(const SNews& news)
 {
     for (const QString& strLine : news.listWarning) {
         events.Warn(strLine);

@@ -28,6 +28,7 @@ public:
     /// Another tree, which the caller may keep.
     void Replace(int nPane, const SProcessorAllNode& node);
 
+    /// For a look while the lock is held.
     const CSelection& GetSelection(int nPane) const
     {
         return arrSelection.at(nPane);

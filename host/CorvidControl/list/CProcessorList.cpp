@@ -1,7 +1,7 @@
 #include "CorvidControl/list/CProcessorList.h"
 
 #include "CorvidControl/devices/DeviceReport.h"
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
@@ -288,8 +288,8 @@ void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 CProcessorList::SOutcome CProcessorList::TryAddGroup(const Lock& /*lock*/, SProcessorGroupNode group)
 {
     const int nPane = bSimulatorPane;
-    group.strName = CNameRules::Clean(group.strName);
-    const QString strFault = CNameRules::FindFault(group.strName);
+    group.strName = NameRules::Clean(group.strName);
+    const QString strFault = NameRules::FindFault(group.strName);
     if (!strFault.isEmpty()) {
         return { false, strFault };
     }
@@ -320,7 +320,7 @@ CProcessorList::SOutcome CProcessorList::TryAddProcessor(const Lock& /*lock*/, c
 
 CProcessorList::SOutcome CProcessorList::TryRename(const Lock& /*lock*/, const QUuid& id, const QString& strText)
 {
-    const QString strName = CNameRules::Clean(strText);
+    const QString strName = NameRules::Clean(strText);
     const int nPane = panes.FindPane(id);
     if (nPane < 0) {
         return { false, GetGone() };
@@ -328,7 +328,7 @@ CProcessorList::SOutcome CProcessorList::TryRename(const Lock& /*lock*/, const Q
     if (strName == panes.GetTree(nPane).GetName(id)) {
         return {};
     }
-    const QString strFault = CNameRules::FindFault(strName);
+    const QString strFault = NameRules::FindFault(strName);
     if (!strFault.isEmpty()) {
         return { false, strFault };
     }

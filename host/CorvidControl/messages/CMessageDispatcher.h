@@ -34,21 +34,26 @@ public:
     /// As Stop.
     ~CMessageDispatcher();
 
-    /// Subscribes pObserver to what sender sends; a second time changes nothing. A new observer of
+    /// Subscribes pObserver, which stays the caller's, to what sender sends; a second time changes nothing. A new observer of
     /// SenderPrcList gets a MessageListChanged for itself, so that it reads what there is.
     void Attach(EnMessageSender sender, CObserver* pObserver);
 
     /// Unsubscribes. Waits for a Notify of pObserver that is running, unless called from within it.
     void Detach(EnMessageSender sender, CObserver* pObserver);
 
+    /// Files a message of sender and returns at once. nMessage may be any number; equal ones that wait are merged.
     void Post(EnMessageSender sender, int nMessage);
 
-    /// When it ends, all that waited for it goes, even if the user is acting by then.
+    /// An editor of a row is open. When it closes, all that waited for it goes, even if the user is acting by then.
     void SetUserEditing(bool bOn);
+
+    /// A mouse button is down, a drag or a menu runs.
     void SetUserActing(bool bOn);
+
+    /// A key, a button or the wheel, just now.
     void NoteUserInput();
 
-    /// Drops what waits, ends and joins the thread. Not from within a Notify.
+    /// Drops what waits, ends and joins the thread; a second time does nothing. Not from within a Notify.
     void Stop();
 
 private:

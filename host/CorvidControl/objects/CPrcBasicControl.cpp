@@ -1,7 +1,7 @@
 #include "CorvidControl/objects/CPrcBasicControl.h"
 
 #include "CorvidControl/devices/CDeviceCommands.h"
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
 
@@ -31,7 +31,7 @@ void CPrcBasicControl::RenameProcessor(QUuid idProcessor, QString strName)
 
 QString CPrcBasicControl::GetTypeName(qint32 nType)
 {
-    return CDeviceTypes::GetName(nType);
+    return DeviceTypes::GetName(nType);
 }
 
 SLocalAddress CPrcBasicControl::GetLocalAddress()

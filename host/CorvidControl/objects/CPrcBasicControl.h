@@ -11,6 +11,7 @@ class CProcessorList;
 class CPrcBasicControl final : public CObserved<IPrcBasicControl, SenderPrcBasic>
 {
 public:
+    /// All references must outlive it.
     CPrcBasicControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn);
 
     /// Blocks for SControlOptions::nScanMs. Refused while the list is locked or refresh is blocked.

@@ -12,6 +12,7 @@ class CProcessorList;
 class CPrcListControl final : public CObserved<IPrcListControl, SenderPrcList>
 {
 public:
+    /// All references must outlive it.
     CPrcListControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn,
                     CListStore& storeIn);
 

@@ -7,5 +7,6 @@
 class CPrcRuntimeControl final : public CObserved<IPrcRuntimeControl, SenderPrcRuntime>
 {
 public:
+    /// dispatcherIn must outlive it.
     explicit CPrcRuntimeControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
 };

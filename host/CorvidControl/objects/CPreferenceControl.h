@@ -9,6 +9,7 @@ class CHostState;
 class CPreferenceControl final : public CObserved<IPreferenceControl, SenderPreference>
 {
 public:
+    /// All references must outlive it.
     CPreferenceControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
 
     /// Any thread, never waits. A change is followed by 32.

@@ -9,6 +9,7 @@ class CHostState;
 class CProjectManageControl final : public CObserved<IProjectManageControl, SenderProjectManage>
 {
 public:
+    /// All references must outlive it.
     CProjectManageControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
 
     /// Any thread. Sets name and id of info; the id follows from the name, and is null when none is open.

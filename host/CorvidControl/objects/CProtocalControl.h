@@ -7,5 +7,6 @@
 class CProtocalControl final : public CObserved<IProtocalControl, SenderProtocal>
 {
 public:
+    /// dispatcherIn must outlive it.
     explicit CProtocalControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
 };

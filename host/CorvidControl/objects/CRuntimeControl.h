@@ -10,6 +10,7 @@ class CProcessorList;
 class CRuntimeControl final : public CObserved<IRuntimeControl, SenderRuntime>
 {
 public:
+    /// All references must outlive it.
     CRuntimeControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CJobs& jobsIn);
 
     /// Equal numbers that wait are merged; the delivery may wait for the user, see CMessageDispatcher.

@@ -1,7 +1,7 @@
 // Writes example lists, each as NAME.kvtl, into the folder that is named.
 
-#include "CorvidControl/file/CListFormat.h"
-#include "CorvidControl/tools/CExampleLists.h"
+#include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/tools/ExampleLists.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,7 +16,7 @@ bool Save(const QString& strPath, const SProcessorAllNode& node)
 {
     QSaveFile file(strPath);
     file.open(QIODevice::WriteOnly);
-    file.write(CListFormat::Write(node));
+    file.write(ListFormat::Write(node));
     if (file.commit()) {
         return true;
     }
@@ -30,10 +30,10 @@ using Builder = SProcessorAllNode (*)();
 Builder FindBuilder(const QString& strName)
 {
     static const QMap<QString, Builder> mapBuilder{
-        { QStringLiteral("studio"), CExampleLists::BuildStudio },
-        { QStringLiteral("limits"), CExampleLists::BuildLimits },
-        { QStringLiteral("single"), CExampleLists::BuildSingle },
-        { QStringLiteral("empty"), CExampleLists::BuildEmpty },
+        { QStringLiteral("studio"), ExampleLists::BuildStudio },
+        { QStringLiteral("limits"), ExampleLists::BuildLimits },
+        { QStringLiteral("single"), ExampleLists::BuildSingle },
+        { QStringLiteral("empty"), ExampleLists::BuildEmpty },
     };
     return mapBuilder.value(strName);
 }
