@@ -90,13 +90,14 @@ void CDayPlayer::RunQuietDay(quint32 nSeed, double dPace)
     } while (WaitUntil(nTime));
 }
 
-// Waits for its time and takes it. False when the life is over.
+// Waits until the first step is due and takes it. False when the day is over.
 bool CDayPlayer::TakeFirst(QVector<SScenarioStep>& vecStep)
 {
     const SScenarioStep step = vecStep.takeFirst();
     if (!WaitUntil(step.nAt)) {
         return false;
     }
+    Q_ASSERT(std::this_thread::get_id() == threadLife.get_id());
     if (CStepRunner::IsBlocking(step)) {
         TakeAside(step);
     } else {
@@ -116,7 +117,7 @@ void CDayPlayer::Insert(QVector<SScenarioStep>& vecStep, const SScenarioStep& st
     vecStep.insert(static_cast<int>(it - vecStep.cbegin()), step);
 }
 
-// False when the life is over.
+// False when the day is over.
 bool CDayPlayer::WaitUntil(qint64 nTime)
 {
     std::unique_lock<std::mutex> lock(mutex);
@@ -126,7 +127,6 @@ bool CDayPlayer::WaitUntil(qint64 nTime)
 
 void CDayPlayer::TakeAside(const SScenarioStep& step)
 {
-    Q_ASSERT(std::this_thread::get_id() == threadLife.get_id());
     vecAside.emplace_back([this, step] { Report(step, runner.Run(step)); });
 }
 

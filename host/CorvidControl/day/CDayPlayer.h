@@ -13,7 +13,7 @@
 class CHostEvents;
 class CProcessorList;
 
-/// Lets things happen in time: the steps of a scenario, or a quiet day. One thread takes the steps; each
+/// Makes things happen in time: the steps of a scenario, or a quiet day. One thread takes the steps; each
 /// that may block gets a thread of its own, so that a slow device does not hold up the day.
 class CDayPlayer
 {
@@ -59,5 +59,5 @@ private:
     Clock::time_point timeStart;
 
     std::thread threadLife;
-    std::vector<std::thread> vecAside; ///< of the life's thread only, until it is joined
+    std::vector<std::thread> vecAside; ///< touched by threadLife only, until that is joined
 };

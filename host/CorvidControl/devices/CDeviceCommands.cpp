@@ -158,7 +158,7 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
         AnnounceDeletion(id, 1 + nMembers);
     }
     if (nMembers == 0 || !strFault.isEmpty()) {
-        remove(); // nobody to wait for, or refused there
+        remove(); // nothing to wait for, or it is refused there
         return;
     }
     QList<QUuid> listId;
@@ -191,7 +191,7 @@ QList<quint32> CDeviceCommands::GetReservedAddresses()
     return { 0xC0A80101, 0xC0A801FE };
 }
 
-// Nobody keeps simulators.
+// Simulators are in no file: there is nothing to keep.
 void CDeviceCommands::AnnounceDeletion(const QUuid& id, int nNodes) const
 {
     if (listenerDeletion && !processors.GetHost().IsLocked() && processors.CopyTree(false).Contains(id)) {
@@ -218,7 +218,7 @@ bool CDeviceCommands::Adopt(const SProcessorNode& device, bool bSimulator)
     return bAdded;
 }
 
-// What is still in the list afterwards, refused or moved elsewhere meanwhile, the network gets back.
+// Gives back to the network what is still in the list afterwards: refused, or moved meanwhile.
 void CDeviceCommands::ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove)
 {
     network.Release(listId);

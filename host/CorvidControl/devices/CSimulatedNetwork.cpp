@@ -137,7 +137,7 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
     listener(device);
 }
 
-// Lets go of the lock while it waits.
+// Releases the lock while it waits.
 void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
 {
     condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });

@@ -56,7 +56,7 @@ void CListKeeper::Run()
     }
 }
 
-// Lets go of the lock while it saves. A change that comes meanwhile waits anew.
+// Releases the lock while it saves. A change that arrives meanwhile starts a new wait.
 void CListKeeper::SaveNow(Lock& lock)
 {
     timeFirst.reset();

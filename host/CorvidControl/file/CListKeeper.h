@@ -7,7 +7,7 @@
 #include <optional>
 #include <thread>
 
-/// Has the list saved soon after it was changed, on a thread of its own: timeQuiet after the last change,
+/// Saves the list soon after it was changed, on a thread of its own: timeQuiet after the last change,
 /// at the latest timeLongest after the first. A save that failed is tried again after timeLongest. All
 /// operations may be called on any thread.
 class CListKeeper

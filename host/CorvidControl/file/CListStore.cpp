@@ -99,7 +99,7 @@ void CListStore::KeepEarlier(const SListEdition& edition)
     Announce(news);
 }
 
-// At the own place in every spelling, and where the own file has a second name that is none of ours either.
+// The own place counts in every spelling, and so does a second name of the own file where that is not ours.
 CListStore::EnExportResult CListStore::Export(const QString& strPath)
 {
     SNews news;
@@ -199,7 +199,7 @@ void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)
     strTrouble = strLine;
 }
 
-// Without a lock: whoever hears it may ask.
+// Without a lock: a listener may call back.
 void CListStore::Announce(const SNews& news)
 {
     for (const QString& strLine : news.listWarning) {

@@ -25,7 +25,7 @@ SListReading COwnList::Load()
     return reading;
 }
 
-// Who may not write lets the lock go: another process may have loaded what stands there.
+// Whoever may not write releases the lock: another process may have loaded what stands there.
 SListSave COwnList::Check()
 {
     const CListLock::EnState state = lockList.Take(place.GetRealPath());

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Far above what the largest list needs; what they bound is the memory that a hostile file can claim.
+// Far above what the largest list needs; they bound the memory that a hostile file can claim.
 constexpr int nMaxDepth = 8;
 constexpr int nMaxContainers = 65536;
 
@@ -26,7 +26,7 @@ QByteArray GetCheckSum(const QByteArray& body)
     return QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex();
 }
 
-// What is seen of the text outside its strings. Whether brackets match is for the parser to say.
+// What can be seen outside the strings. Whether brackets match is up to the parser.
 struct SOutline
 {
     bool bWithinBounds = true;
@@ -58,7 +58,7 @@ SOutline FindOutline(const QByteArray& body)
     return outline;
 }
 
-// What stands behind the first line, without a copy: for as long as bytes lives.
+// What follows the first line, without a copy: valid as long as bytes.
 QByteArray GetBody(const QByteArray& bytes, int nEnd)
 {
     return QByteArray::fromRawData(bytes.constData() + nEnd + 1, bytes.size() - nEnd - 1);
@@ -118,7 +118,7 @@ SListReading ListFormat::ReadBody(const QByteArray& bytes, const SListLimits& li
     if (!reader.GetFault().isEmpty()) {
         return Refuse(reader.IsTooLarge() ? SListReading::TooLarge : SListReading::Invalid, reader.GetFault());
     }
-    // The parser keeps the last of two equal keys without a word; every object that was read had all of its own.
+    // The parser silently keeps the last of two equal keys; every object that was read had each of its keys once.
     if (outline.nKeys != reader.GetKeyCount()) {
         return Refuse(SListReading::Invalid, QStringLiteral("a key is there twice"));
     }

@@ -74,7 +74,7 @@ void CJobs::AwaitIdle(std::chrono::milliseconds time)
     condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
 }
 
-// Wakes under the lock: who waits may destroy this object as soon as it has the lock.
+// Notifies under the lock: the waiter may destroy this object as soon as it gets the lock.
 void CJobs::EndSignal()
 {
     const std::lock_guard<std::mutex> lock(mutex);

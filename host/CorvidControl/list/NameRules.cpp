@@ -28,8 +28,7 @@ bool IsLineEnd(QChar ch)
     return ch.category() == QChar::Separator_Line || ch.category() == QChar::Separator_Paragraph;
 }
 
-// The twelve that Unicode has: a name with them is shown in another order than it is written, with all that
-// stands beside it.
+// The twelve of Unicode: they change the order in which a name, and the text beside it, is shown.
 bool IsBidiControl(QChar ch)
 {
     const ushort nCode = ch.unicode();

@@ -49,7 +49,7 @@ void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
     Enqueue(lock, sender, nMessage, nullptr);
 }
 
-// An editor that opens again before they went holds them as the one before did.
+// An editor that opens again before they have gone holds them back as the one before did.
 void CMessageDispatcher::SetUserEditing(bool bOn)
 {
     const Lock lock(mutex);
@@ -157,7 +157,7 @@ std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst(const Loc
     return listBurst;
 }
 
-// When the messages are due that need not wait for the user; never without one.
+// When the messages that need not wait for the user are due; never if there are none.
 CMessageDispatcher::Time CMessageDispatcher::FindBurst(const Lock& lock, Time timeNow) const
 {
     Time timeCalm;
@@ -171,7 +171,7 @@ CMessageDispatcher::Time CMessageDispatcher::FindBurst(const Lock& lock, Time ti
     return timeLatest == timeNever ? timeNever : std::min(timeCalm, timeLatest);
 }
 
-// When the next of those need not wait for the user any more that do now; never without one.
+// When the next message that waits for the user may go; never if there is none.
 CMessageDispatcher::Time CMessageDispatcher::FindRelease(const Lock& lock, Time timeNow) const
 {
     Time timeRelease = timeNever;
@@ -188,7 +188,7 @@ bool CMessageDispatcher::IsFree(const Lock& /*lock*/, const SPending& pending, T
     return pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
 }
 
-// Lets go of the lock during each Notify.
+// Releases the lock during each Notify.
 void CMessageDispatcher::Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
     const std::vector<SSubscription> vecReceiver = vecSubscription;
