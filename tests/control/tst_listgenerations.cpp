@@ -3,8 +3,8 @@
 #include "CHandClock.h"
 #include "CNameRegistry.h"
 #include "CorvidControl/file/CGenerations.h"
-#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/file/COwnList.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 #include "nodes/EnNodeType.h"
 

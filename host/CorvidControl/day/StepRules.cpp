@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr double dLongest = 24 * 60 * 60; // seconds
-
 QString Quote(const QString& strKey)
 {
     return QLatin1Char('"') + strKey + QLatin1Char('"');
@@ -27,9 +25,9 @@ QString FindUnknownKey(const QJsonObject& object, const QStringList& listKnown)
 
 QString FindTimeFault(const QJsonObject& object)
 {
-    return StepRules::IsSeconds(object.value(QLatin1String("at")))
-        ? QString()
-        : QStringLiteral("\"at\" must be ") + QLatin1String(StepRules::szSeconds);
+    const SStepValue& time = StepVerbs::GetTimeValue();
+    return time.isGood(object.value(QLatin1String("at"))) ? QString()
+                                                          : QStringLiteral("\"at\" must be ") + QLatin1String(time.szWhat);
 }
 
 QString FindMarkFault(const QJsonValue& value)
@@ -100,14 +98,4 @@ QString StepRules::FindStepFault(const QJsonObject& step)
     const QString strDo = step.value(QLatin1String("do")).toString();
     const SStepVerb* pVerb = StepVerbs::Find(strDo);
     return pVerb ? FindKeyFault(step, *pVerb) : QStringLiteral("there is no such thing to do: ") + Quote(strDo);
-}
-
-bool StepRules::IsNumber(const QJsonValue& value, double dLeast, double dMost)
-{
-    return value.isDouble() && value.toDouble() >= dLeast && value.toDouble() <= dMost;
-}
-
-bool StepRules::IsSeconds(const QJsonValue& value)
-{
-    return IsNumber(value, 0, dLongest);
 }

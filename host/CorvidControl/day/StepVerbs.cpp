@@ -1,7 +1,6 @@
 #include "CorvidControl/day/StepVerbs.h"
 
 #include "CorvidControl/day/CStepRunner.h"
-#include "CorvidControl/day/StepRules.h"
 #include "CorvidControl/list/NameRules.h"
 
 #include <QHostAddress>
@@ -10,6 +9,8 @@
 #include <algorithm>
 
 namespace {
+
+constexpr double dLongest = 24 * 60 * 60; // seconds
 
 bool IsRole(const QJsonValue& value)
 {
@@ -21,6 +22,11 @@ bool IsPane(const QJsonValue& value)
 {
     const QString strPane = value.toString();
     return strPane == QLatin1String("discovered") || strPane == QLatin1String("simulator");
+}
+
+bool IsNumber(const QJsonValue& value, double dLeast, double dMost)
+{
+    return value.isDouble() && value.toDouble() >= dLeast && value.toDouble() <= dMost;
 }
 
 bool IsTexts(const QJsonValue& value)
@@ -44,9 +50,9 @@ constexpr SStepValue valueName{ "a good name", [](const QJsonValue& v) { return 
 constexpr SStepValue valueProject{ "a text of at most 256 bytes without control characters",
                                    [](const QJsonValue& v) { return v.isString() && NameRules::IsText(v.toString()); } };
 constexpr SStepValue valueFlag{ "true or false", [](const QJsonValue& v) { return v.isBool(); } };
-constexpr SStepValue valueSeconds{ StepRules::szSeconds, StepRules::IsSeconds };
-constexpr SStepValue valueRate{ "a number of 1 to 1000", [](const QJsonValue& v) { return StepRules::IsNumber(v, 1, 1000); } };
-constexpr SStepValue valueCount{ "1 or 2", [](const QJsonValue& v) { return StepRules::IsNumber(v, 1, 2); } };
+constexpr SStepValue valueSeconds{ "seconds, from 0 to a day", [](const QJsonValue& v) { return IsNumber(v, 0, dLongest); } };
+constexpr SStepValue valueRate{ "a number of 1 to 1000", [](const QJsonValue& v) { return IsNumber(v, 1, 1000); } };
+constexpr SStepValue valueCount{ "1 or 2", [](const QJsonValue& v) { return IsNumber(v, 1, 2); } };
 constexpr SStepValue valueAddress{ "an IPv4 address", IsAddress };
 constexpr SStepValue valueRole{ "none, primary or backup", IsRole };
 constexpr SStepValue valuePane{ "discovered or simulator", IsPane };
@@ -146,6 +152,11 @@ std::vector<SStepVerb> BuildAll()
 }
 
 } // namespace
+
+const SStepValue& StepVerbs::GetTimeValue()
+{
+    return valueSeconds;
+}
 
 const std::vector<SStepVerb>& StepVerbs::GetAll()
 {

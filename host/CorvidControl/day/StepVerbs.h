@@ -40,6 +40,9 @@ struct SStepVerb
 /// thread.
 namespace StepVerbs {
 
+/// What "at" of a step or a mark may be.
+const SStepValue& GetTimeValue();
+
 /// In the order of the document.
 const std::vector<SStepVerb>& GetAll();
 
