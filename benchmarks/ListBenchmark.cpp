@@ -1,5 +1,5 @@
 #include "Builders.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/objects/CControlHost.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
@@ -26,7 +26,7 @@ QByteArray WriteLongest(bool bExpanded, bool bFilled)
 {
     SProcessorAllNode node = BuildLongestList();
     node.bExpanded = bExpanded;
-    QByteArray bytes = CListFormat::Write(node);
+    QByteArray bytes = ListFormat::Write(node);
     if (bFilled) {
         QByteArray body = bytes.mid(bytes.indexOf('\n') + 1);
         body.append(SListLimits().nBytes - bytes.size(), ' ');
@@ -40,7 +40,7 @@ void BM_ReadTheLongestList(benchmark::State& state)
 {
     const QByteArray bytes = WriteLongest(true, state.range(0));
     for (auto _ : state) {
-        if (CListFormat::Read(bytes, {}).verdict != SListReading::Valid) {
+        if (ListFormat::Read(bytes, {}).verdict != SListReading::Valid) {
             state.SkipWithError("the longest list is refused");
         }
     }

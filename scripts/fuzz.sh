@@ -11,10 +11,10 @@ out=build/fuzz
 mkdir -p "$out/corpus"
 
 read -ra qt_flags <<<"$(pkg-config --cflags --libs Qt5Core Qt5Network)"
-clang++ -std=c++17 -O1 -g -fPIC -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -Isrc -Ihost \
+clang++ -std=c++17 -O1 -g -fPIC -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -Isrc -Isrc/data -Ihost \
     tests/fuzz/ListFormatFuzz.cpp \
-    host/CorvidControl/{CListFormat,CListReader,CListWriter,CNameRules}.cpp \
-    src/data/{SNode,SProcessorNode,SProcessorGroupNode,SProcessorAllNode}.cpp \
+    host/CorvidControl/file/{ListFormat,CListReader,CListWriter}.cpp host/CorvidControl/list/NameRules.cpp \
+    src/data/nodes/{SNode,SProcessorNode,SProcessorGroupNode,SProcessorAllNode}.cpp \
     "${qt_flags[@]}" -o "$out/ListFormatFuzz"
 
 # A few inputs of the length that matters for time and memory, which mutation alone reaches in hours.

@@ -1,6 +1,6 @@
 #include "CControlFixture.h"
 
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,7 +24,7 @@ CControlFixture::~CControlFixture()
 
 void CControlFixture::Start(const SProcessorAllNode& node)
 {
-    Write(QStringLiteral("list.kvtl"), CListFormat::Write(node));
+    Write(QStringLiteral("list.kvtl"), ListFormat::Write(node));
     StartAsIs();
 }
 

@@ -1,9 +1,22 @@
 #include "CHandClock.h"
 
-CSteadyClock::Time CHandClock::GetNow() const
+namespace {
+
+constexpr CControlClock::Time timeStart{ std::chrono::hours(1) };
+
+} // namespace
+
+CControlClock::Time CHandClock::GetNow() const
 {
     const std::lock_guard<std::mutex> lock(mutexClock);
     return timeNow;
+}
+
+QDateTime CHandClock::GetDate() const
+{
+    const std::lock_guard<std::mutex> lock(mutexClock);
+    const auto timePassed = std::chrono::duration_cast<std::chrono::milliseconds>(timeNow - timeStart + timeDateBy);
+    return QDateTime(QDate(2024, 5, 1), QTime(12, 0, 1)).addMSecs(timePassed.count());
 }
 
 void CHandClock::Wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock, Time timeEnd) const
@@ -14,6 +27,7 @@ void CHandClock::Wait(std::condition_variable& condition, std::unique_lock<std::
             return;
         }
         timeAlarm = timeEnd;
+        ++nWaits;
         pCondition = &condition;
         pMutex = lock.mutex();
     }
@@ -22,13 +36,15 @@ void CHandClock::Wait(std::condition_variable& condition, std::unique_lock<std::
     timeAlarm = Time();
 }
 
-void CHandClock::Turn(std::chrono::milliseconds time)
+int CHandClock::Turn(std::chrono::milliseconds time)
 {
+    int nWaitsBefore = 0;
     std::mutex* pMutexOfWaiter = nullptr;
     std::condition_variable* pConditionOfWaiter = nullptr;
     {
         const std::lock_guard<std::mutex> lock(mutexClock);
         timeNow += time;
+        nWaitsBefore = nWaits;
         pMutexOfWaiter = pMutex;
         pConditionOfWaiter = pCondition;
     }
@@ -37,10 +53,23 @@ void CHandClock::Turn(std::chrono::milliseconds time)
         const std::lock_guard<std::mutex> lock(*pMutexOfWaiter);
         pConditionOfWaiter->notify_all();
     }
+    return nWaitsBefore;
 }
 
-CSteadyClock::Time CHandClock::GetAlarm() const
+void CHandClock::SetDateBy(std::chrono::seconds time)
+{
+    const std::lock_guard<std::mutex> lock(mutexClock);
+    timeDateBy += time;
+}
+
+CControlClock::Time CHandClock::GetAlarm() const
 {
     const std::lock_guard<std::mutex> lock(mutexClock);
     return timeAlarm;
+}
+
+int CHandClock::GetWaits() const
+{
+    const std::lock_guard<std::mutex> lock(mutexClock);
+    return nWaits;
 }

@@ -1,7 +1,7 @@
 // Reads the list file named by the first argument as the library does. Prints how it was taken (0 valid,
 // 1 invalid, 2 too large) and by how many KiB the memory of this process rose at its highest.
 
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 
 #include <QFile>
 #include <QList>
@@ -30,7 +30,7 @@ int main(int argc, char* argv[])
     if (nBefore <= 0 || !file.open(QIODevice::ReadOnly)) {
         return 1;
     }
-    const SListReading reading = CListFormat::Read(file.readAll(), {});
+    const SListReading reading = ListFormat::Read(file.readAll(), {});
     std::printf("%d %d\n", int(reading.verdict), GetPeak() - nBefore);
     return 0;
 }

@@ -1,5 +1,5 @@
 #include "CorvidControl/day/CScenario.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <QFile>
@@ -8,9 +8,12 @@
 
 namespace {
 
-QByteArray ReadExample(const QString& strName)
+constexpr char szStored[] = PTV_EXAMPLES "/";
+constexpr char szBuilt[] = PTV_BUILT_EXAMPLES "/";
+
+QByteArray ReadExample(const QString& strName, const char* szFolder = szStored)
 {
-    QFile file(QStringLiteral(PTV_EXAMPLES "/") + strName);
+    QFile file(szFolder + strName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -30,7 +33,7 @@ template <typename Test> bool Any(const QList<SProcessorNode>& listProcessor, Te
 
 } // namespace
 
-/// The lists and scenarios in examples/.
+/// The lists and scenarios in examples/, and the list that is built with the tests.
 class CExamplesTest : public QObject
 {
     Q_OBJECT
@@ -38,27 +41,29 @@ class CExamplesTest : public QObject
 private slots:
     void eachListIsSoundAndExportsToTheSameBytes_data()
     {
+        QTest::addColumn<QByteArray>("folder");
         QTest::addColumn<int>("nProcessors");
         QTest::addColumn<int>("nGroups");
-        QTest::newRow("studio.kvtl") << 64 << 10;
-        QTest::newRow("limits.kvtl") << 256 << 256;
-        QTest::newRow("single.kvtl") << 1 << 0;
-        QTest::newRow("empty.kvtl") << 0 << 0;
+        QTest::newRow("studio.kvtl") << QByteArray(szStored) << 64 << 10;
+        QTest::newRow("limits.kvtl") << QByteArray(szBuilt) << 256 << 256;
+        QTest::newRow("single.kvtl") << QByteArray(szStored) << 1 << 0;
+        QTest::newRow("empty.kvtl") << QByteArray(szStored) << 0 << 0;
     }
 
     void eachListIsSoundAndExportsToTheSameBytes()
     {
-        const QByteArray bytes = ReadExample(QString::fromLatin1(QTest::currentDataTag()));
-        const SListReading reading = CListFormat::Read(bytes, {});
+        QFETCH(QByteArray, folder);
+        const QByteArray bytes = ReadExample(QString::fromLatin1(QTest::currentDataTag()), folder);
+        const SListReading reading = ListFormat::Read(bytes, {});
         QCOMPARE(reading.strReason, QString());
-        QCOMPARE(CListFormat::Write(reading.node), bytes);
+        QCOMPARE(ListFormat::Write(reading.node), bytes);
         QTEST(GetAll(reading.node).size(), "nProcessors");
         QTEST(reading.node.listGroup.size(), "nGroups");
     }
 
     void theStudioHasEverythingThatCanOccur()
     {
-        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(ReadExample("studio.kvtl"), {}).node;
         const QList<SProcessorNode> listAll = GetAll(node);
         QVERIFY(!node.listProcessor.isEmpty());
         QVERIFY(std::any_of(node.listGroup.cbegin(), node.listGroup.cend(),
@@ -84,7 +89,7 @@ private slots:
 
     void eachNodeOfTheDayIsInTheStudio()
     {
-        const SProcessorAllNode node = CListFormat::Read(ReadExample("studio.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(ReadExample("studio.kvtl"), {}).node;
         QStringList listName;
         for (const SProcessorNode& processor : GetAll(node)) {
             listName.append(processor.strName);

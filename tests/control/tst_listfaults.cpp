@@ -2,7 +2,7 @@
 #include "CControlFixture.h"
 #include "CFileFaults.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <cerrno>
@@ -23,7 +23,7 @@ private slots:
     void init()
     {
         pFixture.reset(new CControlFixture);
-        before = CListFormat::Write(Root({ Group("Stage") }));
+        before = ListFormat::Write(Root({ Group("Stage") }));
         pFixture->Write("list.kvtl", before);
     }
 
@@ -120,7 +120,7 @@ private slots:
         QFETCH(int, nError);
         QFETCH(int, nResult);
         pFixture->StartAsIs();
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
         {
             const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, nError);
@@ -201,7 +201,7 @@ private slots:
     void aFileOutOfReachIsNotImported()
     {
         pFixture->StartAsIs();
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         const CFileFaults faults(CFileFaults::CallStatus, "other.kvtl", ENAMETOOLONG);
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 2);
         QCOMPARE(CControlFixture::GetText(), QString("all*\n  Stage"));

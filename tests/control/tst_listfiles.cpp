@@ -1,8 +1,8 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/CListStore.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
@@ -117,7 +117,7 @@ private slots:
 
     void namesOfTheOwnListAreMendedWithALineEach()
     {
-        const QByteArray bytes = CListFormat::Write(Root({ Group(" Stage ", { Processor("al\npha") }), Group("Hall") }));
+        const QByteArray bytes = ListFormat::Write(Root({ Group(" Stage ", { Processor("al\npha") }), Group("Hall") }));
         pFixture->Write("list.kvtl", bytes);
         ExpectWarning("A name in the list was mended. group 1: it is \"Stage\" now");
         ExpectWarning("A name in the list was mended. processor 1 of group 1: it is \"al pha\" now");
@@ -138,9 +138,9 @@ private slots:
             large.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
         }
         QTest::newRow("not a list") << QByteArray("hello\n") << "it is not a list file";
-        QTest::newRow("damaged") << CListFormat::Write(Root({})).replace("true", "True") << "it is damaged or cut short";
+        QTest::newRow("damaged") << ListFormat::Write(Root({})).replace("true", "True") << "it is damaged or cut short";
         QTest::newRow("newer") << QByteArray("kvtl 9\n") << "it is of version 9";
-        QTest::newRow("over the limit") << CListFormat::Write(large) << "it holds more than 256 processors";
+        QTest::newRow("over the limit") << ListFormat::Write(large) << "it holds more than 256 processors";
     }
 
     void aFileThatCannotBeReadIsNamedAndLeftAlone()
@@ -161,7 +161,7 @@ private slots:
     void aFileThatWasRefusedIsNotImportedOver()
     {
         pFixture->Write("list.kvtl", "hello\n");
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Stage") })));
         ExpectWarning("The list was not read");
         pFixture->StartAsIs();
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 3);
@@ -197,7 +197,7 @@ private slots:
     void anImportReplacesTheListAndTheOwnFile()
     {
         pFixture->Start(Root({ Group("Stage") }, { Processor("alpha") }));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
         g_pRuntimeControl->SetSelectedNodes({ ProcessorId("alpha") });
         pFixture->recorder.Clear();
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
@@ -211,7 +211,7 @@ private slots:
     void anImportTakesTheDevicesWithIt()
     {
         pFixture->Start(Root({}, { Processor("alpha") }));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({}, { Processor("beta") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({}, { Processor("beta") })));
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
         g_pPrcBasicControl->RefreshProcessors();
         QCOMPARE(CControlFixture::GetText(), QString("all*\n  beta"));
@@ -227,7 +227,7 @@ private slots:
         double dLeast = 1000;
         for (int n = 0; n < 5; ++n) {
             node.bExpanded = !node.bExpanded;
-            pFixture->Write("other.kvtl", CListFormat::Write(node));
+            pFixture->Write("other.kvtl", ListFormat::Write(node));
             const double dBefore = GetThreadMs();
             QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
             dLeast = qMin(dLeast, GetThreadMs() - dBefore);
@@ -243,14 +243,14 @@ private slots:
         for (int n = 0; n < 257; ++n) {
             large.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
         }
-        const QByteArray twice = CListFormat::Write(Root({ Group("a"), Group("b").NodeId(GroupId("a")) }));
+        const QByteArray twice = ListFormat::Write(Root({ Group("a"), Group("b").NodeId(GroupId("a")) }));
         QTest::newRow("not there") << QByteArray() << 2;
         QTest::newRow("not a list") << QByteArray("hello\n") << 2;
-        QTest::newRow("damaged") << CListFormat::Write(Root({})).replace("true", "True") << 2;
+        QTest::newRow("damaged") << ListFormat::Write(Root({})).replace("true", "True") << 2;
         QTest::newRow("newer") << QByteArray("kvtl 2\n") << 2;
         QTest::newRow("an id twice") << twice << 2;
-        QTest::newRow("a bad name") << CListFormat::Write(Root({ Group("a=b") })) << 2;
-        QTest::newRow("over the limit") << CListFormat::Write(large) << 5;
+        QTest::newRow("a bad name") << ListFormat::Write(Root({ Group("a=b") })) << 2;
+        QTest::newRow("over the limit") << ListFormat::Write(large) << 5;
     }
 
     void anImportThatFailsLeavesListAndFiles()
@@ -272,8 +272,8 @@ private slots:
     void anImportOverAnOwnListThatIsALinkKeepsTheLink()
     {
         QVERIFY(QDir(pFixture->folder.path()).mkpath("network"));
-        pFixture->Write("network/ours.kvtl", CListFormat::Write(Root({ Group("Stage") })));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("network/ours.kvtl", ListFormat::Write(Root({ Group("Stage") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         QVERIFY(QFile::link("network/ours.kvtl", pFixture->GetPath()));
         pFixture->StartAsIs();
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
@@ -299,7 +299,7 @@ private slots:
         QFETCH(bool, bReadOnly);
         pFixture->Start(Root({ Group("Stage") }));
         const QByteArray before = pFixture->Read("list.kvtl");
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall", { Processor("beta") }) })));
         {
             const QScopedPointer<CFullDisk> pFull(bReadOnly ? nullptr : new CFullDisk(64));
             const QScopedPointer<CReadOnlyFolder> pReadOnly(bReadOnly ? new CReadOnlyFolder(pFixture->folder.path()) : nullptr);
@@ -312,7 +312,7 @@ private slots:
 
     void anImportOverAnOwnListThatIsAFolderLeavesListAndFiles()
     {
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         pFixture->StartAsIs();
         QVERIFY(QDir(pFixture->folder.path()).mkpath("list.kvtl/inside"));
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 3);
@@ -323,7 +323,7 @@ private slots:
     void aLockedListIsNotImportedOver()
     {
         pFixture->Start(Root({ Group("Stage") }));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         pFixture->pHost->SetListLocked(true);
         const int nResult = g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl"));
         QVERIFY2(!(QVector<int>{ 0, 2, 3, 4, 5 }.contains(nResult)), "no word is right for it");
@@ -368,7 +368,7 @@ private slots:
 
     void aListThatCouldNotBeReadBackIsNotWritten()
     {
-        const QByteArray before = CListFormat::Write(Root({}, { Processor("alpha") }));
+        const QByteArray before = ListFormat::Write(Root({}, { Processor("alpha") }));
         pFixture->Write("list.kvtl", before);
         CMessageDispatcher dispatcher;
         CHostEvents events;
@@ -398,7 +398,7 @@ private slots:
     void whatADeviceSaysNeverKeepsTheListFromBeingSaved()
     {
         QFETCH(SProcessorNode, device);
-        pFixture->Write("list.kvtl", CListFormat::Write(Root({}, { Processor("alpha") })));
+        pFixture->Write("list.kvtl", ListFormat::Write(Root({}, { Processor("alpha") })));
         CMessageDispatcher dispatcher;
         CHostEvents events;
         const CHostState host(dispatcher, events);
@@ -410,7 +410,7 @@ private slots:
             QVERIFY(processors.AddProcessor(device, false));
         }
         QCOMPARE(store.Export(pFixture->GetPath()), CListStore::ExportDone);
-        QCOMPARE(CListFormat::Write(ReadBack().node), CListFormat::Write(processors.GetTree(false)));
+        QCOMPARE(ListFormat::Write(ReadBack().node), ListFormat::Write(processors.GetTree(false)));
     }
 
     void aKillAtAnyMomentLeavesAWholeList()
@@ -419,7 +419,7 @@ private slots:
         for (int n = 0; n < 200; ++n) {
             node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
         }
-        pFixture->Write("list.kvtl", CListFormat::Write(node));
+        pFixture->Write("list.kvtl", ListFormat::Write(node));
         for (int n = 0; n < 20; ++n) {
             QProcess saver;
             saver.start(QCoreApplication::applicationDirPath() + "/list_saver", { pFixture->GetPath() });
@@ -438,7 +438,7 @@ private slots:
 private:
     SListReading ReadBack(const QString& strName = QStringLiteral("list.kvtl")) const
     {
-        return CListFormat::Read(pFixture->Read(strName), {});
+        return ListFormat::Read(pFixture->Read(strName), {});
     }
 
     QScopedPointer<CControlFixture> pFixture;

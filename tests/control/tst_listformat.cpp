@@ -1,6 +1,6 @@
 #include "Builders.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <QCryptographicHash>
@@ -32,7 +32,7 @@ QByteArray Seal(const QByteArray& body)
 /// The bytes of the list with one text replaced and the check sum mended.
 QByteArray BuildChanged(const QByteArray& from, const QByteArray& to)
 {
-    QByteArray body = CListFormat::Write(BuildList());
+    QByteArray body = ListFormat::Write(BuildList());
     body.remove(0, body.indexOf('\n') + 1);
     const int nAt = body.indexOf(from);
     if (nAt < 0) {
@@ -76,7 +76,7 @@ private slots:
     void aListComesBackWithAllItsFields()
     {
         const SProcessorAllNode node = BuildList();
-        const SListReading reading = CListFormat::Read(CListFormat::Write(node), {});
+        const SListReading reading = ListFormat::Read(ListFormat::Write(node), {});
         QCOMPARE(reading.strReason, QString());
         QCOMPARE(reading.verdict, SListReading::Valid);
         QCOMPARE(reading.node.listGroup, node.listGroup);
@@ -87,23 +87,23 @@ private slots:
 
     void writingWhatWasReadGivesTheSameBytes()
     {
-        const QByteArray bytes = CListFormat::Write(BuildList());
-        QCOMPARE(CListFormat::Write(CListFormat::Read(bytes, {}).node), bytes);
+        const QByteArray bytes = ListFormat::Write(BuildList());
+        QCOMPARE(ListFormat::Write(ListFormat::Read(bytes, {}).node), bytes);
     }
 
     void aListWrittenByAnotherToolIsReadAlike()
     {
         const QByteArray body = R"({"processors":[],"name":"All processors","groups":[],"expanded":true})";
-        const SListReading reading = CListFormat::Read(Seal(body), {});
+        const SListReading reading = ListFormat::Read(Seal(body), {});
         QCOMPARE(reading.verdict, SListReading::Valid);
-        QCOMPARE(CListFormat::Write(reading.node), CListFormat::Write(Root({})));
+        QCOMPARE(ListFormat::Write(reading.node), ListFormat::Write(Root({})));
     }
 
     void whatIsNoSoundListIsRefusedWithTheReason_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("strReason");
-        const QByteArray good = CListFormat::Write(BuildList());
+        const QByteArray good = ListFormat::Write(BuildList());
         const auto id = [](const QUuid& idNode) { return idNode.toString(QUuid::WithoutBraces).toLatin1(); };
         QTest::newRow("nothing") << QByteArray() << "not a list file";
         QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n") << "not a list file";
@@ -150,7 +150,7 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, strReason);
-        const SListReading reading = CListFormat::Read(bytes, {});
+        const SListReading reading = ListFormat::Read(bytes, {});
         QCOMPARE(reading.verdict, SListReading::Invalid);
         QVERIFY(!reading.strReason.isEmpty());
         QVERIFY2(reading.strReason.contains(strReason), qPrintable(reading.strReason));
@@ -175,39 +175,39 @@ private slots:
         QFETCH(QByteArray, written);
         QFETCH(QString, strName);
         const QByteArray bytes = BuildChanged("\"beta\"", '"' + written + '"');
-        const SListReading reading = CListFormat::Read(bytes, {}, CListFormat::NamesMended);
+        const SListReading reading = ListFormat::Read(bytes, {}, ListFormat::NamesMended);
         QCOMPARE(reading.strReason, QString());
         QCOMPARE(reading.node.listGroup.at(0).listProcessor.at(1).strName, strName);
         QCOMPARE(reading.listMended.size(), 1);
         QVERIFY2(reading.listMended.at(0).contains("processor 2 of group 1: it is \"" + strName + '"'),
                  qPrintable(reading.listMended.at(0)));
-        QCOMPARE(CListFormat::Read(CListFormat::Write(reading.node), {}).verdict, SListReading::Valid);
-        QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::Invalid);
+        QCOMPARE(ListFormat::Read(ListFormat::Write(reading.node), {}).verdict, SListReading::Valid);
+        QCOMPARE(ListFormat::Read(bytes, {}).verdict, SListReading::Invalid);
     }
 
     void aNameThatIsBadOtherwiseIsRefusedOnLoadingToo()
     {
         const QByteArray character = BuildChanged("\"beta\"", "\"a=b\"");
-        QCOMPARE(CListFormat::Read(character, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+        QCOMPARE(ListFormat::Read(character, {}, ListFormat::NamesMended).verdict, SListReading::Invalid);
         const QByteArray number = BuildChanged("\"beta\"", "7");
-        QCOMPARE(CListFormat::Read(number, {}, CListFormat::NamesMended).verdict, SListReading::Invalid);
+        QCOMPARE(ListFormat::Read(number, {}, ListFormat::NamesMended).verdict, SListReading::Invalid);
     }
 
     void theLongestListPossibleIsTaken()
     {
-        const QByteArray bytes = CListFormat::Write(BuildLongestList());
+        const QByteArray bytes = ListFormat::Write(BuildLongestList());
         QVERIFY2(bytes.size() > 700 * 1000, qPrintable(QString::number(bytes.size())));
-        QCOMPARE(CListFormat::Read(bytes, {}).strReason, QString());
+        QCOMPARE(ListFormat::Read(bytes, {}).strReason, QString());
     }
 
     void everyCutAndEveryFlippedByteIsRefused()
     {
-        const QByteArray good = CListFormat::Write(BuildList());
+        const QByteArray good = ListFormat::Write(BuildList());
         for (int n = 0; n < good.size(); ++n) {
             QByteArray flipped = good;
             flipped[n] = static_cast<char>(flipped.at(n) ^ 0x10);
-            QCOMPARE(CListFormat::Read(good.left(n), {}).verdict, SListReading::Invalid);
-            QCOMPARE(CListFormat::Read(flipped, {}).verdict, SListReading::Invalid);
+            QCOMPARE(ListFormat::Read(good.left(n), {}).verdict, SListReading::Invalid);
+            QCOMPARE(ListFormat::Read(flipped, {}).verdict, SListReading::Invalid);
         }
     }
 
@@ -217,7 +217,7 @@ private slots:
         for (int n = 0; n < 256; ++n) {
             node.listGroup.append(Group(QStringLiteral("g%1").arg(n), { Processor(QStringLiteral("p%1").arg(n)) }));
         }
-        QCOMPARE(CListFormat::Read(CListFormat::Write(node), {}).verdict, SListReading::Valid);
+        QCOMPARE(ListFormat::Read(ListFormat::Write(node), {}).verdict, SListReading::Valid);
     }
 
     void aListOverTheLimitIsTooLarge_data()
@@ -240,9 +240,9 @@ private slots:
         for (int n = 0; n < nGroups; ++n) {
             node.listGroup.append(Group(QStringLiteral("g%1").arg(n)));
         }
-        const QByteArray bytes = CListFormat::Write(node);
-        QCOMPARE(CListFormat::Read(bytes, {}).verdict, SListReading::TooLarge);
-        QCOMPARE(CListFormat::Read(bytes, SListLimits::Lifted()).verdict, SListReading::Valid);
+        const QByteArray bytes = ListFormat::Write(node);
+        QCOMPARE(ListFormat::Read(bytes, {}).verdict, SListReading::TooLarge);
+        QCOMPARE(ListFormat::Read(bytes, SListLimits::Lifted()).verdict, SListReading::Valid);
     }
 
     void hostileTextIsRefusedQuickly_data()
@@ -274,7 +274,7 @@ private slots:
         QFETCH(QByteArray, body);
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(CListFormat::Read(Seal(body), {}).verdict, SListReading::Invalid);
+        QCOMPARE(ListFormat::Read(Seal(body), {}).verdict, SListReading::Invalid);
         QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     }
 

@@ -1,10 +1,10 @@
 #include "Builders.h"
 #include "CControlFixture.h"
-#include "CListTime.h"
+#include "CHandClock.h"
 #include "CNameRegistry.h"
 #include "CorvidControl/file/CGenerations.h"
-#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/COwnList.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 #include "nodes/EnNodeType.h"
 
@@ -30,7 +30,7 @@ private slots:
     void init()
     {
         pFixture.reset(new CControlFixture);
-        pTime.reset(new CListTime);
+        pClock.reset(new CHandClock);
     }
 
     void cleanup()
@@ -40,11 +40,11 @@ private slots:
 
     void workLeavesAListEveryFiveMinutes()
     {
-        COwnList own(pFixture->GetPath(), {}, pTime->GetClock());
+        COwnList own(pFixture->GetPath(), {}, *pClock);
         own.Load();
         for (int nEdit = 1; nEdit <= 11; ++nEdit) { // one a minute; the first finds no list to keep
             QCOMPARE(own.Save(BuildEdition(nEdit)).strReason, QString());
-            pTime->Pass(1min);
+            pClock->Turn(1min);
         }
         QCOMPARE(ListEarlier().size(), 2);
         QCOMPARE(ReadNames(ListEarlier().value(0)), QStringList{ "Edit 1" });
@@ -55,13 +55,13 @@ private slots:
     void aNewRunCountsFromTheListsThatAreThere()
     {
         for (int nEdit = 1; nEdit <= 6; ++nEdit) { // a run a minute
-            COwnList own(pFixture->GetPath(), {}, pTime->GetClock());
+            COwnList own(pFixture->GetPath(), {}, *pClock);
             own.Load();
             QCOMPARE(own.Save(BuildEdition(nEdit)).strReason, QString());
-            pTime->Pass(1min);
+            pClock->Turn(1min);
             QCOMPARE(ListEarlier().size(), nEdit > 1 ? 1 : 0);
         }
-        COwnList own(pFixture->GetPath(), {}, pTime->GetClock());
+        COwnList own(pFixture->GetPath(), {}, *pClock);
         own.Load();
         own.Save(BuildEdition(7));
         QCOMPARE(ListEarlier().size(), 2);
@@ -70,10 +70,10 @@ private slots:
     void aSaveOfWhatDevicesSaidLeavesNone()
     {
         pFixture->Start(Root({}, { Processor("alpha") }));
-        COwnList own(pFixture->GetPath("other.kvtl"), {}, pTime->GetClock());
+        COwnList own(pFixture->GetPath("other.kvtl"), {}, *pClock);
         own.Load();
         own.Save(BuildEdition(1));
-        pTime->Pass(1h);
+        pClock->Turn(1h);
         own.Save({ BuildEdition(2).node, 1 });
         QCOMPARE(pFixture->ListFiles({ "other.*.kvtl" }), QStringList());
         QCOMPARE(ReadNames("other.kvtl"), QStringList{ "Edit 2" });
@@ -81,13 +81,13 @@ private slots:
 
     void theLastTenAndTheFirstOfTenDaysStay()
     {
-        CGenerations generations(pTime->GetClock());
+        CGenerations generations(*pClock);
         for (int nDay = 1; nDay <= 12; ++nDay) {
             for (int n = 1; n <= 4; ++n) {
                 Keep(generations, QStringLiteral("%1.%2").arg(nDay).arg(n).toUtf8());
-                pTime->Pass(1h);
+                pClock->Turn(1h);
             }
-            pTime->Pass(20h);
+            pClock->Turn(20h);
         }
         QStringList listKept;
         for (const QString& strName : ListEarlier()) {
@@ -99,7 +99,7 @@ private slots:
 
     void twoOfOneSecondHaveTheirOwnNames()
     {
-        CGenerations generations(pTime->GetClock());
+        CGenerations generations(*pClock);
         for (int n = 1; n <= 14; ++n) {
             Keep(generations, QByteArray::number(n));
         }
@@ -112,25 +112,25 @@ private slots:
 
     void theSameListIsKeptOnce()
     {
-        CGenerations generations(pTime->GetClock());
+        CGenerations generations(*pClock);
         Keep(generations, "list");
-        pTime->Pass(1h);
+        pClock->Turn(1h);
         Keep(generations, "list");
         QCOMPARE(ListEarlier().size(), 1);
     }
 
     void aDateThatIsSetBackCostsNoNewList()
     {
-        CGenerations generations(pTime->GetClock());
-        pTime->SetDateBy(24h * 365);
+        CGenerations generations(*pClock);
+        pClock->SetDateBy(24h * 365);
         for (int n = 1; n <= 12; ++n) {
             Keep(generations, QByteArray("from the future ") + QByteArray::number(n));
-            pTime->Pass(1min);
+            pClock->Turn(1min);
         }
-        pTime->SetDateBy(-24h * 365);
+        pClock->SetDateBy(-24h * 365);
         for (int n = 1; n <= 3; ++n) {
             Keep(generations, QByteArray("now ") + QByteArray::number(n));
-            pTime->Pass(1min);
+            pClock->Turn(1min);
         }
         QStringList listNow;
         for (const QString& strName : pFixture->ListFiles({ "list.2024-*.kvtl" })) {
@@ -148,7 +148,7 @@ private slots:
         for (const QString& strName : listOther) {
             pFixture->Write(strName, "mine");
         }
-        CGenerations generations(pTime->GetClock());
+        CGenerations generations(*pClock);
         for (int n = 1; n <= 30; ++n) {
             Keep(generations, QByteArray::number(n));
         }
@@ -160,7 +160,7 @@ private slots:
     void anImportKeepsTheListBefore()
     {
         pFixture->Start(Root({ Group("Stage") }));
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         g_pPrcListControl->RenameGroup(GroupId("Stage"), "Not saved yet");
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
         QCOMPARE(ListEarlier().size(), 1);
@@ -170,20 +170,20 @@ private slots:
 
     void anImportThatCannotKeepTheListIsNotDone()
     {
-        COwnList own(pFixture->GetPath(), {}, pTime->GetClock());
+        COwnList own(pFixture->GetPath(), {}, *pClock);
         own.Load();
         QCOMPARE(own.Save(BuildEdition(1)).result, SListSave::Saved);
         const QString strLong(235, 'x'); // with a date the name is too long
-        COwnList longNamed(pFixture->GetPath(strLong), {}, pTime->GetClock());
+        COwnList longNamed(pFixture->GetPath(strLong), {}, *pClock);
         longNamed.Load();
-        QCOMPARE(longNamed.Overwrite(BuildEdition(1), CListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
+        QCOMPARE(longNamed.Overwrite(BuildEdition(1), ListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
         QVERIFY(!QFile::exists(pFixture->GetPath(strLong)));
     }
 
     void anImportOverAnEmptyListKeepsNothing()
     {
         pFixture->Start();
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
         QCOMPARE(ListEarlier(), QStringList());
     }
@@ -273,7 +273,7 @@ private:
     QStringList ReadNames(const QString& strFile) const
     {
         QStringList listName;
-        const SProcessorAllNode node = CListFormat::Read(pFixture->Read(strFile), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(pFixture->Read(strFile), {}).node;
         for (const SProcessorGroupNode& group : node.listGroup) {
             listName.append(group.strName);
         }
@@ -301,7 +301,7 @@ private:
     }
 
     QScopedPointer<CControlFixture> pFixture;
-    QScopedPointer<CListTime> pTime;
+    QScopedPointer<CHandClock> pClock;
 };
 
 PTV_TEST_MAIN_CORE(CListGenerationsTest)

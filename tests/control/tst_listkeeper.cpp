@@ -1,10 +1,10 @@
 #include "Builders.h"
 #include "CControlFixture.h"
-#include "CListTime.h"
+#include "CHandClock.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/CListKeeper.h"
 #include "CorvidControl/file/CListStore.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/list/CDeletionWatch.h"
 #include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
@@ -28,29 +28,27 @@ namespace {
 class CCountingKeeper
 {
 public:
-    CCountingKeeper() : keeper([this] { return Save(); }, time.GetClock()) { }
+    CCountingKeeper() : keeper([this] { return Save(); }, clock) { }
 
     void Pass(std::chrono::milliseconds timePassed)
     {
-        time.Pass(timePassed);
-        keeper.Wake();
+        clock.Turn(timePassed);
     }
+
     /// As Pass, while changes wait. True when the keeper has looked at the clock and goes on waiting.
     bool PassUnsaved(std::chrono::milliseconds timePassed)
     {
         const int nSavesBefore = nSaves;
-        time.Pass(timePassed);
-        const int nAsked = time.GetAsked();
-        keeper.Wake();
-        // It asks a second time only to know how long it still has to wait.
-        return QTest::qWaitFor([&] { return time.GetAsked() >= nAsked + 2 || nSaves != nSavesBefore; }) && nSaves == nSavesBefore;
+        const int nWaits = clock.Turn(timePassed);
+        return QTest::qWaitFor([&] { return clock.GetWaits() > nWaits || nSaves != nSavesBefore; }) && nSaves == nSavesBefore;
     }
+
     bool AwaitSave()
     {
         return semaphore.tryAcquire(1, 10000);
     }
 
-    CListTime time;
+    CHandClock clock;
     std::atomic<bool> bWorks{ true };
     std::atomic<int> nSaves{ 0 };
     std::atomic<std::thread::id> thread;
@@ -169,21 +167,20 @@ private slots:
     {
         std::atomic<int> nChanged{ 0 };
         std::atomic<int> nSaved{ 0 };
-        CListTime time;
+        CHandClock clock;
         CListKeeper keeper(
             [&] {
                 nSaved = nChanged.load();
                 return true;
             },
-            time.GetClock());
+            clock);
         std::vector<std::thread> vecThread;
         for (int nThread = 0; nThread < 4; ++nThread) {
             vecThread.emplace_back([&] {
                 for (int n = 0; n < 500; ++n) {
                     ++nChanged;
                     keeper.Touch();
-                    time.Pass(10ms);
-                    keeper.Wake();
+                    clock.Turn(10ms);
                 }
             });
         }
@@ -244,7 +241,7 @@ private slots:
     {
         QFETCH(SProcessorNode, report);
         CControlFixture fixture;
-        const QByteArray before = CListFormat::Write(Root({}, { Processor("alpha") }));
+        const QByteArray before = ListFormat::Write(Root({}, { Processor("alpha") }));
         fixture.Write("list.kvtl", before);
         CBareList list(fixture.GetPath());
         QVERIFY(list.store.Load());
@@ -257,13 +254,13 @@ private slots:
     void whatDevicesSaidIsWrittenAlong()
     {
         CControlFixture fixture;
-        fixture.Write("list.kvtl", CListFormat::Write(Root({ Group("Stage", { Processor("alpha") }) })));
+        fixture.Write("list.kvtl", ListFormat::Write(Root({ Group("Stage", { Processor("alpha") }) })));
         CBareList list(fixture.GetPath());
         QVERIFY(list.store.Load());
         list.processors.ApplyReport(Processor("alpha").Online());
         list.processors.RenameNode(GroupId("Stage"), "Hall");
         QVERIFY(list.store.SaveSoon());
-        const SProcessorAllNode node = CListFormat::Read(fixture.Read("list.kvtl"), {}).node;
+        const SProcessorAllNode node = ListFormat::Read(fixture.Read("list.kvtl"), {}).node;
         QCOMPARE(node.listGroup.value(0).strName, QString("Hall"));
         QVERIFY(node.listGroup.at(0).listProcessor.at(0).bOnline);
     }
@@ -294,7 +291,7 @@ private slots:
         for (int n = 0; n < 40; ++n) {
             node.listProcessor.append(Processor(QStringLiteral("p%1").arg(n)));
         }
-        fixture.Write("other.kvtl", CListFormat::Write(node));
+        fixture.Write("other.kvtl", ListFormat::Write(node));
         fixture.Start(node);
         CListKeeper keeper([&] { return fixture.pHost->SaveList().isEmpty(); }, {});
         const QString strPath = fixture.GetPath();
@@ -324,7 +321,7 @@ private slots:
         keeper.Stop();
         QCOMPARE(fixture.pHost->SaveList(), QString());
         QCOMPARE(fixture.pHost->GetListTrouble(), QString());
-        QCOMPARE(fixture.Read("list.kvtl"), CListFormat::Write(CControlFixture::GetTree()));
+        QCOMPARE(fixture.Read("list.kvtl"), ListFormat::Write(CControlFixture::GetTree()));
         QCOMPARE(fixture.ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
     }
 

@@ -1,7 +1,7 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <QDateTime>
@@ -65,7 +65,7 @@ private slots:
     void init()
     {
         pFixture.reset(new CControlFixture);
-        pFixture->Write("list.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+        pFixture->Write("list.kvtl", ListFormat::Write(Root({ Group("Stage") })));
     }
 
     void cleanup()
@@ -108,7 +108,7 @@ private slots:
     {
         CSecondProgram first(pFixture->GetPath());
         QCOMPARE(first.Ask("trouble"), QString());
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Hall") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Hall") })));
         const QByteArray before = pFixture->Read("list.kvtl");
         ExpectWarning("The list is not being saved");
         pFixture->StartAsIs();
@@ -158,7 +158,7 @@ private slots:
         pFixture->Write("list.kvtl", "hello\n");
         ExpectWarning("The list was not read");
         pFixture->StartAsIs();
-        pFixture->Write("list.kvtl", CListFormat::Write(Root({ Group("Mended") })));
+        pFixture->Write("list.kvtl", ListFormat::Write(Root({ Group("Mended") })));
         CSecondProgram second(pFixture->GetPath());
         QCOMPARE(second.Ask("trouble"), QString());
         QCOMPARE(second.Ask("rename Theirs"), QString("done"));
@@ -254,7 +254,7 @@ private:
     }
     QString ReadName(const QString& strFile) const
     {
-        const SListReading reading = CListFormat::Read(pFixture->Read(strFile), {});
+        const SListReading reading = ListFormat::Read(pFixture->Read(strFile), {});
         return reading.verdict == SListReading::Valid ? reading.node.listGroup.at(0).strName : reading.strReason;
     }
 

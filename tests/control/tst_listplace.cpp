@@ -1,7 +1,7 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
 #include <QDir>
@@ -15,7 +15,7 @@ namespace {
 
 QByteArray BuildOther()
 {
-    return CListFormat::Write(Root({ Group("Theirs") }));
+    return ListFormat::Write(Root({ Group("Theirs") }));
 }
 
 QByteArray Encode(const QString& strPath)
@@ -51,7 +51,7 @@ private slots:
         QCOMPARE(Export(), 7);
         QCOMPARE(pFixture->Read("list.kvtl"), BuildOther());
         QCOMPARE(ListAside().size(), 1);
-        QCOMPARE(CListFormat::Read(pFixture->Read(ListAside().value(0)), {}).node.listGroup.at(0).strName, QString("Ours"));
+        QCOMPARE(ListFormat::Read(pFixture->Read(ListAside().value(0)), {}).node.listGroup.at(0).strName, QString("Ours"));
         QCOMPARE(logged.count(), 1);
         QVERIFY(logged.at(0).at(0).toString().endsWith("It is kept in " + pFixture->GetPath(ListAside().value(0))));
         QCOMPARE(pFixture->pHost->GetListTrouble(), logged.at(0).at(0).toString());
@@ -161,7 +161,7 @@ private slots:
         pFixture->StartAsIs();
         g_pPrcListControl->AddGroup(Group("Ours"), true);
         pFixture->Write("list.kvtl", BuildOther());
-        pFixture->Write("other.kvtl", CListFormat::Write(Root({ Group("Imported") })));
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Imported") })));
         QSignalSpy logged(pFixture->pHost.get(), &CControlHost::LogLine);
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 3);
         QCOMPARE(pFixture->Read("list.kvtl"), BuildOther());
@@ -177,7 +177,7 @@ private slots:
         pFixture->Start(Root({ Group("Stage") }));
         QVERIFY(QFile::remove(pFixture->GetPath()));
         QCOMPARE(Export(), 0);
-        QCOMPARE(CListFormat::Read(pFixture->Read("list.kvtl"), {}).node.listGroup.size(), 1);
+        QCOMPARE(ListFormat::Read(pFixture->Read("list.kvtl"), {}).node.listGroup.size(), 1);
     }
 
     void aRefusedFileThatWasTakenAwayMakesRoom()
@@ -204,7 +204,7 @@ private slots:
             ExpectNotSaved();
             QCOMPARE(Export(), 7);
             QCOMPARE(ListAside().size(), 1);
-            QCOMPARE(CListFormat::Read(pFixture->Read(ListAside().value(0)), {}).node.listGroup.size(), n);
+            QCOMPARE(ListFormat::Read(pFixture->Read(ListAside().value(0)), {}).node.listGroup.size(), n);
         }
         pFixture->Stop();
         ExpectWarning("The list was not read");
@@ -354,7 +354,7 @@ private slots:
     void modeOwnerAndLinkStay()
     {
         QVERIFY(QDir(pFixture->folder.path()).mkpath("share"));
-        pFixture->Write("share/ours.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+        pFixture->Write("share/ours.kvtl", ListFormat::Write(Root({ Group("Stage") })));
         const QByteArray real = Encode(pFixture->GetPath("share/ours.kvtl"));
         QCOMPARE(symlink("share/ours.kvtl", Encode(pFixture->GetPath())), 0);
         const uid_t nUser = geteuid() == 0 ? 65534 : geteuid();
@@ -413,7 +413,7 @@ private slots:
 
     void aReadOnlyFolderShowsTheListAndSaysSo()
     {
-        pFixture->Write("list.kvtl", CListFormat::Write(Root({ Group("Stage") })));
+        pFixture->Write("list.kvtl", ListFormat::Write(Root({ Group("Stage") })));
         QCOMPARE(chmod(Encode(pFixture->folder.path()), 0555), 0);
         const bool bLowered = geteuid() == 0 && seteuid(65534) == 0;
         ExpectNotSaved();

@@ -1,7 +1,12 @@
 #include "CorvidControl/day/CScenario.h"
+#include "CorvidControl/day/SScenarioStep.h"
+#include "CorvidControl/day/StepVerbs.h"
 #include "TestMain.h"
 
+#include <QFile>
 #include <QTemporaryDir>
+
+#include <cstdio>
 
 namespace {
 
@@ -9,6 +14,36 @@ namespace {
 QByteArray Json(QByteArray text)
 {
     return text.replace('\'', '"');
+}
+
+/// "`for` (seconds, from 0 to a day; optional: 2)"; texts, the most of all, go without a word.
+QString GetKeyText(const SStepKey& key)
+{
+    const QString strWhat = QString::fromLatin1(key.pValue->szWhat);
+    QStringList listNote;
+    if (strWhat != "a text") {
+        listNote.append(strWhat);
+    }
+    if (!key.bNeeded) {
+        listNote.append(key.szSubstitute ? QStringLiteral("optional: ") + key.szSubstitute : QStringLiteral("optional"));
+    }
+    const QString strName = QStringLiteral("`%1`").arg(key.szName);
+    return listNote.isEmpty() ? strName : QStringLiteral("%1 (%2)").arg(strName, listNote.join("; "));
+}
+
+/// The verbs as the document has them.
+QString GetVerbTable()
+{
+    QString strTable = "| `do` | further keys | what happens |\n|---|---|---|\n";
+    for (const SStepVerb& verb : StepVerbs::GetAll()) {
+        QStringList listKey;
+        for (const SStepKey& key : verb.vecKey) {
+            listKey.append(GetKeyText(key));
+        }
+        const QString strEffect = QString::fromLatin1(verb.szEffect) + (verb.bBlocking ? " (blocks)" : "");
+        strTable += QStringLiteral("| `%1` | %2 | %3 |\n").arg(verb.szName, listKey.join(", "), strEffect);
+    }
+    return strTable;
 }
 
 } // namespace
@@ -69,6 +104,28 @@ private slots:
         QCOMPARE(scenario.GetFault(), QString());
         QCOMPARE(scenario.GetSteps().size(), 1);
         QCOMPARE(scenario.GetSteps().at(0).nAt, qint64(1250));
+    }
+
+    void theTableOfTheDocumentIsThatOfTheVerbs()
+    {
+        QFile file(QStringLiteral(PTV_DOCS "/scenarios.md"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString strBegin = "<!-- verbs -->\n";
+        const QString strDocument = QString::fromUtf8(file.readAll());
+        const int nBegin = strDocument.indexOf(strBegin) + strBegin.size();
+        const QString strTable = strDocument.mid(nBegin, strDocument.indexOf("<!-- end of verbs -->") - nBegin);
+        if (strTable != GetVerbTable()) {
+            std::fputs(qPrintable(GetVerbTable()), stdout); // longer than Qt Test's messages may be
+        }
+        QVERIFY2(strTable == GetVerbTable(), "put the table above between the marks of docs/scenarios.md");
+    }
+
+    void eachVerbIsFoundByItsName()
+    {
+        for (const SStepVerb& verb : StepVerbs::GetAll()) {
+            QCOMPARE(StepVerbs::Find(verb.szName), &verb);
+        }
+        QVERIFY(!StepVerbs::Find("fly"));
     }
 
     void stepsComeInTheOrderOfTheirTimes()

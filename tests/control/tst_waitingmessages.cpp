@@ -52,9 +52,9 @@ public:
     /// Lets the time pass, and that of a burst, and returns what has come since the last Forget.
     QVector<int> HearAfter(std::chrono::milliseconds time)
     {
-        pClock->Turn(time);
+        clock.Turn(time);
         dispatcher.Post(SenderPrcBasic, ++nMark);
-        pClock->Turn(CMessageDispatcher::timeQuiet);
+        clock.Turn(CMessageDispatcher::timeQuiet);
         recorder.Await(nMark);
         return Hear();
     }
@@ -78,7 +78,7 @@ public:
     /// Whether the thread of the dispatcher waits for a time; also true just before it is notified.
     bool IsAsleep() const
     {
-        return pClock->GetAlarm() != CSteadyClock::Time();
+        return clock.GetAlarm() != CControlClock::Time();
     }
 
     void Forget()
@@ -86,8 +86,8 @@ public:
         nForgotten = recorder.GetMessages().size();
     }
 
-    CHandClock* pClock = new CHandClock;
-    CMessageDispatcher dispatcher{ std::unique_ptr<CSteadyClock>(pClock) };
+    CHandClock clock;
+    CMessageDispatcher dispatcher{ clock };
     CMessageRecorder recorder;
 
 private:
@@ -214,13 +214,13 @@ private slots:
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         rig.PostCommand(60);
-        rig.pClock->Turn(CMessageDispatcher::timeQuiet);
+        rig.clock.Turn(CMessageDispatcher::timeQuiet);
         QTRY_COMPARE(rig.Hear(), QVector<int>{ 60 });
         std::atomic<bool> bSettled{ false };
         CMessageRecorder settled;
         settled.onNotify = [&](int nMessage) { bSettled = nMessage == MessageSettled; };
         rig.dispatcher.Attach(SenderProtocal, &settled);
-        QTRY_VERIFY((rig.pClock->Turn(CMessageDispatcher::timeSettle), bSettled.load()));
+        QTRY_VERIFY((rig.clock.Turn(CMessageDispatcher::timeSettle), bSettled.load()));
         QCOMPARE(rig.Hear(), QVector<int>{ 60 });
         rig.dispatcher.Detach(SenderProtocal, &settled);
     }
@@ -328,8 +328,8 @@ private slots:
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(1000ms), QVector<int>());
         rig.PostCommand(MessageSelectionChanged);
-        QTRY_VERIFY(rig.pClock->GetAlarm() == rig.pClock->GetNow() + CMessageDispatcher::timeQuiet);
-        rig.pClock->Turn(10ms);
+        QTRY_VERIFY(rig.clock.GetAlarm() == rig.clock.GetNow() + CMessageDispatcher::timeQuiet);
+        rig.clock.Turn(10ms);
         rig.PostCommand(MessageSelectionChanged);
         QCOMPARE(rig.HearNow(), (QVector<int>{ MessageDevicesChanged, MessageSelectionChanged }));
     }
@@ -341,7 +341,7 @@ private slots:
         rig.PostCommand();
         for (int n = 0; n < 15; ++n) {
             rig.PostDevice();
-            rig.pClock->Turn(1ms);
+            rig.clock.Turn(1ms);
         }
         QTRY_COMPARE(rig.Hear(), (QVector<int>{ MessageListChanged, MessageDevicesChanged }));
     }

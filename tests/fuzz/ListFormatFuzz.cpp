@@ -1,4 +1,4 @@
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 
 #include "nodes/SProcessorAllNode.h"
 
@@ -31,10 +31,10 @@ void Check(const SListReading& reading)
         Expect(IsEmpty(reading.node), "a refusal holds no list");
         return;
     }
-    const QByteArray written = CListFormat::Write(reading.node);
-    const SListReading again = CListFormat::Read(written, SListLimits());
+    const QByteArray written = ListFormat::Write(reading.node);
+    const SListReading again = ListFormat::Read(written, SListLimits());
     Expect(again.verdict == SListReading::Valid, "what was written is read");
-    Expect(CListFormat::Write(again.node) == written, "a list that comes back is written to the same bytes");
+    Expect(ListFormat::Write(again.node) == written, "a list that comes back is written to the same bytes");
 }
 
 } // namespace
@@ -43,8 +43,8 @@ void Check(const SListReading& reading)
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* pData, size_t nSize)
 {
     const QByteArray bytes(reinterpret_cast<const char*>(pData), static_cast<int>(nSize));
-    Check(CListFormat::Read(bytes, SListLimits()));
-    Check(CListFormat::ReadBody(bytes, SListLimits()));
-    Check(CListFormat::ReadBody(bytes, SListLimits(), CListFormat::NamesMended));
+    Check(ListFormat::Read(bytes, SListLimits()));
+    Check(ListFormat::ReadBody(bytes, SListLimits()));
+    Check(ListFormat::ReadBody(bytes, SListLimits(), ListFormat::NamesMended));
     return 0;
 }

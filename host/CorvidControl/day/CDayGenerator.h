@@ -6,16 +6,16 @@
 #include <random>
 
 /// Invents what happens on a day without a scenario: devices restart, drop out, come back, fail over and
-/// change their project, one every few seconds. The same seed and the same lists give the same day, at
-/// any pace.
+/// change their project, one of them every few seconds. The same seed and the same lists give the same day, at
+/// any pace. For one thread at a time.
 class CDayGenerator
 {
 public:
-    /// dPace: how many times as fast as usual everything happens; above 0.
+    /// dPaceIn: how many times as fast as usual everything happens; above 0.
     explicit CDayGenerator(quint32 nSeed, double dPaceIn = 1.0) : random(nSeed), dPace(dPaceIn) { }
 
-    /// The next thing that happens in this list, nAt milliseconds from now; nothing (an empty strDo) in
-    /// a list without processors.
+    /// The next thing that happens in this list, nAt milliseconds from now, its node named by the id; nothing (an
+    /// empty strDo) in a list without processors.
     SScenarioStep GetNext(const CNodeTree& tree);
 
 private:

@@ -26,6 +26,7 @@ void CDayPlayer::StartQuietDay(quint32 nSeed, double dPace)
 
 void CDayPlayer::Stop()
 {
+    Q_ASSERT(std::this_thread::get_id() != threadLife.get_id());
     {
         const std::lock_guard<std::mutex> lock(mutex);
         bStop = true;
@@ -89,17 +90,22 @@ void CDayPlayer::RunQuietDay(quint32 nSeed, double dPace)
     } while (WaitUntil(nTime));
 }
 
-// Waits for its time and takes it. False when the life is over.
+// Waits until the first step is due and takes it. False when the day is over.
 bool CDayPlayer::TakeFirst(QVector<SScenarioStep>& vecStep)
 {
     const SScenarioStep step = vecStep.takeFirst();
     if (!WaitUntil(step.nAt)) {
         return false;
     }
-    QVector<SScenarioStep> vecFollow;
-    Take(step, vecFollow);
-    for (const SScenarioStep& stepLater : std::as_const(vecFollow)) {
-        Insert(vecStep, stepLater);
+    Q_ASSERT(std::this_thread::get_id() == threadLife.get_id());
+    if (CStepRunner::IsBlocking(step)) {
+        TakeAside(step);
+    } else {
+        const SStepResult result = runner.Run(step);
+        Report(step, result);
+        for (const SScenarioStep& stepLater : result.vecFollow) {
+            Insert(vecStep, stepLater);
+        }
     }
     return true;
 }
@@ -111,7 +117,7 @@ void CDayPlayer::Insert(QVector<SScenarioStep>& vecStep, const SScenarioStep& st
     vecStep.insert(static_cast<int>(it - vecStep.cbegin()), step);
 }
 
-// False when the life is over.
+// False when the day is over.
 bool CDayPlayer::WaitUntil(qint64 nTime)
 {
     std::unique_lock<std::mutex> lock(mutex);
@@ -119,27 +125,15 @@ bool CDayPlayer::WaitUntil(qint64 nTime)
     return !bStop;
 }
 
-void CDayPlayer::Take(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow)
-{
-    if (CStepRunner::IsBlocking(step)) {
-        TakeAside(step);
-    } else {
-        Tell(step, runner.Run(step, vecFollow));
-    }
-}
-
 void CDayPlayer::TakeAside(const SScenarioStep& step)
 {
-    vecAside.emplace_back([this, step] {
-        QVector<SScenarioStep> vecNone;
-        Tell(step, runner.Run(step, vecNone));
-    });
+    vecAside.emplace_back([this, step] { Report(step, runner.Run(step)); });
 }
 
-void CDayPlayer::Tell(const SScenarioStep& step, const QString& strFault)
+void CDayPlayer::Report(const SScenarioStep& step, const SStepResult& result)
 {
-    if (!strFault.isEmpty()) {
-        events.Refuse(QStringLiteral("The step \"%1\" was passed over: %2").arg(step.strDo, strFault));
+    if (!result.strFault.isEmpty()) {
+        events.Refuse(QStringLiteral("The step \"%1\" was passed over: %2").arg(step.strDo, result.strFault));
     } else {
         emit events.LifeStep(runner.GetText(step));
     }

@@ -13,23 +13,29 @@
 class CHostEvents;
 class CProcessorList;
 
-/// Lets things happen in time: the steps of a scenario, or a quiet day. One thread takes the steps; those
-/// that may block get a thread each, so that a slow device does not hold up the day.
+/// Makes things happen in time: the steps of a scenario, or a quiet day. One thread takes the steps; each
+/// that may block gets a thread of its own, so that a slow device does not hold up the day.
 class CDayPlayer
 {
 public:
+    /// Nothing happens before a start. All references must outlive the player.
     CDayPlayer(CProcessorList& processorsIn, CStepRunner& runnerIn, CHostEvents& eventsIn);
 
     /// As Stop.
     ~CDayPlayer();
 
+    /// Any thread. vecStep by time; the last step is followed by CHostEvents::ScenarioFinished. Only the first start
+    /// counts, and none after Stop.
     void StartScenario(const QVector<SScenarioStep>& vecStep);
+
+    /// As StartScenario, for CDayGenerator's day, which ends with Stop.
     void StartQuietDay(quint32 nSeed, double dPace);
 
-    /// Ends all threads. What blocks them must have been stopped before.
+    /// Ends and joins all threads: what blocks them must have been stopped before. Not from within a step.
     void Stop();
 
-    qint64 GetTime() const; ///< milliseconds since the start; 0 before it
+    /// Milliseconds since the start; 0 before it. Any thread.
+    qint64 GetTime() const;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -40,9 +46,8 @@ private:
     bool TakeFirst(QVector<SScenarioStep>& vecStep);
     static void Insert(QVector<SScenarioStep>& vecStep, const SScenarioStep& step);
     bool WaitUntil(qint64 nTime);
-    void Take(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
     void TakeAside(const SScenarioStep& step);
-    void Tell(const SScenarioStep& step, const QString& strFault);
+    void Report(const SScenarioStep& step, const SStepResult& result);
 
     CProcessorList& processors;
     CStepRunner& runner;
@@ -54,5 +59,5 @@ private:
     Clock::time_point timeStart;
 
     std::thread threadLife;
-    std::vector<std::thread> vecAside; ///< of the life's thread only, until it is joined
+    std::vector<std::thread> vecAside; ///< touched by threadLife only, until that is joined
 };

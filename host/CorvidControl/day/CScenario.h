@@ -5,13 +5,14 @@
 #include <QJsonArray>
 #include <QVector>
 
-/// A scenario file, see docs/scenarios.md: all of it, or the first fault and nothing else.
+/// A scenario file, see docs/scenarios.md: all of it, or the first fault and nothing else. A plain value.
 class CScenario
 {
 public:
+    /// Blocks for the disk. Never fails: see GetFault.
     static CScenario ReadFile(const QString& strPath);
 
-    /// strName stands in front of a fault.
+    /// The text of a file; strName stands in front of a fault.
     static CScenario Read(const QByteArray& bytes, const QString& strName);
 
     /// One line that names the file, the step and the fault; empty when there is none.
@@ -20,16 +21,19 @@ public:
         return strFault;
     }
 
+    /// By time, then as in the file.
     const QVector<SScenarioStep>& GetSteps() const
     {
         return vecStep;
-    } ///< by time, then as in the file
+    }
+
+    /// The array under "ui", as in the file; only the times in it are checked.
     QJsonArray GetMarks() const
     {
         return arrayMark;
     }
 
-    /// Address of the key "ip", host order.
+    /// The address of the key "ip", host order; 0 without one.
     static quint32 ReadAddress(const SScenarioStep& step);
 
 private:

@@ -1,9 +1,10 @@
 #include "CorvidControl/day/CStepRunner.h"
 
 #include "CorvidControl/day/CScenario.h"
+#include "CorvidControl/day/StepVerbs.h"
 #include "CorvidControl/devices/CDeviceCommands.h"
-#include "CorvidControl/devices/CDeviceTypes.h"
 #include "CorvidControl/devices/CSimulatedNetwork.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
 
@@ -15,9 +16,14 @@ constexpr double dBootSeconds = 2;
 constexpr qint32 nPrimary = 1;
 constexpr qint32 nBackup = 2;
 
-QString GetNotThere(const QString& strText)
+SStepResult BuildFault(const QString& strFault)
 {
-    return QStringLiteral("\"%1\" is not in the list").arg(strText);
+    return { strFault, {} };
+}
+
+SStepResult BuildNotThere(const QString& strText)
+{
+    return BuildFault(QStringLiteral("\"%1\" is not in the list").arg(strText));
 }
 
 qint32 ReadRole(const QString& strRole)
@@ -42,116 +48,196 @@ CStepRunner::CStepRunner(CProcessorList& processorsIn, CHostState& hostIn, CDevi
 
 bool CStepRunner::IsBlocking(const SScenarioStep& step)
 {
-    return step.strDo == QLatin1String("scan") || step.strDo == QLatin1String("add-processor")
-        || step.strDo == QLatin1String("delete");
+    const SStepVerb* pVerb = StepVerbs::Find(step.strDo);
+    Q_ASSERT(pVerb);
+    return pVerb->bBlocking;
 }
 
-QString CStepRunner::Run(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow)
+SStepResult CStepRunner::Run(const SScenarioStep& step)
 {
-    const Action action = GetActions().value(step.strDo);
-    return (this->*action)(step, vecFollow);
+    const SStepVerb* pVerb = StepVerbs::Find(step.strDo);
+    Q_ASSERT(pVerb);
+    return (this->*pVerb->action)(step);
 }
 
-const QMap<QString, CStepRunner::Action>& CStepRunner::GetActions()
+SStepResult CStepRunner::TakeOffline(const SScenarioStep& step)
 {
-    static const QMap<QString, Action> mapAction{
-        { QStringLiteral("offline"), &CStepRunner::RunDevice },     { QStringLiteral("online"), &CStepRunner::RunDevice },
-        { QStringLiteral("boot"), &CStepRunner::RunDevice },        { QStringLiteral("role"), &CStepRunner::RunDevice },
-        { QStringLiteral("project"), &CStepRunner::RunDevice },     { QStringLiteral("fail-over"), &CStepRunner::RunFailOver },
-        { QStringLiteral("chief"), &CStepRunner::RunChief },        { QStringLiteral("chief-mode"), &CStepRunner::RunHost },
-        { QStringLiteral("open-project"), &CStepRunner::RunHost },  { QStringLiteral("close-project"), &CStepRunner::RunHost },
-        { QStringLiteral("lock"), &CStepRunner::RunHost },          { QStringLiteral("block-refresh"), &CStepRunner::RunHost },
-        { QStringLiteral("rename"), &CStepRunner::RunNode },        { QStringLiteral("move"), &CStepRunner::RunNode },
-        { QStringLiteral("expand"), &CStepRunner::RunNode },        { QStringLiteral("delete"), &CStepRunner::RunNode },
-        { QStringLiteral("select"), &CStepRunner::RunSelect },      { QStringLiteral("pane"), &CStepRunner::RunSelect },
-        { QStringLiteral("add-group"), &CStepRunner::RunAdd },      { QStringLiteral("add-processor"), &CStepRunner::RunAdd },
-        { QStringLiteral("add-simulators"), &CStepRunner::RunAdd }, { QStringLiteral("appear"), &CStepRunner::RunNetwork },
-        { QStringLiteral("silent"), &CStepRunner::RunNetwork },     { QStringLiteral("scan"), &CStepRunner::RunNetwork },
-        { QStringLiteral("storm"), &CStepRunner::RunStorm },
-    };
-    return mapAction;
+    return ChangeDevice(step, [this](const QUuid& id) { network.SetOnline(id, false); });
 }
 
-QString CStepRunner::RunDevice(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow)
+SStepResult CStepRunner::TakeOnline(const SScenarioStep& step)
 {
-    const QUuid id = Find(step, "node");
-    if (FindProcessor(id).idNode.isNull()) {
-        return GetNotThere(step.GetText("node"));
-    }
-    if (step.strDo == QLatin1String("role")) {
-        network.SetRole(id, ReadRole(step.GetText("role")));
-    } else if (step.strDo == QLatin1String("project")) {
-        network.SetProject(id, step.GetText("project"));
-    } else {
-        network.SetOnline(id, step.strDo == QLatin1String("online"));
-    }
-    if (step.strDo == QLatin1String("boot")) {
-        vecFollow.append(BuildLater(step, QStringLiteral("online"), step.GetNumber("for", dBootSeconds)));
-    }
-    return {};
+    return ChangeDevice(step, [this](const QUuid& id) { network.SetOnline(id, true); });
 }
 
-QString CStepRunner::RunFailOver(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::Boot(const SScenarioStep& step)
+{
+    SStepResult result = TakeOffline(step);
+    if (result.strFault.isEmpty()) {
+        result.vecFollow.append(BuildLater(step, QStringLiteral("online"), step.GetNumber("for", dBootSeconds)));
+    }
+    return result;
+}
+
+SStepResult CStepRunner::SetRole(const SScenarioStep& step)
+{
+    return ChangeDevice(step, [&](const QUuid& id) { network.SetRole(id, ReadRole(step.GetText("role"))); });
+}
+
+SStepResult CStepRunner::FailOver(const SScenarioStep& step)
 {
     const SProcessorNode processor = FindProcessor(Find(step, "node"));
     if (processor.idNode.isNull()) {
-        return GetNotThere(step.GetText("node"));
+        return BuildNotThere(step.GetText("node"));
     }
-    const QUuid idPartner = step.keys.contains(QLatin1String("with")) ? Find(step, "with") : FindPartner(processor);
+    const QUuid idPartner = step.Has("with") ? Find(step, "with") : FindPartner(processor);
     const SProcessorNode partner = FindProcessor(idPartner);
     if (partner.idNode.isNull()) {
-        return QStringLiteral("\"%1\" has no other half").arg(processor.strName);
+        return BuildFault(QStringLiteral("\"%1\" has no other half").arg(processor.strName));
     }
     network.SetRole(processor.idNode, partner.nFailover);
     network.SetRole(partner.idNode, processor.nFailover);
     return {};
 }
 
-QString CStepRunner::RunChief(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::SetProject(const SScenarioStep& step)
+{
+    return ChangeDevice(step, [&](const QUuid& id) { network.SetProject(id, step.GetText("project")); });
+}
+
+SStepResult CStepRunner::SetChief(const SScenarioStep& step)
 {
     const QUuid idGroup = Find(step, "group");
     const QUuid idChief = Find(step, "node");
     if (idGroup.isNull()) {
-        return GetNotThere(step.GetText("group"));
+        return BuildNotThere(step.GetText("group"));
     }
-    if (idChief.isNull() && step.keys.contains(QLatin1String("node"))) {
-        return GetNotThere(step.GetText("node"));
+    if (idChief.isNull() && step.Has("node")) {
+        return BuildNotThere(step.GetText("node"));
     }
     processors.SetChief(idGroup, idChief);
     return {};
 }
 
-QString CStepRunner::RunHost(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::SetChiefMode(const SScenarioStep& step)
 {
-    if (step.strDo == QLatin1String("chief-mode")) {
-        host.SetChiefMode(step.IsOn());
-    } else if (step.strDo == QLatin1String("lock")) {
-        host.SetLocked(step.IsOn());
-    } else if (step.strDo == QLatin1String("block-refresh")) {
-        host.SetRefreshBlocked(step.IsOn());
-    } else {
-        host.SetProject(step.GetText("project"));
-    }
+    host.SetChiefMode(step.IsOn());
     return {};
 }
 
-QString CStepRunner::RunNode(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::OpenProject(const SScenarioStep& step)
+{
+    host.SetProject(step.GetText("project"));
+    return {};
+}
+
+SStepResult CStepRunner::CloseProject(const SScenarioStep& /*step*/)
+{
+    host.SetProject({});
+    return {};
+}
+
+SStepResult CStepRunner::LockList(const SScenarioStep& step)
+{
+    host.SetLocked(step.IsOn());
+    return {};
+}
+
+SStepResult CStepRunner::BlockRefresh(const SScenarioStep& step)
+{
+    host.SetRefreshBlocked(step.IsOn());
+    return {};
+}
+
+SStepResult CStepRunner::Rename(const SScenarioStep& step)
+{
+    const QUuid id = Find(step, "node");
+    if (id.isNull()) {
+        return BuildNotThere(step.GetText("node"));
+    }
+    processors.RenameNode(id, step.GetText("name"));
+    return {};
+}
+
+SStepResult CStepRunner::Move(const SScenarioStep& step)
 {
     const QUuid id = Find(step, "node");
     const QUuid idGroup = Find(step, "group");
-    if (id.isNull() && step.keys.contains(QLatin1String("node"))) {
-        return GetNotThere(step.GetText("node"));
+    if (id.isNull()) {
+        return BuildNotThere(step.GetText("node"));
     }
-    if (idGroup.isNull() && step.keys.contains(QLatin1String("group"))) {
-        return GetNotThere(step.GetText("group"));
+    if (idGroup.isNull() && step.Has("group")) {
+        return BuildNotThere(step.GetText("group"));
     }
-    if (step.strDo == QLatin1String("rename")) {
-        processors.RenameNode(id, step.GetText("name"));
-    } else if (step.strDo == QLatin1String("move")) {
-        processors.MoveProcessor(id, idGroup);
-    } else if (step.strDo == QLatin1String("expand")) {
-        processors.SetExpanded(id, step.IsOn());
-    } else if (FindProcessor(id).idNode.isNull()) {
+    processors.MoveProcessor(id, idGroup);
+    return {};
+}
+
+SStepResult CStepRunner::Expand(const SScenarioStep& step)
+{
+    const QUuid id = Find(step, "node");
+    if (id.isNull() && step.Has("node")) {
+        return BuildNotThere(step.GetText("node"));
+    }
+    processors.SetExpanded(id, step.IsOn());
+    return {};
+}
+
+SStepResult CStepRunner::Select(const SScenarioStep& step)
+{
+    std::vector<QUuid> vecId;
+    const QJsonArray arrayNode = step.keys.value(QLatin1String("nodes")).toArray();
+    for (int n = 0; n < arrayNode.size(); ++n) {
+        const QString strName = arrayNode.at(n).toString();
+        vecId.push_back(FindText(strName));
+        if (vecId.back().isNull()) {
+            return BuildNotThere(strName);
+        }
+    }
+    if (vecId.empty()) {
+        vecId.push_back(QUuid());
+    }
+    return processors.SetSelection(vecId) ? SStepResult()
+                                          : BuildFault(QStringLiteral("none of the nodes is in the current pane"));
+}
+
+SStepResult CStepRunner::SetPane(const SScenarioStep& step)
+{
+    processors.SetSimulatorPane(step.GetText("pane") == QLatin1String("simulator"));
+    return {};
+}
+
+SStepResult CStepRunner::AddGroup(const SScenarioStep& step)
+{
+    SProcessorGroupNode group;
+    group.idNode = QUuid::createUuid();
+    group.strName = step.GetText("name");
+    processors.AddGroup(group);
+    return {};
+}
+
+SStepResult CStepRunner::AddProcessor(const SScenarioStep& step)
+{
+    commands.Add(CScenario::ReadAddress(step));
+    return {};
+}
+
+SStepResult CStepRunner::AddSimulators(const SScenarioStep& step)
+{
+    SSimulatorRequest request;
+    request.nType = DeviceTypes::nStandard;
+    request.nCount = static_cast<qint32>(step.GetNumber("count", 1));
+    commands.AddSimulators(request);
+    return {};
+}
+
+SStepResult CStepRunner::Delete(const SScenarioStep& step)
+{
+    const QUuid id = Find(step, "node");
+    if (id.isNull()) {
+        return BuildNotThere(step.GetText("node"));
+    }
+    if (FindProcessor(id).idNode.isNull()) {
         commands.DeleteGroup(id, true);
     } else {
         commands.Delete(id);
@@ -159,59 +245,26 @@ QString CStepRunner::RunNode(const SScenarioStep& step, QVector<SScenarioStep>& 
     return {};
 }
 
-QString CStepRunner::RunSelect(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::Appear(const SScenarioStep& step)
 {
-    if (step.strDo == QLatin1String("pane")) {
-        processors.SetSimulatorPane(step.GetText("pane") == QLatin1String("simulator"));
-        return {};
-    }
-    std::vector<QUuid> vecId;
-    const QJsonArray arrayNode = step.keys.value(QLatin1String("nodes")).toArray();
-    for (int n = 0; n < arrayNode.size(); ++n) {
-        const QString strName = arrayNode.at(n).toString();
-        vecId.push_back(FindText(strName));
-        if (vecId.back().isNull()) {
-            return GetNotThere(strName);
-        }
-    }
-    if (vecId.empty()) {
-        vecId.push_back(QUuid());
-    }
-    return processors.SetSelection(vecId) ? QString() : QStringLiteral("none of the nodes is in the current pane");
-}
-
-QString CStepRunner::RunAdd(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
-{
-    if (step.strDo == QLatin1String("add-group")) {
-        SProcessorGroupNode group;
-        group.idNode = QUuid::createUuid();
-        group.strName = step.GetText("name");
-        processors.AddGroup(group);
-    } else if (step.strDo == QLatin1String("add-simulators")) {
-        SSimulatorRequest request;
-        request.nType = CDeviceTypes::nStandard;
-        request.nCount = static_cast<qint32>(step.GetNumber("count", 1));
-        commands.AddSimulators(request);
-    } else {
-        commands.Add(CScenario::ReadAddress(step));
-    }
+    network.Appear(CScenario::ReadAddress(step), step.GetText("name"));
     return {};
 }
 
-QString CStepRunner::RunNetwork(const SScenarioStep& step, QVector<SScenarioStep>& /*vecFollow*/)
+SStepResult CStepRunner::Silence(const SScenarioStep& step)
 {
-    if (step.strDo == QLatin1String("appear")) {
-        network.Appear(CScenario::ReadAddress(step), step.GetText("name"));
-    } else if (step.strDo == QLatin1String("silent")) {
-        network.Silence(CScenario::ReadAddress(step));
-    } else {
-        commands.Scan();
-    }
+    network.Silence(CScenario::ReadAddress(step));
+    return {};
+}
+
+SStepResult CStepRunner::Scan(const SScenarioStep& /*step*/)
+{
+    commands.Scan();
     return {};
 }
 
 // One change now, and the rest of the storm a little later.
-QString CStepRunner::RunStorm(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow)
+SStepResult CStepRunner::Storm(const SScenarioStep& step)
 {
     const double dGap = 1 / step.GetNumber("rate", 1);
     const double dLeft = step.GetNumber("for", 0) - dGap;
@@ -222,8 +275,7 @@ QString CStepRunner::RunStorm(const SScenarioStep& step, QVector<SScenarioStep>&
     SScenarioStep stepLater = step;
     stepLater.nAt += std::max<qint64>(1, qRound64(dGap * 1000));
     stepLater.keys.insert(QStringLiteral("for"), dLeft);
-    vecFollow.append(stepLater);
-    return {};
+    return { {}, { stepLater } };
 }
 
 QString CStepRunner::GetText(const SScenarioStep& step) const
@@ -231,19 +283,29 @@ QString CStepRunner::GetText(const SScenarioStep& step) const
     // A quiet day names its nodes by their ids.
     const QString strName = FindProcessor(Find(step, "node")).strName;
     QStringList listWord{ step.strDo, strName.isEmpty() ? step.GetText("node") : strName };
-    for (const char* pKey : { "group", "role", "project", "name", "pane", "ip" }) {
-        listWord.append(step.GetText(pKey));
+    for (const char* szKey : { "group", "role", "project", "name", "pane", "ip" }) {
+        listWord.append(step.GetText(szKey));
     }
-    if (step.keys.contains(QLatin1String("on"))) {
+    if (step.Has("on")) {
         listWord.append(step.IsOn() ? QStringLiteral("on") : QStringLiteral("off"));
     }
     listWord.removeAll(QString());
     return listWord.join(QLatin1Char(' '));
 }
 
-QUuid CStepRunner::Find(const SScenarioStep& step, const char* pKey) const
+SStepResult CStepRunner::ChangeDevice(const SScenarioStep& step, const std::function<void(const QUuid& id)>& change) const
 {
-    return FindText(step.GetText(pKey));
+    const QUuid id = Find(step, "node");
+    if (FindProcessor(id).idNode.isNull()) {
+        return BuildNotThere(step.GetText("node"));
+    }
+    change(id);
+    return {};
+}
+
+QUuid CStepRunner::Find(const SScenarioStep& step, const char* szKey) const
+{
+    return FindText(step.GetText(szKey));
 }
 
 QUuid CStepRunner::FindText(const QString& strText) const

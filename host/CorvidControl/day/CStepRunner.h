@@ -2,10 +2,10 @@
 
 #include "CorvidControl/day/SScenarioStep.h"
 
-#include <QMap>
 #include <QUuid>
 #include <QVector>
 
+#include <functional>
 #include <random>
 
 class CDeviceCommands;
@@ -14,39 +14,63 @@ class CSimulatedNetwork;
 class CProcessorList;
 struct SProcessorNode;
 
+/// What became of a step.
+struct SStepResult
+{
+    QString strFault;                 ///< what could not be done, in a few words; empty when all could
+    QVector<SScenarioStep> vecFollow; ///< what follows from it later
+};
+
 /// Carries out the steps of a scenario or of a quiet day. One thread at a time, but for the steps that
-/// IsBlocking names, which touch nothing of this object and may run beside the others.
+/// block, which touch nothing of this object and may run beside the others.
 class CStepRunner
 {
 public:
+    /// The same seed gives the same storms. All references must outlive the runner.
     CStepRunner(CProcessorList& processorsIn, CHostState& hostIn, CDeviceCommands& commandsIn, CSimulatedNetwork& networkIn,
                 quint32 nSeed);
 
-    /// The step may take as long as a device takes.
+    /// True when the step may take as long as a device takes. Any thread.
     static bool IsBlocking(const SScenarioStep& step);
 
-    /// Takes the step. Appends to vecFollow what follows from it later. The answer is what could not be
-    /// done; empty when all could.
-    QString Run(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
+    /// Takes the step, whose verb and keys must be good ones. Refusals of the list are reported there.
+    SStepResult Run(const SScenarioStep& step);
 
     /// The step in one line, for people: "project Ceiling Evening News". Any thread.
     QString GetText(const SScenarioStep& step) const;
 
+    /// The actions of StepVerbs, which has a sentence on each; called through Run.
+    /// @{
+    SStepResult TakeOffline(const SScenarioStep& step);
+    SStepResult TakeOnline(const SScenarioStep& step);
+    SStepResult Boot(const SScenarioStep& step);
+    SStepResult SetRole(const SScenarioStep& step);
+    SStepResult FailOver(const SScenarioStep& step);
+    SStepResult SetProject(const SScenarioStep& step);
+    SStepResult SetChief(const SScenarioStep& step);
+    SStepResult SetChiefMode(const SScenarioStep& step);
+    SStepResult OpenProject(const SScenarioStep& step);
+    SStepResult CloseProject(const SScenarioStep& step);
+    SStepResult LockList(const SScenarioStep& step);
+    SStepResult BlockRefresh(const SScenarioStep& step);
+    SStepResult Rename(const SScenarioStep& step);
+    SStepResult Move(const SScenarioStep& step);
+    SStepResult Expand(const SScenarioStep& step);
+    SStepResult Select(const SScenarioStep& step);
+    SStepResult SetPane(const SScenarioStep& step);
+    SStepResult AddGroup(const SScenarioStep& step);
+    SStepResult AddProcessor(const SScenarioStep& step);
+    SStepResult AddSimulators(const SScenarioStep& step);
+    SStepResult Delete(const SScenarioStep& step);
+    SStepResult Appear(const SScenarioStep& step);
+    SStepResult Silence(const SScenarioStep& step);
+    SStepResult Scan(const SScenarioStep& step);
+    SStepResult Storm(const SScenarioStep& step);
+    /// @}
+
 private:
-    using Action = QString (CStepRunner::*)(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    static const QMap<QString, Action>& GetActions();
-
-    QString RunDevice(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunFailOver(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunChief(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunHost(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunNode(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunSelect(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunAdd(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunNetwork(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-    QString RunStorm(const SScenarioStep& step, QVector<SScenarioStep>& vecFollow);
-
-    QUuid Find(const SScenarioStep& step, const char* pKey) const;
+    SStepResult ChangeDevice(const SScenarioStep& step, const std::function<void(const QUuid& id)>& change) const;
+    QUuid Find(const SScenarioStep& step, const char* szKey) const;
     QUuid FindText(const QString& strText) const;
     SProcessorNode FindProcessor(const QUuid& id) const;
     QUuid FindPartner(const SProcessorNode& processor) const;
@@ -56,5 +80,5 @@ private:
     CHostState& host;
     CDeviceCommands& commands;
     CSimulatedNetwork& network;
-    std::mt19937 random;
+    std::mt19937 random; ///< of the steps that do not block
 };

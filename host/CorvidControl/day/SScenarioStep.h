@@ -7,19 +7,30 @@
 struct SScenarioStep
 {
     qint64 nAt = 0;   ///< milliseconds since the start of the scenario
-    QString strDo;    ///< what happens
+    QString strDo;    ///< what happens: the name of one of StepVerbs
     QJsonObject keys; ///< all keys of the step, "at" and "do" included
 
-    QString GetText(const char* pKey) const
+    /// True when the step has the key.
+    bool Has(const char* szKey) const
     {
-        return keys.value(QLatin1String(pKey)).toString();
+        return keys.contains(QLatin1String(szKey));
     }
+
+    /// Empty without the key.
+    QString GetText(const char* szKey) const
+    {
+        return keys.value(QLatin1String(szKey)).toString();
+    }
+
+    /// The key "on"; false without it.
     bool IsOn() const
     {
         return keys.value(QLatin1String("on")).toBool();
     }
-    double GetNumber(const char* pKey, double dDefault) const
+
+    /// dDefault without the key.
+    double GetNumber(const char* szKey, double dDefault) const
     {
-        return keys.value(QLatin1String(pKey)).toDouble(dDefault);
+        return keys.value(QLatin1String(szKey)).toDouble(dDefault);
     }
 };

@@ -1,6 +1,6 @@
 #include "CorvidControl/devices/CDeviceCommands.h"
 
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/devices/IDeviceNetwork.h"
 #include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
@@ -41,7 +41,7 @@ SProcessorNode BuildSimulator(qint32 nType, int nNumber)
     simulator.idAux = QUuid::createUuid();
     simulator.strName = QStringLiteral("Simulator %1").arg(nNumber);
     simulator.nModel = nType;
-    simulator.strType = CDeviceTypes::GetName(nType);
+    simulator.strType = DeviceTypes::GetName(nType);
     simulator.nIP = nLoopback;
     simulator.nPortA = nFirstSimulatorPort + 2 * static_cast<quint32>(nNumber);
     simulator.nPortB = simulator.nPortA + 1;
@@ -54,6 +54,12 @@ SProcessorNode BuildSimulator(qint32 nType, int nNumber)
 CDeviceCommands::CDeviceCommands(CProcessorList& processorsIn, CJobs& jobsIn, IDeviceNetwork& networkIn)
     : processors(processorsIn), jobs(jobsIn), network(networkIn)
 { }
+
+void CDeviceCommands::SetDeletionListener(const std::function<void(int nNodes)>& listenerNew)
+{
+    Q_ASSERT(!listenerDeletion);
+    listenerDeletion = listenerNew;
+}
 
 void CDeviceCommands::Scan()
 {
@@ -98,7 +104,7 @@ void CDeviceCommands::AddSimulators(const SSimulatorRequest& request)
 {
     const QString strCommand = QStringLiteral("Adding %1 simulators").arg(request.nCount);
     const int nPresent = processors.CopyTree(true).GetProcessorCount();
-    if (!CDeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3) {
+    if (!DeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3) {
         processors.Refuse(SenderPrcBasic, strCommand, QStringLiteral("there is no such type or output"));
         return;
     }
@@ -131,7 +137,7 @@ void CDeviceCommands::Delete(const QUuid& id)
             return;
         }
         const CJobScope job(jobs, strCommand);
-        TellDeletion(id, 1);
+        AnnounceDeletion(id, 1);
         ReleaseAndRemove({ id }, [&] { processors.RemoveProcessor(id); });
         return;
     }
@@ -149,10 +155,10 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
     const int nMembers = bWithProcessors ? group.listProcessor.size() : 0;
     const QString strFault = bWithProcessors ? processors.FindDeleteFault(id) : QString();
     if (strFault.isEmpty()) {
-        TellDeletion(id, 1 + nMembers);
+        AnnounceDeletion(id, 1 + nMembers);
     }
     if (nMembers == 0 || !strFault.isEmpty()) {
-        remove(); // nobody to wait for, or refused there
+        remove(); // nothing to wait for, or it is refused there
         return;
     }
     QList<QUuid> listId;
@@ -185,8 +191,8 @@ QList<quint32> CDeviceCommands::GetReservedAddresses()
     return { 0xC0A80101, 0xC0A801FE };
 }
 
-// Nobody keeps simulators.
-void CDeviceCommands::TellDeletion(const QUuid& id, int nNodes) const
+// Simulators are in no file: there is nothing to keep.
+void CDeviceCommands::AnnounceDeletion(const QUuid& id, int nNodes) const
 {
     if (listenerDeletion && !processors.GetHost().IsLocked() && processors.CopyTree(false).Contains(id)) {
         listenerDeletion(nNodes);
@@ -212,7 +218,7 @@ bool CDeviceCommands::Adopt(const SProcessorNode& device, bool bSimulator)
     return bAdded;
 }
 
-// What is still in the list afterwards, refused or moved elsewhere meanwhile, the network gets back.
+// Gives back to the network what is still in the list afterwards: refused, or moved meanwhile.
 void CDeviceCommands::ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove)
 {
     network.Release(listId);

@@ -13,33 +13,41 @@ class IDeviceNetwork;
 struct SProcessorNode;
 
 /// The commands that need devices. Scan, Add and Delete block as long as the device takes; no lock is
-/// held meanwhile. All operations may be called on any thread.
+/// held meanwhile, and CJobs knows of them. What is refused changes nothing, writes one line into the log and is
+/// followed by MessageCommandRefused. All operations may be called on any thread. Addresses are in host order.
 class CDeviceCommands
 {
 public:
+    /// All references must outlive it.
     CDeviceCommands(CProcessorList& processorsIn, CJobs& jobsIn, IDeviceNetwork& networkIn);
 
-    /// Who hears that nodes of the Discovered list are about to be deleted in one step, and how many. On the
-    /// thread that deletes, which may wait for it; without a lock. Set it once, before anything else.
-    void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew)
-    {
-        listenerDeletion = listenerNew;
-    }
+    /// Sets who is called when nodes of the Discovered list are about to be deleted in one step, with their number.
+    /// Called on the thread that deletes, which may wait for it; without a lock. Once, before the first deletion.
+    void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew);
 
+    /// Adds the devices that are found and not listed, up to the limit. Blocks.
     void Scan();
+
+    /// Adds the device at nIP. Blocks until it has answered or the time is over.
     void Add(quint32 nIP);
+
+    /// Adds all of them or none. Never blocks.
     void AddSimulators(const SSimulatorRequest& request);
+
+    /// Deletes a processor of either pane; blocks until its device has let go. One that is gone is no fault.
     void Delete(const QUuid& id);
-    void DeleteGroup(const QUuid& id, bool bWithProcessors); ///< blocks only with its processors
+
+    /// Blocks only with its processors, which let go at the same time. A group that is gone is no fault.
+    void DeleteGroup(const QUuid& id, bool bWithProcessors);
 
     /// Makes the network know the devices of the Discovered list, and no others of the list before.
     void FollowList(const QList<QUuid>& listBefore);
 
-    static quint32 GetLocalAddress();
-    static QList<quint32> GetReservedAddresses();
+    static quint32 GetLocalAddress();             ///< of this machine; no processor may have it
+    static QList<quint32> GetReservedAddresses(); ///< of the router and the time server
 
 private:
-    void TellDeletion(const QUuid& id, int nNodes) const;
+    void AnnounceDeletion(const QUuid& id, int nNodes) const;
     QString FindAddFault(quint32 nIP) const;
     bool Adopt(const SProcessorNode& device, bool bSimulator);
     void ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove);

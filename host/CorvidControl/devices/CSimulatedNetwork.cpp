@@ -1,6 +1,6 @@
 #include "CorvidControl/devices/CSimulatedNetwork.h"
 
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 
 #include <QHostAddress>
 
@@ -17,6 +17,7 @@ bool IsPrivate(quint32 nIP)
 
 void CSimulatedNetwork::SetListener(const Listener& listenerNew)
 {
+    Q_ASSERT(!listener);
     listener = listenerNew;
 }
 
@@ -114,8 +115,8 @@ SProcessorNode CSimulatedNetwork::BuildDevice(quint32 nIP, const QString& strNam
     device.idNode = QUuid::createUuidV5(idSpace, strAddress);
     device.idAux = QUuid::createUuidV5(device.idNode, strAddress);
     device.strName = strName.isEmpty() ? QStringLiteral("Processor %1").arg(strAddress) : strName;
-    device.nModel = CDeviceTypes::nStandard;
-    device.strType = CDeviceTypes::GetName(device.nModel);
+    device.nModel = DeviceTypes::nStandard;
+    device.strType = DeviceTypes::GetName(device.nModel);
     device.nIP = nIP;
     device.bOnline = true;
     return device;
@@ -136,7 +137,7 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
     listener(device);
 }
 
-// Needs the lock, and lets go of it while it waits.
+// Releases the lock while it waits.
 void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
 {
     condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });

@@ -1,6 +1,6 @@
 #include "CorvidControl/devices/DeviceReport.h"
 
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 
 #include <QHostAddress>
 
@@ -14,12 +14,12 @@ SProcessorNode DeviceReport::Mend(const SProcessorNode& device)
 {
     SProcessorNode processor = device;
     const QString strAddress = QHostAddress(device.nIP).toString();
-    processor.strName = CNameRules::Mend(device.strName, strAddress);
-    if (!CNameRules::FindFault(processor.strName).isEmpty()) {
+    processor.strName = NameRules::Mend(device.strName, strAddress);
+    if (!NameRules::FindFault(processor.strName).isEmpty()) {
         processor.strName = strAddress;
     }
-    processor.strType = CNameRules::MendText(device.strType);
-    processor.strProject = CNameRules::MendText(device.strProject);
+    processor.strType = NameRules::MendText(device.strType);
+    processor.strProject = NameRules::MendText(device.strProject);
     processor.nFailover = device.nFailover < 0 || device.nFailover > nMaxRole ? 0 : device.nFailover;
     return processor;
 }

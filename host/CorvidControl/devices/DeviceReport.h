@@ -2,11 +2,11 @@
 
 #include "nodes/SProcessorNode.h"
 
-/// What devices say of themselves, in a form that every list file takes.
+/// What devices report of themselves, in a form that every list file takes. For any thread.
 namespace DeviceReport {
 
-/// device with what no list could hold made harmless: a device may call itself what it likes, and must
-/// not keep the list from being saved.
+/// Returns device with what no list could hold made harmless: a device may call itself what it likes, and must
+/// not keep the list from being saved. A name of which nothing can be shown becomes the address.
 SProcessorNode Mend(const SProcessorNode& device);
 
 } // namespace DeviceReport

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// All that the library needs of the network in which the processors stand. A device is told by the
+/// All that the library needs of the network in which the processors stand. A device is described by the
 /// fields of a processor's record that are its own: id, type, address, ports, online state, role and
 /// project. All operations may be called on any thread, at the same time as all others; those that
 /// block do so for as long as the device takes and end early after Stop.
@@ -15,23 +15,23 @@ public:
 
     virtual ~IDeviceNetwork() = default;
 
-    /// Who hears of each change of a device that has been adopted, on the thread of the change. Set it
-    /// once, before anything else.
+    /// Sets who is called for each change of a device that has been adopted, on the thread of the change, without
+    /// a lock. Once, before the first device is adopted.
     virtual void SetListener(const Listener& listenerNew) = 0;
 
-    /// The list knows this device from now on.
+    /// The list knows this device from now on; a second time gives it the state of device.
     virtual void Adopt(const SProcessorNode& device) = 0;
 
-    /// The list knows the device no longer. Returns at once.
+    /// The list knows the device no longer. Returns at once; an id that is unknown is no fault.
     virtual void Forget(const QUuid& id) = 0;
 
     /// As Forget for each, but blocks until all the devices have let go, which they do at the same time.
     virtual void Release(const QList<QUuid>& listId) = 0;
 
-    /// Blocks. All devices that a scan finds, adopted or not, with their state.
+    /// Blocks. Returns all devices that a scan finds, adopted or not, with their state.
     virtual QList<SProcessorNode> Scan() = 0;
 
-    /// Blocks. True with the device at nIP, or false when none has answered in time.
+    /// Blocks. Returns true with the device at nIP (host order), or false when none has answered in time.
     virtual bool Ask(quint32 nIP, SProcessorNode& device) = 0;
 
     /// Ends the calls that block; later ones no longer block.

@@ -54,6 +54,7 @@ bool CFileReplacement::Write(const QByteArray& bytes)
 
 CFileReplacement::EnResult CFileReplacement::Place(bool bOverwrite)
 {
+    Q_ASSERT(!strTemporary.isEmpty() && nFile < 0 && strFault.isEmpty());
     const QByteArray from = QFile::encodeName(strTemporary);
     const QByteArray to = QFile::encodeName(strTarget);
     int nResult = bOverwrite ? std::rename(from.constData(), to.constData())
@@ -87,7 +88,7 @@ bool CFileReplacement::Create()
     return Fail(errno);
 }
 
-// Nothing is written yet: nobody reads a list under a mode that is not its own.
+// Before anything is written: nobody may read a list under another mode than its own.
 bool CFileReplacement::TakeOverTarget()
 {
     const QByteArray path = QFile::encodeName(strTarget);
@@ -106,7 +107,7 @@ bool CFileReplacement::TakeOverTarget()
     if (!bGroup) { // another group gets no more than all others
         nMode = (nMode & ~static_cast<mode_t>(S_ISUID | S_ISGID | S_IRWXG)) | ((nMode & S_IRWXO) << 3);
     }
-    // To another user only root can give a file; for anybody else it stays his own.
+    // Only root can give a file to another user; with anybody else it keeps its new owner.
     if (fchown(nFile, status.st_uid, static_cast<gid_t>(-1)) != 0 && errno != EPERM) {
         return Fail(errno);
     }

@@ -23,13 +23,14 @@ public:
     ~CFileReplacement();
     Q_DISABLE_COPY_MOVE(CFileReplacement)
 
-    /// Writes, forces to the disk and reads back. Takes over mode and owner of what stands at the target,
-    /// as far as this process may. False with GetFault; only a regular file that may be written is replaced.
+    /// Once. Writes, forces to the disk and reads back; blocks for all that. Takes over mode and owner of what stands at the
+    /// target, as far as this process may. False with GetFault; only a regular file that may be written is replaced.
     bool Write(const QByteArray& bytes);
 
-    /// After Write. bOverwrite false: only where nothing is.
+    /// Once, after a Write that has returned true; blocks for the disk. bOverwrite false: only where nothing is.
     EnResult Place(bool bOverwrite);
 
+    /// Why Write or Place did not do it, in a few words; empty when they did.
     QString GetFault() const
     {
         return strFault;

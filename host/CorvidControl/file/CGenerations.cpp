@@ -5,14 +5,14 @@
 
 #include <QFile>
 
-CGenerations::CGenerations(const SListClock& clockIn) : clock(clockIn) { }
+CGenerations::CGenerations(const CControlClock& clockIn) : clock(clockIn) { }
 
 bool CGenerations::IsDue(const QString& strListPath) const
 {
     if (bKept) {
-        return clock.now() - timeLast >= timeBetween;
+        return clock.GetNow() - timeLast >= timeBetween;
     }
-    const QDateTime dateNow = clock.date();
+    const QDateTime dateNow = clock.GetDate();
     const QStringList listPath = DatedFile::Find(strListPath, {}, dateNow);
     if (listPath.isEmpty()) {
         return true;
@@ -23,7 +23,7 @@ bool CGenerations::IsDue(const QString& strListPath) const
 
 QString CGenerations::Keep(const QString& strListPath, const QByteArray& bytes)
 {
-    const QDateTime dateNow = clock.date();
+    const QDateTime dateNow = clock.GetDate();
     const QStringList listPath = DatedFile::Find(strListPath, {}, dateNow);
     const bool bSame = !listPath.isEmpty() && FileAccess::Read(listPath.last(), bytes.size()).bytes == bytes;
     QString strFault;
@@ -31,14 +31,14 @@ QString CGenerations::Keep(const QString& strListPath, const QByteArray& bytes)
         return strFault;
     }
     bKept = true;
-    timeLast = clock.now();
+    timeLast = clock.GetNow();
     return {};
 }
 
 QStringList CGenerations::Prune(const QString& strListPath) const
 {
     QStringList listFault;
-    const QStringList listSpare = FindSpare(DatedFile::Find(strListPath, {}, clock.date()));
+    const QStringList listSpare = FindSpare(DatedFile::Find(strListPath, {}, clock.GetDate()));
     for (const QString& strPath : listSpare) {
         QFile file(strPath);
         if (!file.remove()) {

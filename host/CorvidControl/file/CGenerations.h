@@ -1,12 +1,12 @@
 #pragma once
 
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <QByteArray>
 #include <QStringList>
 
 /// Earlier lists beside the list, in dated files. The last nKept stay, and the first of each of the last
-/// nKeptDays days that have any. For one thread at a time.
+/// nKeptDays days that have any. Everything here blocks for the disk. For one thread at a time.
 class CGenerations
 {
 public:
@@ -14,21 +14,22 @@ public:
     static constexpr int nKeptDays = 10;
     static constexpr std::chrono::minutes timeBetween{ 5 };
 
-    explicit CGenerations(const SListClock& clockIn);
+    /// clockIn must outlive it.
+    explicit CGenerations(const CControlClock& clockIn);
 
     /// True when none was kept for timeBetween, by this run or by one before it.
     bool IsDue(const QString& strListPath) const;
 
-    /// Keeps bytes, unless the latest generation is the same. Empty, or the fault.
+    /// Keeps bytes, unless the latest generation is the same. Returns the fault; empty when they are kept.
     QString Keep(const QString& strListPath, const QByteArray& bytes);
 
-    /// Removes what is not to stay. One fault for each that could not be removed.
+    /// Removes what is not to stay. Returns one fault for each that could not be removed.
     QStringList Prune(const QString& strListPath) const;
 
 private:
     static QStringList FindSpare(const QStringList& listPath);
 
-    const SListClock clock;
-    std::chrono::steady_clock::time_point timeLast;
+    const CControlClock& clock;
+    CControlClock::Time timeLast;
     bool bKept = false; ///< in this run, at timeLast
 };

@@ -2,7 +2,7 @@
 
 #include "CorvidControl/file/DatedFile.h"
 
-CListAside::CListAside(const SListClock& clockIn, int nMaxBytesIn) : clock(clockIn), nMaxBytes(nMaxBytesIn) { }
+CListAside::CListAside(const CControlClock& clockIn, int nMaxBytesIn) : clock(clockIn), nMaxBytes(nMaxBytesIn) { }
 
 bool CListAside::Write(const QString& strListPath, const QByteArray& bytes, QString& strFault)
 {
@@ -10,7 +10,7 @@ bool CListAside::Write(const QString& strListPath, const QByteArray& bytes, QStr
         return true;
     }
     // None yet, or somebody else has written or removed it.
-    const QString strPath = DatedFile::Write(strListPath, QStringLiteral("unsaved-"), clock.date(), bytes, strFault);
+    const QString strPath = DatedFile::Write(strListPath, QStringLiteral("unsaved-"), clock.GetDate(), bytes, strFault);
     if (strPath.isEmpty()) {
         return false;
     }

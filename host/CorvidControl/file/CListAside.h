@@ -1,18 +1,20 @@
 #pragma once
 
 #include "CorvidControl/file/CListPlace.h"
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <memory>
 
 /// The dated file beside a list in which a run keeps the list when its own place is not to be written:
-/// "<list>.unsaved-<date>.kvtl". One file a run, replaced by itself. For one thread at a time.
+/// "<list>.unsaved-<date>.kvtl". One file per run, replaced by itself. For one thread at a time.
 class CListAside
 {
 public:
-    CListAside(const SListClock& clockIn, int nMaxBytesIn);
+    /// A file of more than nMaxBytesIn is none of ours. clockIn must outlive it.
+    CListAside(const CControlClock& clockIn, int nMaxBytesIn);
 
-    /// False with the fault in strFault.
+    /// Writes a new file, or replaces the one of this run as long as nobody else has touched it. Blocks for the
+    /// disk. Returns false with the fault in strFault.
     bool Write(const QString& strListPath, const QByteArray& bytes, QString& strFault);
 
     /// What was written last stays for good: the next Write makes a new file.
@@ -22,7 +24,7 @@ public:
     QString GetPath() const;
 
 private:
-    const SListClock clock;
+    const CControlClock& clock;
     const int nMaxBytes;
     std::unique_ptr<CListPlace> pPlace;
 };

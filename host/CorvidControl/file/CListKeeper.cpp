@@ -1,8 +1,10 @@
 #include "CorvidControl/file/CListKeeper.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
-CListKeeper::CListKeeper(const std::function<bool()>& saveIn, const SListClock& clockIn)
+CListKeeper::CListKeeper(const std::function<bool()>& saveIn, const CControlClock& clockIn)
     : save(saveIn), clock(clockIn), threadSave([this] { Run(); })
 { }
 
@@ -15,7 +17,7 @@ void CListKeeper::Touch()
 {
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        timeLast = clock.now();
+        timeLast = clock.GetNow();
         if (!timeFirst) {
             timeFirst = timeLast;
         }
@@ -23,15 +25,9 @@ void CListKeeper::Touch()
     condWork.notify_all();
 }
 
-void CListKeeper::Wake()
-{
-    // Under the lock: the thread may be between its look at the clock and its wait.
-    const std::lock_guard<std::mutex> lock(mutex);
-    condWork.notify_all();
-}
-
 void CListKeeper::Stop()
 {
+    Q_ASSERT(std::this_thread::get_id() != threadSave.get_id());
     {
         const std::lock_guard<std::mutex> lock(mutex);
         bStop = true;
@@ -44,13 +40,13 @@ void CListKeeper::Stop()
 
 void CListKeeper::Run()
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    Lock lock(mutex);
     while (!bStop) {
-        const std::optional<Time> timeDue = FindDue();
+        const std::optional<Time> timeDue = FindDue(lock);
         if (!timeDue) {
             condWork.wait(lock);
-        } else if (clock.now() < *timeDue) {
-            condWork.wait_for(lock, *timeDue - clock.now());
+        } else if (clock.GetNow() < *timeDue) {
+            clock.Wait(condWork, lock, *timeDue);
         } else {
             SaveNow(lock);
         }
@@ -60,21 +56,20 @@ void CListKeeper::Run()
     }
 }
 
-// Needs the lock, and lets go of it while saving. A change that comes meanwhile waits anew.
-void CListKeeper::SaveNow(std::unique_lock<std::mutex>& lock)
+// Releases the lock while it saves. A change that arrives meanwhile starts a new wait.
+void CListKeeper::SaveNow(Lock& lock)
 {
     timeFirst.reset();
     lock.unlock();
     const bool bDone = save();
     lock.lock();
     if (!bDone && !timeFirst) {
-        timeFirst = clock.now();
+        timeFirst = clock.GetNow();
         timeLast = *timeFirst + timeLongest; // no sooner, nothing else has changed
     }
 }
 
-// Needs the lock.
-std::optional<CListKeeper::Time> CListKeeper::FindDue() const
+std::optional<CListKeeper::Time> CListKeeper::FindDue(const Lock& /*lock*/) const
 {
     return timeFirst ? std::make_optional(std::min(timeLast + timeQuiet, *timeFirst + timeLongest)) : std::nullopt;
 }

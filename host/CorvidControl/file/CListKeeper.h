@@ -1,13 +1,13 @@
 #pragma once
 
-#include "CorvidControl/file/SListClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <condition_variable>
 #include <mutex>
 #include <optional>
 #include <thread>
 
-/// Has the list saved soon after it was changed, on a thread of its own: timeQuiet after the last change,
+/// Saves the list soon after it was changed, on a thread of its own: timeQuiet after the last change,
 /// at the latest timeLongest after the first. A save that failed is tried again after timeLongest. All
 /// operations may be called on any thread.
 class CListKeeper
@@ -16,8 +16,9 @@ public:
     static constexpr std::chrono::seconds timeQuiet{ 1 };
     static constexpr std::chrono::seconds timeLongest{ 5 };
 
-    /// saveIn runs without a lock and answers false when it has to be tried again.
-    CListKeeper(const std::function<bool()>& saveIn, const SListClock& clockIn);
+    /// saveIn runs on the keeper's thread, without a lock, and returns false when it has to be tried again.
+    /// clockIn must outlive the keeper.
+    CListKeeper(const std::function<bool()>& saveIn, const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// As Stop.
     ~CListKeeper();
@@ -25,21 +26,19 @@ public:
     /// The list was changed. Never waits for the disk.
     void Touch();
 
-    /// Looks at the clock again, which else happens when it should be time: for a clock that jumps.
-    void Wake();
-
-    /// Saves what waits, ends and joins the thread.
+    /// Saves what waits, ends and joins the thread. Not from within saveIn; a second time does nothing.
     void Stop();
 
 private:
-    using Time = std::chrono::steady_clock::time_point;
+    using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
+    using Time = CControlClock::Time;
 
     void Run();
-    void SaveNow(std::unique_lock<std::mutex>& lock);
-    std::optional<Time> FindDue() const;
+    void SaveNow(Lock& lock);
+    std::optional<Time> FindDue(const Lock& lock) const;
 
     const std::function<bool()> save;
-    const SListClock clock;
+    const CControlClock& clock;
 
     std::mutex mutex; ///< guards all fields below but threadSave; never held while saving
     std::condition_variable condWork;

@@ -18,7 +18,7 @@ CListLock::EnState CListLock::Take(const QString& strRealPath)
     if (!pFile) {
         strPath = strRealPath;
         pFile = std::make_unique<QLockFile>(strPath + QStringLiteral(".lock"));
-        pFile->setStaleLockTime(0); // an old lock is no stale one, its process may run for days
+        pFile->setStaleLockTime(0); // a lock is not stale because it is old: its process may run for days
     }
     if (pFile->isLocked() || pFile->tryLock(0) || (BreakLeftover() && pFile->tryLock(0))) {
         strReason.clear();
@@ -34,9 +34,9 @@ void CListLock::Release()
     pFile.reset();
 }
 
-// Two kinds that QLockFile takes for living ones: that of a process which had the number that this one has
-// now, as in a container that was started again, and an empty one after a loss of power. It is removed only
-// when no process has it open with a lock of the system's on it.
+// Two kinds of leftovers that QLockFile takes for live locks: that of a process whose number this one has now,
+// as in a container that was restarted, and an empty one after a power failure. It is removed only if no process
+// has it open under a lock of the system.
 bool CListLock::BreakLeftover()
 {
     if (pFile->error() != QLockFile::LockFailedError) {

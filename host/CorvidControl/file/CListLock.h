@@ -14,18 +14,19 @@ public:
     {
         Held,
         Elsewhere, ///< another process holds it
-        Impossible ///< no lock can be made there
+        Impossible ///< no lock can be made there, as in a read-only folder
     };
 
     /// Takes the lock of the list at strRealPath, or keeps it. Waits for nobody.
     EnState Take(const QString& strRealPath);
 
-    /// Why the last Take did not answer Held.
+    /// Why the last Take did not return Held, in a few words; empty when it did.
     QString GetReason() const
     {
         return strReason;
     }
 
+    /// Lets another process take it. Also when it is not held.
     void Release();
 
 private:

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CorvidControl/file/SFileContent.h"
+#include "CorvidControl/file/FileAccess.h"
 
 /// A place for a list file, and what may be overwritten there: what this object has read or written there
-/// last, and nothing else. For one thread at a time.
+/// last, and nothing else. All but the plain getters block for the disk. For one thread at a time.
 class CListPlace
 {
 public:
@@ -18,6 +18,7 @@ public:
     /// A file of more than nMaxBytesIn is none of ours.
     CListPlace(const QString& strPathIn, int nMaxBytesIn);
 
+    /// As it was named, absolute.
     QString GetPath() const
     {
         return strPath;
@@ -26,13 +27,13 @@ public:
     /// Behind the symbolic links, as they lead now: where the files beside the list are.
     QString GetRealPath() const;
 
-    /// What stands there. It may be overwritten from now on, until Forget.
+    /// Returns what stands there. It may be overwritten from now on, until Forget.
     SFileContent Load();
 
     /// Nothing that stands there may be overwritten.
     void Forget();
 
-    /// bytes were written there, in another way.
+    /// Takes bytes for what stands there: they were written in another way.
     void Adopt(const QByteArray& bytes);
 
     /// True when bytes are what was read or written last and stand there still.
@@ -47,7 +48,8 @@ public:
         return bytesKnown;
     }
 
-    /// For any result but Placed with a fault in strFault, and what was there is as it was.
+    /// Writes bytes beside it and puts them into the place. Any result but Placed has a fault in strFault, and
+    /// leaves what was there as it was.
     EnResult Replace(const QByteArray& bytes, QString& strFault);
 
 private:

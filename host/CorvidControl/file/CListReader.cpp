@@ -1,6 +1,6 @@
 #include "CorvidControl/file/CListReader.h"
 
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 
 #include <QHostAddress>
 #include <QJsonArray>
@@ -137,8 +137,8 @@ QString CListReader::ReadText(const QJsonObject& object, const QString& strKey)
 {
     const QJsonValue value = object.value(strKey);
     const QString strText = value.toString();
-    if (!value.isString() || !CNameRules::IsText(strText)) {
-        Fail(QStringLiteral("\"%1\" is no text of at most %2 bytes").arg(strKey).arg(CNameRules::nMaxTextBytes));
+    if (!value.isString() || !NameRules::IsText(strText)) {
+        Fail(QStringLiteral("\"%1\" is no text of at most %2 bytes").arg(strKey).arg(NameRules::nMaxTextBytes));
     }
     return strText;
 }
@@ -147,11 +147,11 @@ QString CListReader::ReadName(const QJsonObject& object, const QString& strSubst
 {
     const QJsonValue value = object.value(QStringLiteral("name"));
     QString strName = value.toString();
-    if (bMend && value.isString() && CNameRules::Mend(strName, strSubstitute) != strName) {
-        strName = CNameRules::Mend(strName, strSubstitute);
+    if (bMend && value.isString() && NameRules::Mend(strName, strSubstitute) != strName) {
+        strName = NameRules::Mend(strName, strSubstitute);
         listMended.append(QStringLiteral("A name in the list was mended. %1: it is \"%2\" now").arg(strPlace, strName));
     }
-    const QString strNameFault = CNameRules::FindFault(strName);
+    const QString strNameFault = NameRules::FindFault(strName);
     if (!strNameFault.isEmpty()) {
         Fail(strNameFault);
     }

@@ -12,8 +12,10 @@
 class CListReader
 {
 public:
+    /// bMendIn: names that can be mended are, as NameRules::Mend does; otherwise they are faults.
     CListReader(const SListLimits& limitsIn, bool bMendIn);
 
+    /// Once. What it returns counts only without a fault.
     SProcessorAllNode ReadRoot(const QJsonObject& object);
 
     /// The first fault, with the place in the list; empty when there is none.
@@ -34,7 +36,7 @@ public:
         return nKeys;
     }
 
-    /// A line for each name that was mended.
+    /// One line for each name that was mended.
     QStringList GetMended() const
     {
         return listMended;

@@ -1,18 +1,16 @@
 #include "CorvidControl/file/CListStore.h"
 
 #include "CorvidControl/file/CFileReplacement.h"
-#include "CorvidControl/file/CListFormat.h"
 #include "CorvidControl/file/FileAccess.h"
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/list/CProcessorList.h"
+#include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
 
 #include <QFileInfo>
 
 namespace {
-
-using Lock = std::lock_guard<std::mutex>;
 
 QString BuildTrouble(const SListSave& save)
 {
@@ -21,12 +19,13 @@ QString BuildTrouble(const SListSave& save)
 
 } // namespace
 
-CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn)
+CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const CControlClock& clockIn)
     : processors(processorsIn), events(eventsIn), own(strPath, processors.GetLimits(), clockIn)
 { }
 
 bool CListStore::Load()
 {
+    Q_ASSERT(processors.GetEdition().nEdit == 0);
     SNews news;
     {
         const Lock lock(mutexFile);
@@ -34,7 +33,7 @@ bool CListStore::Load()
         news.listWarning = reading.listMended;
         QString strFault = BuildTrouble(own.Check());
         if (reading.verdict != SListReading::Valid) {
-            strLoadError = GetPath() + QStringLiteral(": ") + CNameRules::GetLine(reading.strReason);
+            strLoadError = GetPath() + QStringLiteral(": ") + NameRules::GetLine(reading.strReason);
             strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
         }
         own.Adopt(processors.ReplaceList(reading.node));
@@ -43,7 +42,7 @@ bool CListStore::Load()
             news.listWarning.append(strFault);
         }
     }
-    Tell(news);
+    Announce(news);
     return strLoadError.isEmpty();
 }
 
@@ -59,13 +58,13 @@ QString CListStore::Save()
     QString strFault;
     {
         const Lock lock(mutexFile);
-        strFault = BuildTrouble(SaveHere(news, false));
+        strFault = BuildTrouble(SaveHere(lock, news, false));
         if (!own.IsEdited(processors.GetEdition().nEdit)) {
             strFault.clear();
         }
     }
-    Tell(news);
-    return CNameRules::GetLine(strFault);
+    Announce(news);
+    return NameRules::GetLine(strFault);
 }
 
 bool CListStore::SaveSoon()
@@ -75,10 +74,10 @@ bool CListStore::SaveSoon()
     {
         const Lock lock(mutexFile);
         if (own.IsUnsecured(processors.GetEdition().nEdit)) {
-            bSecured = SaveHere(news, false).bSecured;
+            bSecured = SaveHere(lock, news, false).bSecured;
         }
     }
-    Tell(news);
+    Announce(news);
     return bSecured;
 }
 
@@ -86,7 +85,7 @@ QString CListStore::SaveAside(QString& strReason)
 {
     const Lock lock(mutexFile);
     const QString strPath = own.SaveAside(processors.GetEdition(), strReason);
-    strReason = strPath.isEmpty() ? CNameRules::GetLine(strReason) : QString();
+    strReason = strPath.isEmpty() ? NameRules::GetLine(strReason) : QString();
     return strPath;
 }
 
@@ -97,10 +96,10 @@ void CListStore::KeepEarlier(const SListEdition& edition)
         const Lock lock(mutexFile);
         news.listWarning = own.KeepEarlier(edition);
     }
-    Tell(news);
+    Announce(news);
 }
 
-// At the own place in every spelling, and where the own file has a second name that is none of ours either.
+// The own place counts in every spelling, and so does a second name of the own file where that is not ours.
 CListStore::EnExportResult CListStore::Export(const QString& strPath)
 {
     SNews news;
@@ -109,15 +108,15 @@ CListStore::EnExportResult CListStore::Export(const QString& strPath)
         const Lock lock(mutexFile);
         const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
         if (bOwnFile || FileAccess::IsSamePlace(strPath, GetPath())) {
-            const SListSave save = SaveHere(news, true);
+            const SListSave save = SaveHere(lock, news, true);
             result = save.result == SListSave::Saved  ? ExportDone
                 : save.result == SListSave::LeftAlone ? ExportLeftAlone
                                                       : ExportNotWritten;
         } else {
-            result = ExportElsewhere(strPath, news);
+            result = ExportElsewhere(lock, strPath, news);
         }
     }
-    Tell(news);
+    Announce(news);
     return result;
 }
 
@@ -128,18 +127,16 @@ CListStore::EnImportResult CListStore::Import(const QString& strPath)
     EnImportResult result = ImportLocked;
     if (!processors.GetHost().IsLocked()) {
         const Lock lock(mutexFile);
-        result = TryImport(strPath, strFault, news);
+        result = TryImport(lock, strPath, strFault, news);
     }
-    Tell(news);
+    Announce(news);
     if (result != ImportDone) {
         processors.Refuse(SenderPrcList, QStringLiteral("Importing ") + strPath, strFault);
     }
     return result;
 }
 
-// All below but Tell need mutexFile.
-
-SListSave CListStore::SaveHere(SNews& news, bool bAlways)
+SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
 {
     const SListSave save = own.Save(processors.GetEdition());
     news.listWarning += save.listWarning;
@@ -150,12 +147,12 @@ SListSave CListStore::SaveHere(SNews& news, bool bAlways)
     return save;
 }
 
-CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, SNews& news) const
+CListStore::EnExportResult CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, SNews& news) const
 {
     QString strFault = QStringLiteral("no file was named");
     if (!strPath.isEmpty()) {
-        const QByteArray bytes = CListFormat::Write(processors.GetTree(false));
-        strFault = CListFormat::FindProofFault(bytes, processors.GetLimits());
+        const QByteArray bytes = ListFormat::Write(processors.GetTree(false));
+        strFault = ListFormat::FindProofFault(bytes, processors.GetLimits());
         CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
         if (strFault.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
             return ExportDone;
@@ -166,20 +163,20 @@ CListStore::EnExportResult CListStore::ExportElsewhere(const QString& strPath, S
     return ExportNotWritten;
 }
 
-CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString& strFault, SNews& news)
+CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const QString& strPath, QString& strFault, SNews& news)
 {
     const SFileContent content = FileAccess::Read(strPath, processors.GetLimits().nBytes);
     if (content.kind != SFileContent::Read) {
         strFault = content.kind == SFileContent::Absent ? QStringLiteral("it is not there") : content.strReason;
         return ImportInvalid;
     }
-    const SListReading reading = CListFormat::Read(content.bytes, processors.GetLimits());
+    const SListReading reading = ListFormat::Read(content.bytes, processors.GetLimits());
     if (reading.verdict != SListReading::Valid) {
         strFault = reading.strReason;
         return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
     }
-    const QByteArray bytes = CListFormat::Write(reading.node);
-    strFault = bytes == content.bytes ? QString() : CListFormat::FindProofFault(bytes, processors.GetLimits());
+    const QByteArray bytes = ListFormat::Write(reading.node);
+    strFault = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
     if (!strFault.isEmpty()) {
         return ImportNotCopied;
     }
@@ -196,14 +193,14 @@ CListStore::EnImportResult CListStore::TryImport(const QString& strPath, QString
 
 void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)
 {
-    const QString strLine = CNameRules::GetLine(strTroubleNow);
+    const QString strLine = NameRules::GetLine(strTroubleNow);
     const Lock lock(mutexTrouble);
     news.bTrouble = strLine != strTrouble;
     strTrouble = strLine;
 }
 
-// Without a lock: whoever hears it may ask.
-void CListStore::Tell(const SNews& news)
+// Without a lock: a listener may call back.
+void CListStore::Announce(const SNews& news)
 {
     for (const QString& strLine : news.listWarning) {
         events.Warn(strLine);

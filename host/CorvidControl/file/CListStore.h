@@ -31,58 +31,70 @@ public:
         ImportLocked = 6,
     };
 
-    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const SListClock& clockIn = {});
+    /// strPath: the list's own place. All references must outlive the store.
+    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath,
+               const CControlClock& clockIn = CControlClock::GetSystem());
 
-    /// Reads the library's own list, if there is one. False when it was refused, see GetLoadError. Once,
-    /// before anything else.
+    /// Reads the library's own list, if there is one. Returns false when it was refused, see
+    /// GetLoadError; the list is then empty. Once, before the list is changed.
     bool Load();
+
+    /// One line with the file and the reason; empty when Load has found a good list or none.
     QString GetLoadError() const
     {
         return strLoadError;
     }
+
+    /// The own place, absolute, as it was named.
     QString GetPath() const
     {
         return own.GetPlace().GetPath();
     }
 
-    /// Why the list was not read or is not being saved, in one line; empty when all is well.
+    /// Why the list was not read or is not being saved, in one line; empty when all is well. Does not block.
     QString GetTrouble() const;
 
-    /// Saves at the own place. Empty when the list is there, or when no command has changed it since it was;
+    /// Saves at the own place. Returns an empty text when the list is there, or when no command has changed it since it was;
     /// otherwise one line with the reason.
     QString Save();
 
-    /// As Save, when a command has changed the list. False when that has to be tried again.
+    /// As Save, when a command has changed the list. Returns false when that has to be tried again.
     bool SaveSoon();
 
-    /// Writes to a dated file beside the own place. Its path; empty with a line in strReason when that failed.
+    /// Writes to a dated file beside the own place. Returns its path; empty with a line in strReason when that
+    /// failed.
     QString SaveAside(QString& strReason);
 
     /// Keeps a list that is about to be lost as an earlier generation.
     void KeepEarlier(const SListEdition& edition);
 
+    /// Writes the Discovered list over any other file at strPath; at the own place, in every spelling, as Save.
     EnExportResult Export(const QString& strPath);
+    /// Replaces the Discovered list and the file at the own place by the list at strPath, after the list before was
+    /// kept. For any result but ImportDone list and files stay, a line is logged and a message sent.
     EnImportResult Import(const QString& strPath);
 
 private:
-    /// What is to be told when no lock is held any more.
+    using Lock = std::lock_guard<std::mutex>; ///< whoever takes one as a parameter works under mutexFile
+
+    /// What is to be announced when no lock is held any more.
     struct SNews
     {
         QStringList listWarning;
         bool bTrouble = false; ///< it is another than before
     };
 
-    SListSave SaveHere(SNews& news, bool bAlways);
-    EnExportResult ExportElsewhere(const QString& strPath, SNews& news) const;
-    EnImportResult TryImport(const QString& strPath, QString& strFault, SNews& news);
+    SListSave SaveHere(const Lock& lock, SNews& news, bool bAlways);
+    EnExportResult ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
+    EnImportResult TryImport(const Lock& lock, const QString& strPath, QString& strFault, SNews& news);
     void SetTrouble(const QString& strTroubleNow, SNews& news);
-    void Tell(const SNews& news);
+    void Announce(const SNews& news);
 
     CProcessorList& processors;
     CHostEvents& events;
     QString strLoadError; ///< set by Load
 
-    std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is told
+    std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is announced
     COwnList own;
 
     mutable std::mutex mutexTrouble; ///< guards strTrouble; taken last

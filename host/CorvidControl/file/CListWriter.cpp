@@ -151,7 +151,7 @@ void CListWriter::WriteText(const char* szKey, const QString& strValue)
     text += '"';
 }
 
-// Half a character has no form in UTF-8. It is written as what it is, for the reader to refuse.
+// Half a character has no form in UTF-8. It is written as an escape, which the reader refuses.
 void CListWriter::WriteSign(const QString& strValue, int n)
 {
     const QChar ch = strValue.at(n);

@@ -7,11 +7,12 @@ struct SProcessorAllNode;
 struct SProcessorGroupNode;
 struct SProcessorNode;
 
-/// A list as JSON text, the counterpart of CListReader: sorted keys, four blanks a level, a value a line.
+/// A list as JSON text, the counterpart of CListReader: sorted keys, four blanks per level, one value per line.
 /// It writes the text itself, since the GUI thread waits for it.
 class CListWriter
 {
 public:
+    /// Ends in a line feed. For any thread. Text that has no form in UTF-8 is written so that the reader refuses it.
     static QByteArray WriteRoot(const SProcessorAllNode& node);
 
 private:

@@ -1,8 +1,8 @@
 #include "CorvidControl/file/COwnList.h"
 
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 
-COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const SListClock& clockIn)
+COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const CControlClock& clockIn)
     : limits(limitsIn), place(strPath, limits.nBytes), aside(clockIn, limits.nBytes), generations(clockIn)
 { }
 
@@ -13,7 +13,7 @@ SListReading COwnList::Load()
     const SFileContent content = place.Load();
     SListReading reading;
     if (content.kind == SFileContent::Read) {
-        reading = CListFormat::Read(content.bytes, limits, CListFormat::NamesMended);
+        reading = ListFormat::Read(content.bytes, limits, ListFormat::NamesMended);
     } else {
         reading.verdict = content.kind == SFileContent::Absent ? SListReading::Valid : SListReading::Invalid;
         reading.strReason = content.strReason;
@@ -25,7 +25,7 @@ SListReading COwnList::Load()
     return reading;
 }
 
-// Who may not write lets the lock go: another process may have loaded what stands there.
+// Whoever may not write releases the lock: another process may have loaded what stands there.
 SListSave COwnList::Check()
 {
     const CListLock::EnState state = lockList.Take(place.GetRealPath());
@@ -57,7 +57,7 @@ bool COwnList::IsUnsecured(quint64 nEdit) const
 
 SListSave COwnList::Save(const SListEdition& edition)
 {
-    const QByteArray bytes = CListFormat::Write(edition.node);
+    const QByteArray bytes = ListFormat::Write(edition.node);
     SListSave save = TrySave(edition, bytes);
     if (save.result == SListSave::Saved) {
         nEditSaved = edition.nEdit;
@@ -81,7 +81,7 @@ SListSave COwnList::Overwrite(const SListEdition& edition, const QByteArray& byt
         return save;
     }
     const bool bAnything = !edition.node.listGroup.isEmpty() || !edition.node.listProcessor.isEmpty();
-    const QString strFault = bAnything ? KeepGeneration(CListFormat::Write(edition.node), save.listWarning) : QString();
+    const QString strFault = bAnything ? KeepGeneration(ListFormat::Write(edition.node), save.listWarning) : QString();
     const SListSave replaced = strFault.isEmpty() ? Replace(bytes) : BuildFault(SListSave::NotWritten, strFault);
     save.result = replaced.result;
     save.strReason = replaced.strReason;
@@ -90,7 +90,7 @@ SListSave COwnList::Overwrite(const SListEdition& edition, const QByteArray& byt
 
 QString COwnList::SaveAside(const SListEdition& edition, QString& strFault)
 {
-    const QString strPath = WriteAside(CListFormat::Write(edition.node), strFault);
+    const QString strPath = WriteAside(ListFormat::Write(edition.node), strFault);
     if (!strPath.isEmpty()) {
         nEditAside = edition.nEdit;
     }
@@ -104,7 +104,7 @@ QStringList COwnList::KeepEarlier(const SListEdition& edition)
     QStringList listWarning;
     QString strFault;
     if (Check().result == SListSave::Saved) {
-        strFault = KeepGeneration(CListFormat::Write(edition.node), listWarning);
+        strFault = KeepGeneration(ListFormat::Write(edition.node), listWarning);
     } else if (IsEdited(edition.nEdit) && !SaveAside(edition, strFault).isEmpty()) {
         aside.StartNew();
     }
@@ -121,7 +121,7 @@ SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes
         return save;
     }
     // A list that the next start would refuse must not take the place of a good one.
-    const QString strFault = CListFormat::FindProofFault(bytes, limits);
+    const QString strFault = ListFormat::FindProofFault(bytes, limits);
     if (!strFault.isEmpty()) {
         return BuildFault(SListSave::NotWritten, strFault);
     }

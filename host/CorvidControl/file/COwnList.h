@@ -4,10 +4,25 @@
 #include "CorvidControl/file/CListAside.h"
 #include "CorvidControl/file/CListLock.h"
 #include "CorvidControl/file/CListPlace.h"
-#include "CorvidControl/file/SListEdition.h"
-#include "CorvidControl/file/SListReading.h"
-#include "CorvidControl/file/SListSave.h"
-#include "CorvidControl/list/SListLimits.h"
+#include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/list/SListEdition.h"
+
+/// How writing at the list's own place went.
+struct SListSave
+{
+    enum EnResult
+    {
+        Saved,
+        LeftAlone,  ///< something stands there that is not to be overwritten, or another process writes there
+        NotWritten, ///< no room, no rights, no lock; or the list itself could not be read again
+        NotReplaced ///< the list is ready beside it, but what stands there could not be replaced
+    };
+
+    EnResult result = Saved;
+    QString strReason;       ///< for any result but Saved: the file and why, in one line
+    bool bSecured = true;    ///< what commands have changed is in a file: there, or in the dated one
+    QStringList listWarning; ///< what failed besides, one line each
+};
 
 /// The list's own place with all that stands beside it: the lock, the earlier generations, the dated file.
 /// Nothing is overwritten there but what was loaded or saved last, and nothing without the lock. Blocks
@@ -15,8 +30,10 @@
 class COwnList
 {
 public:
-    COwnList(const QString& strPath, const SListLimits& limitsIn, const SListClock& clockIn);
+    /// Touches no file before Load. clockIn must outlive it.
+    COwnList(const QString& strPath, const SListLimits& limitsIn, const CControlClock& clockIn);
 
+    /// For its paths. What stands there changes through this object only.
     const CListPlace& GetPlace() const
     {
         return place;
@@ -25,7 +42,7 @@ public:
     /// What stands there; an empty list when nothing does. What is not Valid is never overwritten.
     SListReading Load();
 
-    /// As a save would find it now, with nothing to save.
+    /// As a save would find it now, with nothing to save. Takes the list's lock, and keeps it when it may write.
     SListSave Check();
 
     /// The edition is in memory because it was read or written here.
@@ -37,15 +54,17 @@ public:
     /// As IsEdited, and the change is not in the dated file either.
     bool IsUnsecured(quint64 nEdit) const;
 
+    /// Writes the edition in its place, after keeping what stands there as a generation where one is due. What may not be
+    /// overwritten is left alone, and the edition goes into the dated file.
     SListSave Save(const SListEdition& edition);
 
     /// Writes bytes, which were proven to be a list, in place of an edition, which is kept as a generation.
     SListSave Overwrite(const SListEdition& edition, const QByteArray& bytes);
 
-    /// Writes the dated file. Its path; empty with a line in strFault when that failed.
+    /// Writes the dated file. Returns its path, or an empty one with a line in strFault when that failed.
     QString SaveAside(const SListEdition& edition, QString& strFault);
 
-    /// Keeps an edition that is about to be lost. What failed, a line each.
+    /// Keeps an edition that is about to be lost. Returns what failed, one line each.
     QStringList KeepEarlier(const SListEdition& edition);
 
 private:

@@ -54,7 +54,7 @@ std::vector<SEntry> FindEntries(const QString& strListPath, const QString& strMa
     return vecEntry;
 }
 
-// Behind all that are there, also where one between has been removed: the numbers are an order.
+// After all existing ones, even where one in between was removed: the numbers are an order.
 int FindNextNumber(const QString& strListPath, const QString& strMark, const QString& strDate)
 {
     int nNext = 1;

@@ -5,10 +5,10 @@
 
 /// Files beside a list that carry a date: "<list>.2024-05-01_12-30-00.kvtl", with a mark before the date
 /// and a number behind it where a second one of the same second needs it. A list's name stands without its
-/// ".kvtl". For any thread.
+/// ".kvtl". All but GetDate block for the disk. For any thread.
 namespace DatedFile {
 
-/// Writes bytes to a new file. Its path; empty with the fault in strFault.
+/// Writes bytes to a new file, and over none that is there. Returns its path; empty with the fault in strFault.
 QString Write(const QString& strListPath, const QString& strMark, const QDateTime& date, const QByteArray& bytes,
               QString& strFault);
 
@@ -16,7 +16,7 @@ QString Write(const QString& strListPath, const QString& strMark, const QDateTim
 /// others: a clock was wrong.
 QStringList Find(const QString& strListPath, const QString& strMark, const QDateTime& dateNow);
 
-/// The date in the name of a path that Find answered.
+/// The date in the name of a path that Find returned.
 QDateTime GetDate(const QString& strPath);
 
 } // namespace DatedFile

@@ -22,8 +22,8 @@ SFileContent BuildUnreadable(const QString& strReason)
     return content;
 }
 
-// Only ENOENT says that a file is not there: of a file out of reach nobody knows. And a link that leads
-// nowhere is there; what it stands for may only not be mounted yet.
+// Only ENOENT means that a file is not there; about a file out of reach nothing is known. A link that leads
+// nowhere counts as there: its target may just not be mounted yet.
 SFileContent BuildMissing(const QString& strPath, int nError)
 {
     if (nError != ENOENT) {
@@ -43,7 +43,7 @@ QString FindStatusFault(const struct stat& status, int nMaxBytes)
     return status.st_size > nMaxBytes ? QStringLiteral("it is too long (%1 bytes)").arg(status.st_size) : QString();
 }
 
-// Into one byte more than there should be, so that a file that grows meanwhile is noticed.
+// Reads into one byte more than expected, so that a file that grows meanwhile is noticed.
 SFileContent ReadAll(int nFile, int nBytes)
 {
     QByteArray bytes(nBytes + 1, Qt::Uninitialized);

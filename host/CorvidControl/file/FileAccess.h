@@ -1,8 +1,25 @@
 #pragma once
 
-#include "CorvidControl/file/SFileContent.h"
+#include <QByteArray>
+#include <QString>
 
-/// Files as the system has them, where Qt's classes do not tell faults apart. For any thread.
+/// What was found at a path.
+struct SFileContent
+{
+    enum EnKind
+    {
+        Absent, ///< nothing has this name
+        Read,
+        Unreadable ///< something is there, but no regular file, too long, or out of reach
+    };
+
+    EnKind kind = Absent;
+    QByteArray bytes;  ///< for Read: all of it
+    QString strReason; ///< for Unreadable, in a few words
+};
+
+/// Files as the system has them, where Qt's classes do not tell faults apart. For any thread; all but GetReason
+/// may block for the disk.
 namespace FileAccess {
 
 /// Reads a regular file of at most nMaxBytes. Never waits for another process, as opening a pipe would.

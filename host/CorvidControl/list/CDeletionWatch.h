@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/file/SListEdition.h"
+#include "CorvidControl/list/SListEdition.h"
 
 #include <functional>
 #include <mutex>
@@ -17,13 +17,14 @@ class CDeletionWatch
 public:
     using Keep = std::function<void(const SListEdition&)>;
 
-    /// keepIn runs without a lock, on the thread that is about to delete.
+    /// keepIn runs without a lock, on the thread that is about to delete. All references must outlive the watch.
     CDeletionWatch(const CProcessorList& processorsIn, const CJobs& jobsIn, const Keep& keepIn);
 
-    /// nNodes are about to be deleted in one step. Before the second of a job it blocks until the list is kept.
+    /// nNodes, at least one, are about to be deleted in one step. Before the second of a job it blocks until the
+    /// list is kept.
     void BeforeDeletion(int nNodes);
 
-    /// The busy state begins or ends.
+    /// The busy state begins or ends: the next deletion is the first of a job.
     void EndJob();
 
 private:

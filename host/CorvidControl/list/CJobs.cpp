@@ -16,10 +16,10 @@ void CJobs::SetBusy(bool bNow)
             return;
         }
         timeSince = timeNow = nBusy > 0 ? QDateTime::currentDateTime() : QDateTime();
-        ++nTelling;
+        ++nSignals;
     }
     emit events.BusyChanged(bNow, timeNow);
-    Told();
+    EndSignal();
 }
 
 bool CJobs::IsBusy() const
@@ -41,10 +41,10 @@ void CJobs::Begin(const QString& strJob)
         const std::lock_guard<std::mutex> lock(mutex);
         listJob.append(strJob);
         listNow = listJob;
-        ++nTelling;
+        ++nSignals;
     }
     emit events.JobsChanged(listNow);
-    Told();
+    EndSignal();
 }
 
 void CJobs::End(const QString& strJob)
@@ -54,10 +54,10 @@ void CJobs::End(const QString& strJob)
         const std::lock_guard<std::mutex> lock(mutex);
         listJob.removeOne(strJob);
         listNow = listJob;
-        ++nTelling;
+        ++nSignals;
     }
     emit events.JobsChanged(listNow);
-    Told();
+    EndSignal();
 }
 
 QStringList CJobs::GetRunning() const
@@ -69,15 +69,15 @@ QStringList CJobs::GetRunning() const
 void CJobs::AwaitIdle(std::chrono::milliseconds time)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    const auto isQuiet = [this] { return listJob.isEmpty() && nTelling == 0; };
+    const auto isQuiet = [this] { return listJob.isEmpty() && nSignals == 0; };
     condEnd.wait(lock, isQuiet);
     condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
 }
 
-// Wakes under the lock: who waits may destroy this object as soon as it has the lock.
-void CJobs::Told()
+// Notifies under the lock: the waiter may destroy this object as soon as it gets the lock.
+void CJobs::EndSignal()
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    --nTelling;
+    --nSignals;
     condEnd.notify_all();
 }

@@ -9,27 +9,31 @@
 class CHostEvents;
 
 /// What is under way: the busy state that the panel sets around its jobs, and the calls that block
-/// inside the library. All operations may be called on any thread.
+/// inside the library. The signals of both come on the thread that called, without a lock. All operations may
+/// be called on any thread.
 class CJobs
 {
 public:
+    /// eventsIn must outlive it.
     explicit CJobs(CHostEvents& eventsIn) : events(eventsIn) { }
 
-    /// The calls of two jobs may overlap: busy ends with the last of them.
+    /// The calls of two jobs may overlap: busy ends with the last of them. A false without a true changes nothing.
     void SetBusy(bool bNow);
-    bool IsBusy() const;
+    bool IsBusy() const;            ///< a job of the panel is under way
     QDateTime GetBusySince() const; ///< invalid when idle
 
+    /// A blocking call begins or ends; strJob says what it does, for display. Each Begin has its End, with the
+    /// same text, or AwaitIdle never returns.
     void Begin(const QString& strJob);
-    void End(const QString& strJob);
-    QStringList GetRunning() const; ///< oldest first
+    void End(const QString& strJob); ///< as Begin
+    QStringList GetRunning() const;  ///< oldest first
 
-    /// Waits until nothing runs inside the library, and at most time for the busy state to end: its job
-    /// may have died.
+    /// Blocks until nothing runs inside the library and no signal about it is being emitted, and then at most time for
+    /// the busy state to end: its job may have died.
     void AwaitIdle(std::chrono::milliseconds time);
 
 private:
-    void Told();
+    void EndSignal();
 
     CHostEvents& events;
 
@@ -37,6 +41,6 @@ private:
     std::condition_variable condEnd;
     QStringList listJob;
     int nBusy = 0;
-    int nTelling = 0; ///< calls that are emitting a signal just now
+    int nSignals = 0; ///< that are being emitted just now
     QDateTime timeSince;
 };

@@ -161,6 +161,20 @@ QList<SProcessorNode>& CNodeTree::EditList(int nGroup)
     return nGroup < 0 ? node.listProcessor : EditGroup(nGroup).listProcessor;
 }
 
+// The root for a null id; null when the node is gone.
+SNode* CNodeTree::EditNode(const QUuid& id)
+{
+    const int nGroup = FindGroup(id);
+    const std::optional<SNodePlace> place = FindProcessor(id);
+    if (id.isNull()) {
+        return &node;
+    }
+    if (nGroup >= 0) {
+        return &EditGroup(nGroup);
+    }
+    return place ? &EditProcessor(*place) : nullptr;
+}
+
 void CNodeTree::RemoveGroup(int nGroup, bool bWithProcessors)
 {
     const SProcessorGroupNode group = node.listGroup.takeAt(nGroup);
@@ -175,21 +189,28 @@ void CNodeTree::RemoveGroup(int nGroup, bool bWithProcessors)
 
 bool CNodeTree::SetExpanded(const QUuid& id, bool bExpanded)
 {
-    const int nGroup = FindGroup(id);
-    const std::optional<SNodePlace> place = FindProcessor(id);
-    SNode* pNode = nullptr;
-    if (id.isNull()) {
-        pNode = &node;
-    } else if (nGroup >= 0) {
-        pNode = &EditGroup(nGroup);
-    } else if (place) {
-        pNode = &EditProcessor(*place);
-    }
+    SNode* pNode = EditNode(id);
     if (!pNode || pNode->bExpanded == bExpanded) {
         return false;
     }
     pNode->bExpanded = bExpanded;
     return true;
+}
+
+QString CNodeTree::GetName(const QUuid& id) const
+{
+    const int nGroup = FindGroup(id);
+    if (nGroup >= 0) {
+        return GetGroup(nGroup).strName;
+    }
+    const std::optional<SNodePlace> place = FindProcessor(id);
+    return place ? GetProcessor(*place).strName : QString();
+}
+
+void CNodeTree::SetName(const QUuid& id, const QString& strName)
+{
+    Q_ASSERT(Contains(id));
+    EditNode(id)->strName = strName;
 }
 
 bool CNodeTree::SetChief(int nGroup, const QUuid& idChief)

@@ -1,7 +1,7 @@
 #include "CorvidControl/list/CProcessorList.h"
 
 #include "CorvidControl/devices/DeviceReport.h"
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-using Lock = std::lock_guard<std::mutex>;
+constexpr int nDiscovered = CPanes::nDiscovered;
 
 QString GetGone()
 {
@@ -26,6 +26,12 @@ CProcessorList::CProcessorList(CMessageDispatcher& dispatcherIn, CHostEvents& ev
     : dispatcher(dispatcherIn), events(eventsIn), host(hostIn), limits(limitsIn)
 { }
 
+void CProcessorList::SetEditListener(const std::function<void()>& listenerNew)
+{
+    Q_ASSERT(!listenerEdit && GetEdition().nEdit == 0);
+    listenerEdit = listenerNew;
+}
+
 SProcessorAllNode CProcessorList::GetTree(bool bSimulator) const
 {
     return CopyTree(bSimulator).GetRoot();
@@ -34,15 +40,13 @@ SProcessorAllNode CProcessorList::GetTree(bool bSimulator) const
 CNodeTree CProcessorList::CopyTree(bool bSimulator) const
 {
     const Lock lock(mutex);
-    bLent[bSimulator] = true;
-    return tree[bSimulator];
+    return panes.Lend(bSimulator);
 }
 
 SListEdition CProcessorList::GetEdition() const
 {
     const Lock lock(mutex);
-    bLent[0] = true;
-    return { tree[0].GetRoot(), nEdit };
+    return { panes.Lend(nDiscovered).GetRoot(), nEdit };
 }
 
 SProcessorGroupNode CProcessorList::CopyGroup(const QUuid& id) const
@@ -69,8 +73,7 @@ bool CProcessorList::SetSelection(const std::vector<QUuid>& vecId)
     bool bChanged = false;
     {
         const Lock lock(mutex);
-        const int nPane = bSimulatorPane;
-        if (!selection[nPane].Set(tree[nPane], vecId, bChanged)) {
+        if (!panes.Select(bSimulatorPane, vecId, bChanged)) {
             return false;
         }
     }
@@ -83,30 +86,31 @@ bool CProcessorList::SetSelection(const std::vector<QUuid>& vecId)
 std::vector<QUuid> CProcessorList::GetSelection(bool bSimulator) const
 {
     const Lock lock(mutex);
-    return selection[bSimulator].GetIds();
+    return panes.GetSelection(bSimulator).GetIds();
 }
 
 std::vector<QUuid> CProcessorList::GetSelectedProcessors() const
 {
     const Lock lock(mutex);
     const int nPane = bSimulatorPane;
-    return selection[nPane].FindProcessors(tree[nPane]);
+    return panes.GetSelection(nPane).FindProcessors(panes.GetTree(nPane));
 }
 
 void CProcessorList::AddGroup(SProcessorGroupNode group)
 {
     group.listProcessor.clear(); // its processors are moved into it one by one
-    Carry(QStringLiteral("Adding the group \"%1\"").arg(group.strName), [&] { return TryAddGroup(group); });
+    Carry(QStringLiteral("Adding the group \"%1\"").arg(group.strName),
+          [&](const Lock& lock) { return TryAddGroup(lock, group); });
 }
 
 void CProcessorList::RenameNode(const QUuid& id, const QString& strName)
 {
-    Carry(QStringLiteral("Renaming to \"%1\"").arg(strName), [&] { return TryRename(id, strName); });
+    Carry(QStringLiteral("Renaming to \"%1\"").arg(strName), [&](const Lock& lock) { return TryRename(lock, id, strName); });
 }
 
 void CProcessorList::MoveProcessor(const QUuid& id, const QUuid& idGroup)
 {
-    Carry(QStringLiteral("Moving a processor"), [&] { return TryMove(id, idGroup); });
+    Carry(QStringLiteral("Moving a processor"), [&](const Lock& lock) { return TryMove(lock, id, idGroup); });
 }
 
 // A locked list can still be folded: that changes how it is looked at, not what it is.
@@ -115,11 +119,11 @@ void CProcessorList::SetExpanded(const QUuid& id, bool bExpanded)
     SOutcome outcome;
     {
         const Lock lock(mutex);
-        outcome.nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : FindPane(id);
-        outcome.bChanged = outcome.nPane >= 0 && Edit(outcome.nPane).SetExpanded(id, bExpanded);
-        Count(outcome);
+        outcome.nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : panes.FindPane(id);
+        outcome.bChanged = outcome.nPane >= 0 && panes.Edit(outcome.nPane).SetExpanded(id, bExpanded);
+        Count(lock, outcome);
     }
-    Tell(outcome, SenderPrcList, MessageListChanged);
+    Announce(outcome, SenderPrcList, MessageListChanged);
 }
 
 void CProcessorList::SetChief(const QUuid& idGroup, const QUuid& idChief)
@@ -127,62 +131,32 @@ void CProcessorList::SetChief(const QUuid& idGroup, const QUuid& idChief)
     SOutcome outcome;
     {
         const Lock lock(mutex);
-        outcome.nPane = FindPane(idGroup);
-        const int nGroup = outcome.nPane < 0 ? -1 : tree[outcome.nPane].FindGroup(idGroup);
-        outcome.bChanged = nGroup >= 0 && Edit(outcome.nPane).SetChief(nGroup, idChief);
-        Count(outcome);
+        outcome.nPane = panes.FindPane(idGroup);
+        const int nGroup = outcome.nPane < 0 ? -1 : panes.GetTree(outcome.nPane).FindGroup(idGroup);
+        outcome.bChanged = nGroup >= 0 && panes.Edit(outcome.nPane).SetChief(nGroup, idChief);
+        Count(lock, outcome);
     }
-    Tell(outcome, SenderPreference, MessageChiefChanged);
+    Announce(outcome, SenderPreference, MessageChiefChanged);
 }
 
 QString CProcessorList::FindDeleteFault(const QUuid& id) const
 {
     const Lock lock(mutex);
-    return host.IsLocked() ? QStringLiteral("the list is locked") : TryFindDeleteFault(id);
+    return host.IsLocked() ? QStringLiteral("the list is locked") : FindUse(lock, id);
 }
 
 bool CProcessorList::RemoveProcessor(const QUuid& id)
 {
     bool bGone = false;
-    Carry(QStringLiteral("Deleting a processor"), [&]() -> SOutcome {
-        const int nPane = FindPane(id);
-        const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(id);
-        bGone = !place;
-        if (!place) {
-            return {};
-        }
-        const QString strFault = TryFindDeleteFault(id);
-        if (!strFault.isEmpty()) {
-            return { false, strFault };
-        }
-        Edit(nPane).TakeProcessor(*place);
-        selection[nPane].Prune(tree[nPane]);
-        bGone = true;
-        return { true, {}, nPane };
-    });
+    Carry(QStringLiteral("Deleting a processor"), [&](const Lock& lock) { return TryRemoveProcessor(lock, id, bGone); });
     return bGone;
 }
 
 QList<SProcessorNode> CProcessorList::RemoveGroup(const QUuid& id, bool bWithProcessors)
 {
     QList<SProcessorNode> listGone;
-    Carry(QStringLiteral("Deleting a group"), [&]() -> SOutcome {
-        const int nPane = FindPane(id);
-        const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(id);
-        if (nGroup < 0) {
-            return {};
-        }
-        const QString strFault = bWithProcessors ? TryFindDeleteFault(id) : QString();
-        if (!strFault.isEmpty()) {
-            return { false, strFault };
-        }
-        if (bWithProcessors) {
-            listGone = tree[nPane].GetGroup(nGroup).listProcessor;
-        }
-        Edit(nPane).RemoveGroup(nGroup, bWithProcessors);
-        selection[nPane].Prune(tree[nPane]);
-        return { true, {}, nPane };
-    });
+    Carry(QStringLiteral("Deleting a group"),
+          [&](const Lock& lock) { return TryRemoveGroup(lock, id, bWithProcessors, listGone); });
     return listGone;
 }
 
@@ -192,10 +166,10 @@ QString CProcessorList::FindAddFault(quint32 nIP) const
     if (host.IsLocked()) {
         return QStringLiteral("the list is locked");
     }
-    if (tree[0].GetProcessorCount() >= limits.nProcessors) {
+    if (panes.GetTree(nDiscovered).GetProcessorCount() >= limits.nProcessors) {
         return QStringLiteral("the list is full");
     }
-    const QList<SProcessorNode> listProcessor = tree[0].GetProcessors();
+    const QList<SProcessorNode> listProcessor = panes.GetTree(nDiscovered).GetProcessors();
     const bool bTaken = std::any_of(listProcessor.cbegin(), listProcessor.cend(),
                                     [&](const SProcessorNode& processor) { return processor.nIP == nIP; });
     return bTaken ? QStringLiteral("a processor of the list has this address") : QString();
@@ -205,16 +179,10 @@ bool CProcessorList::AddProcessor(const SProcessorNode& device, bool bSimulator)
 {
     bool bAdded = false;
     const SProcessorNode processor = DeviceReport::Mend(device);
-    Carry(QStringLiteral("Adding the processor \"%1\"").arg(processor.strName), [&]() -> SOutcome {
-        if (FindPane(processor.idNode) >= 0) {
-            return { false, QStringLiteral("it is in the list already") };
-        }
-        if (tree[bSimulator].GetProcessorCount() >= (bSimulator ? limits.nSimulators : limits.nProcessors)) {
-            return { false, QStringLiteral("the list is full") };
-        }
-        Edit(bSimulator).AppendProcessor(processor);
-        bAdded = true;
-        return { true, {}, bSimulator };
+    Carry(QStringLiteral("Adding the processor \"%1\"").arg(processor.strName), [&](const Lock& lock) {
+        const SOutcome outcome = TryAddProcessor(lock, processor, bSimulator);
+        bAdded = outcome.bChanged;
+        return outcome;
     });
     return bAdded;
 }
@@ -224,19 +192,19 @@ void CProcessorList::ApplyReport(const SProcessorNode& report)
     {
         const SProcessorNode device = DeviceReport::Mend(report);
         const Lock lock(mutex);
-        const int nPane = FindPane(device.idNode);
-        const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(device.idNode);
+        const int nPane = panes.FindPane(device.idNode);
+        const std::optional<SNodePlace> place = panes.FindPlace(nPane, device.idNode);
         if (!place) {
             return;
         }
-        SProcessorNode processor = tree[nPane].GetProcessor(*place);
+        SProcessorNode processor = panes.GetTree(nPane).GetProcessor(*place);
         processor.bOnline = device.bOnline;
         processor.nFailover = device.nFailover;
         processor.strProject = device.strProject;
-        if (processor == tree[nPane].GetProcessor(*place)) {
+        if (processor == panes.GetTree(nPane).GetProcessor(*place)) {
             return;
         }
-        Edit(nPane).EditProcessor(*place) = processor;
+        panes.Edit(nPane).EditProcessor(*place) = processor;
     }
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
@@ -246,9 +214,7 @@ quint64 CProcessorList::ReplaceList(const SProcessorAllNode& node)
     quint64 nEditNow = 0;
     {
         const Lock lock(mutex);
-        tree[0].SetRoot(node);
-        bLent[0] = true;
-        selection[0].Prune(tree[0]);
+        panes.Replace(nDiscovered, node);
         nEditNow = ++nEdit;
     }
     dispatcher.Post(SenderPrcList, MessageListChanged);
@@ -261,28 +227,27 @@ int CProcessorList::GetNodeType(const QUuid& id) const
     if (id.isNull()) {
         return NodeAll;
     }
-    const int nPane = FindPane(id);
-    return nPane < 0 ? 0 : tree[nPane].FindGroup(id) >= 0 ? NodeGroup : NodeProcessor;
+    const int nPane = panes.FindPane(id);
+    return nPane < 0 ? 0 : panes.GetTree(nPane).FindGroup(id) >= 0 ? NodeGroup : NodeProcessor;
 }
 
 bool CProcessorList::IsActive(const QUuid& id) const
 {
     const Lock lock(mutex);
-    const SProcessorNode* pProcessor = FindProcessor(id);
-    return pProcessor ? pProcessor->bOnline : FindPane(id) >= 0;
+    const SProcessorNode* pProcessor = panes.FindProcessor(id);
+    return pProcessor ? pProcessor->bOnline : panes.FindPane(id) >= 0;
 }
 
 bool CProcessorList::IsInUse(const QUuid& id) const
 {
     const Lock lock(mutex);
-    return !TryFindDeleteFault(id).isEmpty();
+    return !FindUse(lock, id).isEmpty();
 }
 
 QUuid CProcessorList::FindByName(const QString& strName) const
 {
     const Lock lock(mutex);
-    const QUuid id = tree[0].FindByName(strName);
-    return id.isNull() ? tree[1].FindByName(strName) : id;
+    return panes.FindByName(strName);
 }
 
 void CProcessorList::Refuse(EnMessageSender sender, const QString& strCommand, const QString& strReason)
@@ -291,21 +256,21 @@ void CProcessorList::Refuse(EnMessageSender sender, const QString& strCommand, c
     dispatcher.Post(sender, MessageCommandRefused);
 }
 
-void CProcessorList::Carry(const QString& strCommand, const std::function<SOutcome()>& command)
+void CProcessorList::Carry(const QString& strCommand, const Command& command)
 {
     SOutcome outcome;
     {
         const Lock lock(mutex);
-        outcome = host.IsLocked() ? SOutcome{ false, QStringLiteral("the list is locked") } : command();
-        Count(outcome);
+        outcome = host.IsLocked() ? SOutcome{ false, QStringLiteral("the list is locked") } : command(lock);
+        Count(lock, outcome);
     }
     if (!outcome.strRefused.isEmpty()) {
         Refuse(SenderPrcList, strCommand, outcome.strRefused);
     }
-    Tell(outcome, SenderPrcList, MessageListChanged);
+    Announce(outcome, SenderPrcList, MessageListChanged);
 }
 
-void CProcessorList::Tell(const SOutcome& outcome, EnMessageSender sender, int nMessage) const
+void CProcessorList::Announce(const SOutcome& outcome, EnMessageSender sender, int nMessage) const
 {
     if (outcome.bChanged) {
         dispatcher.Post(sender, nMessage);
@@ -315,112 +280,113 @@ void CProcessorList::Tell(const SOutcome& outcome, EnMessageSender sender, int n
     }
 }
 
-// All below need the lock.
-
-// The tree to write to. What was lent to a reader is never written again, it is left to the reader: the
-// implicit sharing of Qt's lists sees that a reader has let go, but not in which order.
-CNodeTree& CProcessorList::Edit(int nPane)
+void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 {
-    if (bLent[nPane]) {
-        tree[nPane].Unshare();
-    }
-    bLent[nPane] = false;
-    return tree[nPane];
+    nEdit += outcome.IsEdit() ? 1 : 0;
 }
 
-CProcessorList::SOutcome CProcessorList::TryAddGroup(SProcessorGroupNode group)
+CProcessorList::SOutcome CProcessorList::TryAddGroup(const Lock& /*lock*/, SProcessorGroupNode group)
 {
     const int nPane = bSimulatorPane;
-    group.strName = CNameRules::Clean(group.strName);
-    const QString strFault = CNameRules::FindFault(group.strName);
+    group.strName = NameRules::Clean(group.strName);
+    const QString strFault = NameRules::FindFault(group.strName);
     if (!strFault.isEmpty()) {
         return { false, strFault };
     }
-    if (group.idNode.isNull() || FindPane(group.idNode) >= 0) {
+    if (group.idNode.isNull() || panes.FindPane(group.idNode) >= 0) {
         return { false, QStringLiteral("its id is empty or taken") };
     }
     if (group.setAux.size() > limits.nAux) {
         return { false, QStringLiteral("it carries too many numbers") };
     }
-    if (tree[nPane].GetRoot().listGroup.size() >= limits.nGroups) {
+    if (panes.GetTree(nPane).GetRoot().listGroup.size() >= limits.nGroups) {
         return { false, QStringLiteral("the list has all the groups it can have") };
     }
-    Edit(nPane).AppendGroup(group);
+    panes.Edit(nPane).AppendGroup(group);
     return { true, {}, nPane };
 }
 
-CProcessorList::SOutcome CProcessorList::TryRename(const QUuid& id, const QString& strText)
+CProcessorList::SOutcome CProcessorList::TryAddProcessor(const Lock& /*lock*/, const SProcessorNode& processor, bool bSimulator)
 {
-    const QString strName = CNameRules::Clean(strText);
-    const int nPane = FindPane(id);
+    if (panes.FindPane(processor.idNode) >= 0) {
+        return { false, QStringLiteral("it is in the list already") };
+    }
+    if (panes.GetTree(bSimulator).GetProcessorCount() >= (bSimulator ? limits.nSimulators : limits.nProcessors)) {
+        return { false, QStringLiteral("the list is full") };
+    }
+    panes.Edit(bSimulator).AppendProcessor(processor);
+    return { true, {}, bSimulator };
+}
+
+CProcessorList::SOutcome CProcessorList::TryRename(const Lock& /*lock*/, const QUuid& id, const QString& strText)
+{
+    const QString strName = NameRules::Clean(strText);
+    const int nPane = panes.FindPane(id);
     if (nPane < 0) {
         return { false, GetGone() };
     }
-    const int nGroup = tree[nPane].FindGroup(id);
-    const std::optional<SNodePlace> place = tree[nPane].FindProcessor(id);
-    if (strName == (place ? tree[nPane].GetProcessor(*place).strName : tree[nPane].GetGroup(nGroup).strName)) {
+    if (strName == panes.GetTree(nPane).GetName(id)) {
         return {};
     }
-    const QString strFault = CNameRules::FindFault(strName);
+    const QString strFault = NameRules::FindFault(strName);
     if (!strFault.isEmpty()) {
         return { false, strFault };
     }
-    if (place) {
-        Edit(nPane).EditProcessor(*place).strName = strName;
-    } else {
-        Edit(nPane).EditGroup(nGroup).strName = strName;
-    }
+    panes.Edit(nPane).SetName(id, strName);
     return { true, {}, nPane };
 }
 
-CProcessorList::SOutcome CProcessorList::TryMove(const QUuid& id, const QUuid& idGroup)
+CProcessorList::SOutcome CProcessorList::TryMove(const Lock& /*lock*/, const QUuid& id, const QUuid& idGroup)
 {
-    const int nPane = FindPane(id);
-    const std::optional<SNodePlace> place = nPane < 0 ? std::nullopt : tree[nPane].FindProcessor(id);
+    const int nPane = panes.FindPane(id);
+    const std::optional<SNodePlace> place = panes.FindPlace(nPane, id);
     if (!place) {
         return { false, GetGone() };
     }
-    const int nGroup = idGroup.isNull() ? -1 : tree[nPane].FindGroup(idGroup);
+    const int nGroup = idGroup.isNull() ? -1 : panes.GetTree(nPane).FindGroup(idGroup);
     if (nGroup < 0 && !idGroup.isNull()) {
         return { false, QStringLiteral("the group is not in its pane") };
     }
-    return { Edit(nPane).MoveProcessor(*place, nGroup), {}, nPane };
+    return { panes.Edit(nPane).MoveProcessor(*place, nGroup), {}, nPane };
 }
 
-QString CProcessorList::TryFindDeleteFault(const QUuid& id) const
+CProcessorList::SOutcome CProcessorList::TryRemoveProcessor(const Lock& lock, const QUuid& id, bool& bGone)
 {
-    const int nPane = FindPane(id);
-    const int nGroup = nPane < 0 ? -1 : tree[nPane].FindGroup(id);
-    const SProcessorNode* pProcessor = FindProcessor(id);
-    const QList<SProcessorNode> listProcessor = nGroup >= 0 ? tree[nPane].GetGroup(nGroup).listProcessor
-        : pProcessor                                        ? QList<SProcessorNode>{ *pProcessor }
-                                                            : QList<SProcessorNode>();
-    const QString strProject = host.GetProject();
-    for (const SProcessorNode& processor : listProcessor) {
-        if (IsRunning(processor, strProject)) {
-            return QStringLiteral("\"%1\" is in use, it runs the open project").arg(processor.strName);
-        }
+    const int nPane = panes.FindPane(id);
+    const std::optional<SNodePlace> place = panes.FindPlace(nPane, id);
+    const QString strFault = place ? FindUse(lock, id) : QString();
+    bGone = strFault.isEmpty();
+    if (!place || !bGone) {
+        return { false, strFault };
     }
-    return {};
+    panes.Edit(nPane).TakeProcessor(*place);
+    panes.PruneSelection(nPane);
+    return { true, {}, nPane };
 }
 
-int CProcessorList::FindPane(const QUuid& id) const
+CProcessorList::SOutcome CProcessorList::TryRemoveGroup(const Lock& lock, const QUuid& id, bool bWithProcessors,
+                                                        QList<SProcessorNode>& listGone)
 {
-    return tree[0].Contains(id) ? 0 : tree[1].Contains(id) ? 1 : -1;
-}
-
-const SProcessorNode* CProcessorList::FindProcessor(const QUuid& id) const
-{
-    for (const CNodeTree& treeNow : tree) {
-        const std::optional<SNodePlace> place = treeNow.FindProcessor(id);
-        if (place) {
-            return &treeNow.GetProcessor(*place);
-        }
+    const int nPane = panes.FindPane(id);
+    const int nGroup = nPane < 0 ? -1 : panes.GetTree(nPane).FindGroup(id);
+    if (nGroup < 0) {
+        return {};
     }
-    return nullptr;
+    const QString strFault = bWithProcessors ? FindUse(lock, id) : QString();
+    if (!strFault.isEmpty()) {
+        return { false, strFault };
+    }
+    if (bWithProcessors) {
+        listGone = panes.GetTree(nPane).GetGroup(nGroup).listProcessor;
+    }
+    panes.Edit(nPane).RemoveGroup(nGroup, bWithProcessors);
+    panes.PruneSelection(nPane);
+    return { true, {}, nPane };
 }
 
-bool CProcessorList::IsRunning(const SProcessorNode& processor, const QString& strProject)
+// Why the node cannot go: it is in use. Empty when it can.
+QString CProcessorList::FindUse(const Lock& /*lock*/, const QUuid& id) const
 {
-    return processor.bOnline && !strProject.isEmpty() && processor.strProject == strProject;
+    const SProcessorNode* pProcessor = panes.FindRunning(id, host.GetProject());
+    return pProcessor ? QStringLiteral("\"%1\" is in use, it runs the open project").arg(pProcessor->strName) : QString();
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "CorvidControl/file/SListEdition.h"
-#include "CorvidControl/list/CNodeTree.h"
-#include "CorvidControl/list/CSelection.h"
+#include "CorvidControl/list/CPanes.h"
+#include "CorvidControl/list/SListEdition.h"
 #include "CorvidControl/list/SListLimits.h"
 #include "CorvidControl/messages/EnMessageSender.h"
 
@@ -16,75 +15,103 @@ class CHostState;
 class CMessageDispatcher;
 
 /// The list: both panes with their selections, and the rules about who may change what. Nothing here
-/// blocks. Every change is followed by a message, and so is every refusal, with a line in the log. All
-/// operations may be called on any thread.
+/// blocks. Every change is followed by a message. A command that is refused changes nothing, writes one line
+/// into the log and is followed by a message too; a locked list refuses all but folding, selecting and
+/// reports. All operations may be called on any thread.
 class CProcessorList
 {
 public:
+    /// The list begins empty, with the root selected in both panes. All references must outlive it.
     CProcessorList(CMessageDispatcher& dispatcherIn, CHostEvents& eventsIn, const CHostState& hostIn,
                    const SListLimits& limitsIn);
 
-    /// Who hears that a command or a found node has changed the Discovered list: what there is to save. On
-    /// the thread of the change, without a lock. Set it once, before anything else.
-    void SetEditListener(const std::function<void()>& listenerNew)
-    {
-        listenerEdit = listenerNew;
-    }
+    /// Sets who is called when a command or a found node has changed the Discovered list: there is something
+    /// to save. Called on the thread of the change, without a lock. Once, before the first change.
+    void SetEditListener(const std::function<void()>& listenerNew);
 
+    /// What the rules ask: project and locks. Lives as long as the library.
     const CHostState& GetHost() const
     {
         return host;
     }
+
+    /// The same for the life of the list.
     const SListLimits& GetLimits() const
     {
         return limits;
     }
+
+    /// A copy, cheap, which nobody writes; true for the Simulator pane. So are those below.
     SProcessorAllNode GetTree(bool bSimulator) const;
-    CNodeTree CopyTree(bool bSimulator) const;
+    CNodeTree CopyTree(bool bSimulator) const;            ///< as GetTree, with what can be asked of it
     SListEdition GetEdition() const;                      ///< of the Discovered list
-    SProcessorGroupNode CopyGroup(const QUuid& id) const; ///< empty when it is gone
+    SProcessorGroupNode CopyGroup(const QUuid& id) const; ///< of either pane; empty when it is gone
+
+    /// Takes no lock: it is called with other locks held.
     bool IsSimulatorPane() const
     {
         return bSimulatorPane;
-    } ///< never waits
+    }
+
+    /// Followed by MessageSelectionChanged when that is another pane.
     void SetSimulatorPane(bool bSimulator);
 
-    bool SetSelection(const std::vector<QUuid>& vecId); ///< of the current pane; false when refused
-    std::vector<QUuid> GetSelection(bool bSimulator) const;
-    std::vector<QUuid> GetSelectedProcessors() const; ///< of the current pane, members of groups included
+    /// Of the current pane; ids that are gone are left out. False, without a message, when all are gone.
+    bool SetSelection(const std::vector<QUuid>& vecId);
 
+    std::vector<QUuid> GetSelection(bool bSimulator) const; ///< in the order in which it was set
+    std::vector<QUuid> GetSelectedProcessors() const;       ///< of the current pane, members of groups included, each once
+
+    /// To the current pane, empty: the processors in its record are not taken. Refused for a bad name, an empty
+    /// or taken id, too many numbers or groups.
     void AddGroup(SProcessorGroupNode group);
+
+    /// A processor or a group of either pane; the name it has is no change. Refused for a bad name or an id that is gone.
     void RenameNode(const QUuid& id, const QString& strName);
+
+    /// To the end of a group of its pane, or of the root for a null idGroup; a Chief loses its mark.
     void MoveProcessor(const QUuid& id, const QUuid& idGroup);
+
+    /// A null id stands for the root of the current pane. One that is gone changes nothing.
     void SetExpanded(const QUuid& id, bool bExpanded);
+
+    /// Null for no Chief. Not refused by a lock: it is the host's to say. A group that is gone changes nothing.
     void SetChief(const QUuid& idGroup, const QUuid& idChief);
 
-    /// Why a processor may not be deleted; empty when it may, or when it is not there.
+    /// Why a processor, or a group with its processors, may not be deleted, in a few words; empty when it may, or
+    /// when it is not there.
     QString FindDeleteFault(const QUuid& id) const;
-    bool RemoveProcessor(const QUuid& id); ///< true when it is gone
 
-    /// The processors that went with the group, for the network to forget.
+    /// True when it is gone, also before; false when it was refused.
+    bool RemoveProcessor(const QUuid& id);
+
+    /// Returns the processors that went with the group, for the network to forget. Without them they move to the
+    /// end of the root.
     QList<SProcessorNode> RemoveGroup(const QUuid& id, bool bWithProcessors);
 
-    /// Why the Discovered list cannot take a processor at nIP; empty when it can.
+    /// Why the Discovered list cannot take a processor at nIP (host order), in a few words; empty when it can.
     QString FindAddFault(quint32 nIP) const;
 
-    /// To the end of the root of a pane. False when it was refused.
+    /// To the end of the root of a pane, mended to fit a list file. False when it was refused.
     bool AddProcessor(const SProcessorNode& device, bool bSimulator);
 
-    void ApplyReport(const SProcessorNode& report); ///< what a device says of itself
+    /// What a device reports: online state, role and project. A device that is not listed is ignored.
+    void ApplyReport(const SProcessorNode& report);
 
-    /// By a list out of a file. The number of its edition.
+    /// Replaces the Discovered list by that of a file, which must fit the limits. Returns the number of its edition.
     quint64 ReplaceList(const SProcessorAllNode& node);
 
-    int GetNodeType(const QUuid& id) const;
-    bool IsActive(const QUuid& id) const; ///< its device answers; a group is always active
-    bool IsInUse(const QUuid& id) const;  ///< it, or a member of it, answers and runs the open project
-    QUuid FindByName(const QString& strName) const;
+    int GetNodeType(const QUuid& id) const;         ///< EnNodeType; NodeAll for a null id, 0 when it is gone
+    bool IsActive(const QUuid& id) const;           ///< its device answers; a group is always active
+    bool IsInUse(const QUuid& id) const;            ///< it, or a member of it, answers and runs the open project
+    QUuid FindByName(const QString& strName) const; ///< in the Discovered pane first; null without one
 
+    /// Logs a command that was refused elsewhere, and sends MessageCommandRefused for it.
     void Refuse(EnMessageSender sender, const QString& strCommand, const QString& strReason);
 
 private:
+    using Lock = std::lock_guard<std::mutex>; ///< whoever takes one as a parameter works under it
+
     struct SOutcome
     {
         bool bChanged = false;
@@ -94,36 +121,31 @@ private:
         /// Simulators are in no file: of them there is nothing to save.
         bool IsEdit() const
         {
-            return bChanged && nPane == 0;
+            return bChanged && nPane == CPanes::nDiscovered;
         }
     };
+    using Command = std::function<SOutcome(const Lock& lock)>;
 
-    void Carry(const QString& strCommand, const std::function<SOutcome()>& command);
-    CNodeTree& Edit(int nPane);
-    void Count(const SOutcome& outcome)
-    {
-        nEdit += outcome.IsEdit() ? 1 : 0;
-    }
-    void Tell(const SOutcome& outcome, EnMessageSender sender, int nMessage) const;
-    SOutcome TryAddGroup(SProcessorGroupNode group);
-    SOutcome TryRename(const QUuid& id, const QString& strText);
-    SOutcome TryMove(const QUuid& id, const QUuid& idGroup);
-    QString TryFindDeleteFault(const QUuid& id) const;
-    int FindPane(const QUuid& id) const;
-    const SProcessorNode* FindProcessor(const QUuid& id) const;
-    static bool IsRunning(const SProcessorNode& processor, const QString& strProject);
+    void Carry(const QString& strCommand, const Command& command);
+    void Count(const Lock& lock, const SOutcome& outcome);
+    void Announce(const SOutcome& outcome, EnMessageSender sender, int nMessage) const;
+    SOutcome TryAddGroup(const Lock& lock, SProcessorGroupNode group);
+    SOutcome TryAddProcessor(const Lock& lock, const SProcessorNode& processor, bool bSimulator);
+    SOutcome TryRename(const Lock& lock, const QUuid& id, const QString& strText);
+    SOutcome TryMove(const Lock& lock, const QUuid& id, const QUuid& idGroup);
+    SOutcome TryRemoveProcessor(const Lock& lock, const QUuid& id, bool& bGone);
+    SOutcome TryRemoveGroup(const Lock& lock, const QUuid& id, bool bWithProcessors, QList<SProcessorNode>& listGone);
+    QString FindUse(const Lock& lock, const QUuid& id) const;
 
     CMessageDispatcher& dispatcher;
     CHostEvents& events;
     const CHostState& host;
     const SListLimits limits;
-    std::function<void()> listenerEdit;
+    std::function<void()> listenerEdit; ///< never replaced once it is set
 
     std::atomic<bool> bSimulatorPane{ false };
 
-    mutable std::mutex mutex;              ///< guards all below
-    CNodeTree tree[2];                     ///< Discovered, Simulator; written through Edit
-    mutable bool bLent[2]{ false, false }; ///< a copy of the tree was handed out since it was written
-    CSelection selection[2];
+    mutable std::mutex mutex; ///< guards all below
+    CPanes panes;
     quint64 nEdit = 0; ///< how often the Discovered list was changed but by reports of devices
 };

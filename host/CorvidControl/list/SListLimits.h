@@ -2,7 +2,7 @@
 
 #include <limits>
 
-/// How much the library takes.
+/// How much the library takes: a command, a scan or a file that would exceed it is refused.
 struct SListLimits
 {
     int nProcessors = 256; ///< in the Discovered list

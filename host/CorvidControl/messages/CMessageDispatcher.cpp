@@ -3,17 +3,17 @@
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "interfaces/widgets/CObserver.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 namespace {
 
-constexpr CSteadyClock::Time timeNever = CSteadyClock::Time::max();
+constexpr CControlClock::Time timeNever = CControlClock::Time::max();
 
 } // namespace
 
-CMessageDispatcher::CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn)
-    : pClock(std::move(pClockIn)), threadDelivery([this] { Run(); })
-{ }
+CMessageDispatcher::CMessageDispatcher(const CControlClock& clockIn) : clock(clockIn), threadDelivery([this] { Run(); }) { }
 
 CMessageDispatcher::~CMessageDispatcher()
 {
@@ -22,20 +22,20 @@ CMessageDispatcher::~CMessageDispatcher()
 
 void CMessageDispatcher::Attach(EnMessageSender sender, CObserver* pObserver)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const Lock lock(mutex);
     const SSubscription subscription{ sender, pObserver };
-    if (IsSubscribed(subscription)) {
+    if (IsSubscribed(lock, subscription)) {
         return;
     }
     vecSubscription.push_back(subscription);
     if (sender == SenderPrcList) {
-        Enqueue(sender, MessageListChanged, pObserver);
+        Enqueue(lock, sender, MessageListChanged, pObserver);
     }
 }
 
 void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    Lock lock(mutex);
     const auto isIt = [&](const SSubscription& entry) { return entry.sender == sender && entry.pObserver == pObserver; };
     vecSubscription.erase(std::remove_if(vecSubscription.begin(), vecSubscription.end(), isIt), vecSubscription.end());
     if (std::this_thread::get_id() != threadDelivery.get_id()) {
@@ -45,14 +45,14 @@ void CMessageDispatcher::Detach(EnMessageSender sender, CObserver* pObserver)
 
 void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    Enqueue(sender, nMessage, nullptr);
+    const Lock lock(mutex);
+    Enqueue(lock, sender, nMessage, nullptr);
 }
 
-// An editor that opens again before they went holds them as the one before did.
+// An editor that opens again before they have gone holds them back as the one before did.
 void CMessageDispatcher::SetUserEditing(bool bOn)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const Lock lock(mutex);
     const bool bCloses = activity.IsEditing() && !bOn;
     for (SPending& pending : listPending) {
         pending.bReleased = !bOn && (bCloses || pending.bReleased);
@@ -63,7 +63,7 @@ void CMessageDispatcher::SetUserEditing(bool bOn)
 
 void CMessageDispatcher::SetUserActing(bool bOn)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
+    const Lock lock(mutex);
     activity.SetActing(bOn);
     condWork.notify_all();
 }
@@ -71,14 +71,15 @@ void CMessageDispatcher::SetUserActing(bool bOn)
 // Wakes nobody: input only makes messages wait longer.
 void CMessageDispatcher::NoteUserInput()
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    activity.NoteInput(pClock->GetNow());
+    const Lock lock(mutex);
+    activity.NoteInput(clock.GetNow());
 }
 
 void CMessageDispatcher::Stop()
 {
+    Q_ASSERT(std::this_thread::get_id() != threadDelivery.get_id());
     {
-        const std::lock_guard<std::mutex> lock(mutex);
+        const Lock lock(mutex);
         bStop = true;
     }
     condWork.notify_all();
@@ -87,9 +88,9 @@ void CMessageDispatcher::Stop()
     }
 }
 
-void CMessageDispatcher::Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly)
+void CMessageDispatcher::Enqueue(const Lock& /*lock*/, EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
-    const Time timeNow = pClock->GetNow();
+    const Time timeNow = clock.GetNow();
     const auto itEqual = std::find_if(listPending.begin(), listPending.end(), [&](const SPending& entry) {
         return entry.sender == sender && entry.nMessage == nMessage && entry.pOnly == pOnly;
     });
@@ -103,25 +104,23 @@ void CMessageDispatcher::Enqueue(EnMessageSender sender, int nMessage, CObserver
 
 void CMessageDispatcher::Run()
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    Lock lock(mutex);
     while (AwaitBurst(lock)) {
-        const std::deque<SPending> listBurst = TakeBurst();
+        const std::deque<SPending> listBurst = TakeBurst(lock);
         for (const SPending& pending : listBurst) {
             Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
         }
         bUnsettled = true;
-        timeSettled = pClock->GetNow() + timeSettle;
+        timeSettled = clock.GetNow() + timeSettle;
     }
 }
 
-// All below need the lock.
-
 // False at the end. Sends the MessageSettled of the burst before, if no further burst comes first.
-bool CMessageDispatcher::AwaitBurst(std::unique_lock<std::mutex>& lock)
+bool CMessageDispatcher::AwaitBurst(Lock& lock)
 {
     while (!bStop) {
-        const Time timeNow = pClock->GetNow();
-        const Time timeBurst = FindBurst(timeNow);
+        const Time timeNow = clock.GetNow();
+        const Time timeBurst = FindBurst(lock, timeNow);
         const Time timeEnd = bUnsettled && timeBurst == timeNever ? timeSettled : timeNever;
         if (timeBurst <= timeNow) {
             return true;
@@ -130,25 +129,25 @@ bool CMessageDispatcher::AwaitBurst(std::unique_lock<std::mutex>& lock)
             bUnsettled = false;
             Deliver(lock, SenderProtocal, MessageSettled, nullptr);
         } else {
-            WaitUntil(lock, std::min({ timeBurst, timeEnd, FindRelease(timeNow) }));
+            WaitUntil(lock, std::min({ timeBurst, timeEnd, FindRelease(lock, timeNow) }));
         }
     }
     return false;
 }
 
-void CMessageDispatcher::WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd)
+void CMessageDispatcher::WaitUntil(Lock& lock, Time timeEnd)
 {
     if (timeEnd == timeNever) {
         condWork.wait(lock);
     } else {
-        pClock->Wait(condWork, lock, timeEnd);
+        clock.Wait(condWork, lock, timeEnd);
     }
 }
 
-std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst()
+std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst(const Lock& lock)
 {
-    const Time timeNow = pClock->GetNow();
-    const auto isFree = [&](const SPending& pending) { return IsFree(pending, timeNow); };
+    const Time timeNow = clock.GetNow();
+    const auto isFree = [&](const SPending& pending) { return IsFree(lock, pending, timeNow); };
     const bool bAllRead = std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
         return isFree(pending) && !pending.pOnly && CUserActivity::MakesRead(pending.nMessage);
     });
@@ -158,13 +157,13 @@ std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst()
     return listBurst;
 }
 
-// When the messages are due that need not wait for the user; never without one.
-CMessageDispatcher::Time CMessageDispatcher::FindBurst(Time timeNow) const
+// When the messages that need not wait for the user are due; never if there are none.
+CMessageDispatcher::Time CMessageDispatcher::FindBurst(const Lock& lock, Time timeNow) const
 {
     Time timeCalm;
     Time timeLatest = timeNever;
     for (const SPending& pending : listPending) {
-        if (IsFree(pending, timeNow)) {
+        if (IsFree(lock, pending, timeNow)) {
             timeCalm = std::max(timeCalm, pending.timeLast + timeQuiet);
             timeLatest = std::min(timeLatest, pending.timeFirst + timeLongest);
         }
@@ -172,25 +171,25 @@ CMessageDispatcher::Time CMessageDispatcher::FindBurst(Time timeNow) const
     return timeLatest == timeNever ? timeNever : std::min(timeCalm, timeLatest);
 }
 
-// When the next of those need not wait for the user any more that do now; never without one.
-CMessageDispatcher::Time CMessageDispatcher::FindRelease(Time timeNow) const
+// When the next message that waits for the user may go; never if there is none.
+CMessageDispatcher::Time CMessageDispatcher::FindRelease(const Lock& lock, Time timeNow) const
 {
     Time timeRelease = timeNever;
     for (const SPending& pending : listPending) {
-        if (!IsFree(pending, timeNow)) {
+        if (!IsFree(lock, pending, timeNow)) {
             timeRelease = std::min(timeRelease, activity.GetRelease(pending.nMessage, pending.timeFirst));
         }
     }
     return timeRelease;
 }
 
-bool CMessageDispatcher::IsFree(const SPending& pending, Time timeNow) const
+bool CMessageDispatcher::IsFree(const Lock& /*lock*/, const SPending& pending, Time timeNow) const
 {
     return pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
 }
 
-// Lets go of the lock during each Notify.
-void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly)
+// Releases the lock during each Notify.
+void CMessageDispatcher::Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly)
 {
     const std::vector<SSubscription> vecReceiver = vecSubscription;
     for (const SSubscription& receiver : vecReceiver) {
@@ -198,7 +197,7 @@ void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, EnMessageSe
             return;
         }
         const bool bMeant = pOnly ? pOnly == receiver.pObserver : true;
-        if (receiver.sender != sender || !bMeant || !IsSubscribed(receiver)) {
+        if (receiver.sender != sender || !bMeant || !IsSubscribed(lock, receiver)) {
             continue;
         }
         pRunning = receiver.pObserver;
@@ -210,7 +209,7 @@ void CMessageDispatcher::Deliver(std::unique_lock<std::mutex>& lock, EnMessageSe
     }
 }
 
-bool CMessageDispatcher::IsSubscribed(const SSubscription& subscription) const
+bool CMessageDispatcher::IsSubscribed(const Lock& /*lock*/, const SSubscription& subscription) const
 {
     return std::any_of(vecSubscription.cbegin(), vecSubscription.cend(), [&](const SSubscription& entry) {
         return entry.sender == subscription.sender && entry.pObserver == subscription.pObserver;

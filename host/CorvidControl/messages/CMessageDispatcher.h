@@ -1,13 +1,12 @@
 #pragma once
 
-#include "CorvidControl/messages/CSteadyClock.h"
 #include "CorvidControl/messages/CUserActivity.h"
 #include "CorvidControl/messages/EnMessageSender.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <deque>
-#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -29,30 +28,37 @@ public:
     static constexpr std::chrono::milliseconds timeLongest{ 120 };
     static constexpr std::chrono::milliseconds timeSettle{ 60 };
 
-    explicit CMessageDispatcher(std::unique_ptr<const CSteadyClock> pClockIn = std::make_unique<CSteadyClock>());
+    /// clockIn must outlive it.
+    explicit CMessageDispatcher(const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// As Stop.
     ~CMessageDispatcher();
 
-    /// Subscribes pObserver to what sender sends; a second time changes nothing. A new observer of
+    /// Subscribes pObserver, which stays the caller's, to what sender sends; a second time changes nothing. A new observer of
     /// SenderPrcList gets a MessageListChanged for itself, so that it reads what there is.
     void Attach(EnMessageSender sender, CObserver* pObserver);
 
     /// Unsubscribes. Waits for a Notify of pObserver that is running, unless called from within it.
     void Detach(EnMessageSender sender, CObserver* pObserver);
 
+    /// Files a message of sender and returns at once. nMessage may be any number; equal ones that wait are merged.
     void Post(EnMessageSender sender, int nMessage);
 
-    /// When it ends, all that waited for it goes, even if the user is acting by then.
+    /// An editor of a row is open. When it closes, all that waited for it goes, even if the user is acting by then.
     void SetUserEditing(bool bOn);
+
+    /// A mouse button is down, a drag or a menu runs.
     void SetUserActing(bool bOn);
+
+    /// A key, a button or the wheel, just now.
     void NoteUserInput();
 
-    /// Drops what waits, ends and joins the thread. Not from within a Notify.
+    /// Drops what waits, ends and joins the thread; a second time does nothing. Not from within a Notify.
     void Stop();
 
 private:
-    using Time = CSteadyClock::Time;
+    using Lock = std::unique_lock<std::mutex>; ///< whoever takes one as a parameter works under it
+    using Time = CControlClock::Time;
 
     struct SSubscription
     {
@@ -71,17 +77,17 @@ private:
     };
 
     void Run();
-    void Enqueue(EnMessageSender sender, int nMessage, CObserver* pOnly);
-    bool AwaitBurst(std::unique_lock<std::mutex>& lock);
-    void WaitUntil(std::unique_lock<std::mutex>& lock, Time timeEnd);
-    std::deque<SPending> TakeBurst();
-    Time FindBurst(Time timeNow) const;
-    Time FindRelease(Time timeNow) const;
-    bool IsFree(const SPending& pending, Time timeNow) const;
-    void Deliver(std::unique_lock<std::mutex>& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
-    bool IsSubscribed(const SSubscription& subscription) const;
+    void Enqueue(const Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool AwaitBurst(Lock& lock);
+    void WaitUntil(Lock& lock, Time timeEnd);
+    std::deque<SPending> TakeBurst(const Lock& lock);
+    Time FindBurst(const Lock& lock, Time timeNow) const;
+    Time FindRelease(const Lock& lock, Time timeNow) const;
+    bool IsFree(const Lock& lock, const SPending& pending, Time timeNow) const;
+    void Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    bool IsSubscribed(const Lock& lock, const SSubscription& subscription) const;
 
-    const std::unique_ptr<const CSteadyClock> pClock;
+    const CControlClock& clock;
 
     std::mutex mutex; ///< guards all fields below but threadDelivery; held for moments only, never in a Notify
     std::condition_variable condWork;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CorvidControl/messages/CSteadyClock.h"
+#include "CorvidControl/objects/CControlClock.h"
 
 /// What the application's user is in the middle of, and how long a message waits for that:
 ///
@@ -12,18 +12,18 @@
 class CUserActivity
 {
 public:
-    using Time = CSteadyClock::Time;
+    using Time = CControlClock::Time;
 
     static constexpr std::chrono::milliseconds timeEditing{ 10000 };
     static constexpr std::chrono::milliseconds timeActing{ 2000 };
     static constexpr std::chrono::milliseconds timeInput{ 400 };
 
-    void SetEditing(bool bOn);
-    bool IsEditing() const;
-    void SetActing(bool bOn);
-    void NoteInput(Time timeNow);
+    void SetEditing(bool bOn);    ///< a row's editor is open
+    bool IsEditing() const;       ///< as set last
+    void SetActing(bool bOn);     ///< a button is down, a drag or a menu runs
+    void NoteInput(Time timeNow); ///< a key, a button or the wheel
 
-    /// From when on a message may go that has been waiting since timeSince. That is timeSince itself for
+    /// The time from which a message may go that has been waiting since timeSince. That is timeSince itself for
     /// one that need not wait.
     Time GetRelease(int nMessage, Time timeSince) const;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-/// The seven objects that have observers.
+/// The seven objects that have observers. An observer hears only those that it is attached to.
 enum EnMessageSender
 {
     SenderPrcBasic,

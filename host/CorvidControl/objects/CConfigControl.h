@@ -2,14 +2,18 @@
 
 #include "interfaces/control/IConfigControl.h"
 
-/// The object behind g_pConfigControl.
+/// The object behind g_pConfigControl, the only one of the eight without observers. Its answers stay the
+/// same while the library runs. Any thread.
 class CConfigControl final : public IConfigControl
 {
 public:
+    /// strListFileIn: absolute.
     explicit CConfigControl(const QString& strListFileIn) : strListFile(strListFileIn) { }
-    virtual ~CConfigControl() = default;
 
+    /// Appends CDeviceCommands::GetReservedAddresses; this machine's own address is not among them.
     void GetReservedIPs(QList<uint>& listIP) override;
+
+    /// The list's own place, with the links in it as they were named.
     QString GetListFilePath() override;
 
 private:

@@ -50,24 +50,25 @@ public:
     /// The array under the key "ui" of the scenario, in the order of the file: for the application.
     QJsonArray GetInterfaceMarks() const;
 
-    /// Begins the scenario, or the quiet day. Call it once, when the panel is on the screen.
+    /// Begins the scenario, or the quiet day, when the panel is on the screen. A second call does nothing.
     void StartLife();
 
     /// Milliseconds since StartLife; 0 before it.
     qint64 GetLifeTime() const;
 
+    /// Instead of the one that is open. Processors that answer and run it are in use from now on.
     void OpenProject(const QString& strName);
-    void CloseProject();
+    void CloseProject();            ///< does nothing when none is open
     QString GetProjectName() const; ///< empty when no project is open
 
-    void SetChiefMode(bool bOn);
-    bool IsChiefMode() const;
-    void SetListLocked(bool bLocked);
-    bool IsListLocked() const;
-    void SetRefreshBlocked(bool bBlocked);
-    bool IsRefreshBlocked() const;
+    void SetChiefMode(bool bOn);           ///< Chief-Member mode: the panel draws Chief marks
+    bool IsChiefMode() const;              ///< off at first
+    void SetListLocked(bool bLocked);      ///< every command but folding and selecting is refused
+    bool IsListLocked() const;             ///< off at first
+    void SetRefreshBlocked(bool bBlocked); ///< scans are refused
+    bool IsRefreshBlocked() const;         ///< off at first
 
-    bool IsBusy() const;
+    bool IsBusy() const;                ///< a job of the panel is under way
     QDateTime GetBusySince() const;     ///< invalid when idle
     QStringList GetRunningJobs() const; ///< the blocking calls under way, oldest first, for display
 
@@ -89,13 +90,13 @@ public:
     static QString GetMessageName(int nMessage);
 
 signals:
-    void BusyChanged(bool bBusy, const QDateTime& timeSince);
-    void JobsChanged(const QStringList& listJob);
-    void ListTroubleChanged();             ///< GetListTrouble has another answer
-    void StateChanged();                   ///< a project, a mode, a lock changed, by whomever
-    void LogLine(const QString& strLine);  ///< what failed or was refused, and why
-    void LifeStep(const QString& strLine); ///< a step of the scenario or of the quiet day was taken
-    void ScenarioFinished();               ///< the last step of the scenario was taken
+    void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
+    void JobsChanged(const QStringList& listJob);             ///< as GetRunningJobs
+    void ListTroubleChanged();                                ///< GetListTrouble has another answer
+    void StateChanged();                                      ///< a project, a mode, a lock changed, by whomever
+    void LogLine(const QString& strLine);                     ///< what failed or was refused, and why
+    void LifeStep(const QString& strLine);                    ///< a step of the scenario or of the quiet day was taken
+    void ScenarioFinished();                                  ///< the last step of the scenario was taken
 
 private:
     explicit CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn);

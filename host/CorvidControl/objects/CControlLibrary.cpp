@@ -35,7 +35,7 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
       commands(processors, jobs, network), store(processors, events, FindListFile(options.strListFile)),
-      keeper([this] { return store.SaveSoon(); }, {}),
+      keeper([this] { return store.SaveSoon(); }),
       deletions(processors, jobs, [this](const SListEdition& edition) { store.KeepEarlier(edition); }),
       scenario(options.strScenarioFile.isEmpty() ? CScenario() : CScenario::ReadFile(options.strScenarioFile)),
       runner(processors, host, commands, network, options.nSeed), life(processors, runner, events), config(store.GetPath()),

@@ -23,15 +23,18 @@
 #include "CorvidControl/objects/SControlOptions.h"
 
 /// All parts of the library, in the order in which they need each other, and the way in which they are
-/// tied together. Publishes the eight objects while it lives.
+/// tied together. Publishes the eight objects while it lives. At most one exists at a time; made and ended on one
+/// thread, after which no call into it may come.
 class CControlLibrary
 {
 public:
+    /// Reads the list file and the scenario file; blocks for the disk.
     explicit CControlLibrary(const SControlOptions& optionsIn);
 
     /// Ends what blocks, waits for the jobs under way, saves what waits to be saved, joins the threads.
     ~CControlLibrary();
 
+    /// Begins the scenario, or the quiet day. Only the first call counts. Any thread.
     void StartLife();
 
     const SControlOptions options;

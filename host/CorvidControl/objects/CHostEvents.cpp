@@ -1,6 +1,6 @@
 #include "CorvidControl/objects/CHostEvents.h"
 
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 
 #include <QLoggingCategory>
 
@@ -12,14 +12,14 @@ Q_LOGGING_CATEGORY(logControl, "corvid.control", QtInfoMsg)
 
 void CHostEvents::Refuse(const QString& strText)
 {
-    const QString strLine = CNameRules::GetLine(strText);
+    const QString strLine = NameRules::GetLine(strText);
     qCInfo(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }
 
 void CHostEvents::Warn(const QString& strText)
 {
-    const QString strLine = CNameRules::GetLine(strText);
+    const QString strLine = NameRules::GetLine(strText);
     qCWarning(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
 }

@@ -4,25 +4,25 @@
 #include <QObject>
 #include <QStringList>
 
-/// What the library tells its application. Signals come on the thread of their cause; never connect to
-/// them with a lock of the library held, they are emitted without one.
+/// What the library reports to its application. Signals are emitted on the thread of their cause, without a lock of
+/// the library, so that a slot may call it. All operations may be called on any thread.
 class CHostEvents : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What was refused, and why. Becomes one line, whatever a file put into it.
+    /// Logs what was refused, and why, and emits LogLine. Becomes one line, whatever a file put into it.
     void Refuse(const QString& strText);
 
-    /// What failed outside the library: files, devices. As Refuse.
+    /// As Refuse, as a warning: what failed outside the library, files and devices.
     void Warn(const QString& strText);
 
 signals:
-    void BusyChanged(bool bBusy, const QDateTime& timeSince);
-    void JobsChanged(const QStringList& listJob);
-    void ListTroubleChanged();
-    void StateChanged();
-    void LogLine(const QString& strLine);
-    void LifeStep(const QString& strLine);
-    void ScenarioFinished();
+    void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
+    void JobsChanged(const QStringList& listJob);             ///< all that run, oldest first
+    void ListTroubleChanged();                                ///< CListStore::GetTrouble has another answer
+    void StateChanged();                                      ///< a project, a mode, a lock changed
+    void LogLine(const QString& strLine);                     ///< what failed or was refused, and why
+    void LifeStep(const QString& strLine);                    ///< a step was taken
+    void ScenarioFinished();                                  ///< after the last step, not of a quiet day
 };

@@ -16,22 +16,35 @@ class CMessageDispatcher;
 class CHostState
 {
 public:
+    /// No project, all flags off. Both references must outlive it.
     CHostState(CMessageDispatcher& dispatcherIn, CHostEvents& eventsIn);
 
-    void SetProject(const QString& strName); ///< empty closes the project
-    QString GetProject() const;
+    /// An empty name closes the project.
+    void SetProject(const QString& strName);
+    QString GetProject() const; ///< empty when none is open
 
+    /// Chief-Member mode: the panel draws Chief marks.
     void SetChiefMode(bool bOn);
+
+    /// As set last.
     bool IsChiefMode() const
     {
         return bChiefMode;
     }
+
+    /// Every command but folding and selecting is refused. So is the last step of one that blocks meanwhile.
     void SetLocked(bool bNow);
+
+    /// As set last.
     bool IsLocked() const
     {
         return bLocked;
     }
+
+    /// Scans are refused.
     void SetRefreshBlocked(bool bNow);
+
+    /// As set last.
     bool IsRefreshBlocked() const
     {
         return bRefreshBlocked;

@@ -1,24 +1,13 @@
 #include "CorvidControl/objects/CPrcBasicControl.h"
 
 #include "CorvidControl/devices/CDeviceCommands.h"
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/objects/CHostState.h"
 
 CPrcBasicControl::CPrcBasicControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn)
-    : dispatcher(dispatcherIn), processors(processorsIn), commands(commandsIn)
+    : CObserved(dispatcherIn), processors(processorsIn), commands(commandsIn)
 { }
-
-void CPrcBasicControl::Attach(CObserver* pObserver)
-{
-    dispatcher.Attach(SenderPrcBasic, pObserver);
-}
-
-void CPrcBasicControl::Detach(CObserver* pObserver)
-{
-    dispatcher.Detach(SenderPrcBasic, pObserver);
-}
 
 void CPrcBasicControl::RefreshProcessors()
 {
@@ -42,7 +31,7 @@ void CPrcBasicControl::RenameProcessor(QUuid idProcessor, QString strName)
 
 QString CPrcBasicControl::GetTypeName(qint32 nType)
 {
-    return CDeviceTypes::GetName(nType);
+    return DeviceTypes::GetName(nType);
 }
 
 SLocalAddress CPrcBasicControl::GetLocalAddress()

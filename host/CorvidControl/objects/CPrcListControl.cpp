@@ -3,22 +3,11 @@
 #include "CorvidControl/devices/CDeviceCommands.h"
 #include "CorvidControl/file/CListStore.h"
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/messages/CMessageDispatcher.h"
 
 CPrcListControl::CPrcListControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn,
                                  CListStore& storeIn)
-    : dispatcher(dispatcherIn), processors(processorsIn), commands(commandsIn), store(storeIn)
+    : CObserved(dispatcherIn), processors(processorsIn), commands(commandsIn), store(storeIn)
 { }
-
-void CPrcListControl::Attach(CObserver* pObserver)
-{
-    dispatcher.Attach(SenderPrcList, pObserver);
-}
-
-void CPrcListControl::Detach(CObserver* pObserver)
-{
-    dispatcher.Detach(SenderPrcList, pObserver);
-}
 
 qint32 CPrcListControl::ExportList(QString strPath, qint32 /*nOption*/)
 {

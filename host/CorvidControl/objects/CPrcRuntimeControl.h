@@ -1,19 +1,12 @@
 #pragma once
 
+#include "CorvidControl/objects/CObserved.h"
 #include "interfaces/control/IPrcRuntimeControl.h"
 
-class CMessageDispatcher;
-
-/// The object behind g_pPrcRuntimeControl: the state of the devices, for observers only.
-class CPrcRuntimeControl final : public IPrcRuntimeControl
+/// The object behind g_pPrcRuntimeControl: sends what changes about the devices (7), and does nothing else.
+class CPrcRuntimeControl final : public CObserved<IPrcRuntimeControl, SenderPrcRuntime>
 {
 public:
-    explicit CPrcRuntimeControl(CMessageDispatcher& dispatcherIn) : dispatcher(dispatcherIn) { }
-    virtual ~CPrcRuntimeControl() = default;
-
-    void Attach(CObserver* pObserver) override;
-    void Detach(CObserver* pObserver) override;
-
-private:
-    CMessageDispatcher& dispatcher;
+    /// dispatcherIn must outlive it.
+    explicit CPrcRuntimeControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
 };

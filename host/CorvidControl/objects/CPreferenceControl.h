@@ -1,22 +1,20 @@
 #pragma once
 
+#include "CorvidControl/objects/CObserved.h"
 #include "interfaces/control/IPreferenceControl.h"
 
 class CHostState;
-class CMessageDispatcher;
 
 /// The object behind g_pPreferenceControl.
-class CPreferenceControl final : public IPreferenceControl
+class CPreferenceControl final : public CObserved<IPreferenceControl, SenderPreference>
 {
 public:
+    /// All references must outlive it.
     CPreferenceControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
-    virtual ~CPreferenceControl() = default;
 
-    void Attach(CObserver* pObserver) override;
-    void Detach(CObserver* pObserver) override;
+    /// Any thread, never waits. A change is followed by 32.
     bool IsChiefMode() override;
 
 private:
-    CMessageDispatcher& dispatcher;
     const CHostState& host;
 };

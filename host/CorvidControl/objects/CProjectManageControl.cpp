@@ -1,22 +1,11 @@
 #include "CorvidControl/objects/CProjectManageControl.h"
 
-#include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/objects/CHostState.h"
 #include "interfaces/control/SProjectInfo.h"
 
 CProjectManageControl::CProjectManageControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn)
-    : dispatcher(dispatcherIn), host(hostIn)
+    : CObserved(dispatcherIn), host(hostIn)
 { }
-
-void CProjectManageControl::Attach(CObserver* pObserver)
-{
-    dispatcher.Attach(SenderProjectManage, pObserver);
-}
-
-void CProjectManageControl::Detach(CObserver* pObserver)
-{
-    dispatcher.Detach(SenderProjectManage, pObserver);
-}
 
 void CProjectManageControl::GetProjectInfo(SProjectInfo& info)
 {

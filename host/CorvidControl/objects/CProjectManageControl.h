@@ -1,22 +1,20 @@
 #pragma once
 
+#include "CorvidControl/objects/CObserved.h"
 #include "interfaces/control/IProjectManageControl.h"
 
 class CHostState;
-class CMessageDispatcher;
 
 /// The object behind g_pProjectManageControl.
-class CProjectManageControl final : public IProjectManageControl
+class CProjectManageControl final : public CObserved<IProjectManageControl, SenderProjectManage>
 {
 public:
+    /// All references must outlive it.
     CProjectManageControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
-    virtual ~CProjectManageControl() = default;
 
-    void Attach(CObserver* pObserver) override;
-    void Detach(CObserver* pObserver) override;
+    /// Any thread. Sets name and id of info; the id follows from the name, and is null when none is open.
     void GetProjectInfo(SProjectInfo& info) override;
 
 private:
-    CMessageDispatcher& dispatcher;
     const CHostState& host;
 };

@@ -1,19 +1,12 @@
 #pragma once
 
+#include "CorvidControl/objects/CObserved.h"
 #include "interfaces/control/IProtocalControl.h"
 
-class CMessageDispatcher;
-
-/// The object behind g_pProtocalControl: tells when a burst of messages is over.
-class CProtocalControl final : public IProtocalControl
+/// The object behind g_pProtocalControl: sends the end of a burst of messages (59), and does nothing else.
+class CProtocalControl final : public CObserved<IProtocalControl, SenderProtocal>
 {
 public:
-    explicit CProtocalControl(CMessageDispatcher& dispatcherIn) : dispatcher(dispatcherIn) { }
-    virtual ~CProtocalControl() = default;
-
-    void Attach(CObserver* pObserver) override;
-    void Detach(CObserver* pObserver) override;
-
-private:
-    CMessageDispatcher& dispatcher;
+    /// dispatcherIn must outlive it.
+    explicit CProtocalControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
 };

@@ -2,21 +2,10 @@
 
 #include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/messages/CMessageDispatcher.h"
 
 CRuntimeControl::CRuntimeControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CJobs& jobsIn)
-    : dispatcher(dispatcherIn), processors(processorsIn), jobs(jobsIn)
+    : CObserved(dispatcherIn), processors(processorsIn), jobs(jobsIn)
 { }
-
-void CRuntimeControl::Attach(CObserver* pObserver)
-{
-    dispatcher.Attach(SenderRuntime, pObserver);
-}
-
-void CRuntimeControl::Detach(CObserver* pObserver)
-{
-    dispatcher.Detach(SenderRuntime, pObserver);
-}
 
 void CRuntimeControl::PostMessage(qint32 nMessage)
 {

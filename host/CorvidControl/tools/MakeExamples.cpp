@@ -1,10 +1,11 @@
-// Writes the example lists into the folder that is named.
+// Writes example lists, each as NAME.kvtl, into the folder that is named.
 
-#include "CorvidControl/file/CListFormat.h"
-#include "CorvidControl/tools/CExampleLists.h"
+#include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/tools/ExampleLists.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QMap>
 #include <QSaveFile>
 
 #include <cstdio>
@@ -15,7 +16,7 @@ bool Save(const QString& strPath, const SProcessorAllNode& node)
 {
     QSaveFile file(strPath);
     file.open(QIODevice::WriteOnly);
-    file.write(CListFormat::Write(node));
+    file.write(ListFormat::Write(node));
     if (file.commit()) {
         return true;
     }
@@ -23,19 +24,40 @@ bool Save(const QString& strPath, const SProcessorAllNode& node)
     return false;
 }
 
+using Builder = SProcessorAllNode (*)();
+
+// Null for a name that no list has.
+Builder FindBuilder(const QString& strName)
+{
+    static const QMap<QString, Builder> mapBuilder{
+        { QStringLiteral("studio"), ExampleLists::BuildStudio },
+        { QStringLiteral("limits"), ExampleLists::BuildLimits },
+        { QStringLiteral("single"), ExampleLists::BuildSingle },
+        { QStringLiteral("empty"), ExampleLists::BuildEmpty },
+    };
+    return mapBuilder.value(strName);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     const QCoreApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: make_examples FOLDER\n");
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: make_examples FOLDER NAME...\n");
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    const bool bSaved = Save(folder.filePath(QStringLiteral("studio.kvtl")), CExampleLists::BuildStudio())
-        && Save(folder.filePath(QStringLiteral("limits.kvtl")), CExampleLists::BuildLimits())
-        && Save(folder.filePath(QStringLiteral("single.kvtl")), CExampleLists::BuildSingle())
-        && Save(folder.filePath(QStringLiteral("empty.kvtl")), CExampleLists::BuildEmpty());
-    return bSaved ? 0 : 1;
+    for (int n = 2; n < argc; ++n) {
+        const QString strName = QString::fromLocal8Bit(argv[n]);
+        const Builder build = FindBuilder(strName);
+        if (!build) {
+            std::fprintf(stderr, "make_examples: there is no list %s\n", argv[n]);
+            return 2;
+        }
+        if (!Save(folder.filePath(strName + QStringLiteral(".kvtl")), build())) {
+            return 1;
+        }
+    }
+    return 0;
 }

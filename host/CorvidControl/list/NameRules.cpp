@@ -1,4 +1,4 @@
-#include "CorvidControl/list/CNameRules.h"
+#include "CorvidControl/list/NameRules.h"
 
 #include <QVector>
 
@@ -28,8 +28,7 @@ bool IsLineEnd(QChar ch)
     return ch.category() == QChar::Separator_Line || ch.category() == QChar::Separator_Paragraph;
 }
 
-// The twelve that Unicode has: a name with them is shown in another order than it is written, with all that
-// stands beside it.
+// The twelve of Unicode: they change the order in which a name, and the text beside it, is shown.
 bool IsBidiControl(QChar ch)
 {
     const ushort nCode = ch.unicode();
@@ -67,7 +66,7 @@ bool IsNothingSeen(const QString& strName)
 
 } // namespace
 
-QString CNameRules::FindFault(const QString& strName)
+QString NameRules::FindFault(const QString& strName)
 {
     if (strName.trimmed().isEmpty()) {
         return QStringLiteral("a name must not be empty");
@@ -93,12 +92,12 @@ QString CNameRules::FindFault(const QString& strName)
     return {};
 }
 
-QString CNameRules::Clean(const QString& strName)
+QString NameRules::Clean(const QString& strName)
 {
     return GetLine(strName).trimmed();
 }
 
-QString CNameRules::Mend(const QString& strName, const QString& strSubstitute)
+QString NameRules::Mend(const QString& strName, const QString& strSubstitute)
 {
     QString strMended = strName;
     const auto itEnd = std::remove_if(strMended.begin(), strMended.end(), IsBidiControl);
@@ -107,7 +106,7 @@ QString CNameRules::Mend(const QString& strName, const QString& strSubstitute)
     return IsNothingSeen(strMended) ? strSubstitute : strMended;
 }
 
-QString CNameRules::GetLine(const QString& strText)
+QString NameRules::GetLine(const QString& strText)
 {
     QString strLine = strText;
     strLine.replace(QLatin1String("\r\n"), QLatin1String(" "));
@@ -117,17 +116,17 @@ QString CNameRules::GetLine(const QString& strText)
     return strLine;
 }
 
-bool CNameRules::IsCleanText(const QString& strText)
+bool NameRules::IsCleanText(const QString& strText)
 {
     return strText.isValidUtf16() && std::none_of(strText.cbegin(), strText.cend(), IsControl);
 }
 
-bool CNameRules::IsText(const QString& strText)
+bool NameRules::IsText(const QString& strText)
 {
     return IsCleanText(strText) && strText.toUtf8().size() <= nMaxTextBytes;
 }
 
-QString CNameRules::MendText(const QString& strText)
+QString NameRules::MendText(const QString& strText)
 {
     if (IsText(strText)) {
         return strText;

@@ -1,4 +1,4 @@
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 
 #include <QMap>
 
@@ -7,7 +7,7 @@ namespace {
 const QMap<qint32, QString>& GetNames()
 {
     static const QMap<qint32, QString> mapName{
-        { CDeviceTypes::nStandard, QStringLiteral("Corvid C12") },
+        { DeviceTypes::nStandard, QStringLiteral("Corvid C12") },
         { 22, QStringLiteral("Corvid C22 Compact") },
         { 30, QStringLiteral("Corvid C30 Rack") },
         { 41, QStringLiteral("Corvid C41 Portable") },
@@ -17,12 +17,12 @@ const QMap<qint32, QString>& GetNames()
 
 } // namespace
 
-bool CDeviceTypes::IsKnown(qint32 nType)
+bool DeviceTypes::IsKnown(qint32 nType)
 {
     return GetNames().contains(nType);
 }
 
-QString CDeviceTypes::GetName(qint32 nType)
+QString DeviceTypes::GetName(qint32 nType)
 {
     return GetNames().value(nType, QStringLiteral("Type %1").arg(nType));
 }

@@ -1,4 +1,4 @@
-#include "CorvidControl/file/CListFormat.h"
+#include "CorvidControl/file/ListFormat.h"
 
 #include "CorvidControl/file/CListReader.h"
 #include "CorvidControl/file/CListWriter.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-// Far above what the largest list needs; what they bound is the memory that a hostile file can claim.
+// Far above what the largest list needs; they bound the memory that a hostile file can claim.
 constexpr int nMaxDepth = 8;
 constexpr int nMaxContainers = 65536;
 
@@ -26,7 +26,7 @@ QByteArray GetCheckSum(const QByteArray& body)
     return QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex();
 }
 
-// What is seen of the text outside its strings. Whether brackets match is for the parser to say.
+// What can be seen outside the strings. Whether brackets match is up to the parser.
 struct SOutline
 {
     bool bWithinBounds = true;
@@ -58,21 +58,38 @@ SOutline FindOutline(const QByteArray& body)
     return outline;
 }
 
-// What stands behind the first line, without a copy: for as long as bytes lives.
+// What follows the first line, without a copy: valid as long as bytes.
 QByteArray GetBody(const QByteArray& bytes, int nEnd)
 {
     return QByteArray::fromRawData(bytes.constData() + nEnd + 1, bytes.size() - nEnd - 1);
 }
 
+QString FindHeaderFault(const QByteArray& line, const QByteArray& body)
+{
+    static const QRegularExpression expression(QStringLiteral("^kvtl ([1-9][0-9]{0,8})( sha256:([0-9a-f]{64}))?(?: .*)?$"));
+    const QRegularExpressionMatch match = expression.match(QString::fromLatin1(line));
+    if (!match.hasMatch()) {
+        return QStringLiteral("it is not a list file");
+    }
+    const int nFileVersion = match.captured(1).toInt();
+    if (nFileVersion != ListFormat::nVersion) {
+        return QStringLiteral("it is of version %1, this library reads version %2").arg(nFileVersion).arg(ListFormat::nVersion);
+    }
+    if (match.captured(3).toLatin1() != GetCheckSum(body) || line.size() != match.capturedEnd(3)) {
+        return QStringLiteral("it is damaged or cut short: the check sum does not fit");
+    }
+    return {};
+}
+
 } // namespace
 
-QByteArray CListFormat::Write(const SProcessorAllNode& node)
+QByteArray ListFormat::Write(const SProcessorAllNode& node)
 {
     const QByteArray body = CListWriter::WriteRoot(node);
     return "kvtl " + QByteArray::number(nVersion) + " sha256:" + GetCheckSum(body) + '\n' + body;
 }
 
-SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limits, EnNames names)
+SListReading ListFormat::Read(const QByteArray& bytes, const SListLimits& limits, EnNames names)
 {
     if (bytes.size() > limits.nBytes) {
         return Refuse(SListReading::Invalid, QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size()));
@@ -83,7 +100,7 @@ SListReading CListFormat::Read(const QByteArray& bytes, const SListLimits& limit
     return strFault.isEmpty() ? ReadBody(body, limits, names) : Refuse(SListReading::Invalid, strFault);
 }
 
-SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& limits, EnNames names)
+SListReading ListFormat::ReadBody(const QByteArray& bytes, const SListLimits& limits, EnNames names)
 {
     const SOutline outline = FindOutline(bytes);
     if (!outline.bWithinBounds) {
@@ -101,7 +118,7 @@ SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& l
     if (!reader.GetFault().isEmpty()) {
         return Refuse(reader.IsTooLarge() ? SListReading::TooLarge : SListReading::Invalid, reader.GetFault());
     }
-    // The parser keeps the last of two equal keys without a word; every object that was read had all of its own.
+    // The parser silently keeps the last of two equal keys; every object that was read had each of its keys once.
     if (outline.nKeys != reader.GetKeyCount()) {
         return Refuse(SListReading::Invalid, QStringLiteral("a key is there twice"));
     }
@@ -110,7 +127,7 @@ SListReading CListFormat::ReadBody(const QByteArray& bytes, const SListLimits& l
     return reading;
 }
 
-QString CListFormat::FindProofFault(const QByteArray& bytes, const SListLimits& limits)
+QString ListFormat::FindProofFault(const QByteArray& bytes, const SListLimits& limits)
 {
     if (bytes.size() > limits.nBytes) {
         return QStringLiteral("it is longer than any list (%1 bytes)").arg(bytes.size());
@@ -118,21 +135,4 @@ QString CListFormat::FindProofFault(const QByteArray& bytes, const SListLimits& 
     // Without the check sum: it was made of this very text.
     const SListReading proof = ReadBody(GetBody(bytes, bytes.indexOf('\n')), limits);
     return proof.verdict == SListReading::Valid ? QString() : QStringLiteral("it could not be read again, ") + proof.strReason;
-}
-
-QString CListFormat::FindHeaderFault(const QByteArray& line, const QByteArray& body)
-{
-    static const QRegularExpression expression(QStringLiteral("^kvtl ([1-9][0-9]{0,8})( sha256:([0-9a-f]{64}))?(?: .*)?$"));
-    const QRegularExpressionMatch match = expression.match(QString::fromLatin1(line));
-    if (!match.hasMatch()) {
-        return QStringLiteral("it is not a list file");
-    }
-    const int nFileVersion = match.captured(1).toInt();
-    if (nFileVersion != nVersion) {
-        return QStringLiteral("it is of version %1, this library reads version %2").arg(nFileVersion).arg(nVersion);
-    }
-    if (match.captured(3).toLatin1() != GetCheckSum(body) || line.size() != match.capturedEnd(3)) {
-        return QStringLiteral("it is damaged or cut short: the check sum does not fit");
-    }
-    return {};
 }

@@ -1,6 +1,6 @@
-#include "CorvidControl/tools/CExampleLists.h"
+#include "CorvidControl/tools/ExampleLists.h"
 
-#include "CorvidControl/devices/CDeviceTypes.h"
+#include "CorvidControl/devices/DeviceTypes.h"
 
 #include <QStringList>
 
@@ -27,7 +27,7 @@ public:
         processor.idAux = BuildId(QStringLiteral("aux"), nProcessor);
         processor.strName = strName;
         processor.nModel = nModel;
-        processor.strType = CDeviceTypes::GetName(nModel);
+        processor.strType = DeviceTypes::GetName(nModel);
         processor.nIP = nFirstAddress + static_cast<quint32>(nProcessor / 240 * 256 + nProcessor % 240);
         processor.bOnline = true;
         processor.bExpanded = false;
@@ -114,7 +114,7 @@ SProcessorGroupNode BuildNames(CBuilder& builder)
 
 } // namespace
 
-SProcessorAllNode CExampleLists::BuildStudio()
+SProcessorAllNode ExampleLists::BuildStudio()
 {
     CBuilder builder;
     QList<SProcessorGroupNode> listGroup;
@@ -153,7 +153,7 @@ SProcessorAllNode CExampleLists::BuildStudio()
     return node;
 }
 
-SProcessorAllNode CExampleLists::BuildLimits()
+SProcessorAllNode ExampleLists::BuildLimits()
 {
     CBuilder builder;
     SProcessorAllNode node;
@@ -172,7 +172,7 @@ SProcessorAllNode CExampleLists::BuildLimits()
     return node;
 }
 
-SProcessorAllNode CExampleLists::BuildSingle()
+SProcessorAllNode ExampleLists::BuildSingle()
 {
     CBuilder builder;
     SProcessorAllNode node;
@@ -180,7 +180,7 @@ SProcessorAllNode CExampleLists::BuildSingle()
     return node;
 }
 
-SProcessorAllNode CExampleLists::BuildEmpty()
+SProcessorAllNode ExampleLists::BuildEmpty()
 {
     return {};
 }
