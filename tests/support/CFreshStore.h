@@ -4,11 +4,11 @@
 
 #include <utility>
 
-/// Puts an untouched store in the place of the process's one while it lives. Must outlive the panel.
-class CFreshStore
+/// An untouched store that takes the place of the process's one while it lives. Must outlive the panel.
+class CFreshStore : public CProcessorTreeData
 {
 public:
-    CFreshStore() : pBefore(std::exchange(g_pProcessorTreeData, &store)) { }
+    CFreshStore() : pBefore(std::exchange(g_pProcessorTreeData, this)) { }
     ~CFreshStore()
     {
         g_pProcessorTreeData = pBefore;
@@ -16,6 +16,5 @@ public:
     Q_DISABLE_COPY(CFreshStore)
 
 private:
-    CProcessorTreeData store;
     CProcessorTreeData* pBefore;
 };

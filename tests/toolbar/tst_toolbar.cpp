@@ -34,6 +34,17 @@ SProcessorAllNode Processors(int nCount)
     }
     return tree;
 }
+
+/// The root for an empty name.
+std::vector<QUuid> ProcessorIds(const QStringList& listName)
+{
+    std::vector<QUuid> vecId;
+    for (const QString& strName : listName) {
+        vecId.push_back(strName.isEmpty() ? QUuid() : ProcessorId(strName));
+    }
+    return vecId;
+}
+
 /// Nothing can be done there: against a usual Discovered pane each state changes, and the tip of Add.
 void FullSimulatorPane(SControlAnswers& answers)
 {
@@ -310,12 +321,8 @@ private slots:
         QTest::addColumn<bool>("add");
         QTest::addColumn<bool>("import");
         QTest::addColumn<bool>("export_");
-        QTest::newRow("Discovered empty") << 0 << 2 << false << true << true << false;
-        QTest::newRow("Discovered 255") << 255 << 2 << false << true << true << true;
-        QTest::newRow("Discovered 256") << 256 << 0 << false << false << true << true;
-        QTest::newRow("Simulator empty") << 256 << 0 << true << true << false << false;
-        QTest::newRow("Simulator 1") << 256 << 1 << true << true << false << false;
-        QTest::newRow("Simulator 2") << 0 << 2 << true << false << false << false;
+        QTest::newRow("Discovered full, Simulator empty") << 256 << 0 << false << false << true << true;
+        QTest::newRow("Discovered empty, Simulator full") << 0 << 2 << true << false << false << false;
     }
 
     void buttonsFollowTheCurrentPane()
@@ -424,12 +431,8 @@ private slots:
     {
         QFETCH(QStringList, selected);
         QFETCH(bool, locked);
-        std::vector<QUuid> vecId;
-        for (const QString& strName : std::as_const(selected)) {
-            vecId.push_back(strName.isEmpty() ? QUuid() : ProcessorId(strName));
-        }
         pControl->Set([&](SControlAnswers& answers) {
-            answers.vecDiscoveredSelection = vecId;
+            answers.vecDiscoveredSelection = ProcessorIds(selected);
             answers.bListLocked = locked;
             answers.setDeleteBlocked = { ProcessorId("blocked") };
             answers.setInUse = { ProcessorId("used") };
@@ -466,12 +469,8 @@ private slots:
     {
         QFETCH(QStringList, selected);
         QFETCH(bool, locked);
-        std::vector<QUuid> vecId;
-        for (const QString& strName : std::as_const(selected)) {
-            vecId.push_back(strName.isEmpty() ? QUuid() : ProcessorId(strName));
-        }
         pControl->Set([&](SControlAnswers& answers) {
-            answers.vecDiscoveredSelection = vecId;
+            answers.vecDiscoveredSelection = ProcessorIds(selected);
             answers.bListLocked = locked;
             answers.setInUse = { ProcessorId("used") };
         });
