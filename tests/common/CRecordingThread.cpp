@@ -2,11 +2,19 @@
 
 #include "Patience.h"
 
+#include <chrono>
 #include <memory>
 
 namespace {
 
-constexpr int nSteps = 97; ///< places between a start and its wait where a stop may fall
+constexpr int nSteps = 97; // microseconds from a start to its wait, in each of which a stop may fall
+
+/// Stays on its processor: a thread that yields on an overloaded machine comes back milliseconds later.
+void Spin(std::chrono::microseconds time)
+{
+    const auto timeEnd = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < timeEnd) { }
+}
 
 } // namespace
 
@@ -56,9 +64,7 @@ int FirstHangingStop(int nCycles)
         if (i % 2 == 0) {
             pWorker->Notify(1);
         }
-        for (int nSpin = i % nSteps; nSpin > 0; --nSpin) {
-            std::this_thread::yield();
-        }
+        Spin(std::chrono::microseconds(i % nSteps));
         pWorker->ThreadExit();
         if (!pWorker->Join(thread)) {
             pWorker.release(); // its loop still runs
