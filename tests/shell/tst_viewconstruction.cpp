@@ -114,8 +114,7 @@ private slots:
 
     void theStyleSheetOfTheHostIsCopied()
     {
-        CFreshStore store;
-        CControlDouble control;
+        const CStoreFixture fixture;
         QWidget host;
         host.setStyleSheet(QStringLiteral("QPushButton { color: #112233 }"));
 

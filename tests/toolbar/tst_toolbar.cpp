@@ -1,8 +1,8 @@
-#include "CFreshStore.h"
 #include "CMapTranslator.h"
+#include "CMenuDriver.h"
 #include "IconColour.h"
 #include "TestMain.h"
-#include "double/CControlDouble.h"
+#include "fixtures/CStoreFixture.h"
 #include "interfaces/widgets/CIconButton.h"
 #include "interfaces/widgets/CMenu.h"
 #include "toolbar/CProcessorTreeToolBar.h"
@@ -103,8 +103,7 @@ class CToolBarTest : public QObject
 private slots:
     void init()
     {
-        pStore.reset(new CFreshStore);
-        pControl.reset(new CControlDouble);
+        pFixture.reset(new CStoreFixture);
         pHost.reset(new QWidget);
         pHost->setStyleSheet(QStringLiteral("QToolButton { border: none }"));
         pToolBar = new CProcessorTreeToolBar(pHost.data());
@@ -116,8 +115,7 @@ private slots:
     void cleanup()
     {
         pHost.reset();
-        pControl.reset();
-        pStore.reset();
+        pFixture.reset();
     }
 
     void theStripHasItsNameHeightAndStyleSheet()
@@ -200,16 +198,15 @@ private slots:
         QCOMPARE(pButton->popupMode(), QToolButton::InstantPopup);
         QCOMPARE(pButton->property("MenuIndicator"), QVariant(QStringLiteral("None")));
         bool bMarked = false;
-        connect(pButton->menu(), &QMenu::aboutToShow, this, [&] {
-            QTimer::singleShot(0, pButton, [&] {
-                bMarked = pButton->property("MenuOpen").toBool();
-                pButton->menu()->close();
-            });
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
+            bMarked = pButton->property("MenuOpen").toBool();
+            pMenu->close();
         });
 
         QTest::mouseClick(pButton, Qt::LeftButton);
 
-        QTRY_VERIFY(bMarked);
+        QVERIFY(menuDriver.HasActed());
+        QVERIFY(bMarked);
         QVERIFY(!pButton->menu()->isVisible());
     }
 
@@ -360,8 +357,7 @@ private slots:
     {
         g_pProcessorTreeData->SetCurrentTree(Processors(1));
         SelectNodes({ ProcessorId("alpha") });
-        pControl->Set(FullSimulatorPane);
-        g_pProcessorTreeData->Refresh();
+        pFixture->Change(FullSimulatorPane);
         CChangeLog log;
         log.Watch(Button(ToolBarAddProcessor), "Add");
         log.Watch(Action(ToolBarImport), "Import");
@@ -378,11 +374,10 @@ private slots:
 
     void aLockedListDoesNotShowInTheSimulatorPane()
     {
-        pControl->Set([](SControlAnswers& answers) {
+        pFixture->Change([](SControlAnswers& answers) {
             answers.bListLocked = true;
             answers.bSimulatorPane = true;
         });
-        g_pProcessorTreeData->Refresh();
         pToolBar->UpdateToolBarState();
 
         QVERIFY(g_pProcessorTreeData->IsListLocked());
@@ -394,13 +389,12 @@ private slots:
 
     void menuAndSearchAreNeverDisabled()
     {
-        pControl->Set([](SControlAnswers& answers) {
+        pFixture->Change([](SControlAnswers& answers) {
             answers.bListLocked = true;
             answers.bRefreshBlocked = true;
             answers.bSimulatorPane = true;
             answers.nodeSimulator = Processors(2);
         });
-        g_pProcessorTreeData->Refresh();
         pToolBar->UpdateToolBarState();
 
         QVERIFY(Button(ToolBarMenu)->isEnabled());
@@ -431,13 +425,12 @@ private slots:
     {
         QFETCH(QStringList, selected);
         QFETCH(bool, locked);
-        pControl->Set([&](SControlAnswers& answers) {
+        pFixture->Change([&](SControlAnswers& answers) {
             answers.vecDiscoveredSelection = ProcessorIds(selected);
             answers.bListLocked = locked;
             answers.setDeleteBlocked = { ProcessorId("blocked") };
             answers.setInUse = { ProcessorId("used") };
         });
-        g_pProcessorTreeData->Refresh();
 
         pToolBar->UpdateToolBarState();
 
@@ -469,26 +462,25 @@ private slots:
     {
         QFETCH(QStringList, selected);
         QFETCH(bool, locked);
-        pControl->Set([&](SControlAnswers& answers) {
+        pFixture->Change([&](SControlAnswers& answers) {
             answers.vecDiscoveredSelection = ProcessorIds(selected);
             answers.bListLocked = locked;
             answers.setInUse = { ProcessorId("used") };
         });
-        g_pProcessorTreeData->Refresh();
-        pControl->ClearJournal();
+        pFixture->control.ClearJournal();
 
         pToolBar->UpdateToolBarState();
 
-        QTEST(pControl->Calls(), "calls");
+        QTEST(pFixture->control.Calls(), "calls");
     }
 
     void beforeTheFirstRefreshDeleteAsksForAnIdOfNoNode()
     {
-        pControl->ClearJournal();
+        pFixture->control.ClearJournal();
 
         pToolBar->UpdateToolBarState();
 
-        QCOMPARE(pControl->CallCount(QStringLiteral("IsDeleteBlocked")), 1);
+        QCOMPARE(pFixture->control.CallCount(QStringLiteral("IsDeleteBlocked")), 1);
         QVERIFY(Button(ToolBarDelete)->isEnabled());
     }
 
@@ -544,8 +536,7 @@ private:
         return pToolBar->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly).at(id - ToolBarSearch);
     }
 
-    QScopedPointer<CFreshStore> pStore;
-    QScopedPointer<CControlDouble> pControl;
+    QScopedPointer<CStoreFixture> pFixture;
     QScopedPointer<QWidget> pHost;
     CProcessorTreeToolBar* pToolBar = nullptr;
 };
