@@ -1,4 +1,4 @@
-#include "DialogAnswers.h"
+#include "CDialogDriver.h"
 #include "TestMain.h"
 #include "interfaces/widgets/CBaseDialog.h"
 #include "interfaces/widgets/CIconButton.h"
@@ -73,7 +73,8 @@ private slots:
         QFETCH(QString, strHow);
         QFETCH(int, nResult);
         CNameDialog dialog(pParent.get());
-        AnswerNext(&dialog, [strHow](QWidget* pDialog) { Answer(pDialog, strHow); });
+        CDialogDriver driver;
+        driver.Answer(strHow);
         QCOMPARE(dialog.exec(), nResult);
         QVERIFY(!dialog.isVisible());
     }

@@ -1,3 +1,4 @@
+#include "IpEditInput.h"
 #include "TestMain.h"
 #include "interfaces/widgets/CIPEdit.h"
 
@@ -7,6 +8,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+
+using namespace IpEditInput;
 
 namespace {
 
@@ -31,7 +34,7 @@ private slots:
         pWindow->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(pWindow.get()));
         pEdit->setFocus();
-        QTRY_VERIFY(Place(0)->hasFocus());
+        QTRY_VERIFY(Place(pEdit, 0)->hasFocus());
     }
 
     void cleanup()
@@ -63,7 +66,7 @@ private slots:
     void emptyPlaceCountsAsZeroAndMakesTheAddressIncomplete()
     {
         pEdit->SetAddress(nAddress);
-        Place(2)->clear();
+        Place(pEdit, 2)->clear();
         quint32 nBack = 77;
         QVERIFY(!pEdit->GetAddress(nBack));
         QCOMPARE(nBack, 0xC0A8000AU);
@@ -107,7 +110,7 @@ private slots:
     {
         QFETCH(QString, strKeys);
         pEdit->SetAddress(0xFFFFFFFF);
-        Place(0)->selectAll();
+        Place(pEdit, 0)->selectAll();
         Type(strKeys);
         QCOMPARE(Text(), strKeys);
     }
@@ -135,7 +138,7 @@ private slots:
         QFETCH(QString, strKeys);
         QFETCH(QString, strPlace);
         Type(strKeys);
-        QCOMPARE(Place(0)->text(), strPlace);
+        QCOMPARE(Place(pEdit, 0)->text(), strPlace);
     }
 
     void leadingZerosGoWhenThePlaceIsLeft()
@@ -155,49 +158,49 @@ private slots:
     void arrowsCrossThePlaces()
     {
         pEdit->SetAddress(nAddress);
-        PutCaret(0, 2);
+        PutCaret(pEdit, 0, 2);
         Press(Qt::Key_Right);
-        QVERIFY(Place(0)->hasFocus());
+        QVERIFY(Place(pEdit, 0)->hasFocus());
         Press(Qt::Key_Right);
-        QVERIFY(Place(1)->hasFocus());
-        QCOMPARE(Place(1)->cursorPosition(), 0);
+        QVERIFY(Place(pEdit, 1)->hasFocus());
+        QCOMPARE(Place(pEdit, 1)->cursorPosition(), 0);
         Press(Qt::Key_Left);
-        QVERIFY(Place(0)->hasFocus());
-        QCOMPARE(Place(0)->cursorPosition(), 3);
-        PutCaret(3, 2);
+        QVERIFY(Place(pEdit, 0)->hasFocus());
+        QCOMPARE(Place(pEdit, 0)->cursorPosition(), 3);
+        PutCaret(pEdit, 3, 2);
         Press(Qt::Key_Right);
-        QVERIFY(Place(3)->hasFocus());
+        QVERIFY(Place(pEdit, 3)->hasFocus());
     }
 
     void backspaceAtTheLeftEndErasesInThePlaceBefore()
     {
         pEdit->SetAddress(nAddress);
-        PutCaret(1, 0);
+        PutCaret(pEdit, 1, 0);
         Press(Qt::Key_Backspace);
         QCOMPARE(Text(), QStringLiteral("19.168.1.10"));
-        QVERIFY(Place(0)->hasFocus());
+        QVERIFY(Place(pEdit, 0)->hasFocus());
     }
 
     void backspaceErasesAWholeAddress()
     {
         pEdit->SetAddress(nAddress);
-        PutCaret(3, 2);
+        PutCaret(pEdit, 3, 2);
         for (int i = 0; i < 9; ++i) {
             Press(Qt::Key_Backspace);
         }
         QCOMPARE(Text(), QStringLiteral("..."));
-        QVERIFY(Place(0)->hasFocus());
+        QVERIFY(Place(pEdit, 0)->hasFocus());
         Press(Qt::Key_Backspace);
-        QVERIFY(Place(0)->hasFocus());
+        QVERIFY(Place(pEdit, 0)->hasFocus());
     }
 
     void deleteAtTheRightEndErasesInThePlaceBehind()
     {
         pEdit->SetAddress(nAddress);
-        PutCaret(0, 3);
+        PutCaret(pEdit, 0, 3);
         Press(Qt::Key_Delete);
         QCOMPARE(Text(), QStringLiteral("192.68.1.10"));
-        QVERIFY(Place(1)->hasFocus());
+        QVERIFY(Place(pEdit, 1)->hasFocus());
     }
 
     void pasteOfAWholeAddressFillsAllPlaces_data()
@@ -233,17 +236,17 @@ private slots:
         QFETCH(QString, strPaste);
         QFETCH(QString, strText);
         pEdit->SetAddress(0x01020304);
-        Place(0)->selectAll();
+        Place(pEdit, 0)->selectAll();
         QGuiApplication::clipboard()->setText(strPaste);
-        QTest::keySequence(Place(0), QKeySequence(QKeySequence::Paste));
+        QTest::keySequence(Place(pEdit, 0), QKeySequence(QKeySequence::Paste));
         QCOMPARE(Text(), strText);
     }
 
     void pasteFromTheContextMenuTakesAWholeAddress()
     {
         QGuiApplication::clipboard()->setText(QStringLiteral("10.20.30.40"));
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1), Place(2)->mapToGlobal(QPoint(1, 1)));
-        QCoreApplication::sendEvent(Place(2), &event);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(1, 1), Place(pEdit, 2)->mapToGlobal(QPoint(1, 1)));
+        QCoreApplication::sendEvent(Place(pEdit, 2), &event);
         QTRY_VERIFY(QApplication::activePopupWidget());
         auto* pMenu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         QVERIFY(pMenu);
@@ -260,11 +263,11 @@ private slots:
     void copyWithoutSelectionGivesTheWholeAddress()
     {
         pEdit->SetAddress(nAddress);
-        PutCaret(1, 1);
-        QTest::keySequence(Place(1), QKeySequence(QKeySequence::Copy));
+        PutCaret(pEdit, 1, 1);
+        QTest::keySequence(Place(pEdit, 1), QKeySequence(QKeySequence::Copy));
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("192.168.1.10"));
-        Place(1)->selectAll();
-        QTest::keySequence(Place(1), QKeySequence(QKeySequence::Copy));
+        Place(pEdit, 1)->selectAll();
+        QTest::keySequence(Place(pEdit, 1), QKeySequence(QKeySequence::Copy));
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("168"));
     }
 
@@ -272,13 +275,13 @@ private slots:
     {
         for (int i = 1; i < 4; ++i) {
             Press(Qt::Key_Tab);
-            QVERIFY(Place(i)->hasFocus());
+            QVERIFY(Place(pEdit, i)->hasFocus());
         }
         Press(Qt::Key_Tab);
         QVERIFY(pNext->hasFocus());
         for (int i = 3; i >= 0; --i) {
             Press(Qt::Key_Backtab);
-            QVERIFY(Place(i)->hasFocus());
+            QVERIFY(Place(pEdit, i)->hasFocus());
         }
         Press(Qt::Key_Backtab);
         QVERIFY(pNext->hasFocus());
@@ -292,7 +295,7 @@ private slots:
         QTRY_VERIFY(pLabel->isVisible());
         pNext->setFocus();
         QTest::keyClick(pWindow.get(), Qt::Key_A, Qt::AltModifier);
-        QTRY_VERIFY(Place(0)->hasFocus());
+        QTRY_VERIFY(Place(pEdit, 0)->hasFocus());
     }
 
     void focusShowsAsAProperty()
@@ -309,23 +312,18 @@ private slots:
         QVERIFY(!pEdit->accessibleName().isEmpty());
         QSet<QString> setName;
         for (int i = 0; i < 4; ++i) {
-            setName.insert(Place(i)->accessibleName());
+            setName.insert(Place(pEdit, i)->accessibleName());
         }
         QCOMPARE(setName.size(), 4);
         QVERIFY(!setName.contains(QString()));
     }
 
 private:
-    QLineEdit* Place(int n) const
-    {
-        return pEdit->findChildren<QLineEdit*>(QStringLiteral("IPField")).at(n);
-    }
-
     QString Text() const
     {
         QStringList listText;
         for (int i = 0; i < 4; ++i) {
-            listText.append(Place(i)->text());
+            listText.append(Place(pEdit, i)->text());
         }
         return listText.join(QLatin1Char('.'));
     }
@@ -335,18 +333,6 @@ private:
         for (const QChar& c : strKeys) {
             QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
         }
-    }
-
-    void Press(Qt::Key key)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key);
-    }
-
-    void PutCaret(int nPlace, int nPosition)
-    {
-        Place(nPlace)->setFocus();
-        Place(nPlace)->deselect();
-        Place(nPlace)->setCursorPosition(nPosition);
     }
 
     std::unique_ptr<QWidget> pWindow;

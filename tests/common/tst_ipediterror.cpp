@@ -1,8 +1,11 @@
+#include "IpEditInput.h"
 #include "TestMain.h"
 #include "interfaces/widgets/CIPEdit.h"
 
 #include <QLabel>
 #include <QLineEdit>
+
+using namespace IpEditInput;
 
 namespace {
 
@@ -33,10 +36,10 @@ private slots:
         pEdit->SetAddress(0xC0A80101); // 192.168.1.1
         pEdit->SetLimitIP({ nAddress, 0xC0A8010B });
         QSignalSpy spy(pEdit.get(), &CIPEdit::ExistError);
-        PutCaret(3, 1);
-        Type(Qt::Key_0);
+        PutCaret(pEdit.get(), 3, 1);
+        Press(Qt::Key_0);
         QCOMPARE(spy.takeFirst().at(0).toBool(), true);
-        Type(Qt::Key_0);
+        Press(Qt::Key_0);
         QCOMPARE(spy.takeFirst().at(0).toBool(), false);
         QVERIFY(spy.isEmpty());
     }
@@ -45,10 +48,10 @@ private slots:
     {
         pEdit->SetAddress(nAddress);
         QSignalSpy spy(pEdit.get(), &CIPEdit::ExistError);
-        PutCaret(2, 1);
-        Type(Qt::Key_Backspace);
+        PutCaret(pEdit.get(), 2, 1);
+        Press(Qt::Key_Backspace);
         QCOMPARE(spy.takeFirst().at(0).toBool(), true);
-        Type(Qt::Key_5);
+        Press(Qt::Key_5);
         QCOMPARE(spy.takeFirst().at(0).toBool(), false);
     }
 
@@ -58,11 +61,11 @@ private slots:
         QSignalSpy spy(pEdit.get(), &CIPEdit::ExistError);
         pEdit->SetLimitIP({ nAddress, 0x01020304 });
         pEdit->SetLimitIP({ nAddress });
-        PutCaret(3, 2);
-        Type(Qt::Key_Backspace);
-        Type(Qt::Key_Backspace);
-        Type(Qt::Key_1);
-        Type(Qt::Key_0);
+        PutCaret(pEdit.get(), 3, 2);
+        Press(Qt::Key_Backspace);
+        Press(Qt::Key_Backspace);
+        Press(Qt::Key_1);
+        Press(Qt::Key_0);
         pEdit->SetAddress(nAddress);
         // forbidden, free (.1), empty, free (.1), forbidden (.10)
         const QList<QVariantList> listExpected{ { true }, { false }, { true }, { false }, { true } };
@@ -85,9 +88,9 @@ private slots:
         pEdit->SetAddress(nAddress);
         pEdit->SetLimitIP({ nAddress, nAddress + 5 });
         QSignalSpy spy(pEdit.get(), &CIPEdit::ExistError);
-        Place(3)->setFocus();
-        Place(3)->selectAll();
-        Type(Qt::Key_Delete);
+        Place(pEdit.get(), 3)->setFocus();
+        Place(pEdit.get(), 3)->selectAll();
+        Press(Qt::Key_Delete);
         QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{ { true } });
         pEdit->SetAddress(nAddress + 5);
         QCOMPARE(spy.count(), 1);
@@ -112,7 +115,7 @@ private slots:
         pEdit->SetLimitIP({ nForbidden });
         pEdit->SetAddress(nAddress);
         if (bIncomplete) {
-            Place(2)->clear();
+            Place(pEdit.get(), 2)->clear();
         }
         QCOMPARE(pEdit->toolTip(), strTip);
         QCOMPARE(pEdit->accessibleDescription(), strTip);
@@ -123,23 +126,6 @@ private slots:
     }
 
 private:
-    QLineEdit* Place(int n) const
-    {
-        return pEdit->findChildren<QLineEdit*>(QStringLiteral("IPField")).at(n);
-    }
-
-    void Type(Qt::Key key)
-    {
-        QTest::keyClick(QApplication::focusWidget(), key);
-    }
-
-    void PutCaret(int nPlace, int nPosition)
-    {
-        Place(nPlace)->setFocus();
-        Place(nPlace)->deselect();
-        Place(nPlace)->setCursorPosition(nPosition);
-    }
-
     std::unique_ptr<CIPEdit> pEdit;
 };
 

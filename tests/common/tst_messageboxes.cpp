@@ -1,4 +1,4 @@
-#include "DialogAnswers.h"
+#include "CDialogDriver.h"
 #include "TestMain.h"
 #include "interfaces/widgets/CCommonOptionDlg.h"
 #include "interfaces/widgets/CMessageBox.h"
@@ -74,7 +74,8 @@ private slots:
         const auto buttons = CMessageBox::StandardButtons(nButtons);
         const auto defaultButton = CMessageBox::StandardButton(nDefault);
         for (auto* fnAsk : { &CMessageBox::question, &CMessageBox::information }) {
-            AnswerNext(pParent.get(), [strHow](QWidget* pDialog) { Answer(pDialog, strHow); });
+            CDialogDriver driver;
+            driver.Answer(strHow);
             QCOMPARE(int(fnAsk(pParent.get(), QStringLiteral("T"), QStringLiteral("Text"), buttons, defaultButton)), nAnswer);
         }
     }
@@ -94,7 +95,8 @@ private slots:
         QFETCH(QString, strName);
         QString strFocus;
         QString strDefault;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             strFocus = pDialog->focusWidget()->objectName();
             for (const auto* pButton : pDialog->findChildren<QPushButton*>()) {
                 strDefault += pButton->isDefault() ? pButton->objectName() : QString();
@@ -111,7 +113,8 @@ private slots:
     {
         QStringList listSeen;
         bool bIcon = false;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             listSeen << pDialog->windowTitle() << pDialog->findChild<QLabel*>(QStringLiteral("MessageText"))->text()
                      << pDialog->accessibleDescription();
             bIcon = !pDialog->findChild<QLabel*>(QStringLiteral("MessageIcon"))->pixmap(Qt::ReturnByValue).isNull();
@@ -127,7 +130,8 @@ private slots:
     void boxOffersOnlyWhatWasAskedFor()
     {
         QStringList listText;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             for (const auto* pButton : pDialog->findChildren<QPushButton*>()) {
                 listText << pButton->text();
             }
@@ -141,7 +145,8 @@ private slots:
     void markupInATextIsNotFollowed()
     {
         int nHeight = 0;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             nHeight = pDialog->findChild<QLabel*>(QStringLiteral("MessageText"))->heightForWidth(2000);
             pDialog->close();
         });
@@ -154,7 +159,8 @@ private slots:
     void longTextsWrap()
     {
         QSize sizeText;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             const auto* pText = pDialog->findChild<QLabel*>(QStringLiteral("MessageText"));
             sizeText = pText->size();
             QVERIFY(pText->height() >= pText->heightForWidth(pText->width()));
@@ -177,7 +183,8 @@ private slots:
     {
         QFETCH(QString, strTitle);
         int nGap = 0;
-        AnswerNext(pParent.get(), [&](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             const auto* pIcon = pDialog->findChild<QLabel*>(QStringLiteral("MessageIcon"));
             const int nIconEnd = pIcon->x() + pIcon->pixmap(Qt::ReturnByValue).width();
             nGap = pDialog->findChild<QLabel*>(QStringLiteral("MessageText"))->x() - nIconEnd;
@@ -192,7 +199,8 @@ private slots:
     {
         auto* pShortLived = new QWidget;
         pShortLived->show();
-        AnswerNext(this, [pShortLived](QWidget*) { delete pShortLived; });
+        CDialogDriver driver;
+        driver.Answer([pShortLived](QDialog*) { delete pShortLived; });
         const CMessageBox::StandardButton answer
             = CMessageBox::question(pShortLived, QString(), QStringLiteral("Sure?"),
                                     CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonYes);
@@ -202,7 +210,8 @@ private slots:
     void boxLeavesNothingBehind()
     {
         const int nBefore = QApplication::allWidgets().size();
-        AnswerNext(pParent.get(), [](QWidget* pDialog) { pDialog->close(); });
+        CDialogDriver driver;
+        driver.Answer("window closed");
         CMessageBox::information(pParent.get(), QString(), QStringLiteral("Text"), CMessageBox::ButtonOk, CMessageBox::ButtonOk);
         QCOMPARE(QApplication::allWidgets().size(), nBefore);
     }
@@ -230,7 +239,8 @@ private slots:
         CCommonOptionDlg dialog(pParent.get(), QStringLiteral("Delete"));
         QVERIFY(dialog.AddOption(QIcon(), QStringLiteral("Delete group and processors")));
         QVERIFY(dialog.AddOption(QIcon(), QStringLiteral("Delete &group only")));
-        AnswerNext(&dialog, [strHow](QWidget* pDialog) { Answer(pDialog, strHow); });
+        CDialogDriver driver;
+        driver.Answer(strHow);
         QCOMPARE(dialog.exec(), nResult);
     }
 
@@ -240,7 +250,8 @@ private slots:
         QVERIFY(!dialog.AddOption(QIcon(), QString()));
         QVERIFY(dialog.findChildren<QPushButton*>(QStringLiteral("OptionButton")).isEmpty());
         QVERIFY(dialog.AddOption(QIcon(), QStringLiteral("only")));
-        AnswerNext(&dialog, [](QWidget* pDialog) { Answer(pDialog, QStringLiteral("OptionButton")); });
+        CDialogDriver driver;
+        driver.Answer("OptionButton");
         QCOMPARE(dialog.exec(), 1);
     }
 
@@ -267,7 +278,8 @@ private slots:
         for (const char* szText : { "one", "two", "three" }) {
             dialog.AddOption(QIcon(), QLatin1String(szText));
         }
-        AnswerNext(&dialog, [listKey](QWidget* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([listKey](QDialog* pDialog) {
             for (const Qt::Key key : listKey) {
                 QTest::keyClick(pDialog->focusWidget(), key);
             }
@@ -284,7 +296,7 @@ private slots:
         QPushButton* pCancel = dialog.mapButton.value(0);
         QTRY_VERIFY(pCancel->hasFocus());
         QVERIFY(pCancel->isDefault());
-        Answer(&dialog, QStringLiteral("tab space"));
+        CDialogDriver::Press(&dialog, "tab space");
         QCOMPARE(dialog.result(), 1);
         dialog.show();
         QCOMPARE(dialog.focusWidget(), pCancel);

@@ -34,14 +34,17 @@ SProcessorAllNode TreeOfPane(const CProcessorTreeData& store, bool bSimulator)
     return node;
 }
 
+void Fill(SControlAnswers& answers)
+{
+    answers.nodeDiscovered = DiscoveredTree();
+    answers.nodeSimulator = SimulatorTree();
+    answers.vecDiscoveredSelection = { ProcessorId("a"), ProcessorId("d") };
+    answers.vecSimulatorSelection = { GroupId("Lab") };
+}
+
 CFilledStore::CFilledStore()
 {
     CControlDouble control;
-    control.Set([](SControlAnswers& answers) {
-        answers.nodeDiscovered = DiscoveredTree();
-        answers.nodeSimulator = SimulatorTree();
-        answers.vecDiscoveredSelection = { ProcessorId("a"), ProcessorId("d") };
-        answers.vecSimulatorSelection = { GroupId("Lab") };
-    });
+    control.Set(&Fill);
     Refresh();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Patience.h"
 #include "data/CProcessorTreeThread.h"
 
 #include <QSemaphore>
@@ -36,14 +37,14 @@ public:
     void Start();
 
     /// Asks the worker to end and waits for it; false when it has not ended within nTimeout milliseconds.
-    bool Stop(int nTimeout = 10000);
+    bool Stop(int nTimeout = nPatience);
     void RequestStop();
 
     /// True when the signal for message 59 has come once more.
-    bool WaitForToolBar(int nTimeout = 5000);
+    bool WaitForToolBar(int nTimeout = nPatience);
 
     /// True when the loop has nothing to do.
-    bool WaitForIdle(int nTimeout = 5000);
+    bool WaitForIdle(int nTimeout = nPatience);
 
     CWorkerProbe Probe() const
     {

@@ -1,5 +1,5 @@
 #include "CFilledStore.h"
-#include "SRefreshRig.h"
+#include "CRefreshFixture.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IProjectManageControl.h"
@@ -10,6 +10,7 @@
 
 namespace {
 
+using AnswersChange = CStoreFixture::FnAnswers;
 using TreeChange = std::function<void(SProcessorAllNode&)>;
 
 /// Keeps the records as they were handed over, and answers with a name.
@@ -60,15 +61,15 @@ class CRefreshTest : public QObject
 private slots:
     void theLibraryIsAskedNineThingsInOneOrder()
     {
-        SRefreshRig rig;
-        rig.control.ClearJournal();
-        rig.store.Refresh();
+        CRefreshFixture fixture;
+        fixture.control.ClearJournal();
+        fixture.store.Refresh();
         const QStringList listExpected{ "g_pPrcListControl.GetDiscoveredTree()",     "g_pPrcListControl.GetSimulatorTree()",
                                         "g_pRuntimeControl.GetSelectedNodes(false)", "g_pRuntimeControl.GetSelectedNodes(true)",
                                         "g_pPrcBasicControl.IsListLocked()",         "g_pPrcBasicControl.IsRefreshBlocked()",
                                         "g_pProjectManageControl.GetProjectInfo()",  "g_pPreferenceControl.IsChiefMode()",
                                         "g_pRuntimeControl.IsSimulatorPane()" };
-        QCOMPARE(rig.control.Calls(), listExpected);
+        QCOMPARE(fixture.control.Calls(), listExpected);
     }
 
     void theFirstRefreshAnnouncesTheSelectionWhateverItIs()
@@ -83,7 +84,7 @@ private slots:
             QVERIFY(store.GetSelectedNodes(false).empty());
             QVERIFY(store.GetSelectedNodes(true).empty());
             store.Refresh();
-            QCOMPARE(log.Take(), NOTHING);
+            QCOMPARE(log.Take(), listNothing);
         }
     }
 
@@ -118,21 +119,21 @@ private slots:
 
     void nothingNewIsNothingSaid()
     {
-        SRefreshRig rig;
-        QCOMPARE(rig.Refresh(), NOTHING);
+        CRefreshFixture fixture;
+        QCOMPARE(fixture.Refresh(), listNothing);
         const auto fnSameAgain = [](SControlAnswers& answers) {
             answers.nodeDiscovered = DiscoveredTree();
             answers.nodeSimulator = SimulatorTree();
         };
-        QCOMPARE(rig.RefreshAfter(fnSameAgain), NOTHING);
+        QCOMPARE(fixture.RefreshAfter(fnSameAgain), listNothing);
     }
 
     void nothingNewKeepsTheStoresLists()
     {
-        SRefreshRig rig;
-        const SProcessorAllNode nodeBefore = CurrentTree(rig.store);
-        rig.RefreshAfter([](SControlAnswers& answers) { answers.nodeDiscovered = DiscoveredTree(); });
-        const SProcessorAllNode nodeAfter = CurrentTree(rig.store);
+        CRefreshFixture fixture;
+        const SProcessorAllNode nodeBefore = CurrentTree(fixture.store);
+        fixture.RefreshAfter([](SControlAnswers& answers) { answers.nodeDiscovered = DiscoveredTree(); });
+        const SProcessorAllNode nodeAfter = CurrentTree(fixture.store);
         QVERIFY(nodeAfter.listGroup.isSharedWith(nodeBefore.listGroup));
         QVERIFY(nodeAfter.listProcessor.isSharedWith(nodeBefore.listProcessor));
     }
@@ -149,10 +150,10 @@ private slots:
                 listName += nRow & (1 << i) ? QStringList(arrName[i]) : QStringList();
             }
             QStringList listSignal;
-            listSignal += nRow & 1 ? listChief : NOTHING;
-            listSignal += nRow & 2 ? listNodeInfo : nRow & 4 ? listButton : NOTHING;
-            listSignal += nRow & 8 ? listSelection : NOTHING;
-            listSignal += nRow & 16 ? listTitle : NOTHING;
+            listSignal += nRow & 1 ? listChief : listNothing;
+            listSignal += nRow & 2 ? listNodeInfo : nRow & 4 ? listButton : listNothing;
+            listSignal += nRow & 8 ? listSelection : listNothing;
+            listSignal += nRow & 16 ? listTitle : listNothing;
             QTest::newRow(qPrintable(listName.join(' '))) << bool(nRow & 128) << (nRow & 127) << listSignal;
         }
     }
@@ -161,9 +162,9 @@ private slots:
     {
         QFETCH(bool, bSimulator);
         QFETCH(int, nChanges);
-        SRefreshRig rig;
-        rig.RefreshAfter([=](SControlAnswers& answers) { answers.bSimulatorPane = bSimulator; });
-        const QStringList listSignal = rig.RefreshAfter([=](SControlAnswers& answers) {
+        CRefreshFixture fixture;
+        fixture.RefreshAfter([=](SControlAnswers& answers) { answers.bSimulatorPane = bSimulator; });
+        const QStringList listSignal = fixture.RefreshAfter([=](SControlAnswers& answers) {
             answers.bChiefMode = nChanges & 1;
             answers.bListLocked = nChanges & 4;
             answers.strProject = nChanges & 16 ? "Ballet" : "Opera";
@@ -181,16 +182,16 @@ private slots:
             }
         });
         QTEST(listSignal, "listSignal");
-        const SControlAnswers answers = rig.control.Answers();
-        QVERIFY(IsSame(TreeOfPane(rig.store, false), answers.nodeDiscovered));
-        QVERIFY(IsSame(TreeOfPane(rig.store, true), answers.nodeSimulator));
-        QCOMPARE(rig.store.GetSelectedNodes(false), answers.vecDiscoveredSelection);
-        QCOMPARE(rig.store.GetSelectedNodes(true), answers.vecSimulatorSelection);
-        QCOMPARE(rig.store.IsListLocked(), answers.bListLocked);
-        QCOMPARE(rig.store.IsRefreshEnabled(), !answers.bListLocked);
-        QCOMPARE(rig.store.IsChiefMode(), answers.bChiefMode);
-        QCOMPARE(rig.store.GetProjectName(), answers.strProject);
-        QCOMPARE(rig.Refresh(), NOTHING);
+        const SControlAnswers answers = fixture.control.Answers();
+        QVERIFY(IsSame(TreeOfPane(fixture.store, false), answers.nodeDiscovered));
+        QVERIFY(IsSame(TreeOfPane(fixture.store, true), answers.nodeSimulator));
+        QCOMPARE(fixture.store.GetSelectedNodes(false), answers.vecDiscoveredSelection);
+        QCOMPARE(fixture.store.GetSelectedNodes(true), answers.vecSimulatorSelection);
+        QCOMPARE(fixture.store.IsListLocked(), answers.bListLocked);
+        QCOMPARE(fixture.store.IsRefreshEnabled(), !answers.bListLocked);
+        QCOMPARE(fixture.store.IsChiefMode(), answers.bChiefMode);
+        QCOMPARE(fixture.store.GetProjectName(), answers.strProject);
+        QCOMPARE(fixture.Refresh(), listNothing);
     }
 
     void aChangeOfTheTreeIsAnyChangeOfANodeOrOfTheOrder_data()
@@ -237,16 +238,16 @@ private slots:
         QFETCH(TreeChange, fnChange);
         QFETCH(bool, bChanged);
         for (const bool bSimulator : { false, true }) {
-            SRefreshRig rig;
+            CRefreshFixture fixture;
             const auto fnPane = [bSimulator](SControlAnswers& answers) {
                 answers.Tree(bSimulator) = DiscoveredTree();
                 answers.bSimulatorPane = bSimulator;
             };
-            rig.RefreshAfter(fnPane);
+            fixture.RefreshAfter(fnPane);
             const auto fnTree = [&](SControlAnswers& answers) { fnChange(answers.Tree(bSimulator)); };
-            QCOMPARE(rig.RefreshAfter(fnTree), bChanged ? listNodeInfo : NOTHING);
-            const SProcessorAllNode nodeExpected = bChanged ? rig.control.Answers().Tree(bSimulator) : DiscoveredTree();
-            QVERIFY(IsSame(CurrentTree(rig.store), nodeExpected));
+            QCOMPARE(fixture.RefreshAfter(fnTree), bChanged ? listNodeInfo : listNothing);
+            const SProcessorAllNode nodeExpected = bChanged ? fixture.control.Answers().Tree(bSimulator) : DiscoveredTree();
+            QVERIFY(IsSame(CurrentTree(fixture.store), nodeExpected));
         }
     }
 
@@ -268,10 +269,10 @@ private slots:
     {
         QFETCH(std::vector<QUuid>, vecId);
         QFETCH(bool, bChanged);
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         const auto fnSelect = [&](SControlAnswers& answers) { answers.vecDiscoveredSelection = vecId; };
-        QCOMPARE(rig.RefreshAfter(fnSelect), bChanged ? listSelection : NOTHING);
-        QCOMPARE(rig.store.GetSelectedNodes(), vecId);
+        QCOMPARE(fixture.RefreshAfter(fnSelect), bChanged ? listSelection : listNothing);
+        QCOMPARE(fixture.store.GetSelectedNodes(), vecId);
     }
 
     void commandsFollowTheLockAndTheBlock_data()
@@ -296,53 +297,53 @@ private slots:
                 answers.bRefreshBlocked = nState & 2;
             };
         };
-        SRefreshRig rig;
-        rig.RefreshAfter(fnState(nBefore));
+        CRefreshFixture fixture;
+        fixture.RefreshAfter(fnState(nBefore));
         const bool bChanged = (nBefore & 1) != (nAfter & 1) || (nBefore == 0) != (nAfter == 0);
-        QCOMPARE(rig.RefreshAfter(fnState(nAfter)), bChanged ? listButton : NOTHING);
-        QCOMPARE(rig.store.IsListLocked(), bool(nAfter & 1));
-        QCOMPARE(rig.store.IsRefreshEnabled(), nAfter == 0);
+        QCOMPARE(fixture.RefreshAfter(fnState(nAfter)), bChanged ? listButton : listNothing);
+        QCOMPARE(fixture.store.IsListLocked(), bool(nAfter & 1));
+        QCOMPARE(fixture.store.IsRefreshEnabled(), nAfter == 0);
     }
 
     void theProjectNameIsReadAsUtf8()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         CProjectProbe probe;
         probe.strName = "\xC3\x9C"
                         "bung \xE6\xB7\xB7";
-        QCOMPARE(rig.Refresh(), listTitle);
-        QCOMPARE(rig.store.GetProjectName(), QString::fromUtf8("Übung 混"));
-        QCOMPARE(rig.Refresh(), NOTHING);
+        QCOMPARE(fixture.Refresh(), listTitle);
+        QCOMPARE(fixture.store.GetProjectName(), QString::fromUtf8("Übung 混"));
+        QCOMPARE(fixture.Refresh(), listNothing);
     }
 
     void aProjectThatIsClosedIsAnnounced()
     {
-        SRefreshRig rig;
-        QCOMPARE(rig.store.GetProjectName(), QString("Opera"));
-        QCOMPARE(rig.RefreshAfter([](SControlAnswers& answers) { answers.strProject.clear(); }), listTitle);
-        QCOMPARE(rig.store.GetProjectName(), QString());
-        QCOMPARE(rig.Refresh(), NOTHING);
+        CRefreshFixture fixture;
+        QCOMPARE(fixture.store.GetProjectName(), QString("Opera"));
+        QCOMPARE(fixture.RefreshAfter([](SControlAnswers& answers) { answers.strProject.clear(); }), listTitle);
+        QCOMPARE(fixture.store.GetProjectName(), QString());
+        QCOMPARE(fixture.Refresh(), listNothing);
     }
 
     void theChiefModeIsAnnouncedBothWays()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         for (const bool bChief : { true, false }) {
             const auto fnMode = [bChief](SControlAnswers& answers) { answers.bChiefMode = bChief; };
-            QCOMPARE(rig.RefreshAfter(fnMode), listChief);
-            QCOMPARE(rig.store.IsChiefMode(), bChief);
-            QCOMPARE(rig.Refresh(), NOTHING);
+            QCOMPARE(fixture.RefreshAfter(fnMode), listChief);
+            QCOMPARE(fixture.store.IsChiefMode(), bChief);
+            QCOMPARE(fixture.Refresh(), listNothing);
         }
     }
 
     void theProjectRecordIsNewAndCarriesTheTimeOfTheReading()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         CProjectProbe probe;
         probe.strName = "Opera";
         const qint64 nBefore = QDateTime::currentSecsSinceEpoch();
-        rig.Refresh();
-        rig.Refresh();
+        fixture.Refresh();
+        fixture.Refresh();
         const qint64 nAfter = QDateTime::currentSecsSinceEpoch();
         QCOMPARE(probe.listInfo.size(), 2);
         for (const SProjectInfo& info : std::as_const(probe.listInfo)) {

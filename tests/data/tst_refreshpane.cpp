@@ -1,5 +1,5 @@
 #include "CFilledStore.h"
-#include "SRefreshRig.h"
+#include "CRefreshFixture.h"
 #include "TestMain.h"
 
 /// Refreshes that meet a pane, a selection or an expansion that the GUI thread has changed.
@@ -10,29 +10,29 @@ class CRefreshPaneTest : public QObject
 private slots:
     void aNodeOfTheOtherPaneChangesInSilence()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         const auto fnOnline
             = [](SControlAnswers& answers) { answers.nodeSimulator.listGroup[0].listProcessor[0].bOnline = true; };
-        QCOMPARE(rig.RefreshAfter(fnOnline), NOTHING);
-        QCOMPARE(TreeOfPane(rig.store, true).listGroup.at(0).listProcessor.at(0).bOnline, true);
+        QCOMPARE(fixture.RefreshAfter(fnOnline), listNothing);
+        QCOMPARE(TreeOfPane(fixture.store, true).listGroup.at(0).listProcessor.at(0).bOnline, true);
     }
 
     void theNextRefreshAfterAPaneSwitchSaysNothingOfOldChanges()
     {
-        SRefreshRig rig;
-        rig.RefreshAfter([](SControlAnswers& answers) { answers.nodeSimulator.listProcessor.clear(); });
-        rig.store.SetSimulatorPane(true);
-        QCOMPARE(rig.RefreshAfter([](SControlAnswers& answers) { answers.bSimulatorPane = true; }), NOTHING);
+        CRefreshFixture fixture;
+        fixture.RefreshAfter([](SControlAnswers& answers) { answers.nodeSimulator.listProcessor.clear(); });
+        fixture.store.SetSimulatorPane(true);
+        QCOMPARE(fixture.RefreshAfter([](SControlAnswers& answers) { answers.bSimulatorPane = true; }), listNothing);
     }
 
     void thePaneOfTheLibraryOverwritesTheStoresInSilence()
     {
-        SRefreshRig rig;
-        QCOMPARE(rig.RefreshAfter([](SControlAnswers& answers) { answers.bSimulatorPane = true; }), NOTHING);
-        QCOMPARE(rig.store.IsSimulatorPane(), true);
-        rig.store.SetSimulatorPane(false);
-        QCOMPARE(rig.Refresh(), NOTHING);
-        QCOMPARE(rig.store.IsSimulatorPane(), true);
+        CRefreshFixture fixture;
+        QCOMPARE(fixture.RefreshAfter([](SControlAnswers& answers) { answers.bSimulatorPane = true; }), listNothing);
+        QCOMPARE(fixture.store.IsSimulatorPane(), true);
+        fixture.store.SetSimulatorPane(false);
+        QCOMPARE(fixture.Refresh(), listNothing);
+        QCOMPARE(fixture.store.IsSimulatorPane(), true);
     }
 
     void aPaneThatChangesWithItsTreeIsComparedAsTheNewOne_data()
@@ -51,41 +51,41 @@ private slots:
         QFETCH(bool, bFromSimulator);
         QFETCH(bool, bSimulatorChanges);
         QFETCH(bool, bSaid);
-        SRefreshRig rig;
-        rig.RefreshAfter([=](SControlAnswers& answers) { answers.bSimulatorPane = bFromSimulator; });
+        CRefreshFixture fixture;
+        fixture.RefreshAfter([=](SControlAnswers& answers) { answers.bSimulatorPane = bFromSimulator; });
         const auto fnSwitch = [=](SControlAnswers& answers) {
             answers.bSimulatorPane = !bFromSimulator;
             answers.Tree(bSimulatorChanges).listProcessor.clear();
             answers.Selection(bSimulatorChanges).clear();
         };
-        QCOMPARE(rig.RefreshAfter(fnSwitch), bSaid ? listNodeInfo + listSelection : NOTHING);
+        QCOMPARE(fixture.RefreshAfter(fnSwitch), bSaid ? listNodeInfo + listSelection : listNothing);
     }
 
     void anExpansionThatTheStoreKnowsIsNoChange()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         for (const QUuid& id : { QUuid(), GroupId("Hall"), ProcessorId("b"), ProcessorId("e") }) {
-            rig.store.SetExpanded(id, false);
-            QCOMPARE(rig.RefreshAfter([&id](SControlAnswers& answers) { answers.SetExpanded(id, false); }), NOTHING);
-            QCOMPARE(rig.RefreshAfter([&id](SControlAnswers& answers) { answers.SetExpanded(id, true); }), listNodeInfo);
+            fixture.store.SetExpanded(id, false);
+            QCOMPARE(fixture.RefreshAfter([&id](SControlAnswers& answers) { answers.SetExpanded(id, false); }), listNothing);
+            QCOMPARE(fixture.RefreshAfter([&id](SControlAnswers& answers) { answers.SetExpanded(id, true); }), listNodeInfo);
         }
     }
 
     void anExpansionThatOnlyTheStoreKnowsIsTakenBack()
     {
-        SRefreshRig rig;
-        rig.store.SetExpanded(ProcessorId("b"), false);
-        QCOMPARE(rig.Refresh(), listNodeInfo);
-        QCOMPARE(rig.store.GetProcessor(ProcessorId("b")).bExpanded, true);
+        CRefreshFixture fixture;
+        fixture.store.SetExpanded(ProcessorId("b"), false);
+        QCOMPARE(fixture.Refresh(), listNodeInfo);
+        QCOMPARE(fixture.store.GetProcessor(ProcessorId("b")).bExpanded, true);
     }
 
     void aSelectionThatOnlyTheStoreKnowsIsTakenBack()
     {
-        SRefreshRig rig;
-        const std::vector<QUuid> vecLibrary = rig.store.GetSelectedNodes();
-        rig.store.SetSelectedNodes({ ProcessorId("e") });
-        QCOMPARE(rig.Refresh(), listSelection);
-        QCOMPARE(rig.store.GetSelectedNodes(), vecLibrary);
+        CRefreshFixture fixture;
+        const std::vector<QUuid> vecLibrary = fixture.store.GetSelectedNodes();
+        fixture.store.SetSelectedNodes({ ProcessorId("e") });
+        QCOMPARE(fixture.Refresh(), listSelection);
+        QCOMPARE(fixture.store.GetSelectedNodes(), vecLibrary);
     }
 };
 

@@ -37,7 +37,7 @@ private slots:
     {
         QProcess process;
         process.start(QCoreApplication::applicationFilePath(), { "--end" });
-        QVERIFY(process.waitForFinished());
+        QVERIFY(process.waitForFinished(nPatience));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 0);
         QCOMPARE(process.readAllStandardOutput(), QByteArray("main ends\nstore ends\n"));

@@ -1,5 +1,5 @@
 #include "CFilledStore.h"
-#include "SRefreshRig.h"
+#include "CRefreshFixture.h"
 #include "SStoreCall.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
@@ -15,7 +15,7 @@ using StoreSignal = void (CProcessorTreeData::*)();
 
 /// Far longer than any call takes that does not wait for a lock.
 constexpr auto timeLong = 30ms;
-constexpr auto timeDeadline = 10s;
+constexpr std::chrono::milliseconds timeDeadline{ nPatience };
 
 bool EndsWithin(const std::future<void>& future, std::chrono::milliseconds nTime)
 {
@@ -96,18 +96,18 @@ private slots:
     void aCallWaitsForTheRefreshThatAnnounces()
     {
         QFETCH(SStoreCall, call);
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         std::promise<void> announced;
         std::promise<void> goOn;
         const auto fnHold = [&] {
             announced.set_value();
             goOn.get_future().wait();
         };
-        connect(&rig.store, &CProcessorTreeData::NotifyWindowTitle, &rig.log, fnHold, Qt::DirectConnection);
-        rig.control.Set(&ChangeAll);
-        const auto refresh = std::async(std::launch::async, [&] { rig.store.Refresh(); });
+        connect(&fixture.store, &CProcessorTreeData::NotifyWindowTitle, &fixture.log, fnHold, Qt::DirectConnection);
+        fixture.control.Set(&ChangeAll);
+        const auto refresh = std::async(std::launch::async, [&] { fixture.store.Refresh(); });
         announced.get_future().wait();
-        const auto query = std::async(std::launch::async, [&] { call.fnCall(rig.store); });
+        const auto query = std::async(std::launch::async, [&] { call.fnCall(fixture.store); });
         const bool bEarly = EndsWithin(query, timeLong);
         goOn.set_value();
         QVERIFY(!bEarly);
@@ -126,30 +126,30 @@ private slots:
     void noCallWaitsForASlowLibrary()
     {
         QFETCH(QString, strOperation);
-        SRefreshRig rig;
-        rig.control.Hold(strOperation);
-        const auto refresh = std::async(std::launch::async, [&] { rig.store.Refresh(); });
-        const bool bHeld = rig.control.WaitForHeld(strOperation);
+        CRefreshFixture fixture;
+        fixture.control.Hold(strOperation);
+        const auto refresh = std::async(std::launch::async, [&] { fixture.store.Refresh(); });
+        const bool bHeld = fixture.control.WaitForHeld(strOperation);
         const auto queries = std::async(std::launch::async, [&] {
             for (const SStoreCall& call : SStoreCall::All()) {
-                call.fnCall(rig.store);
+                call.fnCall(fixture.store);
             }
         });
         const bool bPassed = EndsWithin(queries, timeDeadline);
-        rig.control.Release(strOperation);
+        fixture.control.Release(strOperation);
         QVERIFY(bHeld);
         QVERIFY(bPassed);
     }
 
     void theCurrentPaneIsAskedUnderTheLock()
     {
-        SRefreshRig rig;
-        rig.control.Hold("IsSimulatorPane");
-        const auto refresh = std::async(std::launch::async, [&] { rig.store.Refresh(); });
-        QVERIFY(rig.control.WaitForHeld("IsSimulatorPane"));
-        const auto query = std::async(std::launch::async, [&] { rig.store.GetProjectName(); });
+        CRefreshFixture fixture;
+        fixture.control.Hold("IsSimulatorPane");
+        const auto refresh = std::async(std::launch::async, [&] { fixture.store.Refresh(); });
+        QVERIFY(fixture.control.WaitForHeld("IsSimulatorPane"));
+        const auto query = std::async(std::launch::async, [&] { fixture.store.GetProjectName(); });
         const bool bEarly = EndsWithin(query, timeLong);
-        rig.control.Release("IsSimulatorPane");
+        fixture.control.Release("IsSimulatorPane");
         QVERIFY(!bEarly);
         QVERIFY(EndsWithin(query, timeDeadline));
     }
@@ -162,20 +162,20 @@ private slots:
     void aDirectSlotMayCallEverything()
     {
         QFETCH(StoreSignal, fnSignal);
-        SRefreshRig rig;
-        rig.control.Set([](SControlAnswers& answers) { answers.bListLocked = true; });
+        CRefreshFixture fixture;
+        fixture.control.Set([](SControlAnswers& answers) { answers.bListLocked = true; });
         if (fnSignal != &CProcessorTreeData::NotifyButton) {
-            rig.control.Set(&ChangeAll);
+            fixture.control.Set(&ChangeAll);
         }
         int nSlots = 0;
         const auto fnCallAll = [&] {
             ++nSlots;
             for (const SStoreCall& call : SStoreCall::All()) {
-                call.fnCall(rig.store);
+                call.fnCall(fixture.store);
             }
         };
-        connect(&rig.store, fnSignal, &rig.log, fnCallAll, Qt::DirectConnection);
-        const auto refresh = std::async(std::launch::async, [&] { rig.store.Refresh(); });
+        connect(&fixture.store, fnSignal, &fixture.log, fnCallAll, Qt::DirectConnection);
+        const auto refresh = std::async(std::launch::async, [&] { fixture.store.Refresh(); });
         if (!EndsWithin(refresh, timeDeadline)) {
             qFatal("a slot waits for the lock that its own thread holds");
         }
@@ -194,43 +194,44 @@ private slots:
     void aDirectSlotSeesAllThatIsNew()
     {
         QFETCH(StoreSignal, fnSignal);
-        SRefreshRig rig;
-        rig.control.Set(&ChangeAll);
+        CRefreshFixture fixture;
+        fixture.control.Set(&ChangeAll);
         QStringList listSeen;
         const auto fnRead = [&] {
-            listSeen = QStringList{ rig.store.GetNodeName(ProcessorId("d")), rig.store.GetProjectName() };
-            listSeen += rig.store.GetSelectedNodes() == std::vector<QUuid>{ GroupId("Hall") } ? "selection" : "";
-            listSeen += rig.store.IsChiefMode() && rig.store.IsListLocked() && !rig.store.IsRefreshEnabled() ? "flags" : "";
+            listSeen = QStringList{ fixture.store.GetNodeName(ProcessorId("d")), fixture.store.GetProjectName() };
+            listSeen += fixture.store.GetSelectedNodes() == std::vector<QUuid>{ GroupId("Hall") } ? "selection" : "";
+            listSeen += fixture.store.IsChiefMode() && fixture.store.IsListLocked() && !fixture.store.IsRefreshEnabled() ? "flags"
+                                                                                                                         : "";
         };
-        connect(&rig.store, fnSignal, &rig.log, fnRead, Qt::DirectConnection);
-        rig.store.Refresh();
+        connect(&fixture.store, fnSignal, &fixture.log, fnRead, Qt::DirectConnection);
+        fixture.store.Refresh();
         QCOMPARE(listSeen, (QStringList{ "renamed", "Ballet", "selection", "flags" }));
     }
 
     void theLockIsFreeForOthersAfterADirectSlotHasRead()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         connect(
-            &rig.store, &CProcessorTreeData::NotifyNodeInfo, &rig.log, [&] { rig.store.GetProcessorCount(); },
+            &fixture.store, &CProcessorTreeData::NotifyNodeInfo, &fixture.log, [&] { fixture.store.GetProcessorCount(); },
             Qt::DirectConnection);
-        rig.control.Set(&ChangeAll);
-        rig.store.Refresh();
-        rig.store.GetProcessorCount();
-        const auto query = std::async(std::launch::async, [&] { rig.store.SetSimulatorPane(true); });
+        fixture.control.Set(&ChangeAll);
+        fixture.store.Refresh();
+        fixture.store.GetProcessorCount();
+        const auto query = std::async(std::launch::async, [&] { fixture.store.SetSimulatorPane(true); });
         QVERIFY(EndsWithin(query, timeDeadline));
-        QCOMPARE(rig.store.IsSimulatorPane(), true);
+        QCOMPARE(fixture.store.IsSimulatorPane(), true);
     }
 
     void aRefreshThatFailsUnderTheLockReleasesIt()
     {
-        SRefreshRig rig;
+        CRefreshFixture fixture;
         {
             const CFailingRuntime runtime;
-            QVERIFY_EXCEPTION_THROWN(rig.store.Refresh(), std::bad_alloc);
+            QVERIFY_EXCEPTION_THROWN(fixture.store.Refresh(), std::bad_alloc);
         }
-        const auto query = std::async(std::launch::async, [&] { rig.store.SetExpanded(QUuid(), true); });
+        const auto query = std::async(std::launch::async, [&] { fixture.store.SetExpanded(QUuid(), true); });
         QVERIFY(EndsWithin(query, timeDeadline));
-        QCOMPARE(rig.RefreshAfter(&ChangeAll), listChief + listNodeInfo + listSelection + listTitle);
+        QCOMPARE(fixture.RefreshAfter(&ChangeAll), listChief + listNodeInfo + listSelection + listTitle);
     }
 
 private:

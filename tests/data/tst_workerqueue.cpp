@@ -185,7 +185,7 @@ private slots:
         CProcessorTreeThread worker;
         std::unique_lock<std::mutex> lock(CWorkerProbe(&worker).QueueMutex());
         const auto dropped = std::async(std::launch::async, [&] { worker.Notify(2); });
-        const bool bDropped = dropped.wait_for(10s) == std::future_status::ready;
+        const bool bDropped = dropped.wait_for(std::chrono::milliseconds(nPatience)) == std::future_status::ready;
         const auto filed = std::async(std::launch::async, [&] { worker.Notify(1); });
         const bool bFiledEarly = filed.wait_for(30ms) == std::future_status::ready;
         lock.unlock();

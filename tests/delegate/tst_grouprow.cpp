@@ -3,9 +3,9 @@
 #include "CNameRegistry.h"
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
-#include "CStoreFixture.h"
 #include "IconColour.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 #include "nodes/EnNodeType.h"
 
 namespace {

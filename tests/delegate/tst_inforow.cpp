@@ -3,8 +3,8 @@
 #include "CNameRegistry.h"
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
-#include "CStoreFixture.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 #include "nodes/EnNodeType.h"
 
 namespace {

@@ -28,6 +28,14 @@ private slots:
         QVERIFY(!NameRule::Characters().exactMatch(QStringLiteral("Stage ") + ch + QStringLiteral(" left")));
     }
 
+    void theCharactersAreOneExpression()
+    {
+        const QRegExp rule = NameRule::Characters();
+        QCOMPARE(rule.pattern(), QStringLiteral("^[^=}·~+{【】《》‘’“”，。、；：？——]*$"));
+        QCOMPARE(rule.caseSensitivity(), Qt::CaseSensitive);
+        QCOMPARE(rule.patternSyntax(), QRegExp::RegExp);
+    }
+
     void refusesExactlyTwentyOneCharacters()
     {
         QVector<ushort> vecFound;
@@ -73,6 +81,7 @@ private slots:
         QTest::newRow("21 CJK and one ASCII, 64 bytes") << strCjk + QLatin1Char('a') << true;
         QTest::newRow("22 CJK, 66 bytes") << strCjk + QChar(0x53F0) << false;
         QTest::newRow("16 pairs of surrogates, 64 bytes") << QString::fromUcs4(U"\U00020000").repeated(16) << true;
+        QTest::newRow("21 CJK and two ASCII, 65 bytes") << strCjk + QStringLiteral("ab") << false;
         QTest::newRow("32 two-byte letters, 64 bytes") << QString(32, QChar(0x00E9)) << true;
         QTest::newRow("33 two-byte letters, 66 bytes") << QString(33, QChar(0x00E9)) << false;
     }
@@ -89,6 +98,7 @@ private slots:
         QTest::addColumn<int>("nRefused");
         QTest::addColumn<int>("nValid");
         QTest::addColumn<int>("nCursor");
+        QTest::newRow("one key at the start") << 1 << 65 << 64 << 1;
         QTest::newRow("one key in the middle: one further than before it") << 11 << 65 << 64 << 11;
         QTest::newRow("one key at the end: beyond the end") << 65 << 65 << 64 << 65;
         QTest::newRow("paste of five in the middle") << 15 << 69 << 64 << 11;

@@ -1,8 +1,8 @@
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
-#include "CStoreFixture.h"
 #include "TestMain.h"
 #include "delegate/CProcessorTreeDelegate.h"
+#include "fixtures/CStoreFixture.h"
 #include "nodes/EnNodeType.h"
 
 namespace {

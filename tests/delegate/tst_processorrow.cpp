@@ -2,9 +2,9 @@
 #include "CNameRegistry.h"
 #include "CPaintedRow.h"
 #include "CReferenceRow.h"
-#include "CStoreFixture.h"
 #include "IconColour.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 #include "nodes/EnNodeType.h"
 
 namespace {
@@ -124,7 +124,21 @@ private slots:
 
     void marksForToolTipsByState_data()
     {
-        rowByState_data();
+        QTest::addColumn<SProcessorNode>("node");
+        QTest::addColumn<bool>("bChiefMode");
+        QTest::addColumn<QRectF>("rcFailover");
+        QTest::addColumn<QRectF>("rcChief");
+        const QString strShow = QStringLiteral("Show");
+        const auto alpha = [](int nFailover, const QString& strProject, int nChief) -> SProcessorNode {
+            return Alpha().Failover(nFailover).Project(strProject).Chief(nChief);
+        };
+        QTest::newRow("plain") << alpha(0, strShow, 0) << true << rcNoSlot << QRectF();
+        QTest::newRow("Primary, also offline") << alpha(1, strShow, 0) << true << rcLast << QRectF();
+        QTest::newRow("Backup without a project") << alpha(2, {}, 0) << true << rcNoSlot << QRectF();
+        QTest::newRow("unknown role") << alpha(5, strShow, 0) << true << rcLast << QRectF();
+        QTest::newRow("Chief and Backup") << alpha(2, strShow, 1) << true << rcLast << rcLastButOne;
+        QTest::newRow("Chief, mode off") << alpha(0, strShow, 1) << false << rcNoSlot << QRectF();
+        QTest::newRow("no Chief, but marked 2") << alpha(0, strShow, 2) << true << rcNoSlot << QRectF();
     }
 
     void marksForToolTipsByState()
@@ -138,8 +152,7 @@ private slots:
         CPaintedRow row = Row();
         row.Paint();
 
-        const bool bSlot = node.nFailover != 0 && !node.strProject.isEmpty();
-        QCOMPARE(row.Marks().rcFailover, bSlot ? rcLast : rcNoSlot);
+        QTEST(row.Marks().rcFailover, "rcFailover");
         QCOMPARE(row.Marks().rcChief, rcChief);
         QCOMPARE(row.Marks().bPrimary, node.nFailover == 1);
         QCOMPARE(row.Marks().bBackup, node.nFailover == 2);

@@ -1,7 +1,7 @@
 #include "CRowView.h"
-#include "CStoreFixture.h"
 #include "EditorInput.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 #include "model/EnItemRole.h"
 
 using EndFunction = std::function<void(CRowView&, QLineEdit*)>;
@@ -15,7 +15,7 @@ private slots:
     void init()
     {
         store.Show(Site());
-        store.Control().ClearJournal();
+        store.control.ClearJournal();
     }
 
     void endOfEditingCommitsAndClosesOnce_data()
@@ -48,10 +48,10 @@ private slots:
         QPointer<QLineEdit> pEditor = view.Edit(Gamma(view));
         QTest::keyClicks(pEditor, QStringLiteral("new"));
         fnEnd(view, pEditor);
-        QCOMPARE(store.Control().CommandsWithThread(), QStringList(RenameGamma(QStringLiteral("new"))));
+        QCOMPARE(store.control.CommandsWithThread(), QStringList(RenameGamma(QStringLiteral("new"))));
         QCOMPARE(view.listClose, QList<QAbstractItemDelegate::EndEditHint>({ QAbstractItemDelegate::NoHint }));
         QTRY_VERIFY(pEditor.isNull());
-        QCOMPARE(store.Control().Commands().size(), 1);
+        QCOMPARE(store.control.Commands().size(), 1);
     }
 
     void returnRenamesTheKindOfNode_data()
@@ -75,7 +75,7 @@ private slots:
         QLineEdit* pEditor = view.Edit(view.Row(nType, id));
         QTest::keyClicks(pEditor, QStringLiteral("new"));
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().CallsWithThread(), QStringList(strCall));
+        QCOMPARE(store.control.CallsWithThread(), QStringList(strCall));
     }
 
     void unchangedNameIsSentAllTheSame()
@@ -83,7 +83,7 @@ private slots:
         CRowView view;
         QTest::keyClick(view.Edit(Gamma(view)), Qt::Key_Return);
         QTest::keyClick(view.Edit(view.Row(NodeGroup, GroupId(strStage))), Qt::Key_Return);
-        QCOMPARE(store.Control().CommandsWithThread(),
+        QCOMPARE(store.control.CommandsWithThread(),
                  QStringList({ RenameGamma(strGamma), "gui: g_pPrcListControl.RenameGroup(Stage, \"Stage\")" }));
     }
 
@@ -97,7 +97,7 @@ private slots:
             QTest::keyClick(pEditor, Qt::Key_Return);
             QCOMPARE(view.Editor(), nullptr);
         }
-        QCOMPARE(store.Control().Calls(), QStringList());
+        QCOMPARE(store.control.Calls(), QStringList());
     }
 
     void nameOfAnotherNodeIsSent()
@@ -106,7 +106,7 @@ private slots:
         QLineEdit* pEditor = view.Edit(Gamma(view));
         QTest::keyClicks(pEditor, strAlpha);
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().CommandsWithThread(), QStringList(RenameGamma(strAlpha)));
+        QCOMPARE(store.control.CommandsWithThread(), QStringList(RenameGamma(strAlpha)));
     }
 
     // The double carries out no rename, as a library that refuses.
@@ -134,7 +134,7 @@ private slots:
         QCOMPARE(pEditor->text(), QStringLiteral("new"));
         QVERIFY(pEditor->hasFocus());
         QVERIFY(view.listClose.isEmpty());
-        QCOMPARE(store.Control().Calls(), QStringList());
+        QCOMPARE(store.control.Calls(), QStringList());
     }
 
     void keyTravelsToTheView_data()
@@ -179,9 +179,9 @@ private slots:
         QVERIFY(!view.Delegate().eventFilter(view.Edit(Gamma(view)), &keyRelease));
         QVERIFY(!view.Delegate().eventFilter(view.Editor(), &keyTab));
         QCOMPARE(commits.size(), 0);
-        QCOMPARE(store.Control().Commands(), QStringList());
+        QCOMPARE(store.control.Commands(), QStringList());
         QVERIFY(view.Delegate().eventFilter(view.Editor(), &keyReturn));
-        QCOMPARE(store.Control().Commands().size(), 1);
+        QCOMPARE(store.control.Commands().size(), 1);
     }
 
     void rowOfAnotherKindIsNotCommitted()
@@ -193,7 +193,7 @@ private slots:
             view.Delegate().setModelData(&editor, &view.Rows(), index);
             view.Delegate().updateEditorGeometry(&editor, {}, index);
         }
-        QCOMPARE(store.Control().Calls(), QStringList());
+        QCOMPARE(store.control.Calls(), QStringList());
         QVERIFY(editor.maximumWidth() == QWIDGETSIZE_MAX);
     }
 
@@ -205,7 +205,7 @@ private slots:
         view.Rows().item(0)->removeRows(0, 2);
         QTRY_VERIFY(pEditor.isNull());
         QVERIFY(view.listClose.isEmpty());
-        QCOMPARE(store.Control().Commands(), QStringList());
+        QCOMPARE(store.control.Commands(), QStringList());
     }
 
     void textChangedAfterTheRowIsGoneDoesNothing_data()
@@ -224,7 +224,7 @@ private slots:
         QVERIFY(pEditor);
         pEditor->setText(QStringLiteral("late"));
         QCOMPARE(view.Rows().item(0)->rowCount(), 0);
-        QCOMPARE(store.Control().Commands(), QStringList());
+        QCOMPARE(store.control.Commands(), QStringList());
     }
 
     void nodeThatGoesWhileItsNameIsTypedIsSentAllTheSame()
@@ -233,9 +233,9 @@ private slots:
         QLineEdit* pEditor = view.Edit(Gamma(view));
         QTest::keyClicks(pEditor, QStringLiteral("new"));
         store.Show(Root({}));
-        store.Control().ClearJournal();
+        store.control.ClearJournal();
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().CallsWithThread(), QStringList(RenameGamma(QStringLiteral("new"))));
+        QCOMPARE(store.control.CallsWithThread(), QStringList(RenameGamma(QStringLiteral("new"))));
     }
 
     void idGivenAsTextIsUnderstood()
@@ -246,7 +246,7 @@ private slots:
         QLineEdit* pEditor = view.Edit(index);
         QCOMPARE(pEditor->text(), strGamma);
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().CallsWithThread(), QStringList(RenameGamma(strGamma)));
+        QCOMPARE(store.control.CallsWithThread(), QStringList(RenameGamma(strGamma)));
     }
 
 private:

@@ -1,7 +1,7 @@
 #include "CRowView.h"
-#include "CStoreFixture.h"
 #include "EditorInput.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 #include "model/EnItemRole.h"
 
 #include <QContextMenuEvent>
@@ -39,7 +39,7 @@ private slots:
     {
         store.SetSimulatorPane(false);
         store.Show(Site());
-        store.Control().ClearJournal();
+        store.control.ClearJournal();
     }
 
     void groupsAndProcessorsCanBeEdited_data()
@@ -128,9 +128,9 @@ private slots:
         store.Show(Root({}));
         QLineEdit* pEditor = view.Edit(Gamma(view));
         QCOMPARE(pEditor->text(), QString());
-        store.Control().ClearJournal();
+        store.control.ClearJournal();
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().Calls(), QStringList());
+        QCOMPARE(store.control.Calls(), QStringList());
     }
 
     void nameFollowsTheStoreUntilTheFirstKey()
@@ -153,7 +153,7 @@ private slots:
         }
         QCOMPARE(pEditor->text(), QStringLiteral("typed"));
         QTest::keyClick(pEditor, Qt::Key_Return);
-        QCOMPARE(store.Control().CommandsWithThread(), QStringList(RenameGamma(QStringLiteral("typed"))));
+        QCOMPARE(store.control.CommandsWithThread(), QStringList(RenameGamma(QStringLiteral("typed"))));
     }
 
     void firstKeyEndsTheFirstEdit()
@@ -177,7 +177,7 @@ private slots:
         QVERIFY(QMetaObject::invokeMethod(&rowDelegate, "DealTextChange", Q_ARG(QLineEdit*, nullptr),
                                           Q_ARG(QModelIndex, Gamma(view))));
         QVERIFY(QMetaObject::invokeMethod(&rowDelegate, "commitAndCloseEditor"));
-        QCOMPARE(store.Control().Commands(), QStringList());
+        QCOMPARE(store.control.Commands(), QStringList());
     }
 
     void rightClickShowsNoMenu()

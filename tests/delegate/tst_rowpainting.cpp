@@ -1,7 +1,7 @@
 #include "CPaintedRow.h"
 #include "CRowView.h"
-#include "CStoreFixture.h"
 #include "TestMain.h"
+#include "fixtures/CStoreFixture.h"
 
 #include <QPainter>
 
@@ -158,10 +158,10 @@ private slots:
     {
         CRowView view;
         Spin();
-        store.Control().ClearJournal();
+        store.control.ClearJournal();
         view.viewport()->update();
         Spin();
-        QCOMPARE(store.Control().Calls(), QStringList());
+        QCOMPARE(store.control.Calls(), QStringList());
     }
 
     void styleSheetPaintsBelowAllRowsButTheInformation()

@@ -1,3 +1,4 @@
+#include "CDialogDriver.h"
 #include "CMapTranslator.h"
 #include "TestMain.h"
 #include "dialogs/CAddProcessorDlg.h"
@@ -15,16 +16,6 @@ namespace {
 quint32 Ip(const QString& strAddress)
 {
     return QHostAddress(strAddress).toIPv4Address();
-}
-
-/// All addresses from strFrom to strTo, both included.
-QList<quint32> Range(const QString& strFrom, const QString& strTo)
-{
-    QList<quint32> listIP;
-    for (quint32 nIP = Ip(strFrom); nIP <= Ip(strTo); ++nIP) {
-        listIP.append(nIP);
-    }
-    return listIP;
 }
 
 QPushButton* AcceptButton(const QDialog& dlg)
@@ -184,15 +175,6 @@ private slots:
         QVERIFY(AcceptButton(dlg)->isEnabled());
     }
 
-    void aFullSubnetIsPassedOver()
-    {
-        pControl->Set([](SControlAnswers& answers) { answers.listReservedIP = Range("192.168.1.10", "192.168.1.254"); });
-
-        const CAddProcessorDlg dlg(pHost.data());
-
-        QCOMPARE(dlg.GetIP().toString(), QStringLiteral("192.168.2.0"));
-    }
-
     void theAddressesAreFetchedInOrder()
     {
         const CAddProcessorDlg dlg(pHost.data());
@@ -290,23 +272,19 @@ private slots:
 
     void acceptedByButtonAndReturn_data()
     {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("button") << false;
-        QTest::newRow("Return") << true;
+        QTest::addColumn<QString>("how");
+        QTest::newRow("button") << "DialogAccept";
+        QTest::newRow("Return") << "key Return";
     }
 
     void acceptedByButtonAndReturn()
     {
-        QFETCH(bool, byKey);
+        QFETCH(QString, how);
         CAddProcessorDlg dlg(pHost.data());
         dlg.show();
         QSignalSpy ends(&dlg, &QDialog::finished);
 
-        if (byKey) {
-            QTest::keyClick(&dlg, Qt::Key_Return);
-        } else {
-            QTest::mouseClick(AcceptButton(dlg), Qt::LeftButton);
-        }
+        CDialogDriver::Press(&dlg, how);
 
         QCOMPARE(ends.count(), 1);
         QCOMPARE(dlg.result(), int(QDialog::Accepted));
@@ -315,24 +293,20 @@ private slots:
 
     void rejectedByButtonCrossAndEscape_data()
     {
-        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("how");
         QTest::newRow("button") << "DialogReject";
         QTest::newRow("cross") << "DialogClose";
-        QTest::newRow("Escape") << QString();
+        QTest::newRow("Escape") << "key Escape";
     }
 
     void rejectedByButtonCrossAndEscape()
     {
-        QFETCH(QString, button);
+        QFETCH(QString, how);
         CAddProcessorDlg dlg(pHost.data());
         dlg.show();
         QSignalSpy ends(&dlg, &QDialog::finished);
 
-        if (button.isEmpty()) {
-            QTest::keyClick(&dlg, Qt::Key_Escape);
-        } else {
-            QTest::mouseClick(dlg.findChild<QAbstractButton*>(button), Qt::LeftButton);
-        }
+        CDialogDriver::Press(&dlg, how);
 
         QCOMPARE(ends.count(), 1);
         QCOMPARE(dlg.result(), int(QDialog::Rejected));

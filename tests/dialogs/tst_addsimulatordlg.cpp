@@ -1,3 +1,4 @@
+#include "CDialogDriver.h"
 #include "CMapTranslator.h"
 #include "TestMain.h"
 #include "dialogs/CAddSimulatorDlg.h"
@@ -320,23 +321,19 @@ private slots:
 
     void rejectedByButtonCrossAndEscape_data()
     {
-        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("how");
         QTest::newRow("button") << "DialogReject";
         QTest::newRow("cross") << "DialogClose";
-        QTest::newRow("Escape") << QString();
+        QTest::newRow("Escape") << "key Escape";
     }
 
     void rejectedByButtonCrossAndEscape()
     {
-        QFETCH(QString, button);
+        QFETCH(QString, how);
         CAddSimulatorDlg dlg(pHost.data());
         dlg.show();
 
-        if (button.isEmpty()) {
-            QTest::keyClick(&dlg, Qt::Key_Escape);
-        } else {
-            QTest::mouseClick(dlg.findChild<QAbstractButton*>(button), Qt::LeftButton);
-        }
+        CDialogDriver::Press(&dlg, how);
 
         QVERIFY(!dlg.isVisible());
         QCOMPARE(dlg.result(), int(QDialog::Rejected));

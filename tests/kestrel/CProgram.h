@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Patience.h"
+
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -33,13 +35,13 @@ public:
     Q_DISABLE_COPY_MOVE(CProgram)
 
     /// False when it did not end within the time, in milliseconds; it is then killed.
-    bool Run(const QStringList& listOption, int nTimeout = 20000);
+    bool Run(const QStringList& listOption, int nTimeout = nPatience);
 
     /// The same in steps. WaitForOutput waits until the program has written that on the standard output.
     void Start(const QStringList& listOption);
-    bool WaitForOutput(const QString& strText, int nTimeout = 20000);
+    bool WaitForOutput(const QString& strText, int nTimeout = nPatience);
     void Send(int nSignal);
-    bool WaitForEnd(int nTimeout = 20000);
+    bool WaitForEnd(int nTimeout = nPatience);
 
     /// For the runs to come.
     void SetDisk(EnDisk enNow);

@@ -1,27 +1,18 @@
-#include "CorvidControl/objects/CControlHost.h"
-#include "DialogAnswers.h"
-#include "Kestrel/CLanguage.h"
-#include "Kestrel/CMainWindow.h"
+#include "CDialogDriver.h"
+#include "CWindowFixture.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
 #include "Kestrel/player/PanelAccess.h"
-#include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
-#include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
-#include "journal/CCallLog.h"
-#include "nodes/SProcessorGroupNode.h"
 
-#include <QAbstractButton>
-#include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QSessionManager>
-#include <QTemporaryDir>
 #include <QTreeView>
 #include <private/qguiapplication_p.h>
 
@@ -29,16 +20,7 @@
 
 namespace {
 
-constexpr int nLongestMs = 10000;
-
-SControlOptions Options(const QTemporaryDir& folder)
-{
-    SControlOptions options;
-    options.strListFile = folder.filePath("list.kvtl");
-    options.bQuietDay = false;
-    options.nScanMs = 50;
-    return options;
-}
+constexpr int nLongestMs = nPatience / 2;
 
 /// Where the list belongs: a folder of that name is in its way.
 enum EnPlace
@@ -47,23 +29,20 @@ enum EnPlace
     PlaceTaken,
 };
 
-/// A shown window on a real control library, with a group that is not saved yet.
-class CScene
+void TakePlace(const QString& strList)
+{
+    QDir().mkdir(strList);
+    ExpectWarning("The list was not read.*");
+    ExpectWarning("The list is not being saved.*");
+}
+
+/// A window with a group that is not saved yet.
+class CScene : public CWindowFixture
 {
 public:
-    explicit CScene(EnPlace place) : pHost(Start(place))
+    explicit CScene(EnPlace place) : CWindowFixture(place == PlaceTaken ? FnPrepare(&TakePlace) : FnPrepare())
     {
-        window.show();
-        QApplication::setActiveWindow(&window);
         AddGroup("Night shift");
-    }
-
-    static void AddGroup(const QString& strName)
-    {
-        SProcessorGroupNode group;
-        group.idNode = QUuid::createUuid();
-        group.strName = strName;
-        g_pPrcListControl->AddGroup(group, true);
     }
 
     /// The application's main loop, in which what is done is done first. False when it did not end by itself.
@@ -96,50 +75,15 @@ public:
         }
         return all;
     }
-
-    QTemporaryDir folder;
-    std::unique_ptr<CControlHost> pHost;
-    CCallLog log{ 64 };
-    CLanguage language;
-    CTheme theme;
-    CMainWindow window{ *pHost, log, language, theme };
-
-private:
-    std::unique_ptr<CControlHost> Start(EnPlace place) const
-    {
-        if (place == PlaceTaken) {
-            QDir(folder.path()).mkdir("list.kvtl");
-            ExpectWarning("The list was not read.*");
-            ExpectWarning("The list is not being saved.*");
-        }
-        return CControlHost::Start(Options(folder));
-    }
 };
 
-void Press(QWidget* pDialog, const QString& strText)
-{
-    const QList<QAbstractButton*> listButton = pDialog->findChildren<QAbstractButton*>();
-    for (QAbstractButton* pButton : listButton) {
-        if (pButton->text() == strText) {
-            QTest::mouseClick(pButton, Qt::LeftButton);
-            return;
-        }
-    }
-    QFAIL(qPrintable("no button " + strText));
-}
-
 /// Answers the question with Save elsewhere, and the file dialog behind it with a path.
-void ChooseElsewhere(QObject* pContext, const QString& strPath, const std::function<void()>& next = {})
+void ChooseElsewhere(CDialogDriver& driver, const QString& strPath)
 {
-    AnswerNext(pContext, [=](QWidget* pBox) {
-        AnswerNext(pContext, [=](QWidget* pDialog) {
-            pDialog->findChild<QLineEdit*>("fileNameEdit")->setText(strPath);
-            if (next) {
-                next();
-            }
-            static_cast<QDialog*>(pDialog)->accept();
-        });
-        Press(pBox, "&Save elsewhere…");
+    driver.Answer("Save elsewhere…");
+    driver.Answer([strPath](QDialog* pDialog) {
+        pDialog->findChild<QLineEdit*>("fileNameEdit")->setText(strPath);
+        pDialog->accept();
     });
 }
 
@@ -164,19 +108,21 @@ private slots:
     void cancelKeepsTheWindowAndTheWork()
     {
         CScene scene(PlaceTaken);
-        AnswerNext(&scene.window, [](QWidget* pBox) { Press(pBox, "&Cancel"); });
+        CDialogDriver driver;
+        driver.Answer("Cancel");
 
         QVERIFY(!scene.window.close());
 
         QVERIFY(scene.window.isVisible());
-        AnswerNext(&scene.window, [](QWidget* pBox) { Answer(pBox, "key Escape"); });
+        driver.Answer("key Escape");
         QVERIFY(!scene.window.close());
     }
 
     void quitWithoutSavingQuits()
     {
         CScene scene(PlaceTaken);
-        AnswerNext(&scene.window, [](QWidget* pBox) { Press(pBox, "&Quit without saving"); });
+        CDialogDriver driver;
+        driver.Answer("Quit without saving");
 
         QVERIFY(scene.window.close());
 
@@ -186,7 +132,8 @@ private slots:
     void savedElsewhereItQuits()
     {
         CScene scene(PlaceTaken);
-        ChooseElsewhere(&scene.window, scene.folder.filePath("mine.kvtl"));
+        CDialogDriver driver;
+        ChooseElsewhere(driver, scene.folder.filePath("mine.kvtl"));
 
         QVERIFY(scene.window.close());
 
@@ -199,11 +146,11 @@ private slots:
         CScene scene(PlaceTaken);
         QString strTold;
         ExpectWarning("The list was not exported.*");
-        ChooseElsewhere(&scene.window, "/proc/mine.kvtl", [&] {
-            AnswerNext(&scene.window, [&strTold](QWidget* pBox) {
-                strTold = static_cast<QMessageBox*>(pBox)->text();
-                Press(pBox, "&Cancel");
-            });
+        CDialogDriver driver;
+        ChooseElsewhere(driver, "/proc/mine.kvtl");
+        driver.Answer([&strTold](QDialog* pDialog) {
+            strTold = static_cast<QMessageBox*>(pDialog)->text();
+            CDialogDriver::Press(pDialog, "Cancel");
         });
 
         QVERIFY(!scene.window.close());
@@ -214,7 +161,8 @@ private slots:
     void endingUnderTheQuestionAnswersItAndSavesAside()
     {
         CScene scene(PlaceTaken);
-        AnswerNext(&scene.window, [&scene](QWidget*) { scene.window.EndUnattended(); });
+        CDialogDriver driver;
+        driver.Answer([&scene](QDialog*) { scene.window.EndUnattended(); });
 
         QVERIFY(scene.Run([&scene] { scene.window.close(); }));
 
@@ -230,7 +178,8 @@ private slots:
         QDialog dialog(&scene.window);
         QMenu menu(&dialog);
         menu.addAction("Entry");
-        AnswerNext(&scene.window, [&](QWidget*) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog*) {
             QTimer::singleShot(0, &menu, [&scene] { scene.window.EndUnattended(); });
             listEnd << (menu.exec(QPoint()) ? "entry chosen" : "menu closed");
         });
@@ -352,7 +301,8 @@ private slots:
         const CSessionEnd sessionEnd(scene.window, {});
         QDialog dialog(&scene.window);
         int nResult = -1;
-        AnswerNext(&scene.window, [](QWidget*) {
+        CDialogDriver driver;
+        driver.Answer([](QDialog*) {
             QEvent event(QEvent::Quit);
             QCoreApplication::sendEvent(qApp, &event);
         });

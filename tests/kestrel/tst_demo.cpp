@@ -7,7 +7,8 @@
 
 namespace {
 
-/// Every mark once, each followed by a picture.
+/// Every mark once, each followed by a picture; the first one late, since the panel shows a step of the scenario
+/// only when it has read the library.
 constexpr char szScenario[] = R"({
     "steps": [
         { "at": 0.0, "do": "open-project", "project": "Aurora" },
@@ -15,17 +16,17 @@ constexpr char szScenario[] = R"({
     ],
     "ui": [
         { "at": 0.3, "shot": "start" },
-        { "at": 0.8, "shot": "chief-mode" },
-        { "at": 0.9, "select": ["Floor", "Ceiling"] },
-        { "at": 1.2, "shot": "two-selected" },
-        { "at": 1.3, "search": "side" },
-        { "at": 1.5, "shot": "search" },
-        { "at": 1.6, "search": "" },
-        { "at": 1.7, "pane": "simulator" },
-        { "at": 1.9, "shot": "simulator" },
-        { "at": 2.0, "pane": "discovered" },
-        { "at": 2.1, "press": "Add a processor" },
-        { "at": 2.4, "shot": "dialog" }
+        { "at": 2.0, "shot": "chief-mode" },
+        { "at": 2.1, "select": ["Floor", "Ceiling"] },
+        { "at": 2.4, "shot": "two-selected" },
+        { "at": 2.5, "search": "side" },
+        { "at": 2.7, "shot": "search" },
+        { "at": 2.8, "search": "" },
+        { "at": 2.9, "pane": "simulator" },
+        { "at": 3.1, "shot": "simulator" },
+        { "at": 3.2, "pane": "discovered" },
+        { "at": 3.3, "press": "Add a processor" },
+        { "at": 3.6, "shot": "dialog" }
     ]
 })";
 

@@ -1,49 +1,27 @@
-#include "CorvidControl/objects/CControlHost.h"
+#include "CWindowFixture.h"
 #include "Kestrel/CElidedLabel.h"
-#include "Kestrel/CLanguage.h"
-#include "Kestrel/CMainWindow.h"
-#include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
-#include "interfaces/control/CorvidControl.h"
-#include "interfaces/control/IPrcListControl.h"
-#include "journal/CCallLog.h"
-#include "nodes/SProcessorGroupNode.h"
 
 #include <QAccessible>
 #include <QStatusBar>
-#include <QTemporaryDir>
 
 namespace {
 
-constexpr char szList[] = "list.kvtl";
-
-SControlOptions Options(const QTemporaryDir& folder)
-{
-    SControlOptions options;
-    options.strListFile = folder.filePath(szList);
-    options.bQuietDay = false;
-    return options;
-}
-
-/// A shown window on a real control library.
-class CScene
+/// A window with what a test asks of its status bar.
+class CStatusWindow : public CWindowFixture
 {
 public:
     /// The list's place holds these bytes; nothing when there are none.
-    explicit CScene(const QByteArray& bytes = {}) : pHost(Start(bytes))
-    {
-        window.show();
-    }
+    explicit CStatusWindow(const QByteArray& bytes = {})
+        : CWindowFixture([bytes](const QString& strList) { Write(strList, bytes); })
+    { }
 
     /// A folder stands where the list belongs while a change of it is saved.
     void FailToSave()
     {
-        QVERIFY(QFile::remove(folder.filePath(szList)) || !QFile::exists(folder.filePath(szList)));
-        QVERIFY(QDir(folder.path()).mkdir(szList));
-        SProcessorGroupNode group;
-        group.idNode = QUuid::createUuid();
-        group.strName = "Night shift";
-        g_pPrcListControl->AddGroup(group, true);
+        QVERIFY(QFile::remove(ListPath()) || !QFile::exists(ListPath()));
+        QVERIFY(QDir().mkdir(ListPath()));
+        AddGroup("Night shift");
         ExpectWarning("The list is not being saved.*");
         QVERIFY(!pHost->SaveList().isEmpty());
     }
@@ -53,22 +31,13 @@ public:
         return window.findChild<CElidedLabel*>();
     }
 
-    QTemporaryDir folder;
-    std::unique_ptr<CControlHost> pHost;
-    CCallLog log{ 64 };
-    CLanguage language;
-    CTheme theme;
-    CMainWindow window{ *pHost, log, language, theme };
-
 private:
-    std::unique_ptr<CControlHost> Start(const QByteArray& bytes) const
+    static void Write(const QString& strList, const QByteArray& bytes)
     {
-        QFile file(folder.filePath(szList));
+        QFile file(strList);
         if (!bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) > 0) {
-            file.close();
             ExpectWarning("The list was not read.*");
         }
-        return CControlHost::Start(Options(folder));
     }
 };
 
@@ -82,24 +51,24 @@ class CStatusTest : public QObject
 private slots:
     void aGoodListIsNotTalkedAbout()
     {
-        const CScene scene;
+        const CStatusWindow scene;
         QVERIFY(!scene.Trouble()->isVisible());
     }
 
     void aListThatWasNotReadIsShownWithTheReason()
     {
-        const CScene scene("hello");
+        const CStatusWindow scene("hello");
 
         QVERIFY(scene.Trouble()->isVisible());
         const QString strText = scene.Trouble()->text();
-        QVERIFY2(strText.startsWith("List not read: " + scene.folder.filePath(szList)), qPrintable(strText));
+        QVERIFY2(strText.startsWith("List not read: " + scene.ListPath()), qPrintable(strText));
         QVERIFY2(strText.endsWith("not a list file"), qPrintable(strText));
         QVERIFY(scene.Trouble()->toolTip().contains("not a list file"));
     }
 
     void aListThatIsNotSavedIsShownForAsLongAsItIsSo()
     {
-        CScene scene;
+        CStatusWindow scene;
         scene.FailToSave();
 
         QTRY_VERIFY(scene.Trouble()->isVisible());
@@ -107,14 +76,14 @@ private slots:
         scene.window.statusBar()->showMessage("Something else");
         QVERIFY(scene.Trouble()->isVisible());
 
-        QVERIFY(QDir(scene.folder.path()).rmdir(szList));
+        QVERIFY(QDir().rmdir(scene.ListPath()));
         QCOMPARE(scene.pHost->SaveList(), QString());
         QTRY_VERIFY(!scene.Trouble()->isVisible());
     }
 
     void theReasonFollowsTheLanguage()
     {
-        CScene scene("hello");
+        CStatusWindow scene("hello");
 
         scene.language.Set("de");
         QTRY_VERIFY(scene.Trouble()->text().startsWith("Liste nicht gelesen: "));
@@ -140,7 +109,7 @@ private slots:
 
     void nothingInTheSmallestWindowIsClipped()
     {
-        CScene scene("hello");
+        CStatusWindow scene("hello");
         scene.pHost->SetChiefMode(true);
         scene.pHost->SetListLocked(true);
         scene.pHost->SetRefreshBlocked(true);

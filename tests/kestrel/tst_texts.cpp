@@ -57,7 +57,7 @@ QString UpdatedFile(const QTemporaryDir& folder, const QString& strLanguage)
     lupdate.start(
         QStringLiteral(LUPDATE),
         { "-silent", "-no-obsolete", "-locations", "none", SOURCE_FOLDER "/src", SOURCE_FOLDER "/host", "-ts", strCopy });
-    return lupdate.waitForFinished() && lupdate.exitCode() == 0 ? strCopy : QString();
+    return lupdate.waitForFinished(nPatience) && lupdate.exitCode() == 0 ? strCopy : QString();
 }
 
 QStringList Placeholders(const QString& strText)

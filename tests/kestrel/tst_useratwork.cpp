@@ -102,7 +102,7 @@ QLineEdit* FindEditor(const QTreeView* pTree)
 
 bool AwaitRow(const QTreeView* pTree, const QString& strName)
 {
-    return QTest::qWaitFor([&] { return PanelAccess::FindRow(pTree, strName).isValid(); });
+    return QTest::qWaitFor([&] { return PanelAccess::FindRow(pTree, strName).isValid(); }, nPatience);
 }
 
 constexpr int nSelectionChanged = 9; // the number of the library's message
@@ -135,7 +135,7 @@ struct SKestrel
         CSelectionObserver observer;
         g_pRuntimeControl->Attach(&observer);
         g_pRuntimeControl->SetSelectedNodes({ GetList().listProcessor.first().idNode });
-        bReady = QTest::qWaitFor([&] { return observer.bHeard.load(); });
+        bReady = QTest::qWaitFor([&] { return observer.bHeard.load(); }, nPatience);
         g_pRuntimeControl->Detach(&observer);
         pPanel = loader.Load({}, window);
         window.SetPanel(pPanel->GetWidget());

@@ -1,18 +1,14 @@
-#include "CorvidControl/objects/CControlHost.h"
+#include "CWindowFixture.h"
 #include "Kestrel/CBusyIndicator.h"
-#include "Kestrel/CLanguage.h"
-#include "Kestrel/CMainWindow.h"
-#include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
 #include "interfaces/control/IRuntimeControl.h"
-#include "journal/CCallLog.h"
 
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
-#include <QTemporaryDir>
+#include <QRegularExpression>
 
 #include <thread>
 
@@ -35,23 +31,11 @@ public slots:
     }
 };
 
-SControlOptions Options(const QTemporaryDir& folder)
+/// A window with what a test asks of its status bar.
+class CBadgedWindow : public CWindowFixture
 {
-    SControlOptions options;
-    options.strListFile = folder.filePath("list.kvtl");
-    options.bQuietDay = false;
-    options.nScanMs = 50;
-    return options;
-}
-
-/// A shown window on a real control library.
-struct SWindow
-{
-    SWindow()
-    {
-        window.show();
-        QApplication::setActiveWindow(&window);
-    }
+public:
+    using CWindowFixture::CWindowFixture;
 
     QLabel* Badge(const QString& strText) const
     {
@@ -68,14 +52,21 @@ struct SWindow
     {
         return window.findChild<CBusyIndicator*>()->GetText();
     }
-
-    QTemporaryDir folder;
-    std::unique_ptr<CControlHost> pHost = CControlHost::Start(Options(folder));
-    CCallLog log{ 64 };
-    CLanguage language;
-    CTheme theme;
-    CMainWindow window{ *pHost, log, language, theme };
 };
+
+/// A job that scans the network, as the panel's own does.
+std::thread StartScan()
+{
+    return std::thread([] {
+        g_pPrcBasicControl->RefreshProcessors();
+        g_pRuntimeControl->SetBusy(false);
+    });
+}
+
+int Seconds(const CBusyIndicator& indicator)
+{
+    return QRegularExpression("\\((-?\\d+) s\\)$").match(indicator.GetText()).captured(1).toInt();
+}
 
 } // namespace
 
@@ -97,7 +88,7 @@ private slots:
     {
         QFETCH(int, nKey);
         QFETCH(QString, strBadge);
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         QVERIFY(!kestrel.Badge(strBadge));
 
         QTest::keyClick(&kestrel.window, Qt::Key(nKey), Qt::ControlModifier);
@@ -109,7 +100,7 @@ private slots:
 
     void selectAllReachesThePanelByItsNumber()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         CPanelDouble panel;
         kestrel.window.SetPanel(&panel);
         QTest::keyClick(&kestrel.window, Qt::Key_A, Qt::ControlModifier);
@@ -118,7 +109,7 @@ private slots:
 
     void theJournalHidesAndComesBackByItsShortcut()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         const auto* pDock = kestrel.window.findChild<QDockWidget*>();
         QVERIFY(pDock->isVisible());
         QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
@@ -129,7 +120,7 @@ private slots:
 
     void theMenuFollowsWhatChangesElsewhere()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         kestrel.pHost->SetListLocked(true);
         QTRY_VERIFY(kestrel.Badge("List locked"));
         // The check mark follows too: the next press takes the lock away.
@@ -139,7 +130,7 @@ private slots:
 
     void closeProjectIsOfferedOnlyWithAProject()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         kestrel.pHost->OpenProject("Aurora");
         QTRY_VERIFY(kestrel.Badge("Project Aurora"));
         QTest::keyClick(&kestrel.window, Qt::Key_W, Qt::ControlModifier);
@@ -149,7 +140,7 @@ private slots:
 
     void theStatusBarSaysWhatIsBusyAndSinceWhen()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel({}, 1000); // long enough to be seen on a busy machine
         QCOMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
         const QString strBefore = QTime::currentTime().toString("HH:mm");
 
@@ -158,10 +149,7 @@ private slots:
         const QString strAfter = QTime::currentTime().toString("HH:mm");
         QVERIFY(kestrel.BusyText().contains(strBefore) || kestrel.BusyText().contains(strAfter));
 
-        std::thread job([] {
-            g_pPrcBasicControl->RefreshProcessors();
-            g_pRuntimeControl->SetBusy(false);
-        });
+        std::thread job = StartScan();
         QTRY_VERIFY(kestrel.BusyText().startsWith("Scanning the network"));
         QTRY_COMPARE(kestrel.BusyText(), QStringLiteral("Ready"));
         job.join();
@@ -174,17 +162,14 @@ private slots:
         const QDateTime timeBeforeSetBack = QDateTime::currentDateTime().addSecs(3600);
         indicator.SetState(true, timeBeforeSetBack, {});
         QVERIFY2(indicator.GetText().endsWith("(0 s)"), qPrintable(indicator.GetText()));
-        QTRY_VERIFY(indicator.GetText().endsWith("(1 s)"));
+        QTRY_VERIFY(Seconds(indicator) > 0);
     }
 
     void quittingWaitsForTheRunningJob()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         g_pRuntimeControl->SetBusy(true);
-        std::thread job([] {
-            g_pPrcBasicControl->RefreshProcessors();
-            g_pRuntimeControl->SetBusy(false);
-        });
+        std::thread job = StartScan();
 
         QVERIFY(!kestrel.window.close());
         QVERIFY(kestrel.window.isVisible());
@@ -196,7 +181,7 @@ private slots:
 
     void aBusyFlagThatNoJobStandsBehindDoesNotKeepTheWindow()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         g_pRuntimeControl->SetBusy(true);
         QVERIFY(!kestrel.window.close());
         QTRY_VERIFY(!kestrel.window.isVisible());
@@ -204,7 +189,7 @@ private slots:
 
     void theLanguageMenuChangesEveryText()
     {
-        SWindow kestrel;
+        CBadgedWindow kestrel;
         const auto Choose = [&](const QString& strCode) {
             const QList<QAction*> listAction = kestrel.window.findChildren<QAction*>();
             for (QAction* pAction : listAction) {

@@ -1,4 +1,4 @@
-#include "SModelRig.h"
+#include "CModelFixture.h"
 #include "TestMain.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
@@ -53,15 +53,15 @@ private slots:
     {
         QFETCH(int, n);
         QFETCH(bool, bOneGroup);
-        SModelRig rig(Large(n, bOneGroup));
+        CModelFixture fixture(Large(n, bOneGroup));
         CheckStore(n, bOneGroup);
-        rig.Unwatch();
-        rig.Rebuild();
-        CheckRows(rig, n, bOneGroup);
-        rig.Rebuild();
-        rig.Watch();
-        CheckRows(rig, n, bOneGroup);
-        CheckFilter(rig, n);
+        fixture.Unwatch();
+        fixture.Rebuild();
+        CheckRows(fixture, n, bOneGroup);
+        fixture.Rebuild();
+        fixture.Watch();
+        CheckRows(fixture, n, bOneGroup);
+        CheckFilter(fixture, n);
     }
 
 private:
@@ -76,31 +76,31 @@ private:
         }
     }
 
-    static void CheckRows(SModelRig& rig, int n, bool bOneGroup)
+    static void CheckRows(CModelFixture& fixture, int n, bool bOneGroup)
     {
-        QCOMPARE(rig.pModel->rowCount(rig.pModel->GetRootIndex()), n + n / 2);
-        QCOMPARE(rig.pModel->rowCount(rig.Index(GroupIdOf(n - 1))), bOneGroup ? n / 2 : 1);
+        QCOMPARE(fixture.pModel->rowCount(fixture.pModel->GetRootIndex()), n + n / 2);
+        QCOMPARE(fixture.pModel->rowCount(fixture.Index(GroupIdOf(n - 1))), bOneGroup ? n / 2 : 1);
         for (int i = 0; i < n; ++i) {
-            QCOMPARE(rig.Index(GroupIdOf(i)).row(), i);
-            QCOMPARE(rig.pTree->isExpanded(rig.Index(GroupIdOf(i))), i % 2 == 0);
-            const QModelIndex index = rig.Index(ProcessorId(NameOf(i)));
+            QCOMPARE(fixture.Index(GroupIdOf(i)).row(), i);
+            QCOMPARE(fixture.pTree->isExpanded(fixture.Index(GroupIdOf(i))), i % 2 == 0);
+            const QModelIndex index = fixture.Index(ProcessorId(NameOf(i)));
             QCOMPARE(index.data(RoleNodeType).toInt(), int(NodeProcessor));
-            QCOMPARE(rig.pTree->isExpanded(index), i % 3 == 0);
-            QCOMPARE(rig.pModel->rowCount(index), 1);
+            QCOMPARE(fixture.pTree->isExpanded(index), i % 3 == 0);
+            QCOMPARE(fixture.pModel->rowCount(index), 1);
         }
     }
 
-    static void CheckFilter(SModelRig& rig, int n)
+    static void CheckFilter(CModelFixture& fixture, int n)
     {
-        rig.pModel->SetSearchText(NameOf(n - 1));
-        const QModelIndex index = rig.Index(ProcessorId(NameOf(n - 1)));
-        QVERIFY(!rig.pTree->isRowHidden(index.row(), index.parent()));
-        QVERIFY(!rig.pTree->isRowHidden(index.parent().row(), rig.pModel->GetRootIndex()));
-        QVERIFY(rig.pTree->isRowHidden(0, rig.pModel->GetRootIndex()));
-        QVERIFY(rig.pTree->isRowHidden(n + n / 2 - 1, rig.pModel->GetRootIndex()));
-        rig.pModel->SetSearchText(QString());
+        fixture.pModel->SetSearchText(NameOf(n - 1));
+        const QModelIndex index = fixture.Index(ProcessorId(NameOf(n - 1)));
+        QVERIFY(!fixture.pTree->isRowHidden(index.row(), index.parent()));
+        QVERIFY(!fixture.pTree->isRowHidden(index.parent().row(), fixture.pModel->GetRootIndex()));
+        QVERIFY(fixture.pTree->isRowHidden(0, fixture.pModel->GetRootIndex()));
+        QVERIFY(fixture.pTree->isRowHidden(n + n / 2 - 1, fixture.pModel->GetRootIndex()));
+        fixture.pModel->SetSearchText(QString());
         for (int nRow = 0; nRow < n + n / 2; ++nRow) {
-            QVERIFY(!rig.pTree->isRowHidden(nRow, rig.pModel->GetRootIndex()));
+            QVERIFY(!fixture.pTree->isRowHidden(nRow, fixture.pModel->GetRootIndex()));
         }
     }
 };

@@ -1,4 +1,4 @@
-#include "SModelRig.h"
+#include "CModelFixture.h"
 #include "TestMain.h"
 #include "model/EnItemRole.h"
 
@@ -76,43 +76,43 @@ class CRebuildStressTest : public QObject
 private slots:
     void theRootStaysInSightWhileRefreshesFallIntoRebuilds()
     {
-        SModelRig rig(Shape(0));
-        rig.Unwatch();
-        const CBusyWorker worker(rig.control);
+        CModelFixture fixture(Shape(0));
+        fixture.Unwatch();
+        const CBusyWorker worker(fixture.control);
         while (worker.IsBusy()) {
-            rig.Rebuild();
-            QVERIFY(rig.pTree->isExpanded(rig.pModel->GetRootIndex()));
-            rig.pModel->SetSearchText("violin");
-            QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
+            fixture.Rebuild();
+            QVERIFY(fixture.pTree->isExpanded(fixture.pModel->GetRootIndex()));
+            fixture.pModel->SetSearchText("violin");
+            QVERIFY(!fixture.pTree->isRowHidden(0, QModelIndex()));
         }
     }
 
     void everyIdHasAValidRowWhileRefreshesFallIntoRebuilds()
     {
-        SModelRig rig(Shape(0));
-        rig.Unwatch();
+        CModelFixture fixture(Shape(0));
+        fixture.Unwatch();
         const QList<QUuid> listId = AllIds();
-        const CBusyWorker worker(rig.control);
+        const CBusyWorker worker(fixture.control);
         while (worker.IsBusy()) {
-            rig.Rebuild();
+            fixture.Rebuild();
             for (const QUuid& id : listId) {
-                QVERIFY(rig.Index(id).isValid());
-                QCOMPARE(rig.Index(id).model(), rig.pModel);
+                QVERIFY(fixture.Index(id).isValid());
+                QCOMPARE(fixture.Index(id).model(), fixture.pModel);
             }
         }
     }
 
     void openingRowsWhileRefreshesRunEndsInTheLibrarysState()
     {
-        SModelRig rig(Shape(0));
-        rig.Unwatch();
+        CModelFixture fixture(Shape(0));
+        fixture.Unwatch();
         const QList<QUuid> listId = AllIds();
         {
-            const CBusyWorker worker(rig.control);
+            const CBusyWorker worker(fixture.control);
             for (int n = 0; worker.IsBusy(); ++n) {
-                rig.Rebuild();
+                fixture.Rebuild();
                 const QUuid id = listId.at(n % listId.size());
-                rig.pTree->setExpanded(rig.Index(id), n % 2 == 0);
+                fixture.pTree->setExpanded(fixture.Index(id), n % 2 == 0);
                 g_pProcessorTreeData->SetSelectedNodes({ id });
                 g_pProcessorTreeData->GetProcessor(id);
             }
@@ -120,7 +120,7 @@ private slots:
         g_pProcessorTreeData->Refresh();
         SProcessorAllNode node;
         g_pProcessorTreeData->GetCurrentTree(node);
-        const SControlAnswers answers = rig.control.Answers();
+        const SControlAnswers answers = fixture.control.Answers();
         QVERIFY(node.listGroup == answers.nodeDiscovered.listGroup);
         QVERIFY(node.listProcessor == answers.nodeDiscovered.listProcessor);
         QCOMPARE(g_pProcessorTreeData->GetSelectedNodes(), answers.vecDiscoveredSelection);

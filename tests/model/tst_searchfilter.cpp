@@ -1,4 +1,4 @@
-#include "SModelRig.h"
+#include "CModelFixture.h"
 #include "TestMain.h"
 #include "TreeText.h"
 
@@ -60,117 +60,117 @@ private slots:
     void rowsThatMatchAreShown()
     {
         QFETCH(QString, strText);
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.pModel->SetSearchText(strText);
-        QTEST(rig.ShownRows(), "strShown");
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText(strText);
+        QTEST(fixture.ShownRows(), "strShown");
     }
 
     void anEmptyTextShowsAllRowsAgain()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
         for (const char* pText : { "violin", "amp", "10.0" }) {
-            rig.pModel->SetSearchText(pText);
-            rig.pModel->SetSearchText(QString());
-            QCOMPARE(rig.ShownRows(), QString(szAllRows));
+            fixture.pModel->SetSearchText(pText);
+            fixture.pModel->SetSearchText(QString());
+            QCOMPARE(fixture.ShownRows(), QString(szAllRows));
         }
     }
 
     void eachSearchStartsAnew()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.pModel->SetSearchText("violin");
-        rig.pModel->SetSearchText("amp");
-        QCOMPARE(rig.ShownRows(), QString("all, group Hall, processor Amp"));
-        rig.pModel->SetSearchText("gate");
-        QCOMPARE(rig.ShownRows(), QString("all, processor Gate"));
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("violin");
+        fixture.pModel->SetSearchText("amp");
+        QCOMPARE(fixture.ShownRows(), QString("all, group Hall, processor Amp"));
+        fixture.pModel->SetSearchText("gate");
+        QCOMPARE(fixture.ShownRows(), QString("all, processor Gate"));
     }
 
     void aSearchOpensAndFoldsNothing()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
         for (const char* pText : { "10.0.0.2", "mixer", "pw-900", "violin", "" }) {
-            rig.pModel->SetSearchText(pText);
-            QVERIFY(!rig.pTree->isExpanded(rig.Index(GroupId("Stage left"))));
-            QVERIFY(rig.pTree->isExpanded(rig.Index(GroupId("Hall"))));
-            QVERIFY(rig.pTree->isExpanded(rig.Index(ProcessorId("Amp"))));
-            QVERIFY(rig.pTree->isExpanded(rig.Index(QUuid())));
+            fixture.pModel->SetSearchText(pText);
+            QVERIFY(!fixture.pTree->isExpanded(fixture.Index(GroupId("Stage left"))));
+            QVERIFY(fixture.pTree->isExpanded(fixture.Index(GroupId("Hall"))));
+            QVERIFY(fixture.pTree->isExpanded(fixture.Index(ProcessorId("Amp"))));
+            QVERIFY(fixture.pTree->isExpanded(fixture.Index(QUuid())));
         }
     }
 
     void aSearchChangesNoRecordAndTellsNobody()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.pModel->SetSearchText("10.0");
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("10.0");
         SProcessorAllNode node;
         g_pProcessorTreeData->GetCurrentTree(node);
         QVERIFY(node.listGroup == Site().listGroup);
         QVERIFY(node.listProcessor == Site().listProcessor);
-        QCOMPARE(rig.control.Calls(), QStringList());
+        QCOMPARE(fixture.control.Calls(), QStringList());
     }
 
     void informationRowsAreNotHidden()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.pModel->SetSearchText("violin");
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("violin");
         for (const QUuid& id : { ProcessorId("Mixer"), ProcessorId("Gate") }) {
-            QVERIFY(!rig.pTree->isRowHidden(0, rig.Index(id)));
+            QVERIFY(!fixture.pTree->isRowHidden(0, fixture.Index(id)));
         }
     }
 
     void aRebuildEndsTheFilter()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.pModel->SetSearchText("amp");
-        rig.Rebuild();
-        QCOMPARE(rig.ShownRows(), QString(szAllRows));
-        rig.pModel->SetSearchText("amp");
-        QCOMPARE(rig.ShownRows(), QString("all, group Hall, processor Amp"));
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("amp");
+        fixture.Rebuild();
+        QCOMPARE(fixture.ShownRows(), QString(szAllRows));
+        fixture.pModel->SetSearchText("amp");
+        QCOMPARE(fixture.ShownRows(), QString("all, group Hall, processor Amp"));
     }
 
     void aSearchBeforeTheFirstRebuildHidesNothing()
     {
-        SModelRig rig(Site());
-        rig.pModel->SetSearchText("violin");
-        QCOMPARE(rig.ShownRows(), QString(szAllRows));
+        CModelFixture fixture(Site());
+        fixture.pModel->SetSearchText("violin");
+        QCOMPARE(fixture.ShownRows(), QString(szAllRows));
     }
 
     void aNodeThatHasNoRowYetHidesNothing()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.Change(Root({ Group("New", { Processor("n") }), Group("Hall", { Processor("Amp") }) }, { Processor("m") }));
-        rig.pModel->SetSearchText("violin");
-        QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
-        QVERIFY(rig.pTree->isRowHidden(1, rig.pModel->GetRootIndex()));
-        QVERIFY(!rig.pTree->isRowHidden(0, rig.pModel->GetRootIndex()));
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.Show(Root({ Group("New", { Processor("n") }), Group("Hall", { Processor("Amp") }) }, { Processor("m") }));
+        fixture.pModel->SetSearchText("violin");
+        QVERIFY(!fixture.pTree->isRowHidden(0, QModelIndex()));
+        QVERIFY(fixture.pTree->isRowHidden(1, fixture.pModel->GetRootIndex()));
+        QVERIFY(!fixture.pTree->isRowHidden(0, fixture.pModel->GetRootIndex()));
     }
 
     void aSearchWorksOnTheCurrentPane()
     {
-        SModelRig rig(Site(), Root({ Group("Lab", { Processor("s") }) }, { Processor("Mixer two") }));
-        rig.ShowPane(true);
-        rig.Rebuild();
-        rig.pModel->SetSearchText("mixer");
-        QCOMPARE(rig.ShownRows(), QString("all, processor Mixer two"));
+        CModelFixture fixture(Site(), Root({ Group("Lab", { Processor("s") }) }, { Processor("Mixer two") }));
+        fixture.SetSimulatorPane(true);
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("mixer");
+        QCOMPARE(fixture.ShownRows(), QString("all, processor Mixer two"));
     }
 
     void aNodeWithoutAnIdNeverHidesTheRoot()
     {
-        SModelRig rig(Site());
-        rig.Rebuild();
-        rig.Change(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()) }));
-        rig.pModel->SetSearchText("violin");
-        QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
-        rig.Rebuild();
-        rig.pModel->SetSearchText("violin");
-        QVERIFY(!rig.pTree->isRowHidden(0, QModelIndex()));
+        CModelFixture fixture(Site());
+        fixture.Rebuild();
+        fixture.Show(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()) }));
+        fixture.pModel->SetSearchText("violin");
+        QVERIFY(!fixture.pTree->isRowHidden(0, QModelIndex()));
+        fixture.Rebuild();
+        fixture.pModel->SetSearchText("violin");
+        QVERIFY(!fixture.pTree->isRowHidden(0, QModelIndex()));
     }
 };
 

@@ -1,4 +1,4 @@
-#include "SModelRig.h"
+#include "CModelFixture.h"
 #include "TestMain.h"
 #include "TreeText.h"
 #include "model/CProcessorItem.h"
@@ -33,28 +33,28 @@ class CTreeModelTest : public QObject
 private slots:
     void theModelHasOneColumnAndOneTopRow()
     {
-        const SModelRig rig(TwoGroups());
-        QCOMPARE(rig.pModel->columnCount(), 1);
-        QCOMPARE(rig.pModel->rowCount(), 1);
-        QCOMPARE(rig.pModel->GetRootIndex(), rig.pModel->index(0, 0));
-        QCOMPARE(rig.pModel->GetRootIndex().data(RoleNodeType).toInt(), int(NodeAll));
-        QCOMPARE(rig.pModel->GetRootIndex().data(RoleNodeId), QVariant::fromValue(QUuid()));
-        QVERIFY(dynamic_cast<CProcessorItem*>(rig.pModel->item(0)) != nullptr);
+        const CModelFixture fixture(TwoGroups());
+        QCOMPARE(fixture.pModel->columnCount(), 1);
+        QCOMPARE(fixture.pModel->rowCount(), 1);
+        QCOMPARE(fixture.pModel->GetRootIndex(), fixture.pModel->index(0, 0));
+        QCOMPARE(fixture.pModel->GetRootIndex().data(RoleNodeType).toInt(), int(NodeAll));
+        QCOMPARE(fixture.pModel->GetRootIndex().data(RoleNodeId), QVariant::fromValue(QUuid()));
+        QVERIFY(dynamic_cast<CProcessorItem*>(fixture.pModel->item(0)) != nullptr);
     }
 
     void theModelIsAPlainItemModelOwnedByItsTree()
     {
-        const SModelRig rig(TwoGroups());
-        QCOMPARE(rig.pModel->metaObject(), &QStandardItemModel::staticMetaObject);
-        QCOMPARE(rig.pModel->parent(), rig.pTree.get());
-        QCOMPARE(rig.pModel->flags(rig.pModel->GetRootIndex()), QStandardItem().flags());
-        QCOMPARE(rig.pModel->mimeTypes(), QStandardItemModel().mimeTypes());
+        const CModelFixture fixture(TwoGroups());
+        QCOMPARE(fixture.pModel->metaObject(), &QStandardItemModel::staticMetaObject);
+        QCOMPARE(fixture.pModel->parent(), fixture.pTree.get());
+        QCOMPARE(fixture.pModel->flags(fixture.pModel->GetRootIndex()), QStandardItem().flags());
+        QCOMPARE(fixture.pModel->mimeTypes(), QStandardItemModel().mimeTypes());
     }
 
     void theConstructorBuildsTheRowsOnly()
     {
-        const SModelRig rig(TwoGroups());
-        QCOMPARE(TreeText(rig.pTree.get()),
+        const CModelFixture fixture(TwoGroups());
+        QCOMPARE(TreeText(fixture.pTree.get()),
                  QString("all\n"
                          "  group Stage\n"
                          "    processor a\n"
@@ -72,9 +72,9 @@ private slots:
 
     void everyIdGivesTheRootBeforeTheFirstRebuild()
     {
-        const SModelRig rig(TwoGroups());
+        const CModelFixture fixture(TwoGroups());
         for (const QUuid& id : { QUuid(), GroupId("Stage"), ProcessorId("a"), ProcessorId("e") }) {
-            QCOMPARE(rig.Index(id), rig.pModel->GetRootIndex());
+            QCOMPARE(fixture.Index(id), fixture.pModel->GetRootIndex());
         }
     }
 
@@ -98,9 +98,9 @@ private slots:
     {
         QFETCH(QUuid, id);
         QFETCH(QUuid, idParent);
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        const QModelIndex index = rig.Index(id);
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        const QModelIndex index = fixture.Index(id);
         QVERIFY(index.isValid());
         QCOMPARE(index.data(RoleNodeId).toUuid(), id);
         QTEST(index.data(RoleNodeType).toInt(), "nKind");
@@ -119,28 +119,28 @@ private slots:
     void anIdWithoutARowGivesTheRoot()
     {
         QFETCH(QUuid, id);
-        SModelRig rig(TwoGroups(), Simulators());
-        rig.Rebuild();
-        QCOMPARE(rig.Index(id), rig.pModel->GetRootIndex());
+        CModelFixture fixture(TwoGroups(), Simulators());
+        fixture.Rebuild();
+        QCOMPARE(fixture.Index(id), fixture.pModel->GetRootIndex());
     }
 
     void idsThatHaveGoneGiveTheRootAfterTheRebuild()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        rig.Change(Root({ Group("Hall") }, { Processor("e") }));
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        fixture.Show(Root({ Group("Hall") }, { Processor("e") }));
+        fixture.Rebuild();
         for (const QUuid& id : { GroupId("Stage"), ProcessorId("a"), ProcessorId("c"), ProcessorId("d") }) {
-            QCOMPARE(rig.Index(id), rig.pModel->GetRootIndex());
+            QCOMPARE(fixture.Index(id), fixture.pModel->GetRootIndex());
         }
-        QCOMPARE(rig.Index(ProcessorId("e")).row(), 1);
+        QCOMPARE(fixture.Index(ProcessorId("e")).row(), 1);
     }
 
     void aRebuildShowsTheExpansionOfTheRecords()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        QCOMPARE(TreeText(rig.pTree.get()),
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        QCOMPARE(TreeText(fixture.pTree.get()),
                  QString("all [expanded]\n"
                          "  group Stage [expanded]\n"
                          "    processor a\n"
@@ -160,22 +160,22 @@ private slots:
     {
         SProcessorAllNode node = TwoGroups();
         node.bExpanded = false;
-        SModelRig rig(node);
-        rig.Rebuild();
-        QVERIFY(rig.pTree->isExpanded(rig.pModel->GetRootIndex()));
-        rig.pTree->collapse(rig.pModel->GetRootIndex());
-        rig.Rebuild();
-        QVERIFY(rig.pTree->isExpanded(rig.pModel->GetRootIndex()));
+        CModelFixture fixture(node);
+        fixture.Rebuild();
+        QVERIFY(fixture.pTree->isExpanded(fixture.pModel->GetRootIndex()));
+        fixture.pTree->collapse(fixture.pModel->GetRootIndex());
+        fixture.Rebuild();
+        QVERIFY(fixture.pTree->isExpanded(fixture.pModel->GetRootIndex()));
     }
 
     void aRebuildFollowsTheStore()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        rig.Change(Root({ Group("Hall", { Processor("a").Expanded(false) }) }, { Processor("c") }));
-        QVERIFY(TreeText(rig.pTree.get()).contains("Stage"));
-        rig.Rebuild();
-        QCOMPARE(TreeText(rig.pTree.get()),
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        fixture.Show(Root({ Group("Hall", { Processor("a").Expanded(false) }) }, { Processor("c") }));
+        QVERIFY(TreeText(fixture.pTree.get()).contains("Stage"));
+        fixture.Rebuild();
+        QCOMPARE(TreeText(fixture.pTree.get()),
                  QString("all [expanded]\n"
                          "  group Hall [expanded]\n"
                          "    processor a\n"
@@ -186,44 +186,45 @@ private slots:
 
     void aRebuildShowsTheCurrentPane()
     {
-        SModelRig rig(TwoGroups(), Simulators());
-        rig.Rebuild();
-        rig.ShowPane(true);
-        rig.Rebuild();
-        QCOMPARE(TreeText(rig.pModel), QString("all\n  group Lab\n    processor s\n      info s\n  processor t\n    info t\n"));
-        QCOMPARE(rig.Index(ProcessorId("a")), rig.pModel->GetRootIndex());
-        QCOMPARE(rig.Index(ProcessorId("t")).row(), 1);
+        CModelFixture fixture(TwoGroups(), Simulators());
+        fixture.Rebuild();
+        fixture.SetSimulatorPane(true);
+        fixture.Rebuild();
+        QCOMPARE(TreeText(fixture.pModel),
+                 QString("all\n  group Lab\n    processor s\n      info s\n  processor t\n    info t\n"));
+        QCOMPARE(fixture.Index(ProcessorId("a")), fixture.pModel->GetRootIndex());
+        QCOMPARE(fixture.Index(ProcessorId("t")).row(), 1);
     }
 
     void aRebuildOfAnEmptyPaneLeavesTheRoot()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        rig.Change(SProcessorAllNode());
-        rig.Rebuild();
-        QCOMPARE(TreeText(rig.pTree.get()), QString("all\n"));
-        QCOMPARE(rig.Index(QUuid()), rig.pModel->GetRootIndex());
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        fixture.Show(SProcessorAllNode());
+        fixture.Rebuild();
+        QCOMPARE(TreeText(fixture.pTree.get()), QString("all\n"));
+        QCOMPARE(fixture.Index(QUuid()), fixture.pModel->GetRootIndex());
     }
 
     void aRebuildSaysNothingOfExpansionWhileTheTreeIsBlocked()
     {
-        SModelRig rig(TwoGroups());
-        const QSignalSpy spyExpanded(rig.pTree.get(), &QTreeView::expanded);
-        const QSignalSpy spyCollapsed(rig.pTree.get(), &QTreeView::collapsed);
-        rig.Rebuild();
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        const QSignalSpy spyExpanded(fixture.pTree.get(), &QTreeView::expanded);
+        const QSignalSpy spyCollapsed(fixture.pTree.get(), &QTreeView::collapsed);
+        fixture.Rebuild();
+        fixture.Rebuild();
         QCOMPARE(spyExpanded.count() + spyCollapsed.count(), 0);
-        QCOMPARE(rig.control.CallCount("SetExpanded"), 0);
+        QCOMPARE(fixture.control.CallCount("SetExpanded"), 0);
     }
 
     void aRebuildReplacesAllRowsButTheRoot()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        const QPersistentModelIndex indexRoot = rig.pModel->GetRootIndex();
-        const QPersistentModelIndex indexGroup = rig.Index(GroupId("Stage"));
-        const QPersistentModelIndex indexMember = rig.Index(ProcessorId("a"));
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        const QPersistentModelIndex indexRoot = fixture.pModel->GetRootIndex();
+        const QPersistentModelIndex indexGroup = fixture.Index(GroupId("Stage"));
+        const QPersistentModelIndex indexMember = fixture.Index(ProcessorId("a"));
+        fixture.Rebuild();
         QVERIFY(indexRoot.isValid());
         QVERIFY(!indexGroup.isValid());
         QVERIFY(!indexMember.isValid());
@@ -231,19 +232,19 @@ private slots:
 
     void idsAskedForInTheMiddleOfARebuildGiveTheRoot()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
         int nAsked = 0;
         int nRoots = 0;
         const auto fnAsk = [&] {
             for (const QUuid& id : { GroupId("Stage"), ProcessorId("a"), ProcessorId("e"), QUuid() }) {
                 ++nAsked;
-                nRoots += rig.Index(id) == rig.pModel->GetRootIndex() ? 1 : 0;
+                nRoots += fixture.Index(id) == fixture.pModel->GetRootIndex() ? 1 : 0;
             }
         };
-        connect(rig.pModel, &QStandardItemModel::rowsRemoved, this, fnAsk);
-        connect(rig.pModel, &QStandardItemModel::rowsInserted, this, fnAsk);
-        rig.Rebuild();
+        connect(fixture.pModel, &QStandardItemModel::rowsRemoved, this, fnAsk);
+        connect(fixture.pModel, &QStandardItemModel::rowsInserted, this, fnAsk);
+        fixture.Rebuild();
         QVERIFY(nAsked > 0);
         QCOMPARE(nRoots, nAsked);
     }
@@ -262,15 +263,15 @@ private slots:
     {
         QFETCH(QUuid, id);
         QFETCH(QString, strName);
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
         for (const bool bExpanded : { false, true }) {
-            SControlAnswers answers = rig.control.Answers();
+            SControlAnswers answers = fixture.control.Answers();
             answers.SetExpanded(id, bExpanded);
-            rig.control.ClearJournal();
-            bExpanded ? rig.pModel->DealExpanded(rig.Index(id)) : rig.pModel->DealCollapsed(rig.Index(id));
+            fixture.control.ClearJournal();
+            bExpanded ? fixture.pModel->DealExpanded(fixture.Index(id)) : fixture.pModel->DealCollapsed(fixture.Index(id));
             const QString strCall = "g_pPrcListControl.SetExpanded(%1, %2)";
-            QCOMPARE(rig.control.Calls(), QStringList(strCall.arg(strName, bExpanded ? "true" : "false")));
+            QCOMPARE(fixture.control.Calls(), QStringList(strCall.arg(strName, bExpanded ? "true" : "false")));
             SProcessorAllNode node;
             g_pProcessorTreeData->GetCurrentTree(node);
             QCOMPARE(node.bExpanded, answers.nodeDiscovered.bExpanded);
@@ -281,44 +282,44 @@ private slots:
 
     void theStoreHearsOfAnOpenedRowBeforeTheLibrary()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        rig.control.Hold("SetExpanded");
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        fixture.control.Hold("SetExpanded");
         auto seen = std::async(std::launch::async, [&] {
-            const bool bHeld = rig.control.WaitForHeld("SetExpanded");
+            const bool bHeld = fixture.control.WaitForHeld("SetExpanded");
             const bool bStored = g_pProcessorTreeData->GetGroup(GroupId("Hall")).bExpanded;
-            rig.control.Release("SetExpanded");
+            fixture.control.Release("SetExpanded");
             return bHeld && bStored;
         });
-        rig.pModel->DealExpanded(rig.Index(GroupId("Hall")));
+        fixture.pModel->DealExpanded(fixture.Index(GroupId("Hall")));
         QVERIFY(seen.get());
     }
 
     void aRefreshAfterOpeningARowFindsNoDifference()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
         const QSignalSpy spy(g_pProcessorTreeData, &CProcessorTreeData::NotifyNodeInfo);
-        rig.pTree->expand(rig.Index(GroupId("Hall")));
-        rig.pTree->collapse(rig.Index(ProcessorId("e")));
-        rig.pTree->collapse(rig.pModel->GetRootIndex());
-        QCOMPARE(rig.control.Commands(),
+        fixture.pTree->expand(fixture.Index(GroupId("Hall")));
+        fixture.pTree->collapse(fixture.Index(ProcessorId("e")));
+        fixture.pTree->collapse(fixture.pModel->GetRootIndex());
+        QCOMPARE(fixture.control.Commands(),
                  (QStringList{ "g_pPrcListControl.SetExpanded(Hall, true)", "g_pPrcListControl.SetExpanded(e, false)",
                                "g_pPrcListControl.SetExpanded({null}, false)" }));
         g_pProcessorTreeData->Refresh();
         QCOMPARE(spy.count(), 0);
-        rig.Rebuild();
-        QVERIFY(rig.pTree->isExpanded(rig.Index(GroupId("Hall"))));
-        QVERIFY(!rig.pTree->isExpanded(rig.Index(ProcessorId("e"))));
+        fixture.Rebuild();
+        QVERIFY(fixture.pTree->isExpanded(fixture.Index(GroupId("Hall"))));
+        QVERIFY(!fixture.pTree->isExpanded(fixture.Index(ProcessorId("e"))));
     }
 
     void anInvalidRowIsNotOpened()
     {
-        SModelRig rig(TwoGroups());
-        rig.Rebuild();
-        rig.pModel->DealExpanded(QModelIndex());
-        rig.pModel->DealCollapsed(QModelIndex());
-        QCOMPARE(rig.control.Calls(), QStringList());
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        fixture.pModel->DealExpanded(QModelIndex());
+        fixture.pModel->DealCollapsed(QModelIndex());
+        QCOMPARE(fixture.control.Calls(), QStringList());
         QCOMPARE(g_pProcessorTreeData->GetGroup(GroupId("Stage")).bExpanded, true);
     }
 
@@ -337,19 +338,19 @@ private slots:
     {
         QFETCH(QVariant, value);
         QFETCH(QString, strName);
-        SModelRig rig(TwoGroups());
+        CModelFixture fixture(TwoGroups());
         QStandardItemModel other(1, 1);
         other.setData(other.index(0, 0), value, RoleNodeId);
-        rig.pModel->DealCollapsed(other.index(0, 0));
-        QCOMPARE(rig.control.Calls(), QStringList("g_pPrcListControl.SetExpanded(" + strName + ", false)"));
+        fixture.pModel->DealCollapsed(other.index(0, 0));
+        QCOMPARE(fixture.control.Calls(), QStringList("g_pPrcListControl.SetExpanded(" + strName + ", false)"));
     }
 
     void aNodeWithoutAnIdLeavesTheNullIdToTheRoot()
     {
-        SModelRig rig(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()), Processor("b") }));
-        rig.Rebuild();
-        QCOMPARE(rig.Index(QUuid()), rig.pModel->GetRootIndex());
-        QCOMPARE(rig.Index(ProcessorId("b")).row(), 2);
+        CModelFixture fixture(Root({ Group("Stage").NodeId(QUuid()) }, { Processor("a").NodeId(QUuid()), Processor("b") }));
+        fixture.Rebuild();
+        QCOMPARE(fixture.Index(QUuid()), fixture.pModel->GetRootIndex());
+        QCOMPARE(fixture.Index(ProcessorId("b")).row(), 2);
     }
 };
 

@@ -262,7 +262,7 @@ private slots:
         SSlowObserver observer;
         g_pRuntimeControl->Attach(&observer);
         control.Raise(1);
-        QVERIFY(observer.semaphoreArrived.tryAcquire(1, 5000));
+        QVERIFY(observer.semaphoreArrived.tryAcquire(1, nPatience));
         std::thread thread([&] {
             QVERIFY(control.WaitForCall("Detach"));
             observer.semaphoreGo.release();

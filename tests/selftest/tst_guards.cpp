@@ -9,7 +9,7 @@ int RunProbe(const QString& strRule, QString& strOutput)
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QStringLiteral(GUARD_PROBE), { strRule });
-    const bool bEnded = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    const bool bEnded = process.waitForFinished(3 * nPatience) && process.exitStatus() == QProcess::NormalExit;
     strOutput = QString::fromUtf8(process.readAll());
     return bEnded ? process.exitCode() : -1;
 }

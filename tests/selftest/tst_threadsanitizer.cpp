@@ -21,7 +21,7 @@ int RunPattern(const QString& strPattern, QString& strOutput)
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QStringLiteral(RACE_PROBE), { strPattern });
-    const bool bEnded = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+    const bool bEnded = process.waitForFinished(3 * nPatience) && process.exitStatus() == QProcess::NormalExit;
     strOutput = QString::fromUtf8(process.readAll());
     return bEnded ? process.exitCode() : -1;
 }

@@ -1,7 +1,7 @@
 #include "CDialogDriver.h"
-#include "CPanel.h"
-#include "CUserHand.h"
+#include "CMenuDriver.h"
 #include "TestMain.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
@@ -37,7 +37,7 @@ void Click(QWidget* pTarget, const QPoint& pos, Qt::MouseButton button = Qt::Lef
     QTest::mouseClick(pWindow->windowHandle(), button, Qt::NoModifier, pTarget->mapTo(pWindow, pos));
 }
 
-void OpenTreeMenu(const CPanel& panel, int nRow)
+void OpenTreeMenu(const CPanelFixture& panel, int nRow)
 {
     const CProcessorTree* const pTree = panel.Tree();
     QModelIndex index = pTree->model()->index(0, 0);
@@ -47,7 +47,7 @@ void OpenTreeMenu(const CPanel& panel, int nRow)
     Click(pTree->viewport(), pTree->visualRect(index).center(), Qt::RightButton);
 }
 
-void OpenToolBarMenu(const CPanel& panel)
+void OpenToolBarMenu(const CPanelFixture& panel)
 {
     QToolButton* const pButton = panel.ToolButton(QStringLiteral("Menu"));
     Click(pButton, pButton->rect().center());
@@ -60,7 +60,7 @@ enum EnEnd
     EndInALoopOfItsOwn, ///< as where the host asks first, over the dialog, and goes on afterwards
 };
 
-void End(CPanel& panel, EnEnd end)
+void End(CPanelFixture& panel, EnEnd end)
 {
     if (end == EndAtOnce) {
         panel.Delete();
@@ -79,12 +79,12 @@ using FnChoose = void (*)(QMenu*, const QString&);
 
 void ByMouse(QMenu* pMenu, const QString& strEntry)
 {
-    CUserHand::Choose(pMenu, { strEntry });
+    CMenuDriver::Choose(pMenu, { strEntry });
 }
 
 void ByKey(QMenu* pMenu, const QString& strEntry)
 {
-    CUserHand::ChooseByKey(pMenu, strEntry);
+    CMenuDriver::ChooseByKey(pMenu, strEntry);
 }
 
 } // namespace
@@ -115,11 +115,11 @@ private slots:
         QFETCH(FnChoose, fnChoose);
         QFETCH(int, nEnd);
         QFETCH(QString, strTitle);
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         CDialogDriver driver;
         driver.Answer([&](QDialog*) { End(panel, EnEnd(nEnd)); });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             panel.control.ClearJournal();
             fnChoose(pMenu, "Delete");
         });
@@ -152,12 +152,12 @@ private slots:
         QFETCH(FnChoose, fnChoose);
         QFETCH(int, nEnd);
         QFETCH(QString, strTitle);
-        CPanel panel(bEmptyList ? CPanel::FnAnswers() : Site);
+        CPanelFixture panel(bEmptyList ? CPanelFixture::FnAnswers() : Site);
         panel.Refresh();
         CDialogDriver driver;
         driver.Answer([&](QDialog*) { End(panel, EnEnd(nEnd)); });
         QPointer<QMenu> pOpened;
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             pOpened = pMenu;
             panel.control.ClearJournal();
             fnChoose(pMenu, strEntry);
@@ -173,11 +173,11 @@ private slots:
 
     void aDialogThatWasCancelledLeavesTheToolBarItsMenu()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
-        driver.AnswerByEscape();
+        driver.Answer("key Escape");
         QPointer<QMenu> pOpened;
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             pOpened = pMenu;
             ByMouse(pMenu, "Import");
         });
@@ -192,12 +192,12 @@ private slots:
 
     void thePanelMayEndWhileItMovesAProcessorToAGroup()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         panel.control.During("MoveProcessor", [&] { panel.Delete(); });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             panel.control.ClearJournal();
-            CUserHand::Choose(pMenu, { "Move to group", "Hall" });
+            CMenuDriver::Choose(pMenu, { "Move to group", "Hall" });
         });
 
         OpenTreeMenu(panel, RowLoose);
@@ -207,12 +207,12 @@ private slots:
 
     void thePanelMayEndWhileItGroupsProcessors()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         panel.control.During("AddGroup", [&] { panel.Delete(); });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             panel.control.ClearJournal();
-            CUserHand::Choose(pMenu, { "Group" });
+            CMenuDriver::Choose(pMenu, { "Group" });
         });
 
         OpenTreeMenu(panel, RowLoose);
@@ -230,35 +230,35 @@ private slots:
     void thePanelMayEndWhileAMenuIsOpen()
     {
         QFETCH(bool, bToolBar);
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
-        const CUserHand hand([&](QMenu*) { panel.Delete(); });
+        const CMenuDriver menuDriver([&](QMenu*) { panel.Delete(); });
 
         bToolBar ? OpenToolBarMenu(panel) : OpenTreeMenu(panel, RowLoose);
 
-        QVERIFY(hand.HasActed());
+        QVERIFY(menuDriver.HasActed());
         QVERIFY(!QApplication::activePopupWidget());
     }
 
     void thePanelMayEndWhileASubMenuIsOpen()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
-        const CUserHand hand([&](QMenu* pMenu) {
-            CUserHand::Choose(pMenu, { "Move to group" });
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
+            CMenuDriver::Choose(pMenu, { "Move to group" });
             QTRY_VERIFY(QApplication::activePopupWidget() != pMenu);
             panel.Delete();
         });
 
         OpenTreeMenu(panel, RowLoose);
 
-        QVERIFY(hand.HasActed());
+        QVERIFY(menuDriver.HasActed());
         QVERIFY(!QApplication::activePopupWidget());
     }
 
     void thePanelMayEndUnderTheQuestionOfTheDeleteButton()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
@@ -274,7 +274,7 @@ private slots:
 
     void thePanelMayEndWhenTheHostHearsOfANewGroup()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         connect(panel.View(), &CProcessorTreeView::NodeSelectChanged, this, [&] { panel.Delete(); });
         const QPointer<QToolButton> pButton = panel.ToolButton("Add group");
@@ -287,7 +287,7 @@ private slots:
 
     void thePanelMayEndWhenTheHostHearsOfAScansEnd()
     {
-        CPanel panel(Site);
+        CPanelFixture panel(Site);
         panel.Refresh();
         panel.control.ClearJournal();
         connect(panel.View(), &CProcessorTreeView::NodeSelectChanged, this, [&] { panel.Delete(); });
@@ -295,7 +295,7 @@ private slots:
         Click(panel.RefreshButton(), QPoint(5, 5)); // without a style sheet the header shows no more of it
 
         QTRY_VERIFY(!panel.pWidget);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         QCOMPARE(panel.control.Commands().filter("ExportList"), listSaved);
         QCOMPARE(panel.control.CallCount("SetBusy"), 2);
     }

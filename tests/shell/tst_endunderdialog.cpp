@@ -1,6 +1,6 @@
 #include "CDialogDriver.h"
-#include "CPanel.h"
 #include "TestMain.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "toolbar/EnToolBarButton.h"
 
@@ -35,7 +35,7 @@ void SimulatorPane(SControlAnswers& answers)
 
 } // namespace
 
-Q_DECLARE_METATYPE(CPanel::FnAnswers)
+Q_DECLARE_METATYPE(CPanelFixture::FnAnswers)
 
 /// A panel that the host ends while one of its modal dialogs is open.
 class CEndUnderDialogTest : public QObject
@@ -45,26 +45,27 @@ class CEndUnderDialogTest : public QObject
 private slots:
     void theOpenDialogGoesWithThePanel_data()
     {
-        QTest::addColumn<CPanel::FnAnswers>("fnAnswers");
+        QTest::addColumn<CPanelFixture::FnAnswers>("fnAnswers");
         QTest::addColumn<int>("nCommand");
         QTest::addColumn<QString>("strTitle");
 
-        QTest::newRow("delete question") << CPanel::FnAnswers(OneProcessor) << int(ToolBarDelete) << "Delete processors";
-        QTest::newRow("choice of what to delete") << CPanel::FnAnswers(OneGroup) << int(ToolBarDelete) << "Delete";
-        QTest::newRow("overwrite question") << CPanel::FnAnswers(OneProcessor) << int(ToolBarImport) << "Overwrite confirmation";
-        QTest::newRow("file to import") << CPanel::FnAnswers(NoProcessor) << int(ToolBarImport) << "Import...";
-        QTest::newRow("file to export") << CPanel::FnAnswers(OneProcessor) << int(ToolBarExport) << "Save...";
+        QTest::newRow("delete question") << CPanelFixture::FnAnswers(OneProcessor) << int(ToolBarDelete) << "Delete processors";
+        QTest::newRow("choice of what to delete") << CPanelFixture::FnAnswers(OneGroup) << int(ToolBarDelete) << "Delete";
+        QTest::newRow("overwrite question") << CPanelFixture::FnAnswers(OneProcessor) << int(ToolBarImport)
+                                            << "Overwrite confirmation";
+        QTest::newRow("file to import") << CPanelFixture::FnAnswers(NoProcessor) << int(ToolBarImport) << "Import...";
+        QTest::newRow("file to export") << CPanelFixture::FnAnswers(OneProcessor) << int(ToolBarExport) << "Save...";
         QTest::newRow("address of a processor")
-            << CPanel::FnAnswers(NoProcessor) << int(ToolBarAddProcessor) << "Add a processor";
-        QTest::newRow("simulators") << CPanel::FnAnswers(SimulatorPane) << int(ToolBarAddProcessor) << "Add simulators";
+            << CPanelFixture::FnAnswers(NoProcessor) << int(ToolBarAddProcessor) << "Add a processor";
+        QTest::newRow("simulators") << CPanelFixture::FnAnswers(SimulatorPane) << int(ToolBarAddProcessor) << "Add simulators";
     }
 
     void theOpenDialogGoesWithThePanel()
     {
-        QFETCH(CPanel::FnAnswers, fnAnswers);
+        QFETCH(CPanelFixture::FnAnswers, fnAnswers);
         QFETCH(int, nCommand);
         QFETCH(QString, strTitle);
-        CPanel panel(fnAnswers);
+        CPanelFixture panel(fnAnswers);
         panel.Refresh();
         panel.control.ClearJournal();
         const QPointer<QWidget> pView = panel.View();
@@ -90,9 +91,9 @@ private slots:
     // The host's window owns the panel: it is destroyed as a child, not by the interface.
     void theOpenDialogGoesWithTheHostsWindow()
     {
-        QFETCH(CPanel::FnAnswers, fnAnswers);
+        QFETCH(CPanelFixture::FnAnswers, fnAnswers);
         QFETCH(int, nCommand);
-        CPanel panel(fnAnswers);
+        CPanelFixture panel(fnAnswers);
         panel.Refresh();
         auto* pWindow = new QWidget;
         panel.View()->setParent(pWindow);
@@ -127,7 +128,7 @@ private slots:
         const QTemporaryDir dir;
         QFile file(dir.filePath(QStringLiteral("site.kvtl")));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        CPanel panel([&](SControlAnswers& answers) { answers.nImportResult = nResult; });
+        CPanelFixture panel([&](SControlAnswers& answers) { answers.nImportResult = nResult; });
         const QPointer<QWidget> pView = panel.View();
         CDialogDriver driver;
         driver.AnswerByFile(file.fileName());

@@ -1,7 +1,6 @@
-#include "CFreshStore.h"
 #include "CPrcBasicControlStub.h"
 #include "TestMain.h"
-#include "double/CControlDouble.h"
+#include "fixtures/CStoreFixture.h"
 #include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 #include "shell/CProcessorTreeView.h"
@@ -52,16 +51,14 @@ class CEntryPointTest : public QObject
 private slots:
     void init()
     {
-        pStore.reset(new CFreshStore);
-        pControl.reset(new CControlDouble);
+        pFixture.reset(new CStoreFixture);
         pHost.reset(new CCountingHost);
     }
 
     void cleanup()
     {
         pHost.reset();
-        pControl.reset();
-        pStore.reset();
+        pFixture.reset();
     }
 
     void aNullPlaceForThePanelGivesZeroAndTouchesNothing()
@@ -73,7 +70,7 @@ private slots:
 
         QCOMPARE(pHost->nAsked, 0);
         QCOMPARE(QApplication::allWidgets().size(), nWidgets);
-        QCOMPARE(pControl->Calls(), QStringList());
+        QCOMPARE(pFixture->control.Calls(), QStringList());
     }
 
     void thePanelIsCreatedInTheWidgetThatTheHostNames()
@@ -95,12 +92,12 @@ private slots:
         ICorvidWidget* pSecond = CreatePanel();
 
         QVERIFY(pFirst != pSecond);
-        QCOMPARE(pControl->Attached().size(), 14);
+        QCOMPARE(pFixture->control.Attached().size(), 14);
 
         delete pFirst;
-        QCOMPARE(pControl->Attached().size(), 7);
+        QCOMPARE(pFixture->control.Attached().size(), 7);
         delete pSecond;
-        QCOMPARE(pControl->Attached().size(), 0);
+        QCOMPARE(pFixture->control.Attached().size(), 0);
     }
 
     void allThreeFormsOfGetWidgetAnswerTheView()
@@ -232,7 +229,7 @@ private slots:
 
         QVERIFY(!pPanel);
         QCOMPARE(QApplication::allWidgets().size(), nWidgets);
-        QCOMPARE(pControl->CallCount(QStringLiteral("ExportList")), 0);
+        QCOMPARE(pFixture->control.CallCount(QStringLiteral("ExportList")), 0);
     }
 
 private:
@@ -243,8 +240,7 @@ private:
         return pPanel;
     }
 
-    QScopedPointer<CFreshStore> pStore;
-    QScopedPointer<CControlDouble> pControl;
+    QScopedPointer<CStoreFixture> pFixture;
     QScopedPointer<CCountingHost> pHost;
 };
 

@@ -1,6 +1,6 @@
-#include "CPanel.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CPanelFixture.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/widgets/CSearchBox.h"
 #include "shell/CProcessorTreeView.h"
@@ -64,7 +64,7 @@ private:
 class CUpdateLog : public QObject
 {
 public:
-    explicit CUpdateLog(const CPanel& panel) : pRefresh(panel.RefreshButton()), pTree(panel.Tree())
+    explicit CUpdateLog(const CPanelFixture& panel) : pRefresh(panel.RefreshButton()), pTree(panel.Tree())
     {
         pRefresh->installEventFilter(this);
         connect(pTree->model(), &QAbstractItemModel::rowsRemoved, this, [this] { listStep.append("rows removed"); });
@@ -106,7 +106,7 @@ class CEventFlowTest : public QObject
 private slots:
     void aChangedTreeIsShown()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         panel.Refresh(FillBothPanes);
 
@@ -115,7 +115,7 @@ private slots:
 
     void anUpdateGoesButtonTreeToolBarFilter()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.SearchEdit()->setText(QStringLiteral("beta"));
         CUpdateLog log(panel);
@@ -131,7 +131,7 @@ private slots:
 
     void theHostPullsTheSnapshotOntoTheScreen()
     {
-        CPanel panel;
+        CPanelFixture panel;
         SProcessorAllNode node = Root({}, { Processor("alpha").Expanded(false) });
         g_pProcessorTreeData->SetCurrentTree(node);
 
@@ -143,7 +143,7 @@ private slots:
 
     void aBlockedRefreshDisablesItsButton()
     {
-        CPanel panel;
+        CPanelFixture panel;
         QVERIFY(panel.RefreshButton()->isEnabled());
 
         panel.Refresh([](SControlAnswers& answers) { answers.bRefreshBlocked = true; });
@@ -155,7 +155,7 @@ private slots:
 
     void aLockedListDisablesRefreshAndImportWithoutARebuild()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
 
@@ -169,7 +169,7 @@ private slots:
 
     void aSelectionOfTheLibraryIsShownThenTheToolBarFollows()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -187,7 +187,7 @@ private slots:
     // While a scan runs the rows stay as they are, also those of nodes that the store has lost.
     void aSelectedRowThatIsGoneStaysMarkedUntilTheScanEnds()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("beta") }; });
         panel.control.Hold(QStringLiteral("RefreshProcessors"));
         panel.Click(panel.RefreshButton());
@@ -200,13 +200,13 @@ private slots:
 
         QVERIFY(TreeText(panel.Tree()).contains(QStringLiteral("processor alpha [selected]")));
         panel.control.Release(QStringLiteral("RefreshProcessors"));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         QTRY_VERIFY(!TreeText(panel.Tree()).contains(QStringLiteral("alpha")));
     }
 
     void aSelectionThatIsGoneStillReachesTheToolBar()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -223,7 +223,7 @@ private slots:
 
     void aSelectionChangeRebuildsNoRows()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
 
@@ -234,7 +234,7 @@ private slots:
 
     void chiefModeAsksForARepaintOnly()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
         CEventCounter paints(panel.View(), QEvent::Paint);
@@ -249,7 +249,7 @@ private slots:
 
     void updateRepaintsTheView()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CEventCounter paints(panel.View(), QEvent::Paint);
 
         QVERIFY(QMetaObject::invokeMethod(panel.View(), "Update"));
@@ -259,7 +259,7 @@ private slots:
 
     void updateTreeToolbarLooksAgain()
     {
-        CPanel panel;
+        CPanelFixture panel;
         g_pProcessorTreeData->SetCurrentTree(Root({ Group("Stage") }));
         QVERIFY(!panel.MenuAction("Export")->isEnabled());
 
@@ -270,7 +270,7 @@ private slots:
 
     void aTabSwitchTellsStoreAndLibrary()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -286,7 +286,7 @@ private slots:
 
     void aTabSwitchShowsTheOtherTree()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
 
         panel.Click(panel.SimulatorTab());
@@ -300,7 +300,7 @@ private slots:
 
     void aTabSwitchReadsNothingFromTheLibrary()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -313,7 +313,7 @@ private slots:
 
     void switchingBackShowsTheFirstPaneAgain()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
 
         panel.Click(panel.SimulatorTab());
@@ -327,7 +327,7 @@ private slots:
 
     void clickingTheCheckedTabChangesNothing()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
         panel.control.ClearJournal();
@@ -341,7 +341,7 @@ private slots:
 
     void aPaneSwitchOfTheLibraryMovesNoTab()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
 
         panel.Refresh([](SControlAnswers& answers) { answers.bSimulatorPane = true; });
@@ -353,7 +353,7 @@ private slots:
 
     void afterAPaneSwitchOfTheLibraryHandlersWorkOnTheOtherTree()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
 
         panel.Refresh([](SControlAnswers& answers) {
@@ -367,7 +367,7 @@ private slots:
 
     void aSearchTextFiltersTheCurrentTree()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.MenuAction("Search")->trigger();
 
@@ -383,7 +383,7 @@ private slots:
 
     void aRebuiltTreeStaysFiltered()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.SearchEdit()->setText(QStringLiteral("bet"));
 
@@ -401,7 +401,7 @@ private slots:
 
     void aSearchTextIsAppliedToTheOtherPaneAtTheSwitch()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.SearchEdit()->setText(QStringLiteral("alpha"));
 
@@ -414,7 +414,7 @@ private slots:
 
     void aRebuildWithoutASearchTextShowsAllRowsAsRecorded()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -426,7 +426,7 @@ private slots:
 
     void closingTheSearchRowShowsAllRowsAndHidesIt()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.MenuAction("Search")->trigger();
         QTest::keyClicks(panel.SearchEdit(), QStringLiteral("bet"));
@@ -442,7 +442,7 @@ private slots:
 
     void theMenuBarReachesTheTreeOfTheCurrentPane()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         panel.Refresh();
         panel.Click(panel.SimulatorTab());
         QApplication::setActiveWindow(&panel.host);
@@ -465,7 +465,7 @@ private slots:
     void aListAtTheLimitsAndAboveGoesAllTheWay()
     {
         QFETCH(int, count);
-        CPanel panel;
+        CPanelFixture panel;
         panel.Refresh([&](SControlAnswers& answers) {
             for (int i = 0; i < count; ++i) {
                 answers.nodeDiscovered.listGroup.append(
@@ -506,7 +506,7 @@ private slots:
     {
         QFETCH(QString, before);
         QFETCH(QString, project);
-        CPanel panel;
+        CPanelFixture panel;
         QMainWindow window;
         panel.Refresh([&](SControlAnswers& answers) { answers.strProject = before; });
 
@@ -518,7 +518,7 @@ private slots:
 
     void theTitleIsNotTouchedBeforeAProjectIsKnown()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         QMainWindow window;
         window.setWindowTitle(QStringLiteral("starting"));
 
@@ -529,7 +529,7 @@ private slots:
 
     void ofTwoMainWindowsOneIsTitled()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const QMainWindow first;
         const QMainWindow second;
 
@@ -540,7 +540,7 @@ private slots:
 
     void withoutAMainWindowNoTitleChanges()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.host.setWindowTitle(QStringLiteral("no main window"));
         QMainWindow embedded;
         embedded.setParent(&panel.host, Qt::Widget);
@@ -553,7 +553,7 @@ private slots:
 
     void storeSignalsAreHandledOnTheGuiThreadInTheOrderOfEmission()
     {
-        CPanel panel(FillBothPanes);
+        CPanelFixture panel(FillBothPanes);
         QMainWindow window;
         panel.Refresh();
         QStringList listStep;

@@ -1,5 +1,5 @@
-#include "CPanel.h"
 #include "TestMain.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
@@ -30,7 +30,7 @@ void Click(QWidget* pTarget)
                       pTarget->mapTo(pWindow, QPoint(pTarget->width() / 2, 5)));
 }
 
-void Press(const CPanel& panel, Qt::Key key)
+void Press(const CPanelFixture& panel, Qt::Key key)
 {
     QTest::keyClick(panel.host.windowHandle(), key);
 }
@@ -45,7 +45,7 @@ class CFocusTest : public QObject
 private slots:
     void init()
     {
-        pPanel.reset(new CPanel(Site));
+        pPanel.reset(new CPanelFixture(Site));
         pPanel->Refresh();
         QApplication::setActiveWindow(&pPanel->host);
         QVERIFY(QTest::qWaitForWindowActive(&pPanel->host));
@@ -80,7 +80,7 @@ private slots:
         pPanel->Refresh([&](SControlAnswers& answers) { answers.bListLocked = strPart == "a disabled button"; });
         QVERIFY(QApplication::focusWidget() != pPanel->Tree());
         Click(Part(strPart));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         QCOMPARE(QApplication::focusWidget(), pPanel->Tree());
         pPanel->control.ClearJournal();
         Press(*pPanel, Qt::Key_Down);
@@ -135,7 +135,7 @@ private:
         return hashPart.value(strPart);
     }
 
-    QScopedPointer<CPanel> pPanel;
+    QScopedPointer<CPanelFixture> pPanel;
 };
 
 PTV_TEST_MAIN(CFocusTest)

@@ -1,9 +1,9 @@
 #include "CDialogDriver.h"
+#include "CFailingScan.h"
 #include "CMapTranslator.h"
-#include "CPanel.h"
-#include "CPrcBasicControlStub.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "tree/CProcessorTree.h"
 
@@ -17,23 +17,11 @@
 #include <QThreadPool>
 #include <QToolButton>
 
-#include <stdexcept>
-
 namespace {
 
 const char szQuestion[] = "Overwrite confirmation: This operation will overwrite the processor list.\nContinue?";
 const char szImported[] = "Import: Import sucessfully.";
 const char szExported[] = "Export: Export sucessfully.";
-
-/// A scan that breaks off.
-class CFailingScan final : public CPrcBasicControlStub
-{
-public:
-    void RefreshProcessors() override
-    {
-        throw std::runtime_error("the network is gone");
-    }
-};
 
 void OneProcessor(SControlAnswers& answers)
 {
@@ -57,10 +45,10 @@ private slots:
 
     void importIntoAnEmptyListAsksNothing()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         TriggerImport(panel);
         QVERIFY(WaitForJob(panel));
@@ -82,7 +70,7 @@ private slots:
     {
         QFETCH(bool, group);
         QFETCH(bool, processor);
-        CPanel panel([&](SControlAnswers& answers) {
+        CPanelFixture panel([&](SControlAnswers& answers) {
             if (group) {
                 answers.nodeDiscovered.listGroup.append(Group("Stage"));
             }
@@ -91,9 +79,9 @@ private slots:
             }
         });
         CDialogDriver driver;
-        driver.AnswerYes();
+        driver.Answer("ButtonYes");
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         TriggerImport(panel);
         QVERIFY(WaitForJob(panel));
@@ -105,10 +93,10 @@ private slots:
     void theQuestionCountsTheTopLevelOfTheLibrarysList()
     {
         // The store knows nothing yet: the library is asked.
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.control.ClearJournal();
         CDialogDriver driver;
-        driver.AnswerNo();
+        driver.Answer("ButtonNo");
 
         TriggerImport(panel);
 
@@ -121,15 +109,15 @@ private slots:
         QTest::addColumn<QString>("button");
         QTest::newRow("no") << "ButtonNo";
         QTest::newRow("cross") << "DialogClose";
-        QTest::newRow("Escape") << QString();
+        QTest::newRow("Escape") << "key Escape";
     }
 
     void anyAnswerButYesEndsTheImport()
     {
         QFETCH(QString, button);
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         CDialogDriver driver;
-        button.isEmpty() ? driver.AnswerByEscape() : driver.AnswerByButton(button);
+        driver.Answer(button);
 
         TriggerImport(panel);
 
@@ -140,7 +128,7 @@ private slots:
 
     void noIsTheDefaultAnswer()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         CDialogDriver driver;
         driver.Answer([](QDialog* pDialog) {
             QVERIFY(pDialog->findChild<QPushButton*>("ButtonYes"));
@@ -157,7 +145,7 @@ private slots:
 
     void theImportDialogLooksForListFiles()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.Answer([&](QDialog* pDialog) {
             auto* pFileDialog = qobject_cast<QFileDialog*>(pDialog);
@@ -185,12 +173,12 @@ private slots:
     void aCancelledImportDialogChangesNothing()
     {
         QFETCH(bool, list);
-        CPanel panel(list ? CPanel::FnAnswers(OneProcessor) : CPanel::FnAnswers());
+        CPanelFixture panel(list ? CPanelFixture::FnAnswers(OneProcessor) : CPanelFixture::FnAnswers());
         CDialogDriver driver;
         if (list) {
-            driver.AnswerYes();
+            driver.Answer("ButtonYes");
         }
-        driver.AnswerByEscape();
+        driver.Answer("key Escape");
 
         TriggerImport(panel);
 
@@ -201,12 +189,12 @@ private slots:
 
     void anImportRunsItsScanOnThePool()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.ClearJournal();
         CDialogDriver driver;
         const QString strPath = CreateFile("site.kvtl");
         driver.AnswerByFile(strPath);
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         TriggerImport(panel);
         QVERIFY(WaitForJob(panel));
@@ -220,10 +208,10 @@ private slots:
 
     void theImportIsAnnouncedBeforeTheBusyStateEnds()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
         QStringList listWhenTold;
         bool bOnPool = false;
         connect(
@@ -244,7 +232,7 @@ private slots:
 
     void theSuccessIsToldAndNothingElseDone()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         const QString strBefore = TreeText(panel.Tree());
         QSignalSpy told(panel.View(), &CProcessorTreeView::NodeSelectChanged);
@@ -271,10 +259,10 @@ private slots:
         QTest::addColumn<QString>("button");
         QTest::newRow("import, OK") << 6 << szImported << "ButtonOk";
         QTest::newRow("import, cross") << 6 << szImported << "DialogClose";
-        QTest::newRow("import, Escape") << 6 << szImported << QString();
+        QTest::newRow("import, Escape") << 6 << szImported << "key Escape";
         QTest::newRow("export, OK") << 7 << szExported << "ButtonOk";
         QTest::newRow("export, cross") << 7 << szExported << "DialogClose";
-        QTest::newRow("export, Escape") << 7 << szExported << QString();
+        QTest::newRow("export, Escape") << 7 << szExported << "key Escape";
     }
 
     void theWordOfASuccessGoesAwayHoweverItIsAnswered()
@@ -282,10 +270,10 @@ private slots:
         QFETCH(int, id);
         QFETCH(QString, message);
         QFETCH(QString, button);
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.AnswerByFile(id == 6 ? CreateFile("site.kvtl") : pDir->filePath("site.kvtl"));
-        button.isEmpty() ? driver.AnswerByEscape() : driver.AnswerByButton(button);
+        driver.Answer(button);
 
         panel.View()->DealToolBarButton(id);
         QVERIFY(WaitForJob(panel));
@@ -313,11 +301,11 @@ private slots:
     {
         QFETCH(int, result);
         QFETCH(QString, message);
-        CPanel panel([&](SControlAnswers& answers) { answers.nImportResult = result; });
+        CPanelFixture panel([&](SControlAnswers& answers) { answers.nImportResult = result; });
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
         if (!message.isEmpty()) {
-            driver.AnswerOk();
+            driver.Answer("ButtonOk");
         }
 
         TriggerImport(panel);
@@ -328,16 +316,16 @@ private slots:
 
     void anImportThatFailsStartsNothing()
     {
-        CPanel panel([](SControlAnswers& answers) {
+        CPanelFixture panel([](SControlAnswers& answers) {
             OneProcessor(answers);
             answers.nImportResult = 5;
         });
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        driver.AnswerYes();
+        driver.Answer("ButtonYes");
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         TriggerImport(panel);
         QVERIFY(WaitForJob(panel));
@@ -350,7 +338,7 @@ private slots:
 
     void aScanThatThrowsIsNotToldAndStaysBusy()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
         {
@@ -366,7 +354,7 @@ private slots:
 
     void afterAScanThatThrewTheNextImportIsToldAndEnds()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
         {
@@ -376,7 +364,7 @@ private slots:
         }
         panel.control.ClearJournal();
         driver.AnswerByFile(CreateFile("other.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         TriggerImport(panel);
         QVERIFY(WaitForJob(panel));
@@ -391,11 +379,11 @@ private slots:
 
     void importLeavesRefreshUsable()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.Hold(QStringLiteral("RefreshProcessors"));
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
         TriggerImport(panel);
         QVERIFY(panel.control.WaitForHeld(QStringLiteral("RefreshProcessors")));
 
@@ -410,12 +398,12 @@ private slots:
 
     void importWorksInBothPanes()
     {
-        CPanel panel([](SControlAnswers& answers) { answers.bSimulatorPane = true; });
+        CPanelFixture panel([](SControlAnswers& answers) { answers.bSimulatorPane = true; });
         panel.Refresh();
         QVERIFY(!panel.MenuAction("Import")->isEnabled());
         CDialogDriver driver;
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         // The tool bar does not offer it here; the command itself does not ask for the pane.
         panel.View()->DealToolBarButton(6);
@@ -427,7 +415,7 @@ private slots:
 
     void theExportDialogProposesAName()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         CDialogDriver driver;
         driver.Answer([&](QDialog* pDialog) {
@@ -448,13 +436,13 @@ private slots:
 
     void theExportGoesToTheFileChosen()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         panel.control.ClearJournal();
         const QString strPath = pDir->filePath(QStringLiteral("site.kvtl"));
         CDialogDriver driver;
         driver.AnswerByFile(strPath);
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         panel.MenuAction("Export")->trigger();
 
@@ -465,13 +453,13 @@ private slots:
 
     void aNameWithoutExtensionGoesAsTyped()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         panel.control.ClearJournal();
         const QString strPath = pDir->filePath(QStringLiteral("site"));
         CDialogDriver driver;
         driver.AnswerByFile(strPath);
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         panel.MenuAction("Export")->trigger();
 
@@ -489,7 +477,7 @@ private slots:
     void anExportThatFailsIsSilent()
     {
         QFETCH(int, result);
-        CPanel panel([&](SControlAnswers& answers) {
+        CPanelFixture panel([&](SControlAnswers& answers) {
             OneProcessor(answers);
             answers.nExportResult = result;
             answers.strListFilePath = pDir->filePath(QStringLiteral("own.kvtl"));
@@ -508,23 +496,19 @@ private slots:
 
     void aCancelledExportWritesNothing_data()
     {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("cancelled") << false;
-        QTest::newRow("Escape") << true;
+        QTest::addColumn<QString>("how");
+        QTest::newRow("closed window") << "window closed";
+        QTest::newRow("Escape") << "key Escape";
     }
 
     void aCancelledExportWritesNothing()
     {
-        QFETCH(bool, byKey);
-        CPanel panel(OneProcessor);
+        QFETCH(QString, how);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        if (byKey) {
-            driver.AnswerByEscape();
-        } else {
-            driver.Answer([](QDialog* pDialog) { pDialog->close(); });
-        }
+        driver.Answer(how);
 
         panel.MenuAction("Export")->trigger();
 
@@ -546,7 +530,7 @@ private slots:
     {
         QFETCH(int, id);
         QFETCH(bool, accept);
-        CPanel panel([](SControlAnswers& answers) {
+        CPanelFixture panel([](SControlAnswers& answers) {
             answers.nImportResult = 1;
             answers.nExportResult = 2;
         });
@@ -574,14 +558,14 @@ private slots:
               { "CProcessorTreeView|Import...", "Einlesen..." },
               { "CProcessorTreeView|Cannot import file", "Nicht lesbar" },
               { "CProcessorTreeView|The currently imported file is invalid.", "Ungültig." } });
-        CPanel panel([](SControlAnswers& answers) {
+        CPanelFixture panel([](SControlAnswers& answers) {
             OneProcessor(answers);
             answers.nImportResult = 2;
         });
         CDialogDriver driver;
-        driver.AnswerYes();
+        driver.Answer("ButtonYes");
         driver.AnswerByFile(CreateFile("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         panel.View()->DealToolBarButton(6);
 
@@ -615,10 +599,10 @@ private slots:
                                       { "CProcessorTreeView|Save...", "Sichern..." },
                                       { "CProcessorTreeView|Export", "Ausgabe" },
                                       { "CProcessorTreeView|Export sucessfully.", "Gesichert." } });
-        CPanel panel([&](SControlAnswers& answers) { answers.nImportResult = result; });
+        CPanelFixture panel([&](SControlAnswers& answers) { answers.nImportResult = result; });
         CDialogDriver driver;
         driver.AnswerByFile(id == 6 ? CreateFile("site.kvtl") : pDir->filePath("site.kvtl"));
-        driver.AnswerOk();
+        driver.Answer("ButtonOk");
 
         panel.View()->DealToolBarButton(id);
         QVERIFY(WaitForJob(panel));
@@ -634,15 +618,15 @@ private:
         return file.open(QIODevice::WriteOnly) ? file.fileName() : QString();
     }
 
-    void TriggerImport(const CPanel& panel) const
+    void TriggerImport(const CPanelFixture& panel) const
     {
         panel.MenuAction("Import")->trigger();
     }
 
     /// The job's last step is past, and what it announced has been told.
-    static bool WaitForJob(const CPanel&)
+    static bool WaitForJob(const CPanelFixture&)
     {
-        const bool bDone = QThreadPool::globalInstance()->waitForDone(5000);
+        const bool bDone = QThreadPool::globalInstance()->waitForDone(nPatience);
         QCoreApplication::processEvents();
         return bDone;
     }

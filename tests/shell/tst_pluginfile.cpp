@@ -22,7 +22,7 @@ QStringList Inspect(const QString& strTool, const QStringList& listOption)
 {
     QProcess process;
     process.start(strTool, listOption + QStringList(PluginPath()));
-    if (!process.waitForFinished() || process.exitCode() != 0) {
+    if (!process.waitForFinished(nPatience) || process.exitCode() != 0) {
         return QStringList({ strTool, process.errorString() });
     }
     return QString::fromLocal8Bit(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);

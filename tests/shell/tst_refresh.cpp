@@ -1,7 +1,7 @@
-#include "CPanel.h"
-#include "CPrcBasicControlStub.h"
+#include "CFailingScan.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CPanelFixture.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "shell/CProcessorTreeView.h"
 #include "tree/CProcessorTree.h"
@@ -11,8 +11,6 @@
 #include <QSignalSpy>
 #include <QThreadPool>
 #include <QToolButton>
-
-#include <stdexcept>
 
 namespace {
 
@@ -24,17 +22,31 @@ void OneProcessor(SControlAnswers& answers)
     answers.vecDiscoveredSelection = { ProcessorId("alpha") };
 }
 
-/// A scan that breaks off.
-class CFailingScan final : public CPrcBasicControlStub
+/// A panel whose scan for processors has been started by its button and does not end until Finish().
+class CScanningPanel : public CPanelFixture
 {
 public:
-    void RefreshProcessors() override
+    explicit CScanningPanel(const FnAnswers& fnAnswers = FnAnswers()) : CPanelFixture(fnAnswers)
     {
-        throw std::runtime_error("the network is gone");
+        if (fnAnswers) {
+            Refresh();
+        }
+        control.Hold(QString::fromLatin1(szScan));
+        Click(RefreshButton());
     }
+
+    /// Returns when the panel has shown the end.
+    void Finish()
+    {
+        control.Release(QString::fromLatin1(szScan));
+        QTRY_COMPARE(ends.count(), 1);
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
+    }
+
+    QSignalSpy ends{ View(), &CProcessorTreeView::NodeSelectChanged };
 };
 
-bool ShowsProcessor(const CPanel& panel, const QString& strName)
+bool ShowsProcessor(const CPanelFixture& panel, const QString& strName)
 {
     return TreeText(panel.Tree()).contains(QStringLiteral("processor ") + strName);
 }
@@ -49,7 +61,7 @@ class CRefreshTest : public QObject
 private slots:
     void aScanRunsOnThePoolBetweenBusyAndIdle()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         panel.control.ClearJournal();
         QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
@@ -64,7 +76,7 @@ private slots:
 
     void theEndIsAnnouncedBeforeTheBusyStateEnds()
     {
-        CPanel panel;
+        CPanelFixture panel;
         QStringList listAtEnd;
         bool bOnPool = false;
         connect(
@@ -81,28 +93,22 @@ private slots:
 
         QVERIFY(bOnPool);
         QCOMPARE(listAtEnd, QStringList({ "g_pRuntimeControl.SetBusy(true)", "g_pPrcBasicControl.RefreshProcessors()" }));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
     }
 
     void theClickReturnsWhileTheScanRuns()
     {
-        CPanel panel;
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel;
 
         QVERIFY(panel.control.WaitForHeld(QString::fromLatin1(szScan)));
-        QCOMPARE(ends.count(), 0);
+        QCOMPARE(panel.ends.count(), 0);
         QCOMPARE(panel.control.Commands().first(), QStringLiteral("g_pRuntimeControl.SetBusy(true)"));
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        panel.Finish();
     }
 
     void twoQuickClicksRunOneScan()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.Hold(QString::fromLatin1(szScan));
         QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
         QSignalSpy clicks(panel.RefreshButton(), &QToolButton::clicked);
@@ -112,7 +118,7 @@ private slots:
         QVERIFY(panel.control.WaitForHeld(QString::fromLatin1(szScan)));
         panel.control.Release(QString::fromLatin1(szScan));
         QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
 
         QCOMPARE(clicks.count(), 1);
         QCOMPARE(panel.control.CallCount(QString::fromLatin1(szScan)), 1);
@@ -121,131 +127,94 @@ private slots:
 
     void aClickThatGetsThroughIsStillRefused()
     {
-        CPanel panel;
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel;
 
         panel.RefreshButton()->blockSignals(false);
         panel.Click(panel.RefreshButton());
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        panel.Finish();
 
         QCOMPARE(panel.control.CallCount(QString::fromLatin1(szScan)), 1);
     }
 
     void whileScanningAChangedTreeIsNotShown()
     {
-        CPanel panel(OneProcessor);
-        panel.Refresh();
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel(OneProcessor);
 
         panel.Refresh([](SControlAnswers& answers) { answers.nodeDiscovered.listProcessor.append(Processor("beta")); });
         QVERIFY(!ShowsProcessor(panel, "beta"));
 
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
+        panel.Finish();
         QVERIFY(ShowsProcessor(panel, "beta"));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
     }
 
     void whileScanningThePullOfTheHostDoesNothing()
     {
-        CPanel panel;
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel;
         g_pProcessorTreeData->SetCurrentTree(Root({}, { Processor("alpha") }));
 
         panel.pWidget->UpdateWidget();
 
         QVERIFY(!ShowsProcessor(panel, "alpha"));
         QVERIFY(!panel.MenuAction("Export")->isEnabled());
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        panel.Finish();
     }
 
     void whileScanningCommandsStillFollow()
     {
-        CPanel panel(OneProcessor);
-        panel.Refresh();
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel(OneProcessor);
 
         panel.Refresh([](SControlAnswers& answers) { answers.bListLocked = true; });
 
         QVERIFY(!panel.RefreshButton()->isEnabled());
         QVERIFY(!panel.MenuAction("Import")->isEnabled());
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        panel.Finish();
     }
 
     void whileScanningTheSelectionStillFollows()
     {
-        CPanel panel(OneProcessor);
-        panel.Refresh();
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel(OneProcessor);
         QVERIFY(TreeText(panel.Tree()).contains(QStringLiteral("alpha [selected]")));
 
         panel.Refresh([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { QUuid() }; });
 
         QVERIFY(TreeText(panel.Tree()).startsWith(QStringLiteral("all [expanded] [selected]")));
         QVERIFY(!TreeText(panel.Tree()).contains(QStringLiteral("alpha [selected]")));
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        panel.Finish();
     }
 
     void whileScanningAPaneSwitchRebuildsNothing()
     {
-        CPanel panel(OneProcessor);
-        panel.Refresh([](SControlAnswers& answers) { answers.nodeSimulator = Root({}, { Processor("sim") }); });
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
-        panel.Click(panel.RefreshButton());
+        CScanningPanel panel([](SControlAnswers& answers) {
+            OneProcessor(answers);
+            answers.nodeSimulator = Root({}, { Processor("sim") });
+        });
         const QString strBefore = TreeText(panel.Tree(true));
 
         panel.Click(panel.SimulatorTab());
         QCOMPARE(TreeText(panel.Tree(true)), strBefore);
 
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
+        panel.Finish();
         QVERIFY(TreeText(panel.Tree(true)).contains(QStringLiteral("processor sim")));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
     }
 
     void afterTheScanTheTreeIsRebuiltOnce()
     {
-        CPanel panel(OneProcessor);
-        panel.Refresh();
-        panel.control.Hold(QString::fromLatin1(szScan));
-        QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
+        CScanningPanel panel(OneProcessor);
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
-        panel.Click(panel.RefreshButton());
         for (const QString& strName : { QStringLiteral("beta"), QStringLiteral("gamma"), QStringLiteral("delta") }) {
             panel.Refresh([&](SControlAnswers& answers) { answers.nodeDiscovered.listProcessor.append(Processor(strName)); });
         }
         QCOMPARE(rebuilds.count(), 0);
 
-        panel.control.Release(QString::fromLatin1(szScan));
-        QTRY_COMPARE(ends.count(), 1);
+        panel.Finish();
 
         QCOMPARE(rebuilds.count(), 1);
         QVERIFY(ShowsProcessor(panel, "delta"));
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
     }
 
     void theEndGoesHostThenTreeThenButton()
     {
-        CPanel panel(OneProcessor);
+        CPanelFixture panel(OneProcessor);
         panel.Refresh();
         QStringList listStep;
         const auto note = [&](const QString& strStep) {
@@ -259,12 +228,12 @@ private slots:
         QTRY_COMPARE(listStep, QStringList({ "host, clicks off", "tree, clicks off" }));
 
         QVERIFY(!panel.RefreshButton()->signalsBlocked());
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
     }
 
     void anotherScanCanFollow()
     {
-        CPanel panel;
+        CPanelFixture panel;
         QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
 
         for (int nScan = 1; nScan <= 3; ++nScan) {
@@ -272,18 +241,18 @@ private slots:
             QTRY_COMPARE(ends.count(), nScan);
         }
 
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         QCOMPARE(panel.control.CallCount(QString::fromLatin1(szScan)), 3);
     }
 
     void aScanThatThrowsLeavesThePanelScanning()
     {
-        CPanel panel;
+        CPanelFixture panel;
         QSignalSpy ends(panel.View(), &CProcessorTreeView::NodeSelectChanged);
         {
             const CFailingScan failing;
             panel.Click(panel.RefreshButton());
-            QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+            QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         }
         QCoreApplication::processEvents();
 

@@ -1,6 +1,5 @@
-#include "CFreshStore.h"
 #include "TestMain.h"
-#include "double/CControlDouble.h"
+#include "fixtures/CStoreFixture.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
@@ -162,8 +161,8 @@ private:
         QVERIFY(host.parent.children().isEmpty());
     }
 
-    CFreshStore store;
-    CControlDouble control;
+    CStoreFixture fixture;
+    CControlDouble& control = fixture.control;
 };
 
 PTV_TEST_MAIN(CStormTest)

@@ -1,5 +1,5 @@
-#include "CPanel.h"
 #include "TestMain.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 
@@ -33,7 +33,7 @@ class CTeardownTest : public QObject
 private slots:
     void theWorkerEndsThenTheListIsSaved()
     {
-        CPanel panel([](SControlAnswers& answers) { answers.strListFilePath = QStringLiteral("/nowhere/list.kvtl"); });
+        CPanelFixture panel([](SControlAnswers& answers) { answers.strListFilePath = QStringLiteral("/nowhere/list.kvtl"); });
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -63,7 +63,7 @@ private slots:
         const QString strPath = dir.filePath(QStringLiteral("list.kvtl"));
         QVERIFY(WriteFile(strPath));
         const QFile::Permissions permissions = QFile::permissions(strPath);
-        CPanel panel([&](SControlAnswers& answers) {
+        CPanelFixture panel([&](SControlAnswers& answers) {
             answers.strListFilePath = strPath;
             answers.nExportResult = result;
         });
@@ -79,7 +79,7 @@ private slots:
     void aFileThatIsMissingIsNoTrouble()
     {
         const QTemporaryDir dir;
-        CPanel panel([&](SControlAnswers& answers) {
+        CPanelFixture panel([&](SControlAnswers& answers) {
             answers.strListFilePath = dir.filePath(QStringLiteral("missing.kvtl"));
             answers.nExportResult = 1;
         });
@@ -97,7 +97,7 @@ private slots:
         QVERIFY(WriteFile(strPath));
         // A second name of the same file shows what became of it.
         QCOMPARE(::link(QFile::encodeName(strPath).constData(), QFile::encodeName(strTwin).constData()), 0);
-        CPanel panel([&](SControlAnswers& answers) {
+        CPanelFixture panel([&](SControlAnswers& answers) {
             answers.strListFilePath = strPath;
             answers.nExportResult = 1;
         });
@@ -114,7 +114,7 @@ private slots:
 
     void theChildrenLiveUntilTheListIsSaved()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const QPointer<QObject> pToolBar = panel.ToolBar();
         const QPointer<QThread> pThread = panel.View()->findChild<QThread*>();
         bool bAlive = false;
@@ -136,7 +136,7 @@ private slots:
 
     void theThreadIsJoined()
     {
-        CPanel panel;
+        CPanelFixture panel;
         bool bFinished = false;
         const auto* pThread = panel.View()->findChild<QThread*>();
         connect(pThread, &QThread::finished, this, [&] { bFinished = true; }, Qt::DirectConnection);
@@ -149,7 +149,7 @@ private slots:
 
     void whatTheStoreStillTellsReachesNobody()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.Set([](SControlAnswers& answers) {
             answers.nodeDiscovered = Root({}, { Processor("alpha") });
             answers.vecDiscoveredSelection = { ProcessorId("alpha") };
@@ -167,7 +167,7 @@ private slots:
     void aStopWaitsForARefreshThatIsBlockedAndOnlyForIt()
     {
         const QString strRead = QStringLiteral("g_pPreferenceControl.IsChiefMode");
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.Hold(strRead);
         do {
             panel.control.Raise(1);
@@ -197,7 +197,7 @@ private slots:
     void aStopWithoutAnyMessageDoesNotHang()
     {
         for (int i = 0; i < 20; ++i) {
-            CPanel panel;
+            CPanelFixture panel;
             panel.Delete();
             QCOMPARE(panel.control.Attached(), QStringList());
         }

@@ -1,6 +1,6 @@
-#include "CPanel.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CPanelFixture.h"
 #include "shell/CProcessorTreeView.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
@@ -19,7 +19,7 @@ void Site(SControlAnswers& answers)
     answers.vecDiscoveredSelection = { ProcessorId("alpha") };
 }
 
-QPoint At(const CPanel& panel, int nRow)
+QPoint At(const CPanelFixture& panel, int nRow)
 {
     const CProcessorTree* const pTree = panel.Tree();
     const QModelIndex indexRoot = pTree->model()->index(0, 0);
@@ -47,14 +47,14 @@ class CThingsToKnowTest : public QObject
 private slots:
     void init()
     {
-        pPanel.reset(new CPanel(Site));
+        pPanel.reset(new CPanelFixture(Site));
         pPanel->Refresh();
         pPanel->control.ClearJournal();
     }
 
     void cleanup()
     {
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(5000));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
         pPanel.reset();
     }
 
@@ -115,7 +115,7 @@ private slots:
     }
 
 private:
-    QScopedPointer<CPanel> pPanel;
+    QScopedPointer<CPanelFixture> pPanel;
 };
 
 PTV_TEST_MAIN(CThingsToKnowTest)

@@ -1,8 +1,8 @@
 #include "CDialogDriver.h"
 #include "CMapTranslator.h"
-#include "CPanel.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CPanelFixture.h"
 #include "interfaces/widgets/CDoubleSpinBox.h"
 #include "interfaces/widgets/CIPEdit.h"
 #include "interfaces/widgets/CSearchBox.h"
@@ -48,7 +48,7 @@ private slots:
     void numbersWithoutACommandDoNothing()
     {
         QFETCH(int, id);
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
@@ -64,7 +64,7 @@ private slots:
 
     void aNewGroupIsAddedAndSelected()
     {
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         panel.control.ClearJournal();
 
@@ -78,7 +78,7 @@ private slots:
 
     void aNewGroupIsEmptyUnfoldedAndWithoutAChief()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         panel.Click(panel.ToolButton("Add group"));
 
@@ -94,7 +94,7 @@ private slots:
 
     void eachNewGroupHasItsOwnId()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         panel.View()->DealToolBarButton(1);
         panel.View()->DealToolBarButton(1);
@@ -106,7 +106,7 @@ private slots:
 
     void aCommandIsCarriedOutWhateverTheToolBarOffers()
     {
-        CPanel panel([](SControlAnswers& answers) {
+        CPanelFixture panel([](SControlAnswers& answers) {
             for (int i = 0; i < 256; ++i) {
                 answers.nodeDiscovered.listGroup.append(Group(QString::number(i)));
             }
@@ -133,7 +133,7 @@ private slots:
     {
         QFETCH(int, index);
         QFETCH(QString, name);
-        CPanel panel([&](SControlAnswers& answers) { answers.nNextGroupIndex = index; });
+        CPanelFixture panel([&](SControlAnswers& answers) { answers.nNextGroupIndex = index; });
 
         panel.Click(panel.ToolButton("Add group"));
 
@@ -142,7 +142,7 @@ private slots:
 
     void aNewGroupIsNamedInTheUsersLanguage()
     {
-        CPanel panel([](SControlAnswers& answers) { answers.nNextGroupIndex = 5; });
+        CPanelFixture panel([](SControlAnswers& answers) { answers.nNextGroupIndex = 5; });
         const CMapTranslator german({ { "CProcessorTreeView|Group %1", "%1. Gruppe" } });
 
         panel.View()->DealToolBarButton(1);
@@ -152,7 +152,7 @@ private slots:
 
     void aNewGroupChangesNoRowByItself()
     {
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         const QString strBefore = TreeText(panel.Tree());
 
@@ -164,7 +164,7 @@ private slots:
 
     void theHostHearsOfANewGroupLast()
     {
-        CPanel panel;
+        CPanelFixture panel;
         int nCallsWhenTold = 0;
         connect(
             panel.View(), &CProcessorTreeView::NodeSelectChanged, this, [&] { nCallsWhenTold = panel.control.Calls().size(); },
@@ -178,10 +178,10 @@ private slots:
 
     void aProcessorIsAddedOnAThreadOfItsOwn()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.ClearJournal();
         CDialogDriver driver;
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
+        driver.Answer("DialogAccept");
 
         panel.Click(panel.ToolButton("Add a processor"));
 
@@ -194,7 +194,7 @@ private slots:
 
     void theAddressTypedIsAdded()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
         driver.Answer([](QDialog* pDialog) {
             pDialog->findChild<CIPEdit*>()->SetAddress(QHostAddress(QStringLiteral("10.1.2.3")).toIPv4Address());
@@ -209,9 +209,9 @@ private slots:
 
     void theHostHearsOfANewProcessorBeforeTheBusyStateEnds()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
+        driver.Answer("DialogAccept");
         QStringList listWhenTold;
         std::atomic<QThread*> pTeller{ nullptr };
         connect(
@@ -232,9 +232,9 @@ private slots:
 
     void addingReturnsWhileTheDeviceIsSlow()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
+        driver.Answer("DialogAccept");
         panel.control.Hold(QStringLiteral("AddProcessor"));
 
         panel.Click(panel.ToolButton("Add a processor"));
@@ -248,10 +248,10 @@ private slots:
 
     void twoAddsRunSideBySide()
     {
-        CPanel panel;
+        CPanelFixture panel;
         CDialogDriver driver;
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
+        driver.Answer("DialogAccept");
+        driver.Answer("DialogAccept");
         panel.control.Hold(QStringLiteral("AddProcessor"));
 
         panel.Click(panel.ToolButton("Add a processor"));
@@ -271,7 +271,7 @@ private slots:
             const char* szPane = bSimulator ? "simulators" : "processor";
             QTest::addRow("%s, cancelled", szPane) << bSimulator << "DialogReject";
             QTest::addRow("%s, cross", szPane) << bSimulator << "DialogClose";
-            QTest::addRow("%s, Escape", szPane) << bSimulator << QString();
+            QTest::addRow("%s, Escape", szPane) << bSimulator << "key Escape";
         }
     }
 
@@ -279,11 +279,11 @@ private slots:
     {
         QFETCH(bool, simulator);
         QFETCH(QString, button);
-        CPanel panel([&](SControlAnswers& answers) { answers.bSimulatorPane = simulator; });
+        CPanelFixture panel([&](SControlAnswers& answers) { answers.bSimulatorPane = simulator; });
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        button.isEmpty() ? driver.AnswerByEscape() : driver.AnswerByButton(button);
+        driver.Answer(button);
         QSignalSpy told(panel.View(), &CProcessorTreeView::NodeSelectChanged);
 
         panel.View()->DealToolBarButton(2);
@@ -296,11 +296,11 @@ private slots:
 
     void simulatorsAreAddedAtOnceOnTheGuiThread()
     {
-        CPanel panel(SimulatorPane);
+        CPanelFixture panel(SimulatorPane);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        driver.AnswerByButton(QStringLiteral("DialogAccept"));
+        driver.Answer("DialogAccept");
         QSignalSpy told(panel.View(), &CProcessorTreeView::NodeSelectChanged);
 
         panel.Click(panel.ToolButton("Add simulators"));
@@ -313,7 +313,7 @@ private slots:
 
     void simulatorsCarryWhatTheDialogSays()
     {
-        CPanel panel(SimulatorPane);
+        CPanelFixture panel(SimulatorPane);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
@@ -329,10 +329,10 @@ private slots:
 
     void thePaneDecidesAtThePressNotTheToolTip()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.Refresh();
         CDialogDriver driver;
-        driver.AnswerByEscape();
+        driver.Answer("key Escape");
         QToolButton* pAdd = panel.ToolButton("Add a processor");
 
         // The store has switched; nothing has told the tool bar so.
@@ -345,11 +345,11 @@ private slots:
 
     void deleteAsksFirst()
     {
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        driver.AnswerYes();
+        driver.Answer("ButtonYes");
 
         panel.Click(panel.ToolButton("Delete"));
 
@@ -366,17 +366,17 @@ private slots:
         QTest::addColumn<QString>("button");
         QTest::newRow("no") << "ButtonNo";
         QTest::newRow("cross") << "DialogClose";
-        QTest::newRow("Escape") << QString();
+        QTest::newRow("Escape") << "key Escape";
     }
 
     void aDeclinedDeleteStillTellsTheHost()
     {
         QFETCH(QString, button);
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         panel.control.ClearJournal();
         CDialogDriver driver;
-        button.isEmpty() ? driver.AnswerByEscape() : driver.AnswerByButton(button);
+        driver.Answer(button);
         QSignalSpy told(panel.View(), &CProcessorTreeView::NodeSelectChanged);
         QSignalSpy rebuilds(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved);
 
@@ -390,11 +390,11 @@ private slots:
 
     void deleteUpdatesThePanelAndTellsTheHostAtOnce()
     {
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         panel.control.Hold(QStringLiteral("DeleteProcessor"));
         CDialogDriver driver;
-        driver.AnswerYes();
+        driver.Answer("ButtonYes");
         QStringList listStep;
         connect(panel.Tree()->model(), &QAbstractItemModel::rowsRemoved, this, [&] { listStep.append("tree"); });
         connect(panel.View(), &CProcessorTreeView::NodeSelectChanged, this, [&] { listStep.append("host"); });
@@ -410,7 +410,7 @@ private slots:
 
     void searchShowsItsRow()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.ClearJournal();
 
         panel.MenuAction("Search")->trigger();
@@ -422,7 +422,7 @@ private slots:
 
     void searchKeepsTextAndFocus()
     {
-        CPanel panel(TwoProcessors);
+        CPanelFixture panel(TwoProcessors);
         panel.Refresh();
         QApplication::setActiveWindow(&panel.host);
         panel.Tree()->setFocus();
@@ -437,7 +437,7 @@ private slots:
 
     void commandsWorkWhileScanning()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.control.Hold(QStringLiteral("RefreshProcessors"));
         QSignalSpy told(panel.View(), &CProcessorTreeView::NodeSelectChanged);
         panel.Click(panel.RefreshButton());

@@ -1,8 +1,8 @@
 #include "CMapTranslator.h"
-#include "CPanel.h"
 #include "IconColour.h"
 #include "TestMain.h"
 #include "double/SCall.h"
+#include "fixtures/CPanelFixture.h"
 #include "interfaces/widgets/CSearchBox.h"
 #include "interfaces/widgets/CSeperator.h"
 #include "shell/CProcessorTreeView.h"
@@ -101,7 +101,7 @@ private slots:
     {
         QFETCH(QString, name);
         QFETCH(QString, className);
-        CPanel panel;
+        CPanelFixture panel;
 
         const auto listWidget = panel.View()->findChildren<QWidget*>(name);
 
@@ -114,8 +114,7 @@ private slots:
 
     void theStyleSheetOfTheHostIsCopied()
     {
-        CFreshStore store;
-        CControlDouble control;
+        const CStoreFixture fixture;
         QWidget host;
         host.setStyleSheet(QStringLiteral("QPushButton { color: #112233 }"));
 
@@ -128,7 +127,7 @@ private slots:
 
     void theStyleSheetPaintsTheView()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.View()->setStyleSheet(QStringLiteral("#ProcessorTreeView { background: #FF00FF }"));
 
         const QImage image = panel.View()->grab().toImage();
@@ -139,7 +138,7 @@ private slots:
 
     void theViewTakesTheFocusByAClick()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(panel.View()->focusPolicy(), Qt::ClickFocus);
     }
@@ -147,7 +146,7 @@ private slots:
     void membersAreCreatedInOrder()
     {
         CBirthRegister births;
-        CPanel panel;
+        CPanelFixture panel;
         const QList<const QObject*> listMember = {
             panel.DiscoveredTab(),
             panel.SimulatorTab(),
@@ -173,7 +172,7 @@ private slots:
 
     void theTabsAreAnExclusivePairWithDiscoveredChecked()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QVERIFY(panel.DiscoveredTab()->isCheckable());
         QVERIFY(panel.SimulatorTab()->isCheckable());
@@ -187,7 +186,7 @@ private slots:
 
     void theTabsKnowTheirGroupUnderNoNumber()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const QButtonGroup* pGroup = panel.DiscoveredTab()->group();
 
         // -1 lets the group number its buttons itself, downwards from -2.
@@ -212,7 +211,7 @@ private slots:
         QFETCH(QString, name);
         QFETCH(int, height);
         QFETCH(int, iconSize);
-        CPanel panel;
+        CPanelFixture panel;
 
         const auto listButton = panel.View()->findChildren<QAbstractButton*>(name);
 
@@ -230,7 +229,7 @@ private slots:
 
     void iconButtonsShowTheirIcons()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(CentreColour(panel.RefreshButton()->icon()), IconColour(QStringLiteral(":/image/control/refresh/refresh.svg")));
         QCOMPARE(CentreColour(panel.CloseSearchButton()->icon()), IconColour(QStringLiteral(":/image/control/close/close.svg")));
@@ -238,7 +237,7 @@ private slots:
 
     void theRowsStandUnderOneAnother()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const QLayout* pLayout = panel.View()->layout();
         QCOMPARE(pLayout->count(), 6);
 
@@ -253,7 +252,7 @@ private slots:
 
     void theOuterLayoutLeavesOnePixelAtTheRight()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const auto* pLayout = qobject_cast<QVBoxLayout*>(panel.View()->layout());
         QVERIFY(pLayout);
 
@@ -268,7 +267,7 @@ private slots:
 
     void theHeaderHoldsTabsStretchAndRefresh()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const auto* pLayout = qobject_cast<QHBoxLayout*>(panel.DiscoveredTab()->parentWidget()->layout());
         QVERIFY(pLayout);
 
@@ -287,7 +286,7 @@ private slots:
 
     void theTreesLieOverOneAnotherBothShown()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(panel.Stack()->stackingMode(), QStackedLayout::StackAll);
         QCOMPARE(panel.Stack()->count(), 2);
@@ -300,7 +299,7 @@ private slots:
 
     void theSearchRowIsHidden()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QVERIFY(panel.SearchBox()->isHidden());
         QVERIFY(panel.CloseSearchButton()->isHidden());
@@ -308,7 +307,7 @@ private slots:
 
     void theSearchBoxIsGrayAndWithoutBorder()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(panel.SearchBox()->property("Background").toString(), QStringLiteral("gray"));
         QCOMPARE(panel.SearchBox()->property("Border"), QVariant(false));
@@ -316,7 +315,7 @@ private slots:
 
     void theTextsAreEnglishWithoutATranslation()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(panel.DiscoveredTab()->text(), QStringLiteral("Discovered"));
         QCOMPARE(panel.SimulatorTab()->text(), QStringLiteral("Simulator"));
@@ -326,7 +325,7 @@ private slots:
 
     void aNewLanguageRetextsTabsAndTips()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         const CMapTranslator german({ { "CProcessorTreeView|Discovered", "Gefunden" },
                                       { "CProcessorTreeView|Simulator", "Simulation" },
@@ -341,7 +340,7 @@ private slots:
 
     void aNewLanguageLeavesTheWindowTitleAlone()
     {
-        CPanel panel;
+        CPanelFixture panel;
         panel.host.setWindowTitle(QStringLiteral("as it was"));
 
         const CMapTranslator german({ { "CProcessorTreeView|Discovered", "Gefunden" } });
@@ -352,7 +351,7 @@ private slots:
 
     void theWorkerIsSubscribedToSevenObjectsInOrder()
     {
-        CPanel panel;
+        CPanelFixture panel;
 
         QCOMPARE(panel.control.Attached(),
                  QStringList({ "g_pPrcBasicControl", "g_pPrcListControl", "g_pRuntimeControl", "g_pPrcRuntimeControl",
@@ -365,7 +364,7 @@ private slots:
 
     void theWorkerRunsOnAThreadOfTheView()
     {
-        CPanel panel;
+        CPanelFixture panel;
         const auto* pThread = panel.View()->findChild<QThread*>();
         QVERIFY(pThread);
 
@@ -376,7 +375,7 @@ private slots:
 
     void nothingIsReadAtTheStart()
     {
-        CPanel panel([](SControlAnswers& answers) { answers.nodeDiscovered = Root({ Group("Stage") }); });
+        CPanelFixture panel([](SControlAnswers& answers) { answers.nodeDiscovered = Root({ Group("Stage") }); });
 
         QCOMPARE(panel.control.CallCount(QStringLiteral("GetDiscoveredTree")), 0);
         QCOMPARE(panel.control.CallCount(QStringLiteral("GetSimulatorTree")), 0);
@@ -386,7 +385,7 @@ private slots:
 
     void theFirstMessageFillsThePanel()
     {
-        CPanel panel([](SControlAnswers& answers) { answers.nodeDiscovered = Root({ Group("Stage") }); });
+        CPanelFixture panel([](SControlAnswers& answers) { answers.nodeDiscovered = Root({ Group("Stage") }); });
 
         panel.Refresh();
 

@@ -1,5 +1,7 @@
 #include "CLeftoverGuard.h"
 
+#include "Patience.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -11,8 +13,6 @@
 #include <thread>
 
 namespace {
-
-constexpr int nPatience = 5000; // milliseconds; a job or thread that takes longer is lost
 
 QStringList ThreadIds()
 {

@@ -1,7 +1,15 @@
 #pragma once
 
+#include "Patience.h"
+
 #include <QApplication>
 #include <QtTest>
+
+// Qt's own five seconds are too short on an overloaded machine.
+#undef QTRY_VERIFY
+#define QTRY_VERIFY(expr) QTRY_VERIFY_WITH_TIMEOUT((expr), nPatience)
+#undef QTRY_COMPARE
+#define QTRY_COMPARE(expr, expected) QTRY_COMPARE_WITH_TIMEOUT((expr), expected, nPatience)
 
 /// The main function of every test program:
 ///

@@ -57,6 +57,7 @@ private slots:
         QTest::newRow("Discovered, 256 of 256") << 256 << 256 << 0 << d << free << off << off << on << on;
         QTest::newRow("Discovered, 2560 of 2560") << 2560 << 2560 << 0 << d << free << off << off << on << on;
         QTest::newRow("Simulator, empty") << 0 << 0 << 0 << s << free << on << on << off << off;
+        QTest::newRow("Simulator, empty, locked") << 0 << 0 << 0 << s << lock << on << on << off << off;
         QTest::newRow("Simulator, one") << 0 << 0 << 1 << s << free << on << on << off << off;
         QTest::newRow("Simulator, two") << 0 << 0 << 2 << s << free << on << off << off << off;
         QTest::newRow("Simulator, one inside, one outside") << 1 << 1 << 1 << s << free << on << off << off << off;

@@ -1,7 +1,7 @@
-#include "CTreeFixture.h"
-#include "CUserHand.h"
+#include "CMenuDriver.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QContextMenuEvent>
 #include <QLineEdit>
@@ -46,7 +46,7 @@ SProcessorAllNode Without(SProcessorAllNode root, const QString& strProcessor)
 /// Reads the tree anew from the library and builds the rows, as a message about a device does.
 void Rebuild(CTreeFixture& fixture)
 {
-    fixture.RefreshStore();
+    fixture.ReadStore();
     fixture.pTree->RefreshTree();
 }
 
@@ -327,14 +327,14 @@ private slots:
         ClickRow(fixture, "m1");
         Rebuild(fixture);
         QStringList listEntry;
-        const CUserHand hand([&](QMenu* pMenu) {
-            listEntry = CUserHand::Entries(pMenu);
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
+            listEntry = CMenuDriver::Entries(pMenu);
             pMenu->close();
         });
         const QPoint pos = fixture.pTree->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
         QContextMenuEvent event(QContextMenuEvent::Keyboard, pos, fixture.pTree->viewport()->mapToGlobal(pos));
         QApplication::sendEvent(fixture.pTree->viewport(), &event);
-        QVERIFY(hand.HasActed());
+        QVERIFY(menuDriver.HasActed());
         QVERIFY(listEntry.contains("Remove from group"));
     }
 

@@ -1,7 +1,7 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
 #include "TreeText.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 #include "interfaces/widgets/CScrollBar.h"
 #include "tree/TreeAction.h"
 
@@ -218,7 +218,7 @@ private slots:
     {
         CTreeFixture fixture(Site(), {});
         fixture.control.Set([](SControlAnswers& answers) { answers.vecDiscoveredSelection.clear(); });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.Clear();
         fixture.pTree->RefreshTree();
         QCOMPARE(fixture.Selected(), QStringList{ "all" });

@@ -1,7 +1,7 @@
-#include "CTreeFixture.h"
-#include "CUserHand.h"
+#include "CDialogDriver.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QLabel>
 #include <QMap>
@@ -59,17 +59,18 @@ class CAnswer
 {
 public:
     explicit CAnswer(const QString& strButton)
-        : hand([this, strButton](QDialog* pDialog) {
-              question = Read(pDialog);
-              CUserHand::ClickButton(pDialog, strButton);
-          })
-    { }
+    {
+        driver.Answer([this, strButton](QDialog* pDialog) {
+            question = Read(pDialog);
+            CDialogDriver::Press(pDialog, strButton);
+        });
+    }
 
     static SQuestion Read(const QDialog* pDialog)
     {
         SQuestion read;
         read.strTitle = pDialog->windowTitle();
-        read.listButton = CUserHand::Buttons(pDialog);
+        read.listButton = CDialogDriver::Buttons(pDialog);
         for (const QLabel* pLabel : pDialog->findChildren<QLabel*>("MessageText")) {
             read.strText = pLabel->text();
         }
@@ -80,7 +81,7 @@ public:
     }
 
     SQuestion question;
-    CUserHand hand;
+    CDialogDriver driver;
 };
 
 } // namespace
@@ -94,10 +95,10 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.Select({ "Empty", "Void" });
-        const CUserHand hand([](QDialog* pDialog) { pDialog->reject(); });
+        const CDialogDriver driver;
         fixture.pTree->DeleteNode(true);
         QTRY_VERIFY(HasEnded(fixture));
-        QVERIFY(!hand.HasActed());
+        QCOMPARE(driver.Shown(), QStringList());
         QCOMPARE(fixture.control.CommandsWithThread(), Sequence({ "Empty", "Void" }, false, "beta"));
     }
 
@@ -119,7 +120,7 @@ private slots:
         fixture.Select({ "loose" });
         const CAnswer answer("No");
         fixture.pTree->DeleteNode(true);
-        QVERIFY(answer.hand.HasActed());
+        QVERIFY(answer.driver.IsDone());
         QStringList listButton = answer.question.listButton.filter(QRegularExpression("Yes|No|OK"));
         QCOMPARE(listButton, (QStringList{ "Yes", "No" }));
         QCOMPARE(answer.question.strDefault, QStringLiteral("No"));
@@ -179,11 +180,11 @@ private slots:
         QTest::addColumn<QString>("strSelected");
         QTest::addColumn<QString>("strHow");
         for (const char* szSelected : { "loose", "Stage" }) {
-            QTest::addRow("%s, Escape", szSelected) << szSelected << "escape";
-            QTest::addRow("%s, cross", szSelected) << szSelected << "close";
+            QTest::addRow("%s, Escape", szSelected) << szSelected << "key Escape";
+            QTest::addRow("%s, closed window", szSelected) << szSelected << "window closed";
         }
         QTest::newRow("loose, Return on the default") << "loose"
-                                                      << "return";
+                                                      << "key Return";
         QTest::newRow("loose, No") << "loose"
                                    << "No";
     }
@@ -193,17 +194,10 @@ private slots:
         QFETCH(QString, strHow);
         CTreeFixture fixture(Site());
         fixture.Select({ strSelected });
-        const CUserHand hand([&](QDialog* pDialog) {
-            if (strHow == "escape" || strHow == "return") {
-                QTest::keyClick(pDialog, strHow == "escape" ? Qt::Key_Escape : Qt::Key_Return);
-            } else if (strHow == "close") {
-                pDialog->close();
-            } else {
-                CUserHand::ClickButton(pDialog, strHow);
-            }
-        });
+        CDialogDriver driver;
+        driver.Answer(strHow);
         fixture.pTree->DeleteNode(true);
-        QVERIFY(hand.HasActed());
+        QVERIFY(driver.IsDone());
         QCOMPARE(fixture.control.Commands(), QStringList());
     }
 
@@ -267,10 +261,10 @@ private slots:
             answers.setActive = bActive ? QSet<QUuid>{ ProcessorId("loose") } : QSet<QUuid>();
             answers.setInUse = bInUse ? QSet<QUuid>{ ProcessorId("loose") } : QSet<QUuid>();
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.Clear();
         fixture.pTree->DeleteNode(false);
-        QVERIFY(bBlocked || QTest::qWaitFor([&] { return HasEnded(fixture); }));
+        QVERIFY(bBlocked || QTest::qWaitFor([&] { return HasEnded(fixture); }, nPatience));
         QCOMPARE(fixture.control.Commands().isEmpty(), bBlocked);
     }
 
@@ -369,10 +363,11 @@ private slots:
         QFETCH(QString, strSelected);
         CTreeFixture fixture(Site());
         fixture.Select({ strSelected });
-        const CUserHand hand([&](QDialog*) { fixture.pTree.reset(); });
+        CDialogDriver driver;
+        driver.Answer([&](QDialog*) { fixture.pTree.reset(); });
         CTestTree* const pTree = fixture.pTree.data();
         pTree->DeleteNode(true);
-        QVERIFY(hand.HasActed());
+        QVERIFY(driver.IsDone());
         QCOMPARE(fixture.control.Commands(), QStringList());
     }
 
@@ -380,9 +375,10 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.Select({ "loose" });
-        const CUserHand hand([&](QDialog* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             fixture.Load(Root({ Group("Hall") }), { QUuid() });
-            CUserHand::ClickButton(pDialog, "Yes");
+            CDialogDriver::Press(pDialog, "Yes");
         });
         fixture.pTree->DeleteNode(true);
         QTRY_VERIFY(HasEnded(fixture));

@@ -1,5 +1,5 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QDrag>
 #include <QMimeData>
@@ -344,7 +344,7 @@ private slots:
                   [&] {
                       const int nBefore = pBar->value();
                       nTicks = 0;
-                      QVERIFY(QTest::qWaitFor([&] { return nTicks >= 1; }));
+                      QVERIFY(QTest::qWaitFor([&] { return nTicks >= 1; }, nPatience));
                       QCOMPARE(pBar->value() - nBefore, nTicks * nStep);
                   } });
         QVERIFY(run.HasRun());

@@ -1,6 +1,6 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "fixtures/CTreeFixture.h"
 #include "tree/SDragPayload.h"
 
 #include <QDrag>
@@ -77,7 +77,7 @@ bool ALaterTimerHasFired()
 {
     bool bFired = false;
     QTimer::singleShot(250, [&bFired] { bFired = true; });
-    return QTest::qWaitFor([&bFired] { return bFired; });
+    return QTest::qWaitFor([&bFired] { return bFired; }, nPatience);
 }
 
 /// Sweeps where a drag is to come of it; offscreen it ends at once.
@@ -168,7 +168,7 @@ private slots:
         QVERIFY(Drop(fixture, fixture.At(fixture.Row("Stage")), pData.data()));
         QCOMPARE(fixture.control.Commands(), QStringList{ MoveCall("loose", "Stage") });
         const QString strRows = TreeText(fixture.pTree.data());
-        fixture.RefreshStore(); // the double keeps its trees: the move was not carried out
+        fixture.ReadStore(); // the double keeps its trees: the move was not carried out
         fixture.pTree->RefreshTree();
         QCOMPARE(TreeText(fixture.pTree.data()), strRows);
         QCOMPARE(fixture.Row("loose").parent(), fixture.Root());
@@ -189,11 +189,7 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<bool>("bOurs");
         QTest::newRow("refused") << QByteArray(1, 0) << true;
-        QTest::newRow("empty") << QByteArray() << true;
-        QTest::newRow("2") << QByteArray(1, 2) << true;
-        QTest::newRow("255") << QByteArray(1, char(255)) << true;
-        QTest::newRow("1, and a byte more") << QByteArray(2, 1) << true;
-        QTest::newRow("1, and a zero byte") << QByteArray("\1\0", 2) << true;
+        QTest::newRow("broken") << QByteArray(2, 1) << true;
         QTest::newRow("foreign") << QByteArray("text") << false;
     }
     void aRefusedForeignOrBrokenDropMovesNothing()

@@ -1,6 +1,6 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 #include "nodes/EnNodeType.h"
 #include "tree/TreeAction.h"
 
@@ -63,7 +63,7 @@ private slots:
         fixture.Select({ "loose" });
         fixture.pTree->DealAction(ActionGroup);
         fixture.pTree->DealAction(ActionGroup);
-        const QList<SProcessorGroupNode> listGroup = fixture.control.Answers().listAddedGroup;
+        const QList<SProcessorGroupNode> listGroup = fixture.control.Answers().listGroupAdded;
         QCOMPARE(listGroup.size(), 2);
         const SProcessorGroupNode& group = listGroup.first();
         QVERIFY(group.bExpanded);
@@ -200,7 +200,7 @@ private slots:
         fixture.control.Set([&](SControlAnswers& answers) {
             answers.nodeDiscovered = Root({ Group("Group 1", { Processor("loose") }).NodeId(idGroup) });
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         QCOMPARE(fixture.Selected(), QStringList{ "Group 1" });
     }
 

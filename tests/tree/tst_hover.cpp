@@ -1,5 +1,5 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
+#include "fixtures/CTreeFixture.h"
 #include "interfaces/widgets/CToolTip.h"
 #include "model/EnItemRole.h"
 #include "model/SPrcNodeItem.h"
@@ -80,7 +80,7 @@ QColor ColorOf(const CTreeFixture& fixture, const QModelIndex& index)
 void ShowChiefs(CTreeFixture& fixture)
 {
     fixture.control.Set([](SControlAnswers& answers) { answers.bChiefMode = true; });
-    fixture.RefreshStore();
+    fixture.ReadStore();
 }
 
 } // namespace

@@ -1,7 +1,7 @@
-#include "CTreeFixture.h"
-#include "CUserHand.h"
+#include "CDialogDriver.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -53,7 +53,7 @@ public:
 void Lock(CTreeFixture& fixture, bool bLocked)
 {
     fixture.control.Set([bLocked](SControlAnswers& answers) { answers.bListLocked = bLocked; });
-    fixture.RefreshStore();
+    fixture.ReadStore();
     fixture.Clear();
 }
 
@@ -242,10 +242,10 @@ private slots:
     {
         CKeyFixture fixture;
         fixture.Select({ "Stage" });
-        const CUserHand hand([](QDialog* pDialog) { pDialog->reject(); });
+        const CDialogDriver driver;
         fixture.Press(Qt::Key_Delete);
         QTRY_VERIFY(HasDeleted(fixture));
-        QVERIFY(!hand.HasActed());
+        QCOMPARE(driver.Shown(), QStringList());
         QCOMPARE(fixture.control.CommandsWithThread(),
                  (QStringList{ "gui: g_pRuntimeControl.SetBusy(true)", "other: g_pPrcListControl.DeleteGroup(Stage, true)",
                                "other: " + SelectCall("{null}"), "other: g_pRuntimeControl.PostMessage(14)",

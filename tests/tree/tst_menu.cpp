@@ -1,7 +1,7 @@
-#include "CTreeFixture.h"
-#include "CUserHand.h"
+#include "CMenuDriver.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 #include "interfaces/widgets/CMenu.h"
 
 #include <QAction>
@@ -86,10 +86,10 @@ private slots:
         QCOMPARE(fixture.Menu(fixture.Root()), QStringList());
         fixture.Select({ "open" });
         QCOMPARE(fixture.Menu(fixture.Info("open")), QStringList());
-        const CUserHand hand([](QMenu* pMenu) { pMenu->close(); });
+        const CMenuDriver menuDriver([](QMenu* pMenu) { pMenu->close(); });
         fixture.RightClick(QPoint(100, fixture.pTree->viewport()->height() - 5));
         QCoreApplication::processEvents();
-        QVERIFY(!hand.HasActed());
+        QVERIFY(!menuDriver.HasActed());
     }
 
     void aRightClickOnAnUnselectedRowSelectsIt()
@@ -170,7 +170,7 @@ private slots:
         fixture.Select({ "p" });
         int nWidth = 0;
         int nSubMinimum = 0;
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             nWidth = pMenu->width();
             nSubMinimum = Action(fixture, "Move to group")->menu()->minimumWidth();
             QVERIFY(qobject_cast<CMenu*>(pMenu));
@@ -187,7 +187,7 @@ private slots:
         CTreeFixture fixture(Site());
         const QPoint pos = fixture.At(fixture.Row("Hall"));
         QPoint ptMenu;
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             ptMenu = pMenu->pos();
             pMenu->close();
         });
@@ -200,8 +200,8 @@ private slots:
         CTreeFixture fixture(Site());
         fixture.Click(fixture.Row("Hall"));
         QStringList listEntry;
-        const CUserHand hand([&](QMenu* pMenu) {
-            listEntry = CUserHand::Entries(pMenu);
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
+            listEntry = CMenuDriver::Entries(pMenu);
             pMenu->close();
         });
         const QPoint pos = fixture.At(fixture.Row("Hall"));
@@ -239,7 +239,7 @@ private slots:
                 answers.setInUse.insert(ProcessorId(strName));
             }
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         QCOMPARE(fixture.Menu(fixture.Row("loose")).last(), QString(bEnabled ? "Delete" : "(Delete)"));
     }
 
@@ -264,7 +264,7 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.control.Set([](SControlAnswers& answers) { answers.bListLocked = true; });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         Activate(fixture, { "loose" });
         fixture.Select({ "loose" });
         QCOMPARE(fixture.Menu(fixture.Row("loose")),
@@ -312,11 +312,11 @@ private slots:
         CTreeFixture fixture(Root({ Group("R&D"), Group("A & B") }, { Processor("loose").Expanded(false) }));
         fixture.Select({ "loose" });
         QStringList listShown;
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             for (const QAction* const pAction : Action(fixture, "Move to group")->menu()->actions()) {
                 listShown.append(pAction->iconText()); // the text without the marks of mnemonics
             }
-            CUserHand::Choose(pMenu, { "Move to group", "R&&D" });
+            CMenuDriver::Choose(pMenu, { "Move to group", "R&&D" });
         });
         fixture.RightClick(fixture.At(fixture.Row("loose")));
         QCOMPARE(listShown, (QStringList{ "R&D", "A & B" }));
@@ -329,9 +329,9 @@ private slots:
         fixture.pTree->collapse(fixture.Root());
         fixture.pTree->expand(fixture.Root());
         fixture.Select({ "loose" });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             fixture.Load(Root({ Group("Hall") }, { Processor("loose").Expanded(false) }), { ProcessorId("loose") });
-            CUserHand::Choose(pMenu, { "Move to group", "Yard" });
+            CMenuDriver::Choose(pMenu, { "Move to group", "Yard" });
         });
         fixture.RightClick(fixture.At(fixture.Row("loose")));
         QCOMPARE(fixture.control.Commands(), QStringList{ MoveCall("loose", "Yard") });
@@ -382,9 +382,9 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.Select({ "alpha", "loose" });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             fixture.Load(Site(), { ProcessorId("alpha"), ProcessorId("loose") });
-            CUserHand::Choose(pMenu, { "Group" });
+            CMenuDriver::Choose(pMenu, { "Group" });
         });
         fixture.RightClick(fixture.At(fixture.Row("loose")));
         QCOMPARE(fixture.control.Commands(),
@@ -396,9 +396,9 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.Select({ "alpha", "loose" });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             fixture.Load(Root({ Group("Stage", { Processor("alpha") }) }), { ProcessorId("alpha"), ProcessorId("loose") });
-            CUserHand::Choose(pMenu, { "Move to group", "Stage" });
+            CMenuDriver::Choose(pMenu, { "Move to group", "Stage" });
         });
         fixture.RightClick(fixture.At(fixture.Row("loose")));
         QCOMPARE(fixture.control.Commands().filter("MoveProcessor"), QStringList{ MoveCall("alpha", "Stage") });
@@ -408,9 +408,9 @@ private slots:
     {
         CTreeFixture fixture(Site());
         fixture.Select({ "loose" });
-        const CUserHand hand([&](QMenu*) { fixture.pTree.reset(); });
+        const CMenuDriver menuDriver([&](QMenu*) { fixture.pTree.reset(); });
         fixture.RightClick(fixture.At(fixture.Row("loose")));
-        QVERIFY(hand.HasActed());
+        QVERIFY(menuDriver.HasActed());
         QVERIFY(!fixture.pTree);
     }
 };

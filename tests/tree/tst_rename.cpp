@@ -1,6 +1,6 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 #include "tree/TreeAction.h"
 
 #include <QLineEdit>
@@ -262,7 +262,7 @@ private slots:
         QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
         QTest::keyClicks(pEditor, "x");
         fixture.control.Set([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("loose") }; });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         QCOMPARE(fixture.control.Commands(),
                  (QStringList{ "g_pPrcBasicControl.RenameProcessor(alpha, \"x\")", SelectCall("loose") }));
         QCOMPARE(fixture.Selected(), QStringList{ "loose" });
@@ -290,7 +290,7 @@ private slots:
         fixture.ConnectLikeTheView();
         QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
         QTest::keyClicks(pEditor, "x");
-        fixture.RefreshStore(); // nothing has changed
+        fixture.ReadStore(); // nothing has changed
         QCOMPARE(Editor(fixture), pEditor);
         QCOMPARE(pEditor->text(), QStringLiteral("x"));
         QVERIFY(pEditor->hasFocus());

@@ -1,5 +1,5 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>

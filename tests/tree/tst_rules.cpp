@@ -178,13 +178,28 @@ private slots:
         QCOMPARE(SDragPayload::FromMime(pData.data()).bAllow, bAllow);
     }
 
-    void aForeignOrBrokenPayloadMayNotBeDropped()
+    void aForeignPayloadMayNotBeDropped()
     {
         QMimeData data;
         data.setText("PROCESSOR DATA");
         QVERIFY(!SDragPayload::IsIn(&data));
         QVERIFY(!SDragPayload::FromMime(&data).bAllow);
-        data.setData("PROCESSOR DATA", QByteArray());
+    }
+
+    void aBrokenPayloadMayNotBeDropped_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("2") << QByteArray(1, 2);
+        QTest::newRow("255") << QByteArray(1, char(255));
+        QTest::newRow("1, and a byte more") << QByteArray(2, 1);
+        QTest::newRow("1, and a zero byte") << QByteArray("\1\0", 2);
+    }
+    void aBrokenPayloadMayNotBeDropped()
+    {
+        QFETCH(QByteArray, bytes);
+        QMimeData data;
+        data.setData("PROCESSOR DATA", bytes);
         QVERIFY(!SDragPayload::FromMime(&data).bAllow);
     }
 

@@ -1,6 +1,6 @@
-#include "CTreeFixture.h"
 #include "TestMain.h"
 #include "data/CProcessorTreeData.h"
+#include "fixtures/CTreeFixture.h"
 #include "model/EnItemRole.h"
 
 #include <QAbstractItemModelTester>
@@ -162,7 +162,7 @@ private slots:
             answers.vecSimulatorSelection = { ProcessorId("alpha") };
             answers.vecDiscoveredSelection = { ProcessorId("beta") };
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.pTree->RestoreSelection();
         QCOMPARE(fixture.Selected(), QStringList{ "beta" });
     }
@@ -174,7 +174,7 @@ private slots:
             answers.vecSimulatorSelection = { ProcessorId("alpha") };
             answers.vecDiscoveredSelection = { ProcessorId("beta") };
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         CTestTree simulatorTree(nullptr, false);
         simulatorTree.RefreshTree();
         simulatorTree.RestoreSelection();
@@ -188,7 +188,7 @@ private slots:
         fixture.control.Set([](SControlAnswers& answers) {
             answers.vecDiscoveredSelection = { ProcessorId("open"), GroupId("Hall"), ProcessorId("alpha") };
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.Clear();
         fixture.pTree->RestoreSelection();
         QCOMPARE(fixture.control.Commands(),
@@ -204,7 +204,7 @@ private slots:
         fixture.control.Set([](SControlAnswers& answers) {
             answers.vecDiscoveredSelection = { ProcessorId("open"), GroupId("Hall"), ProcessorId("alpha") };
         });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.pTree->RestoreSelection();
         g_pProcessorTreeData->disconnect(this);
         QCOMPARE(fixture.Selected(), (QStringList{ "open", "Hall", "alpha" }));
@@ -214,7 +214,7 @@ private slots:
     {
         CTreeFixture fixture(Site(), { ProcessorId("alpha") });
         fixture.control.Set([](SControlAnswers& answers) { answers.vecDiscoveredSelection.clear(); });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         fixture.Clear();
         fixture.pTree->RestoreSelection();
         QCOMPARE(fixture.Selected(), QStringList{ "all" });
@@ -331,7 +331,7 @@ private slots:
         CTreeFixture fixture(Site());
         fixture.ConnectLikeTheView();
         fixture.control.Set([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { GroupId("Hall") }; });
-        fixture.RefreshStore();
+        fixture.ReadStore();
         QCOMPARE(fixture.Selected(), QStringList{ "Hall" });
         QCOMPARE(fixture.control.Commands(), QStringList{ SelectCall("Hall") });
     }

@@ -1,9 +1,10 @@
-#include "CTreeFixture.h"
-#include "CUserHand.h"
+#include "CDialogDriver.h"
+#include "CMenuDriver.h"
 #include "TestMain.h"
 #include "TreeText.h"
 #include "data/CProcessorTreeData.h"
 #include "data/CProcessorTreeThread.h"
+#include "fixtures/CTreeFixture.h"
 
 #include <QDrag>
 #include <QLineEdit>
@@ -58,7 +59,7 @@ public:
             fixture.control.Set([&](SControlAnswers& answers) { answers.nodeDiscovered = Changed(answers.nodeDiscovered); });
             fixture.control.Raise(1);
             const int nWanted = ++nRaised;
-            if (!QTest::qWaitFor([&] { return nRebuilds >= nWanted; })) {
+            if (!QTest::qWaitFor([&] { return nRebuilds >= nWanted; }, nPatience)) {
                 return false;
             }
         }
@@ -187,10 +188,10 @@ private slots:
         CTreeFixture fixture(Site(0));
         CStorm storm(fixture);
         fixture.Select({ "m7", "m8" });
-        const CUserHand hand([&](QMenu* pMenu) {
+        const CMenuDriver menuDriver([&](QMenu* pMenu) {
             QVERIFY(storm.Blow());
             QVERIFY(pMenu->isVisible());
-            CUserHand::Choose(pMenu, { "Move to group", "Hall" });
+            CMenuDriver::Choose(pMenu, { "Move to group", "Hall" });
         });
         fixture.RightClick(fixture.At(fixture.Row("m8")));
         QCOMPARE(fixture.control.Commands(),
@@ -202,9 +203,10 @@ private slots:
         CTreeFixture fixture(Site(0));
         CStorm storm(fixture);
         fixture.Select({ "m7" });
-        const CUserHand hand([&](QDialog* pDialog) {
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
             QVERIFY(storm.Blow());
-            CUserHand::ClickButton(pDialog, "Yes");
+            CDialogDriver::Press(pDialog, "Yes");
         });
         fixture.pTree->DeleteNode(true);
         QTRY_COMPARE(fixture.control.CallCount("SetBusy"), 2);

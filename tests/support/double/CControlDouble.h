@@ -2,6 +2,7 @@
 
 #include "Builders.h"
 #include "CNameRegistry.h"
+#include "Patience.h"
 #include "double/SControlAnswers.h"
 
 #include <QScopedPointer>
@@ -71,8 +72,8 @@ public:
     /// True when such a call (the nCount-th since ClearJournal) has arrived, or stands at its gate,
     /// within nTimeout milliseconds. Blocks without an event loop: where the call needs one, in a
     /// queued slot, use QTRY_COMPARE(control.CallCount(...), ...) instead.
-    bool WaitForCall(const QString& strOperation, int nCount = 1, int nTimeout = 5000);
-    bool WaitForHeld(const QString& strOperation, int nTimeout = 5000);
+    bool WaitForCall(const QString& strOperation, int nCount = 1, int nTimeout = nPatience);
+    bool WaitForHeld(const QString& strOperation, int nTimeout = nPatience);
 
     /// Sends a message on the double's own thread and returns at once. Without strObject each attached
     /// observer hears it once; with it ("g_pProtocalControl") those that are attached there.
@@ -82,7 +83,7 @@ public:
     void RaiseHere(int nMessage, const QString& strObject = QString());
 
     /// True when all raised and posted messages are delivered within nTimeout milliseconds.
-    bool WaitForDelivery(int nTimeout = 5000);
+    bool WaitForDelivery(int nTimeout = nPatience);
 
     /// The names of the objects that have an observer, in the order of attaching.
     QStringList Attached() const;

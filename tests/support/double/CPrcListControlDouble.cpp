@@ -29,7 +29,6 @@ void CPrcListControlDouble::AddGroup(SProcessorGroupNode node, bool bEmpty)
     // The panel makes the id of a new group itself; by its name the next calls read well.
     CNameRegistry::Instance().Name(node.idNode, node.strName);
     const CGuard guard = Command("AddGroup", Text(node.strName) + QStringLiteral(", ") + Text(bEmpty));
-    Answer([&](SControlAnswers& answers) { answers.listAddedGroup.append(node); });
     Answer([&](SControlAnswers& answers) { answers.listGroupAdded.append(node); });
 }
 

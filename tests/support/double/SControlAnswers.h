@@ -34,8 +34,6 @@ struct SControlAnswers
 
     QList<SProcessorGroupNode> listGroupAdded; ///< written by AddGroup: what it was handed, whole
 
-    QList<SProcessorGroupNode> listAddedGroup; ///< what AddGroup was given, for the test to look at
-
     /// Unset: taken from the trees and the selection of the current pane.
     std::optional<std::vector<QUuid>> vecSelectedProcessors; ///< GetSelectedProcessors; selected, or in a selected group
     std::optional<qint32> nSimulatorCount;                   ///< GetSimulatorCount; processors of the Simulator tree

@@ -1,23 +1,21 @@
 #pragma once
 
-#include <QDialog>
+#include <QDeadlineTimer>
 #include <QMenu>
 #include <QTimer>
 
 #include <functional>
 
-/// Answers what blocks: acts on the next menu or modal dialog that opens, from inside its event loop, as
-/// a user would. One that never opens leaves the hand idle; it then ends with its scope.
-class CUserHand
+/// Acts on the next menu that opens, from inside its event loop, as a user would. When none opens, its scope
+/// ends it.
+class CMenuDriver
 {
 public:
     using FnMenu = std::function<void(QMenu*)>;
-    using FnDialog = std::function<void(QDialog*)>;
 
-    explicit CUserHand(const FnMenu& fnAct);
-    explicit CUserHand(const FnDialog& fnAct);
+    explicit CMenuDriver(const FnMenu& fnActIn);
 
-    /// True once the menu or dialog has come.
+    /// True once the menu has come.
     bool HasActed() const;
 
     /// Clicks the entry through its window, and then the entry of its sub-menu, and so on. The menu may die
@@ -30,13 +28,11 @@ public:
     /// "Rename", "(Delete)" for a disabled entry, "Move to group: [Hall, Yard]" for one with a sub-menu.
     static QStringList Entries(const QMenu* pMenu);
 
-    /// Clicks a button by its text without mnemonics.
-    static void ClickButton(QDialog* pDialog, const QString& strText);
-    static QStringList Buttons(const QDialog* pDialog);
-
 private:
-    void Watch(const std::function<bool()>& fnTry);
+    void Look();
 
+    const FnMenu fnAct;
     QTimer timer;
+    QDeadlineTimer deadlineActivation{ QDeadlineTimer::Forever }; ///< runs from the coming of the menu
     bool bActed = false;
 };

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "Builders.h"
-#include "CNameRegistry.h"
-#include "data/CProcessorTreeData.h"
-#include "double/CControlDouble.h"
+#include "fixtures/CStoreFixture.h"
 #include "model/CProcessorTreeModel.h"
 #include "tree/CProcessorTree.h"
 
@@ -11,20 +8,17 @@
 
 #include <memory>
 
-/// A tree with its model in front of the process's store, which has read the records given. The
-/// Discovered pane is current.
-struct SModelRig
+/// A tree with its model, not shown, in front of a store that has read the records given. The Discovered pane
+/// is current. Rows stay as they are until Rebuild().
+class CModelFixture : public CStoreFixture
 {
-    explicit SModelRig(const SProcessorAllNode& nodeDiscovered, const SProcessorAllNode& nodeSimulator = SProcessorAllNode());
+public:
+    explicit CModelFixture(const SProcessorAllNode& nodeDiscovered, const SProcessorAllNode& nodeSimulator = SProcessorAllNode());
 
     /// Qt's model tester, which ends the run when the model breaks a rule, looks at all rows after each
     /// change of one. That is from the start, but too slow for a large list.
     void Watch();
     void Unwatch();
-
-    /// Changes the library and lets the store read it. Rows stay as they are.
-    void Change(const SProcessorAllNode& nodeDiscovered);
-    void ShowPane(bool bSimulator);
 
     /// As the tree does it, its signals blocked.
     void Rebuild();
@@ -35,7 +29,6 @@ struct SModelRig
     /// The rows that are not hidden by themselves, without information rows: "all, group Stage, processor a".
     QString ShownRows() const;
 
-    CControlDouble control;
     std::unique_ptr<CProcessorTree> pTree;
     CProcessorTreeModel* pModel = nullptr; ///< the tree's
 
