@@ -4,7 +4,7 @@ import sys
 
 from sources import code_lines, report, root_argument, sources
 
-MAX_SOURCE = 430  # of src/ and host/; a test program may list more cases than that
+MAX_SOURCE = 400  # of src/ and host/; a test program may list more cases than that
 PATTERNS = [
     (re.compile(r"\bconnect\s*\([^;]*\b(SIGNAL|SLOT)\s*\("), "string connect; use pointers to members"),
     (re.compile(r"\bfor\s*\(\s*const\s+auto\s+\w+\s*:"), "copies each element; use const auto&"),

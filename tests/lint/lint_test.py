@@ -148,8 +148,8 @@ class LintTest(unittest.TestCase):
             self.assert_fault("habits.py", "src/data/CStore.cpp:1:")
 
     def test_long_source_and_header_without_guard_are_found(self):
-        self.write("src/data/CStore.cpp", "int n;\n" * 431)
-        self.assert_fault("habits.py", "src/data/CStore.cpp:431:")
+        self.write("src/data/CStore.cpp", "int n;\n" * 401)
+        self.assert_fault("habits.py", "src/data/CStore.cpp:401:")
         self.write("src/data/CStore.cpp", "")
         self.write("src/data/CStore.h", "int n;\n")
         self.assert_fault("habits.py", "src/data/CStore.h:1:")
