@@ -1,8 +1,8 @@
 #include "Builders.h"
 #include "CBackwardClock.h"
 #include "CControlFixture.h"
-#include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/objects/CHostEvents.h"
+#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
 
 #include <QElapsedTimer>

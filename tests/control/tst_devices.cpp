@@ -3,12 +3,12 @@
 #include "CNameRegistry.h"
 #include "CorvidControl/devices/CDeviceCommands.h"
 #include "CorvidControl/devices/CSimulatedNetwork.h"
-#include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
+#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
 #include "nodes/EnNodeType.h"
 

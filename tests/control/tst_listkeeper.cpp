@@ -6,11 +6,11 @@
 #include "CorvidControl/file/CListStore.h"
 #include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/list/CDeletionWatch.h"
-#include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
+#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
 
 #include <QSemaphore>

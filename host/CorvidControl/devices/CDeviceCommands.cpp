@@ -2,9 +2,9 @@
 
 #include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/devices/IDeviceNetwork.h"
-#include "CorvidControl/list/CJobs.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
+#include "CorvidControl/objects/CJobs.h"
 
 #include <QHostAddress>
 

@@ -1,4 +1,4 @@
-#include "CorvidControl/list/CJobs.h"
+#include "CorvidControl/objects/CJobs.h"
 
 #include "CorvidControl/objects/CHostEvents.h"
 
