@@ -1,7 +1,7 @@
 #include "data/CProcessorTreeData.h"
 
 #include "data/SStoreReading.h"
-#include "data/StoreReading.h"
+#include "data/StoreReader.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 
@@ -337,7 +337,7 @@ void CProcessorTreeData::SetExpanded(const QUuid& id, bool bExpanded)
 void CProcessorTreeData::Refresh()
 {
     const CSingleRefresh single(*this);
-    const SStoreReading reading = StoreReading::Take();
+    const SStoreReading reading = StoreReader::Take();
 
     const CRefreshLocker locker(*this);
     Announce(locker, Replace(locker, reading));

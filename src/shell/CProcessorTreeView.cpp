@@ -12,7 +12,7 @@
 #include "shell/WindowTitle.h"
 #include "shell/commands/CAddCommands.h"
 #include "shell/commands/CListFileCommands.h"
-#include "shell/commands/ListAtEnd.h"
+#include "shell/commands/FinalListSave.h"
 #include "toolbar/CProcessorTreeToolBar.h"
 #include "tree/CProcessorTree.h"
 
@@ -57,7 +57,7 @@ CProcessorTreeView::~CProcessorTreeView()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     StopWorker();
-    ListAtEnd::Save();
+    FinalListSave::Save();
 }
 
 void CProcessorTreeView::paintEvent(QPaintEvent*)

@@ -2,7 +2,7 @@
 #include "CControlFixture.h"
 #include "CNameRegistry.h"
 #include "CorvidControl/day/CDayGenerator.h"
-#include "CorvidControl/day/StepRules.h"
+#include "CorvidControl/day/ScenarioFaults.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "TestMain.h"
 
@@ -108,7 +108,7 @@ private slots:
             SScenarioStep step = day.GetNext(tree);
             step.keys.insert("at", 0);
             step.keys.insert("do", step.strDo);
-            QCOMPARE(StepRules::FindStepFault(step.keys), QString());
+            QCOMPARE(ScenarioFaults::FindStepFault(step.keys), QString());
             QVERIFY(tree.FindProcessor(QUuid(step.GetText("node"))));
         }
     }

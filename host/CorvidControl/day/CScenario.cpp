@@ -1,6 +1,6 @@
 #include "CorvidControl/day/CScenario.h"
 
-#include "CorvidControl/day/StepRules.h"
+#include "CorvidControl/day/ScenarioFaults.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -49,7 +49,7 @@ CScenario CScenario::Refuse(const QString& strReason)
 // The first fault; empty when there is none.
 QString CScenario::Fill(const QJsonObject& object)
 {
-    const QString strReason = StepRules::FindScenarioFault(object);
+    const QString strReason = ScenarioFaults::FindScenarioFault(object);
     if (!strReason.isEmpty()) {
         return strReason;
     }

@@ -27,7 +27,8 @@ public:
     /// The kind of a row, an EnRecordKind.
     static constexpr int RoleKind = Qt::UserRole + 1;
 
-    /// At least one row is kept, whatever nMostRows. mapColourIn gives the text colour of each EnRecordKind; the view's own where one is missing.
+    /// At least one row is kept, whatever nMostRows. mapColourIn gives the text colour of each EnRecordKind; the view's own where
+    /// one is missing.
     CJournalModel(int nMostRows, const QMap<int, QColor>& mapColourIn, QObject* parent);
 
     /// Adds records at the end; one insertion and at most one removal, however many they are.

@@ -1,7 +1,7 @@
 #pragma once
 
 /// The list when the panel ends.
-namespace ListAtEnd {
+namespace FinalListSave {
 
 /// Saves the list to the control library's own file. Reports nothing. GUI thread.
 ///
@@ -9,4 +9,4 @@ namespace ListAtEnd {
 /// other answer leaves it alone.
 void Save();
 
-} // namespace ListAtEnd
+} // namespace FinalListSave

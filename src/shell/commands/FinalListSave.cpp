@@ -1,4 +1,4 @@
-#include "shell/commands/ListAtEnd.h"
+#include "shell/commands/FinalListSave.h"
 
 #include "data/GuiThread.h"
 #include "interfaces/control/CorvidControl.h"
@@ -7,7 +7,7 @@
 
 #include <QFile>
 
-namespace ListAtEnd {
+namespace FinalListSave {
 
 void Save()
 {
@@ -21,4 +21,4 @@ void Save()
     QFile::remove(strPath);
 }
 
-} // namespace ListAtEnd
+} // namespace FinalListSave

@@ -1,4 +1,4 @@
-#include "data/StoreReading.h"
+#include "data/StoreReader.h"
 
 #include "data/SStoreReading.h"
 #include "interfaces/control/CorvidControl.h"
@@ -31,7 +31,7 @@ SProjectInfo MakeProjectInfo()
 
 } // namespace
 
-namespace StoreReading {
+namespace StoreReader {
 
 SStoreReading Take()
 {
@@ -52,4 +52,4 @@ SStoreReading Take()
     return reading;
 }
 
-} // namespace StoreReading
+} // namespace StoreReader

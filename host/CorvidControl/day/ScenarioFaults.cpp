@@ -1,4 +1,4 @@
-#include "CorvidControl/day/StepRules.h"
+#include "CorvidControl/day/ScenarioFaults.h"
 
 #include "CorvidControl/day/StepVerbs.h"
 
@@ -64,7 +64,7 @@ QString FindKeyFault(const QJsonObject& step, const SStepVerb& verb)
 
 } // namespace
 
-QString StepRules::FindScenarioFault(const QJsonObject& object)
+QString ScenarioFaults::FindScenarioFault(const QJsonObject& object)
 {
     const QString strKeyFault
         = FindUnknownKey(object, { QStringLiteral("steps"), QStringLiteral("title"), QStringLiteral("ui") });
@@ -89,7 +89,7 @@ QString StepRules::FindScenarioFault(const QJsonObject& object)
     return {};
 }
 
-QString StepRules::FindStepFault(const QJsonObject& step)
+QString ScenarioFaults::FindStepFault(const QJsonObject& step)
 {
     const QString strTimeFault = FindTimeFault(step);
     if (!strTimeFault.isEmpty()) {
