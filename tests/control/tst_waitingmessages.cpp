@@ -6,6 +6,7 @@
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "TestMain.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 
 #include <atomic>
@@ -413,17 +414,20 @@ private slots:
         QFETCH(FnReport, fnReport);
         CControlFixture fixture;
         fixture.Start();
-        std::atomic<int> nFallen{ 0 };
+        // Fewer where a turn for the thread that delivers takes milliseconds.
+        const QDeadlineTimer enough(3000);
+        std::atomic<bool> bRains{ true };
         std::thread user([&] {
-            for (int n = 0; nFallen < 5000; ++n) {
+            for (int n = 0; bRains; ++n) {
                 fnReport(*fixture.pHost, n);
-                std::this_thread::yield(); // the thread that delivers gets a turn
+                std::this_thread::yield();
             }
         });
-        while (nFallen < 5000) {
-            g_pRuntimeControl->PostMessage(vecRefreshing.at(nFallen++ % vecRefreshing.size()));
+        for (int n = 0; n < 5000 && !enough.hasExpired(); ++n) {
+            g_pRuntimeControl->PostMessage(vecRefreshing.at(n % vecRefreshing.size()));
             std::this_thread::yield();
         }
+        bRains = false;
         user.join();
         fixture.pHost->SetUserEditing(false);
         QVERIFY(fixture.recorder.Await(MessageListChanged));
