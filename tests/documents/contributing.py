@@ -20,7 +20,8 @@ RELEASE_PROGRAMS = {"build/release/bin/ptv_benchmarks", "build/release/bin/ptv_c
 
 def commands():
     """(purpose, command) of each row; a row may name several."""
-    for line in (ROOT / "CONTRIBUTING.md").read_text(encoding="utf-8").splitlines():
+    table = (ROOT / "CONTRIBUTING.md").read_text(encoding="utf-8").split("\n## ")[0]
+    for line in table.splitlines():
         row = ROW.match(line)
         if row and row.group(1) not in ("To", "---"):
             for command in re.findall(r"`([^`]+)`", row.group(2)):
