@@ -10,8 +10,8 @@ class CComboBoxAccess : public QAccessibleWidget
 public:
     /// Tells Qt about this class, once a process.
     static void Install();
-    /// Made by Qt for a box that an assistive program asks for; ends with it.
 
+    /// Made by Qt for a box that an assistive program asks for; ends with it.
     explicit CComboBoxAccess(CComboBox* pBoxIn);
 
     QString text(QAccessible::Text t) const override;

@@ -13,7 +13,7 @@ class CMessageDialog : public CBaseDialog
     Q_OBJECT
 
 public:
-    /// buttons names at least one. defaultButton has the focus and is pressed by Return; the first of buttons where
+    /// Without any button it has OK. defaultButton has the focus and is pressed by Return; the first of buttons where
     /// it is none of them.
     CMessageDialog(QWidget* parent, const QString& strTitle, const QString& strText, CMessageBox::StandardButtons buttons,
                    CMessageBox::StandardButton defaultButton);

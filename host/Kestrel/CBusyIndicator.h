@@ -23,7 +23,7 @@ public:
     /// timeSince is looked at only when bBusy; listJob holds the calls under way, oldest first.
     void SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob);
 
-    /// What it shows, "" while nothing is busy.
+    /// What it shows; "Ready", translated, while nothing is busy.
     QString GetText() const;
 
 protected:

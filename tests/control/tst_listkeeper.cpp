@@ -293,7 +293,7 @@ private slots:
         }
         fixture.Write("other.kvtl", ListFormat::Write(node));
         fixture.Start(node);
-        CListKeeper keeper([&] { return fixture.pHost->SaveList().isEmpty(); }, {});
+        CListKeeper keeper([&] { return fixture.pHost->SaveList().isEmpty(); });
         const QString strPath = fixture.GetPath();
         const std::vector<Command> vecCommand{
             [&] { g_pPrcListControl->ExportList(strPath, 0); },

@@ -423,7 +423,7 @@ private slots:
                 std::this_thread::yield();
             }
         });
-        for (int n = 0; n < 5000 && !enough.hasExpired(); ++n) {
+        for (int n = 0; n < 500 || (n < 5000 && !enough.hasExpired()); ++n) {
             g_pRuntimeControl->PostMessage(vecRefreshing.at(n % vecRefreshing.size()));
             std::this_thread::yield();
         }

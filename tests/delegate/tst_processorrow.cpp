@@ -136,6 +136,8 @@ private slots:
         QTest::newRow("Primary, also offline") << alpha(1, strShow, 0) << true << rcLast << QRectF();
         QTest::newRow("Backup without a project") << alpha(2, {}, 0) << true << rcNoSlot << QRectF();
         QTest::newRow("unknown role") << alpha(5, strShow, 0) << true << rcLast << QRectF();
+        QTest::newRow("Chief alone") << alpha(0, strShow, 1) << true << rcNoSlot << rcLast;
+        QTest::newRow("Chief and Primary, no project") << alpha(1, {}, 1) << true << rcNoSlot << rcLastButOne;
         QTest::newRow("Chief and Backup") << alpha(2, strShow, 1) << true << rcLast << rcLastButOne;
         QTest::newRow("Chief, mode off") << alpha(0, strShow, 1) << false << rcNoSlot << QRectF();
         QTest::newRow("no Chief, but marked 2") << alpha(0, strShow, 2) << true << rcNoSlot << QRectF();

@@ -26,9 +26,9 @@ void CDayPlayer::StartQuietDay(quint32 nSeed, double dPace)
 
 void CDayPlayer::Stop()
 {
-    Q_ASSERT(std::this_thread::get_id() != threadLife.get_id());
     {
         const std::lock_guard<std::mutex> lock(mutex);
+        Q_ASSERT(std::this_thread::get_id() != threadLife.get_id());
         bStop = true;
     }
     condStop.notify_all();

@@ -35,8 +35,8 @@ struct SStepVerb
     bool bBlocking = false; ///< the action takes as long as a device takes
 };
 
-/// All that a step can do, one entry each: the files are checked, the steps are taken and the table of
-/// docs/scenarios.md is written by it. To add a verb, add an entry and its action in CStepRunner. For any
+/// All that a step can do, one entry each: the files are checked and the steps are taken by it, and a test holds the
+/// table of docs/scenarios.md against it. To add a verb, add an entry and its action in CStepRunner. For any
 /// thread.
 namespace StepVerbs {
 

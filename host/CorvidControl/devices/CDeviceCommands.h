@@ -31,7 +31,8 @@ public:
     /// Adds the device at nIP. Blocks until it has answered or the time is over.
     void Add(quint32 nIP);
 
-    /// Adds all of them or none. Never blocks.
+    /// Never blocks. Refused as a whole for an unknown type or output, or where more than two would exist; one by one,
+    /// with a line each, while the list is locked.
     void AddSimulators(const SSimulatorRequest& request);
 
     /// Deletes a processor of either pane; blocks until its device has let go. One that is gone is no fault.

@@ -3,7 +3,7 @@
 #include "CorvidControl/file/FileAccess.h"
 
 /// A place for a list file, and what may be overwritten there: what this object has read or written there
-/// last, and nothing else. All but the plain getters block for the disk. For one thread at a time.
+/// last, and nothing else. All but Forget, Adopt and the plain getters block for the disk. For one thread at a time.
 class CListPlace
 {
 public:

@@ -70,6 +70,7 @@ public:
 
     /// Writes the Discovered list over any other file at strPath; at the own place, in every spelling, as Save.
     EnExportResult Export(const QString& strPath);
+
     /// Replaces the Discovered list and the file at the own place by the list at strPath, after the list before was
     /// kept. For any result but ImportDone list and files stay, a line is logged and a message sent.
     EnImportResult Import(const QString& strPath);

@@ -75,15 +75,17 @@ std::optional<SNodePlace> CPanes::FindPlace(int nPane, const QUuid& id) const
 
 const SProcessorNode* CPanes::FindRunning(const QUuid& id, const QString& strProject) const
 {
-    const SProcessorNode* pProcessor = FindProcessor(id);
-    if (pProcessor) {
-        return IsRunning(*pProcessor, strProject) ? pProcessor : nullptr;
-    }
     const int nPane = FindPane(id);
     if (nPane < 0) {
         return nullptr;
     }
-    const QList<SProcessorNode>& listMember = arrTree.at(nPane).GetGroup(arrTree.at(nPane).FindGroup(id)).listProcessor;
+    const CNodeTree& tree = arrTree.at(nPane);
+    const int nGroup = tree.FindGroup(id);
+    if (nGroup < 0) {
+        const SProcessorNode& processor = tree.GetProcessor(*tree.FindProcessor(id));
+        return IsRunning(processor, strProject) ? &processor : nullptr;
+    }
+    const QList<SProcessorNode>& listMember = tree.GetGroup(nGroup).listProcessor;
     const auto isRunning = [&](const SProcessorNode& processor) { return IsRunning(processor, strProject); };
     const auto it = std::find_if(listMember.cbegin(), listMember.cend(), isRunning);
     return it == listMember.cend() ? nullptr : &*it;

@@ -16,8 +16,8 @@ class CMessageDispatcher;
 
 /// The list: both panes with their selections, and the rules about who may change what. Nothing here
 /// blocks. Every change is followed by a message. A command that is refused changes nothing, writes one line
-/// into the log and is followed by a message too; a locked list refuses all but folding, selecting and
-/// reports. All operations may be called on any thread.
+/// into the log and is followed by a message too; a locked list refuses all but folding, selecting,
+/// reports, SetChief and ReplaceList. All operations may be called on any thread.
 class CProcessorList
 {
 public:

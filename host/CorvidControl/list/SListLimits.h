@@ -2,7 +2,7 @@
 
 #include <limits>
 
-/// How much the library takes: a command, a scan or a file that would exceed it is refused.
+/// How much the library takes: a command or a file that would exceed it is refused, a scan adds up to it.
 struct SListLimits
 {
     int nProcessors = 256; ///< in the Discovered list

@@ -6,7 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 
-/// The clock of the library. What waits or measures goes by the steady time, which only goes forward,
+/// The clock by which messages and saves wait, and by which files are dated. The steady time only goes forward,
 /// whatever is done to the machine's wall clock; the date is for names of files. A test has a clock of its own
 /// that it turns by hand. All operations may be called on any thread.
 class CControlClock
@@ -28,4 +28,7 @@ public:
     /// Releases the lock, which must be held, and returns with it at timeEnd, when condition is notified, or
     /// for no reason before: the caller looks again at what it waits for.
     virtual void Wait(std::condition_variable& condition, std::unique_lock<std::mutex>& lock, Time timeEnd) const;
+
+protected:
+    CControlClock() = default; // an object of its own dies too soon where a reference to it is kept
 };

@@ -50,7 +50,7 @@ public:
     /// The array under the key "ui" of the scenario, in the order of the file: for the application.
     QJsonArray GetInterfaceMarks() const;
 
-    /// Begins the scenario, or the quiet day, when the panel is on the screen. A second call does nothing.
+    /// Begins the scenario, or the quiet day. Call it when the panel is on the screen; a second call does nothing.
     void StartLife();
 
     /// Milliseconds since StartLife; 0 before it.

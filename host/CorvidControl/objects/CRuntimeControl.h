@@ -6,7 +6,7 @@
 class CJobs;
 class CProcessorList;
 
-/// The object behind g_pRuntimeControl. Any thread; nothing here blocks.
+/// The object behind g_pRuntimeControl. Any thread; nothing here blocks but Detach.
 class CRuntimeControl final : public CObserved<IRuntimeControl, SenderRuntime>
 {
 public:

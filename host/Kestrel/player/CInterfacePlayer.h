@@ -11,7 +11,7 @@ class CInterfacePlayer : public QObject
     Q_OBJECT
 
 public:
-    /// marksIn are the checked marks of a scenario, by their time. strFolderIn empty: no pictures are taken.
+    /// marksIn are the marks of a scenario, as in its file. strFolderIn empty: no pictures are taken.
     CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn);
 
     /// Begins to count the seconds.
@@ -41,6 +41,6 @@ private:
     CMainWindow& window;
     const QJsonArray marks;
     const QString strFolder;
-    int nDone = 0;     ///< marks that were carried out
-    int nPictures = 0; ///< the number in the next file's name
+    int nDone = 0;     ///< marks that were begun
+    int nPictures = 0; ///< the number in the last file's name
 };
