@@ -30,22 +30,22 @@ CProcessorTreeData* CreateStore()
     return pOwnedStore;
 }
 
-/// Index of the first node with this id, -1 for none.
+// Index of the first node with this id, -1 for none.
 template <typename Node> int IndexById(const QList<Node>& list, const QUuid& id)
 {
     const auto it = std::find_if(list.cbegin(), list.cend(), [&id](const Node& node) { return node.idNode == id; });
     return it == list.cend() ? -1 : static_cast<int>(it - list.cbegin());
 }
 
-/// The first node with this id, null for none.
+// The first node with this id, null for none.
 template <typename Node> const Node* FindById(const QList<Node>& list, const QUuid& id)
 {
     const int nIndex = IndexById(list, id);
     return nIndex < 0 ? nullptr : &list.at(nIndex);
 }
 
-/// Assigns what differs and returns whether anything did. The name and the kind of a root alone are no
-/// change, but are assigned with one.
+// Assigns what differs and returns whether anything did. The name and the kind of a root alone are no
+// change, but are assigned with one.
 bool ReplaceRoot(SProcessorAllNode& node, const SProcessorAllNode& nodeNew)
 {
     if (node.bExpanded == nodeNew.bExpanded && node.listGroup == nodeNew.listGroup
@@ -69,7 +69,7 @@ template <typename Value> bool ReplaceValue(Value& value, const Value& valueNew)
 
 CProcessorTreeData* g_pProcessorTreeData = CreateStore();
 
-/// Proof that the thread which has this object holds the lock of the store.
+// Proof that the thread which has this object holds the lock of the store.
 class CProcessorTreeData::CLock
 {
 public:
@@ -80,8 +80,8 @@ protected:
     ~CLock() = default;
 };
 
-/// Locks for reading, or, on the thread that is inside Refresh(), for writing: Qt's recursive lock
-/// refuses a read lock to its writer, but grants it a further write lock.
+// Locks for reading, or, on the thread that is inside Refresh(), for writing: Qt's recursive lock
+// refuses a read lock to its writer, but grants it a further write lock.
 class CProcessorTreeData::CReadLocker : public CLock
 {
 public:
@@ -112,7 +112,7 @@ private:
     QWriteLocker locker;
 };
 
-/// The write lock of a refresh; names its thread to that thread's own readers.
+// The write lock of a refresh; names its thread to that thread's own readers.
 class CProcessorTreeData::CRefreshLocker : public CLock
 {
 public:
@@ -127,28 +127,6 @@ public:
         store.hWriter = nullptr;
         store.pLock->unlock();
     }
-
-private:
-    CProcessorTreeData& store;
-};
-
-/// A refresh from its reading on. In a debug build a second one at the same time ends the program.
-class CProcessorTreeData::CSingleRefresh
-{
-public:
-    explicit CSingleRefresh(CProcessorTreeData& storeIn) : store(storeIn)
-    {
-        const bool bTwice = store.bRefreshing.exchange(true);
-        Q_ASSERT(!bTwice);
-        Q_UNUSED(bTwice)
-    }
-
-    ~CSingleRefresh()
-    {
-        store.bRefreshing = false;
-    }
-
-    Q_DISABLE_COPY(CSingleRefresh)
 
 private:
     CProcessorTreeData& store;
@@ -336,7 +314,6 @@ void CProcessorTreeData::SetExpanded(const QUuid& id, bool bExpanded)
 
 void CProcessorTreeData::Refresh()
 {
-    const CSingleRefresh single(*this);
     const SStoreReading reading = StoreReader::Take();
 
     const CRefreshLocker locker(*this);

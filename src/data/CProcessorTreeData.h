@@ -87,9 +87,8 @@ public:
     /// same to the control library, so that the next reading finds no difference.
     void SetExpanded(const QUuid& id, bool bExpanded);
 
-    /// Reads the control library, replaces what differs and announces it. Never twice at once: the panel
-    /// calls it on the worker's thread only. Reads without the lock, then holds it for writing through all
-    /// emissions.
+    /// Reads the control library, replaces what differs and announces it. Called on a worker's thread only, of
+    /// which each panel has one. Reads without the lock, then holds it for writing through all emissions.
     void Refresh();
 
 signals:
@@ -109,7 +108,6 @@ private:
     class CReadLocker;
     class CWriteLocker;
     class CRefreshLocker;
-    class CSingleRefresh;
     struct SChanges;
 
     // What needs the lock takes it as its first parameter.
@@ -133,8 +131,6 @@ private:
 
     /// The thread inside Refresh() while it holds the lock, null otherwise.
     std::atomic<Qt::HANDLE> hWriter{ nullptr };
-
-    std::atomic<bool> bRefreshing{ false }; ///< inside Refresh(), with or without the lock
 };
 
 /// The one store of the process; never null while the module is loaded.

@@ -56,7 +56,7 @@ CProcessorTreeThread::CProcessorTreeThread(QObject* parent) : CBaseThread(parent
 
 CProcessorTreeThread::~CProcessorTreeThread()
 {
-    Q_ASSERT(QThread::currentThread() == thread() || !thread()->isRunning());
+    Q_ASSERT(QThread::currentThread() == thread() || !thread() || !thread()->isRunning());
     ForEachSubject([this](auto* pSubject) { pSubject->Detach(this); });
 }
 

@@ -6,10 +6,11 @@
 /// For the assertions of what runs on the GUI thread alone.
 namespace GuiThread {
 
-/// True on the thread that the application object belongs to. Any thread, as long as that object lives.
+/// True on the thread that the application object belongs to; false when there is none. Any thread.
 inline bool IsCurrent()
 {
-    return QThread::currentThread() == QCoreApplication::instance()->thread();
+    const QCoreApplication* const pApplication = QCoreApplication::instance();
+    return pApplication && QThread::currentThread() == pApplication->thread();
 }
 
 } // namespace GuiThread

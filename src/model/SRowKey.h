@@ -4,8 +4,8 @@
 
 class QModelIndex;
 
-/// Identifies a row by kind and id, which outlast a replacement of the rows. No row, the root and an
-/// information row have different keys, though not different ids.
+/// Identifies a row by kind and id, which outlast a replacement of the rows. No row and the root
+/// share an id but not a key, and so do a processor and its information row.
 struct SRowKey
 {
     /// The key of a row; that of no row for an invalid index.

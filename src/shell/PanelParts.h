@@ -8,7 +8,7 @@ class QPushButton;
 class QToolButton;
 class QWidget;
 
-/// The parts above and below the trees of the panel: how they are dressed and laid out. The host's style
+/// The parts above and below the trees of the panel: how they are set up and laid out. The host's style
 /// sheet relies on the object names and properties. Widgets stay owned by their parents.
 namespace PanelParts {
 

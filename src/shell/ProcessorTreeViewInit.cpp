@@ -6,10 +6,10 @@
 
 int CProcessorTreeView_Init(ICorvidWidget** ppWidget, IUIManagement* pUIManagement)
 {
-    Q_ASSERT(GuiThread::IsCurrent());
     if (!ppWidget) {
         return 0;
     }
+    Q_ASSERT(GuiThread::IsCurrent());
     *ppWidget = new CProcessorTreeView(pUIManagement->GetParentWidget());
     return 1;
 }

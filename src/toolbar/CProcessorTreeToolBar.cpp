@@ -23,8 +23,8 @@ constexpr int nStripMargin = 2;
 constexpr int nButtonSpacing = 4;
 constexpr int nButtonSize = 28;
 
-const char szImportDisabledIcon[] = ":/image/projectManage/importProject/importProjectDisable.svg";
-const char szExportDisabledIcon[] = ":/image/projectManage/exportProject/exportProjectDisable.svg";
+constexpr char szImportDisabledIcon[] = ":/image/projectManage/importProject/importProjectDisable.svg";
+constexpr char szExportDisabledIcon[] = ":/image/projectManage/exportProject/exportProjectDisable.svg";
 
 } // namespace
 

@@ -20,7 +20,8 @@ public:
     /// Null for a tree that is too narrow to leave a picture between the margins.
     QImage GetImage() const;
 
-    /// Where pos is in the image. Outside of it where the drag starts in the margin.
+    /// Where the mouse holds the image. Its x is that of pos, not counted from the margin: beyond the image for a
+    /// drag that starts in the last 2 * RowLook::nDragMargin pixels of the tree.
     QPoint GetHotSpot() const;
 
     /// Makes every pixel transparent that has exactly this colour, opaque.

@@ -1,8 +1,8 @@
 // The commands of CProcessorTree: menu, keys, deletion, grouping and renaming.
 
-#include "delegate/RowLook.h"
 #include "tree/CProcessorTree.h"
 
+#include "delegate/RowLook.h"
 #include "interfaces/widgets/CMenu.h"
 #include "model/CProcessorTreeModel.h"
 #include "model/RowValue.h"
@@ -84,7 +84,7 @@ void CProcessorTree::DeleteNode(bool bAsk)
     DeleteCommand::Run(this, bAsk, [this] { return GetNodeAboveSelection(); });
 }
 
-// The suppression comes before the editor, as the contract with the host has it: where no editor opens, on the
+// The suppression is set before the editor opens, as the contract with the host requires: where none opens, on the
 // root and on an information row, it stays on until the next editor has closed.
 void CProcessorTree::Rename()
 {

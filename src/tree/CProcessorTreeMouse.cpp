@@ -166,7 +166,8 @@ void CProcessorTree::dragMoveEvent(QDragMoveEvent* event)
     event->accept();
 }
 
-// The contract with the host has the view's own bar asked, which this tree keeps out of sight, not the overlay's.
+// Checks the view's own bar, which this tree keeps hidden, and not the overlay bar: the contract with the host
+// relies on it.
 void CProcessorTree::ScrollWhileDragging()
 {
     QScrollBar* const pBar = verticalScrollBar();
@@ -289,7 +290,7 @@ void CProcessorTree::DrawInfoShape(QPainter* pPainter, const QRect& rcRow, const
     }
 }
 
-// As the base class knows a hovered row: by its position, and only where the style decorates whole rows.
+// A row is hovered by the base class's own rule: by its position, and only where the style decorates whole rows.
 bool CProcessorTree::IsHot(const QModelIndex& index) const
 {
     return bHover && indexHover.isValid() && indexHover.row() == index.row() && indexHover.parent() == index.parent()

@@ -40,8 +40,8 @@ bool CTreeKeys::Deal(QKeyEvent* pEvent)
     }
 }
 
-// Asks neither the lock nor the user: the contract with the host has it so. What a held key repeats, or what an
-// open editor passes on, was not meant for the rows.
+// Reads the menu's entry as its last opening has left it, and asks the user nothing: the contract with the host
+// fixes both. What a held key repeats, or what an open editor passes on, was not meant for the rows.
 void CTreeKeys::DealDeleteKey(QKeyEvent* pEvent)
 {
     if (!actionDelete.isEnabled() || IsRepeat(pEvent) || tree.state() == CProcessorTree::EditingState) {

@@ -15,7 +15,7 @@ int ShownChildren(const QTreeView& tree, const QModelIndex& index)
     return bOpenGroup ? tree.model()->rowCount(index) : 0;
 }
 
-/// The last node under indexParent before the first one for which fnStop holds; indexParent when that is the first.
+// The last node under indexParent before the first one for which fnStop holds; indexParent when that is the first.
 template <typename FnStop> QModelIndex LastBefore(const QTreeView& tree, const QModelIndex& indexParent, FnStop fnStop)
 {
     const QAbstractItemModel* const pModel = tree.model();

@@ -100,6 +100,19 @@ private slots:
         QCOMPARE(pFixture->control.Attached().size(), 0);
     }
 
+    void twoPanelsMayReadTheLibraryAtTheSameTime()
+    {
+        const QScopedPointer<ICorvidWidget> pFirst(CreatePanel());
+        const QScopedPointer<ICorvidWidget> pSecond(CreatePanel());
+        CControlDouble& control = pFixture->control;
+        control.ClearJournal();
+        control.Hold("GetDiscoveredTree");
+        control.Raise(1);
+        QVERIFY(control.WaitForCall("GetDiscoveredTree", 2));
+        control.Release("GetDiscoveredTree");
+        QVERIFY(control.WaitForCall("IsChiefMode", 2));
+    }
+
     void allThreeFormsOfGetWidgetAnswerTheView()
     {
         const QScopedPointer<ICorvidWidget> pPanel(CreatePanel());

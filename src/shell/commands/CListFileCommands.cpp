@@ -13,8 +13,8 @@
 
 namespace {
 
-const char szNameFilter[] = "*.kvtl";
-const char szProposedName[] = "New.kvtl";
+constexpr char szNameFilter[] = "*.kvtl";
+constexpr char szProposedName[] = "New.kvtl";
 
 /// Answers of ImportList and ExportList.
 enum EnListFileResult

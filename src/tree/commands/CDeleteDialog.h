@@ -12,7 +12,7 @@ class CDeleteDialog
     Q_DECLARE_TR_FUNCTIONS(CProcessorTree)
 
 public:
-    /// pParent may die while a question is open; the question then counts as refused.
+    /// pParentIn may die while a question is open; the question then counts as refused.
     explicit CDeleteDialog(QWidget* pParentIn);
 
     /// Asks, where the question needs asking, and blocks until the answer. False: nothing is to be deleted,

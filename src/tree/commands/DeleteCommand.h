@@ -15,7 +15,8 @@ using FnNextNode = std::function<QUuid()>;
 /// the root alone, and where the user says no. bAsk false asks nothing and takes groups with their processors.
 ///
 /// GUI thread; blocks only as long as a question is open, over pParent, which may die meanwhile: nothing is
-/// deleted then. fnNextNode is called once, after the library has been made busy and before this returns. The
+/// deleted then. fnNextNode is called only if something is deleted: once, after the library has been made busy and
+/// before this returns. The
 /// deletion itself goes on, on a thread of its own.
 void Run(QWidget* pParent, bool bAsk, const FnNextNode& fnNextNode);
 

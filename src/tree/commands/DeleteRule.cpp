@@ -9,7 +9,7 @@
 
 namespace {
 
-// Not short-circuited: the contract with the library has both calls for every id.
+// Not short-circuited: the contract with the library requires both calls for each id.
 bool IsActiveAndInUse(const QUuid& id)
 {
     const bool bActive = g_pPrcListControl->IsNodeActive(id);

@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace {
