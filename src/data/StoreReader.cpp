@@ -31,9 +31,7 @@ SProjectInfo MakeProjectInfo()
 
 } // namespace
 
-namespace StoreReader {
-
-SStoreReading Take()
+SStoreReading StoreReader::Take()
 {
     SStoreReading reading;
     g_pPrcListControl->GetDiscoveredTree(reading.nodeDiscovered);
@@ -51,5 +49,3 @@ SStoreReading Take()
     reading.bChiefMode = g_pPreferenceControl->IsChiefMode();
     return reading;
 }
-
-} // namespace StoreReader

@@ -13,9 +13,7 @@ QRect CentredRect(const QRect& rcRow, int nIndent, int nRightMargin)
 
 } // namespace
 
-namespace EditorGeometry {
-
-QRect EditorRect(int nNodeType, const QRect& rcRow)
+QRect EditorGeometry::EditorRect(int nNodeType, const QRect& rcRow)
 {
     switch (nNodeType) {
     case NodeGroup:
@@ -26,5 +24,3 @@ QRect EditorRect(int nNodeType, const QRect& rcRow)
         return {};
     }
 }
-
-} // namespace EditorGeometry

@@ -1,20 +1,16 @@
 #include "delegate/NameRule.h"
 
-namespace NameRule {
-
-QRegExp Characters()
+QRegExp NameRule::Characters()
 {
     return QRegExp(QStringLiteral("^[^=}·~+{【】《》‘’“”，。、；：？——]*$"), Qt::CaseSensitive, QRegExp::RegExp);
 }
 
-bool FitsLimit(const QString& strName)
+bool NameRule::FitsLimit(const QString& strName)
 {
     return strName.toUtf8().length() <= nMaxBytes;
 }
 
-int CursorAfterRefusal(int nPosition, int nRefusedLength, int nValidLength)
+int NameRule::CursorAfterRefusal(int nPosition, int nRefusedLength, int nValidLength)
 {
     return nPosition - nRefusedLength + nValidLength + 1;
 }
-
-} // namespace NameRule

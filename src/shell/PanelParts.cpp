@@ -25,27 +25,25 @@ void DressIconButton(QToolButton* pButton, const QString& strName, const QString
 
 } // namespace
 
-namespace PanelParts {
-
-void DressTab(QPushButton* pTab, const QString& strPosition)
+void PanelParts::DressTab(QPushButton* pTab, const QString& strPosition)
 {
     pTab->setObjectName(QStringLiteral("Tab"));
     pTab->setProperty("Position", strPosition);
     pTab->setFixedHeight(nTabHeight);
 }
 
-void DressRefreshButton(QToolButton* pButton)
+void PanelParts::DressRefreshButton(QToolButton* pButton)
 {
     DressIconButton(pButton, QStringLiteral("IconButtonTitle"), QStringLiteral(":/image/control/refresh/refresh.svg"),
                     nRefreshIconSize);
 }
 
-void DressCloseSearchButton(QToolButton* pButton)
+void PanelParts::DressCloseSearchButton(QToolButton* pButton)
 {
     DressIconButton(pButton, QStringLiteral("CloseSearchBox"), QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
 }
 
-void LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton)
+void PanelParts::LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton)
 {
     auto* pLayout = new QHBoxLayout(pHeader);
     pLayout->setContentsMargins(0, 0, 0, 0);
@@ -56,7 +54,7 @@ void LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondT
     pLayout->addWidget(pRefreshButton);
 }
 
-QHBoxLayout* NewSearchLayout(QWidget* pSearchBox, QToolButton* pCloseSearchButton)
+QHBoxLayout* PanelParts::NewSearchLayout(QWidget* pSearchBox, QToolButton* pCloseSearchButton)
 {
     auto* pLayout = new QHBoxLayout;
     pLayout->setSpacing(nSearchSpacing);
@@ -65,5 +63,3 @@ QHBoxLayout* NewSearchLayout(QWidget* pSearchBox, QToolButton* pCloseSearchButto
     pLayout->addWidget(pCloseSearchButton);
     return pLayout;
 }
-
-} // namespace PanelParts

@@ -5,9 +5,7 @@
 #include <QApplication>
 #include <QMainWindow>
 
-namespace WindowTitle {
-
-QMainWindow* GetMainWindow()
+QMainWindow* WindowTitle::GetMainWindow()
 {
     const QWidgetList listWidget = QApplication::topLevelWidgets();
     for (QWidget* pWidget : listWidget) {
@@ -18,7 +16,7 @@ QMainWindow* GetMainWindow()
     return nullptr;
 }
 
-void ShowProject(const QString& strProject)
+void WindowTitle::ShowProject(const QString& strProject)
 {
     Q_ASSERT(GuiThread::IsCurrent());
     QMainWindow* pMainWindow = GetMainWindow();
@@ -28,5 +26,3 @@ void ShowProject(const QString& strProject)
     const QString strApplication = QStringLiteral("Kestrel");
     pMainWindow->setWindowTitle(strProject.isEmpty() ? strApplication : strProject + QStringLiteral(" - ") + strApplication);
 }
-
-} // namespace WindowTitle

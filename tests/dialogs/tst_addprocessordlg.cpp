@@ -1,8 +1,8 @@
 #include "CDialogDriver.h"
+#include "CDialogHost.h"
 #include "CMapTranslator.h"
 #include "TestMain.h"
 #include "dialogs/CAddProcessorDlg.h"
-#include "double/CControlDouble.h"
 #include "interfaces/widgets/CIPEdit.h"
 
 #include <QBoxLayout>
@@ -54,24 +54,20 @@ class CAddProcessorDlgTest : public QObject
 private slots:
     void init()
     {
-        pControl.reset(new CControlDouble);
-        pHost.reset(new QWidget);
-        pHost->resize(320, 600);
-        pHost->show();
+        pHost.reset(new CDialogHost);
     }
 
     void cleanup()
     {
         pHost.reset();
-        pControl.reset();
     }
 
     void theDialogHasItsTitleWidthAndButtons()
     {
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
 
-        QCOMPARE(dlg.parentWidget(), pHost.data());
+        QCOMPARE(dlg.parentWidget(), &pHost->window);
         QCOMPARE(dlg.windowTitle(), QStringLiteral("Add a processor"));
         QCOMPARE(dlg.width(), 247);
         QCOMPARE(dlg.minimumSize(), dlg.maximumSize());
@@ -82,14 +78,14 @@ private slots:
 
     void theWindowBehindIsDimmedWhileTheDialogIsOpen()
     {
-        CAddProcessorDlg dlg(pHost.data());
-        QVERIFY(!pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+        CAddProcessorDlg dlg(&pHost->window);
+        QVERIFY(!pHost->window.findChild<QWidget*>(QStringLiteral("DialogMask")));
 
         dlg.show();
-        QVERIFY(pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+        QVERIFY(pHost->window.findChild<QWidget*>(QStringLiteral("DialogMask")));
 
         dlg.reject();
-        QVERIFY(!pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+        QVERIFY(!pHost->window.findChild<QWidget*>(QStringLiteral("DialogMask")));
     }
 
     void theTitleIsTranslatedTheLabelIsNot()
@@ -97,7 +93,7 @@ private slots:
         const CMapTranslator german(
             { { "CAddProcessorDlg|Add a processor", "Neuer Prozessor" }, { "CAddProcessorDlg|IP", "Adresse" } });
 
-        const CAddProcessorDlg dlg(pHost.data());
+        const CAddProcessorDlg dlg(&pHost->window);
 
         QCOMPARE(dlg.windowTitle(), QStringLiteral("Neuer Prozessor"));
         QVERIFY(FindLabel(dlg, QStringLiteral("IP")));
@@ -106,7 +102,7 @@ private slots:
 
     void theFieldStandsBesideItsLabel()
     {
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
         const auto* pEdit = dlg.findChild<CIPEdit*>();
         const QLayout* pContent = dlg.layout()->itemAt(1)->layout();
@@ -127,7 +123,7 @@ private slots:
 
     void theLabelLeadsToTheField()
     {
-        const CAddProcessorDlg dlg(pHost.data());
+        const CAddProcessorDlg dlg(&pHost->window);
         const QLabel* pLabel = FindLabel(dlg, QStringLiteral("IP"));
         QVERIFY(pLabel);
 
@@ -159,7 +155,7 @@ private slots:
         QFETCH(QStringList, reserved);
         QFETCH(QStringList, inUse);
         QFETCH(QString, local);
-        pControl->Set([&](SControlAnswers& answers) {
+        pHost->control.Set([&](SControlAnswers& answers) {
             for (const QString& strIP : std::as_const(reserved)) {
                 answers.listReservedIP.append(Ip(strIP));
             }
@@ -169,7 +165,7 @@ private slots:
             answers.addressLocal.nIP = Ip(local);
         });
 
-        const CAddProcessorDlg dlg(pHost.data());
+        const CAddProcessorDlg dlg(&pHost->window);
 
         QTEST(dlg.GetIP().toString(), "proposed");
         QVERIFY(AcceptButton(dlg)->isEnabled());
@@ -177,9 +173,9 @@ private slots:
 
     void theAddressesAreFetchedInOrder()
     {
-        const CAddProcessorDlg dlg(pHost.data());
+        const CAddProcessorDlg dlg(&pHost->window);
 
-        QCOMPARE(pControl->CallsWithThread(),
+        QCOMPARE(pHost->control.CallsWithThread(),
                  QStringList({ "gui: g_pConfigControl.GetReservedIPs()", "gui: g_pPrcListControl.GetProcessorIPs()",
                                "gui: g_pPrcBasicControl.GetLocalAddress()", "gui: g_pConfigControl.GetReservedIPs()",
                                "gui: g_pPrcListControl.GetProcessorIPs()" }));
@@ -198,12 +194,12 @@ private slots:
     void anAddressThatIsTakenCannotBeAccepted()
     {
         QFETCH(QString, place);
-        pControl->Set([](SControlAnswers& answers) {
+        pHost->control.Set([](SControlAnswers& answers) {
             answers.listReservedIP = { Ip("192.168.1.20") };
             answers.nodeDiscovered = Root({}, { Processor("alpha").Ip("192.168.1.30") });
             answers.addressLocal.nIP = Ip("192.168.1.40");
         });
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
 
         TypeLastPlace(dlg, place);
@@ -216,8 +212,8 @@ private slots:
 
     void aDefectThatIsMendedEnablesTheButton()
     {
-        pControl->Set([](SControlAnswers& answers) { answers.listReservedIP = { Ip("192.168.1.20") }; });
-        CAddProcessorDlg dlg(pHost.data());
+        pHost->control.Set([](SControlAnswers& answers) { answers.listReservedIP = { Ip("192.168.1.20") }; });
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
 
         TypeLastPlace(dlg, QStringLiteral("20"));
@@ -229,8 +225,8 @@ private slots:
 
     void theLocalAddressIsProposedAndAcceptedUntilItIsLeft()
     {
-        pControl->Set([](SControlAnswers& answers) { answers.addressLocal.nIP = Ip("192.168.1.10"); });
-        CAddProcessorDlg dlg(pHost.data());
+        pHost->control.Set([](SControlAnswers& answers) { answers.addressLocal.nIP = Ip("192.168.1.10"); });
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
         QCOMPARE(dlg.GetIP().toString(), QStringLiteral("192.168.1.10"));
         QVERIFY(AcceptButton(dlg)->isEnabled());
@@ -245,11 +241,11 @@ private slots:
 
     void fromTheLocalAddressNoTakenOneIsReached()
     {
-        pControl->Set([](SControlAnswers& answers) {
+        pHost->control.Set([](SControlAnswers& answers) {
             answers.addressLocal.nIP = Ip("192.168.1.10");
             answers.listReservedIP = { Ip("192.168.1.7") };
         });
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
         QVERIFY(AcceptButton(dlg)->isEnabled());
 
@@ -262,7 +258,7 @@ private slots:
 
     void theAddressIsReadInHostOrder()
     {
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
 
         dlg.findChild<CIPEdit*>()->SetAddress(0x0A00FF01);
 
@@ -280,7 +276,7 @@ private slots:
     void acceptedByButtonAndReturn()
     {
         QFETCH(QString, how);
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
         QSignalSpy ends(&dlg, &QDialog::finished);
 
@@ -302,7 +298,7 @@ private slots:
     void rejectedByButtonCrossAndEscape()
     {
         QFETCH(QString, how);
-        CAddProcessorDlg dlg(pHost.data());
+        CAddProcessorDlg dlg(&pHost->window);
         dlg.show();
         QSignalSpy ends(&dlg, &QDialog::finished);
 
@@ -316,18 +312,17 @@ private slots:
     {
         const int nWidgets = QApplication::allWidgets().size();
         {
-            CAddProcessorDlg dlg(pHost.data());
+            CAddProcessorDlg dlg(&pHost->window);
             dlg.show();
             QTest::keyClick(&dlg, Qt::Key_Escape);
         }
 
-        QCOMPARE(pControl->Commands(), QStringList());
+        QCOMPARE(pHost->control.Commands(), QStringList());
         QCOMPARE(QApplication::allWidgets().size(), nWidgets);
     }
 
 private:
-    QScopedPointer<CControlDouble> pControl;
-    QScopedPointer<QWidget> pHost;
+    QScopedPointer<CDialogHost> pHost;
 };
 
 PTV_TEST_MAIN(CAddProcessorDlgTest)

@@ -1,8 +1,8 @@
 #include "CDialogDriver.h"
+#include "CDialogHost.h"
 #include "CMapTranslator.h"
 #include "TestMain.h"
 #include "dialogs/CAddSimulatorDlg.h"
-#include "double/CControlDouble.h"
 #include "interfaces/widgets/CComboBox.h"
 #include "interfaces/widgets/CDoubleSpinBox.h"
 #include "interfaces/widgets/CMenu.h"
@@ -74,37 +74,33 @@ class CAddSimulatorDlgTest : public QObject
 private slots:
     void init()
     {
-        pControl.reset(new CControlDouble);
-        pControl->Set([](SControlAnswers& answers) { answers.mapTypeName = { { 12, QStringLiteral("KX-4") } }; });
-        pHost.reset(new QWidget);
-        pHost->resize(320, 600);
-        pHost->show();
+        pHost.reset(new CDialogHost);
+        pHost->control.Set([](SControlAnswers& answers) { answers.mapTypeName = { { 12, QStringLiteral("KX-4") } }; });
     }
 
     void cleanup()
     {
         pHost.reset();
-        pControl.reset();
     }
 
     void theDialogHasItsTitleWidthAndButtons()
     {
-        CAddSimulatorDlg dlg(pHost.data());
+        CAddSimulatorDlg dlg(&pHost->window);
         dlg.show();
 
-        QCOMPARE(dlg.parentWidget(), pHost.data());
+        QCOMPARE(dlg.parentWidget(), &pHost->window);
         QCOMPARE(dlg.windowTitle(), QStringLiteral("Add simulators"));
         QCOMPARE(dlg.width(), 248);
         QCOMPARE(dlg.minimumSize(), dlg.maximumSize());
         QVERIFY(!(dlg.windowFlags() & Qt::WindowStaysOnTopHint));
-        QVERIFY(pHost->findChild<QWidget*>(QStringLiteral("DialogMask")));
+        QVERIFY(pHost->window.findChild<QWidget*>(QStringLiteral("DialogMask")));
         QVERIFY(dlg.findChild<QPushButton*>(QStringLiteral("DialogAccept"))->isDefault());
         QVERIFY(dlg.findChild<QPushButton*>(QStringLiteral("DialogReject")));
     }
 
     void thePartsStandInTheirPlaces()
     {
-        CAddSimulatorDlg dlg(pHost.data());
+        CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
         const QLayout* pContent = dlg.layout()->itemAt(1)->layout();
         const auto label = [](QLayoutItem* pItem) { return qobject_cast<QLabel*>(pItem->widget())->text(); };
@@ -133,7 +129,7 @@ private slots:
                                       { "CAddSimulatorDlg|5G port", "5G-Anschluss" },
                                       { "CAddSimulatorDlg|10G fiber", "10G-Faser" } });
 
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
 
         QCOMPARE(dlg.windowTitle(), QStringLiteral("Neue Simulatoren"));
         QStringList listText;
@@ -148,7 +144,7 @@ private slots:
     void aScreenReaderHearsTheLabelOfEachField()
     {
         const CMapTranslator german({ { "CAddSimulatorDlg|Count", "Anzahl" } });
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
         const auto name = [](QWidget* pField) { return QAccessible::queryAccessibleInterface(pField)->text(QAccessible::Name); };
 
@@ -160,7 +156,7 @@ private slots:
 
     void oneTypeIsOfferedUnderTheLibrarysName()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
 
         QCOMPARE(parts.pTypeMenu->actions().size(), 1);
@@ -173,7 +169,7 @@ private slots:
 
     void theTypeMenuHasNoShadow()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
 
         QVERIFY(parts.pTypeMenu->windowFlags() & Qt::NoDropShadowWindowHint);
@@ -182,9 +178,9 @@ private slots:
 
     void theLibraryIsAskedForTheSimulatorsAndTheName()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
 
-        QCOMPARE(pControl->CallsWithThread(),
+        QCOMPARE(pHost->control.CallsWithThread(),
                  QStringList({ "gui: g_pPrcListControl.GetSimulatorCount()", "gui: g_pPrcBasicControl.GetTypeName(12)" }));
     }
 
@@ -200,8 +196,8 @@ private slots:
     {
         QFETCH(int, present);
         QFETCH(double, maximum);
-        pControl->Set([&](SControlAnswers& answers) { answers.nSimulatorCount = present; });
-        CAddSimulatorDlg dlg(pHost.data());
+        pHost->control.Set([&](SControlAnswers& answers) { answers.nSimulatorCount = present; });
+        CAddSimulatorDlg dlg(&pHost->window);
         dlg.show();
         const SParts parts(dlg);
 
@@ -215,7 +211,7 @@ private slots:
 
     void theCountIsAWholeNumberAtTheLeft()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
 
         QCOMPARE(parts.pCount->decimals(), 0);
@@ -225,7 +221,7 @@ private slots:
 
     void theOutputOpensOnFibre()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
 
         QCOMPARE(dlg.GetOutput(), 3);
@@ -237,7 +233,7 @@ private slots:
 
     void outputsAreChosenFromTheMenu()
     {
-        CAddSimulatorDlg dlg(pHost.data());
+        CAddSimulatorDlg dlg(&pHost->window);
         dlg.show();
         const SParts parts(dlg);
 
@@ -263,7 +259,7 @@ private slots:
     {
         QFETCH(int, type);
         QFETCH(int, before);
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
         parts.ChooseOutput(before);
         QCOMPARE(dlg.GetOutput(), before);
@@ -278,7 +274,7 @@ private slots:
 
     void leavingATypeWithOneOutputOffersTheOthersAgain()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
         parts.ChooseType(41);
 
@@ -291,7 +287,7 @@ private slots:
 
     void anyOtherTypeKeepsTheOutput()
     {
-        const CAddSimulatorDlg dlg(pHost.data());
+        const CAddSimulatorDlg dlg(&pHost->window);
         const SParts parts(dlg);
         parts.ChooseOutput(2);
 
@@ -304,7 +300,7 @@ private slots:
 
     void theAnswersAreReadAfterAccepting()
     {
-        CAddSimulatorDlg dlg(pHost.data());
+        CAddSimulatorDlg dlg(&pHost->window);
         dlg.show();
         const SParts parts(dlg);
         parts.ChooseOutput(2);
@@ -316,7 +312,7 @@ private slots:
         QCOMPARE(dlg.GetType(), 12);
         QCOMPARE(dlg.GetCount(), 2);
         QCOMPARE(dlg.GetOutput(), 2);
-        QCOMPARE(pControl->Commands(), QStringList());
+        QCOMPARE(pHost->control.Commands(), QStringList());
     }
 
     void rejectedByButtonCrossAndEscape_data()
@@ -330,19 +326,18 @@ private slots:
     void rejectedByButtonCrossAndEscape()
     {
         QFETCH(QString, how);
-        CAddSimulatorDlg dlg(pHost.data());
+        CAddSimulatorDlg dlg(&pHost->window);
         dlg.show();
 
         CDialogDriver::Press(&dlg, how);
 
         QVERIFY(!dlg.isVisible());
         QCOMPARE(dlg.result(), int(QDialog::Rejected));
-        QCOMPARE(pControl->Commands(), QStringList());
+        QCOMPARE(pHost->control.Commands(), QStringList());
     }
 
 private:
-    QScopedPointer<CControlDouble> pControl;
-    QScopedPointer<QWidget> pHost;
+    QScopedPointer<CDialogHost> pHost;
 };
 
 PTV_TEST_MAIN(CAddSimulatorDlgTest)

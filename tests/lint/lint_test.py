@@ -162,8 +162,11 @@ class LintTest(unittest.TestCase):
 
     def test_namespace_of_another_form_is_found(self):
         self.assert_hand("src/data/CStore.cpp", "namespace\n{\n\nint n;\n\n} // namespace\n", 1)
-        self.assert_hand("src/data/CStore.cpp", "namespace Store {\nint n;\n\n} // namespace Store\n", 1)
+        self.assert_hand("src/data/Store.h", "#pragma once\nnamespace Store {\nint n;\n\n} // namespace Store\n", 2)
         self.assert_hand("src/data/CStore.cpp", "namespace {\n\nint n;\n} // namespace\n", 4)
+
+    def test_function_of_a_namespace_defined_inside_it_is_found(self):
+        self.assert_hand("src/data/Store.cpp", "namespace Store {\n\nvoid Read()\n{\n}\n\n} // namespace Store\n", 1)
 
     def test_constant_of_another_form_is_found(self):
         for constant in ("constexpr int ROW_HEIGHT = 32;", "constexpr int g_nHeight = 32;", "const QSize c_size(1, 2);",

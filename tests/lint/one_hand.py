@@ -48,6 +48,13 @@ def namespace_faults(lines):
             yield number, "a blank line stands before the end of a namespace"
 
 
+def definition_faults(path, lines):
+    """A source defines what its header has declared: Namespace::Function, as for a class."""
+    for number, line in enumerate(lines, 1):
+        if path.suffix == ".cpp" and re.match(r"namespace [A-Z]", line):
+            yield number, "functions of a namespace are defined as Namespace::Function"
+
+
 def constant_faults(line):
     match = CONSTANT.search(line)
     if match and match.group(1) and not match.group(1).startswith("g_p"):
@@ -122,7 +129,7 @@ def test_faults(path, lines):
 def findings_of(root, path):
     lines = path.read_text(encoding="utf-8").splitlines()
     code = list(code_lines(path))
-    for number, fault in namespace_faults(lines):
+    for number, fault in (*namespace_faults(lines), *definition_faults(path, lines)):
         yield path, number, fault
     for number, line in code:
         for fault in (*constant_faults(line), *override_faults(line), *initialiser_faults(line)):

@@ -29,6 +29,17 @@ void OneProcessor(SControlAnswers& answers)
     answers.vecDiscoveredSelection = { ProcessorId("alpha") };
 }
 
+/// A panel that shows its one processor, with an empty journal.
+class CSettledPanel : public CPanelFixture
+{
+public:
+    CSettledPanel() : CPanelFixture(OneProcessor)
+    {
+        Refresh();
+        control.ClearJournal();
+    }
+};
+
 } // namespace
 
 /// The commands that read and write list files, from the press to the last word.
@@ -436,9 +447,7 @@ private slots:
 
     void theExportGoesToTheFileChosen()
     {
-        CPanelFixture panel(OneProcessor);
-        panel.Refresh();
-        panel.control.ClearJournal();
+        CSettledPanel panel;
         const QString strPath = pDir->filePath(QStringLiteral("site.kvtl"));
         CDialogDriver driver;
         driver.AnswerByFile(strPath);
@@ -453,9 +462,7 @@ private slots:
 
     void aNameWithoutExtensionGoesAsTyped()
     {
-        CPanelFixture panel(OneProcessor);
-        panel.Refresh();
-        panel.control.ClearJournal();
+        CSettledPanel panel;
         const QString strPath = pDir->filePath(QStringLiteral("site"));
         CDialogDriver driver;
         driver.AnswerByFile(strPath);
@@ -504,9 +511,7 @@ private slots:
     void aCancelledExportWritesNothing()
     {
         QFETCH(QString, how);
-        CPanelFixture panel(OneProcessor);
-        panel.Refresh();
-        panel.control.ClearJournal();
+        CSettledPanel panel;
         CDialogDriver driver;
         driver.Answer(how);
 

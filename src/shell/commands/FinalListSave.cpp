@@ -7,9 +7,7 @@
 
 #include <QFile>
 
-namespace FinalListSave {
-
-void Save()
+void FinalListSave::Save()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     constexpr int nWorthless = 1;
@@ -20,5 +18,3 @@ void Save()
     QFile::setPermissions(strPath, QFileDevice::ReadOther | QFileDevice::WriteOther);
     QFile::remove(strPath);
 }
-
-} // namespace FinalListSave
