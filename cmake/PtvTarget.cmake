@@ -23,3 +23,9 @@ function(ptv_target target)
         target_link_options(${target} PRIVATE -fsanitize=${PTV_SANITIZE})
     endif()
 endfunction()
+
+# A shared library: its file has the version, its name for the loader the first number of it.
+function(ptv_shared_library target)
+    ptv_target(${target})
+    set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()

@@ -20,6 +20,7 @@ constexpr double dLeastScale = 0.5;
 constexpr double dMostScale = 4.0;
 
 constexpr QLatin1String strAt = Literal("at");
+constexpr QLatin1String strControl = Literal("control");
 constexpr QLatin1String strHelp = Literal("help");
 constexpr QLatin1String strJournal = Literal("journal");
 constexpr QLatin1String strLang = Literal("lang");
@@ -36,7 +37,7 @@ void AddOptions(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), strHelp }));
     for (const QLatin1String strName :
-         { strAt, strJournal, strLang, strList, strPace, strPanel, strScale, strScenario, strShot, strShots }) {
+         { strAt, strControl, strJournal, strLang, strList, strPace, strPanel, strScale, strScenario, strShot, strShots }) {
         parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
     }
 }
@@ -90,13 +91,15 @@ QString CCommandLine::GetHelp()
                           "  --lang LANGUAGE    %1\n"
                           "  --scale FACTOR     size of everything, 0.5 to 4\n"
                           "  --journal FILE     write the journal to that file as it grows\n"
-                          "  --panel FILE       the panel's library; default: beside the program\n"
+                          "  --panel FILE       the panel's library; default: the installed one\n"
+                          "  --control FILE     the control library; default: the installed one. One without\n"
+                          "                     CorvidControl_CreateHost takes no --list, --scenario or --pace\n"
                           "  --help             this text\n"
                           "\n"
                           "SIGTERM, SIGINT, SIGHUP and the end of the session close the window in order: running\n"
                           "jobs are waited for and the list is saved, without a question.\n"
                           "\n"
-                          "Exit codes: 0 done, 1 the panel could not be loaded, 2 a bad option or file, 3 the\n"
+                          "Exit codes: 0 done, 1 a library could not be loaded, 2 a bad option or file, 3 the\n"
                           "list could not be saved at its place and nobody could be asked: the error output\n"
                           "says where it is, a dated file beside that place if there was any way.\n")
         .arg(CLanguage::GetCodes().join(QLatin1String(", ")));
@@ -109,6 +112,7 @@ void CCommandLine::ReadValues(const QCommandLineParser& parser)
     options.strShotFile = parser.value(strShot);
     options.strShotFolder = parser.value(strShots);
     options.strJournalFile = parser.value(strJournal);
+    options.strControlFile = parser.value(strControl);
     options.strPanelFile = parser.value(strPanel);
     options.strLanguage = parser.value(strLang);
     if (parser.isSet(strAt)) {

@@ -14,7 +14,8 @@ struct SKestrelOptions
     double dShotAt = 2.0;    ///< seconds from the window's appearance to that picture
     QString strShotFolder;   ///< where the pictures go that the scenario asks for; empty: they are not taken
     QString strJournalFile;  ///< where the journal is written too; empty: nowhere
-    QString strPanelFile;    ///< the panel's library; empty: the one beside the program
+    QString strControlFile;  ///< the control library; empty: the one of the installation
+    QString strPanelFile;    ///< the panel's library; empty: the one of the installation
     QString strLanguage;     ///< "en", "de", "zh_CN"; empty: the system's
     double dPace = 1.0;      ///< how many times as fast the quiet day goes
     double dScale = 0.0;     ///< pixels a point; 0: as the screen says
