@@ -82,7 +82,7 @@ private slots:
     {
         static const QRegularExpression needed(QStringLiteral("\\(NEEDED\\).*\\[(.*)\\]"));
         static const QRegularExpression expected(QStringLiteral(
-            "^(libQt5(Core|Gui|Widgets|Network|Svg|Concurrent)\\.so\\.5|libCommonComponent\\.so|libCorvidControl\\.so"
+            "^(libQt5(Core|Gui|Widgets|Network|Svg|Concurrent)\\.so\\.5|libCommonComponent\\.so\\.0|libCorvidControl\\.so\\.0"
             "|libstdc\\+\\+\\.so\\.6|libgcc_s\\.so\\.1|libc\\.so\\.6|libm\\.so\\.6|lib(a|ub|t)san\\.so\\.\\d+)$"));
         int nNeeded = 0;
 
