@@ -13,6 +13,7 @@
 #include "journal/CControlJournal.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
@@ -34,6 +35,12 @@ SControlOptions GetControlOptions(const SKestrelOptions& options)
     return control;
 }
 
+void Say(const QString& strLine)
+{
+    std::printf("%s\n", qUtf8Printable(strLine));
+    std::fflush(stdout);
+}
+
 } // namespace
 
 CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
@@ -45,6 +52,11 @@ int CKestrel::Run()
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
     CCallLog log(nJournalLines);
+    CJournalFile journalFile(log, options.strJournalFile);
+    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
+        Complain(journalFile.GetError());
+        return nCodeBadFile;
+    }
     const std::unique_ptr<CControlHost> pHost = CControlHost::Start(GetControlOptions(options));
     if (!pHost->GetScenarioError().isEmpty()) {
         Complain(pHost->GetScenarioError());
@@ -55,11 +67,6 @@ int CKestrel::Run()
     }
     Log(*pHost, log);
     const CControlJournal journal(log, &CControlHost::GetMessageName);
-    CJournalFile journalFile(log, options.strJournalFile);
-    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
-        Complain(journalFile.GetError());
-        return nCodeBadFile;
-    }
     return RunWindow(*pHost, log);
 }
 
@@ -121,10 +128,7 @@ void CKestrel::Log(CControlHost& host, CCallLog& log)
 
 void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
 {
-    connect(&player, &CInterfacePlayer::PictureTaken, this, [](const QString& strFile) {
-        std::printf("%s\n", qUtf8Printable(strFile));
-        std::fflush(stdout);
-    });
+    connect(&player, &CInterfacePlayer::PictureTaken, this, &Say);
     connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
     if (!options.strShotFolder.isEmpty()) {
         connect(&player, &CInterfacePlayer::Finished, &window, &CMainWindow::EndUnattended);
@@ -135,6 +139,7 @@ void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
     QTimer::singleShot(qRound(options.dShotAt * dMsPerSecond), &window, [this, &player, &window] {
         const QString strReason = player.TakePicture(options.strShotFile);
         if (strReason.isEmpty()) {
+            Say(QStringLiteral("Wrote %1; --shot ends Kestrel here").arg(QFileInfo(options.strShotFile).absoluteFilePath()));
             window.EndUnattended();
         } else {
             Fail(strReason, window);
