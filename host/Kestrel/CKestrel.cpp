@@ -16,6 +16,7 @@
 #include "journal/CControlJournal.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
@@ -37,6 +38,12 @@ SControlOptions GetControlOptions(const SKestrelOptions& options)
     return control;
 }
 
+void Say(const QString& strLine)
+{
+    std::printf("%s\n", qUtf8Printable(strLine));
+    std::fflush(stdout);
+}
+
 } // namespace
 
 CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
@@ -48,6 +55,11 @@ int CKestrel::Run()
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
     CCallLog log(nJournalLines);
+    CJournalFile journalFile(log, options.strJournalFile);
+    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
+        Complain(journalFile.GetError());
+        return nCodeBadFile;
+    }
     CJobs jobs;
     CControlLoader loader;
     const std::unique_ptr<IControlHost> pHost = loader.Load(options.strControlFile, GetControlOptions(options), jobs);
@@ -66,11 +78,6 @@ int CKestrel::Run()
     Log(*pHost, log);
     const CControlJournal journal(loader.GetPointers(), log, jobs,
                                   [&pHost](int nMessage) { return pHost->GetMessageName(nMessage); });
-    CJournalFile journalFile(log, options.strJournalFile);
-    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
-        Complain(journalFile.GetError());
-        return nCodeBadFile;
-    }
     return RunWindow(*pHost, loader.GetPointers(), log);
 }
 
@@ -147,10 +154,7 @@ void CKestrel::Log(IControlHost& host, CCallLog& log)
 
 void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
 {
-    connect(&player, &CInterfacePlayer::PictureTaken, this, [](const QString& strFile) {
-        std::printf("%s\n", qUtf8Printable(strFile));
-        std::fflush(stdout);
-    });
+    connect(&player, &CInterfacePlayer::PictureTaken, this, &Say);
     connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
     if (!options.strShotFolder.isEmpty()) {
         connect(&player, &CInterfacePlayer::Finished, &window, &CMainWindow::EndUnattended);
@@ -161,6 +165,7 @@ void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
     QTimer::singleShot(qRound(options.dShotAt * dMsPerSecond), &window, [this, &player, &window] {
         const QString strReason = player.TakePicture(options.strShotFile);
         if (strReason.isEmpty()) {
+            Say(QStringLiteral("Wrote %1; --shot ends Kestrel here").arg(QFileInfo(options.strShotFile).absoluteFilePath()));
             window.EndUnattended();
         } else {
             Fail(strReason, window);

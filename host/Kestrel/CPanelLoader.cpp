@@ -5,6 +5,7 @@
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 
+#include <QFileInfo>
 #include <QLibrary>
 
 namespace {
@@ -17,7 +18,7 @@ constexpr char szLibrary[] = "ProcessorTreeView";
 std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    QLibrary library(strFile.isEmpty() ? LibraryFile::Find(QLatin1String(szLibrary)) : strFile);
+    QLibrary library(strFile.isEmpty() ? LibraryFile::Find(QLatin1String(szLibrary)) : QFileInfo(strFile).absoluteFilePath());
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(szSymbol));
     if (!pInit) {

@@ -8,6 +8,7 @@ struct SKestrelOptions
 {
     QStringList listArgument; ///< all that was given, without the program's name
     bool bHelp = false;
+    bool bVersion = false;
     QString strListFile;     ///< the working list; empty: the user's own
     QString strScenarioFile; ///< a script for the devices; empty for none
     QString strShotFile;     ///< picture of the window to write, after which the program ends; empty for none
