@@ -2,8 +2,9 @@
 # ./run.sh [options]
 #
 # Installs and builds what is missing, then starts Kestrel with your own list, which begins as a copy of
-# examples/studio.kvtl; a control library given by --control has its own. Without a display it plays
-# examples/day.json and writes pictures of it to shots/, or the one that --shot asks for. Options go to Kestrel; relative paths in them are those of the folder that you are in.
+# examples/studio.kvtl; a control library given by --control brings its own. Without a display it plays
+# examples/day.json and writes pictures of it to shots/, or the one that --shot asks for. Options go to Kestrel;
+# relative paths in them are those of the folder that you are in.
 set -euo pipefail
 
 root=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")

@@ -4,7 +4,6 @@
 #include "Kestrel/CBareControlHost.h"
 #include "Kestrel/LibraryFile.h"
 
-#include <QFileInfo>
 #include <QLibrary>
 
 namespace {
@@ -17,7 +16,7 @@ constexpr char szCreateHost[] = "CorvidControl_CreateHost";
 std::unique_ptr<IControlHost> CControlLoader::Load(const QString& strFile, const SControlOptions& options, const CJobs& jobs)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    QLibrary library(strFile.isEmpty() ? LibraryFile::Find(QLatin1String(szLibrary)) : QFileInfo(strFile).absoluteFilePath());
+    QLibrary library(LibraryFile::Find(strFile, QLatin1String(szLibrary)));
     library.setLoadHints(QLibrary::ExportExternalSymbolsHint | QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load()) {
         strError = library.errorString();

@@ -5,7 +5,6 @@
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 
-#include <QFileInfo>
 #include <QLibrary>
 
 namespace {
@@ -18,7 +17,7 @@ constexpr char szLibrary[] = "ProcessorTreeView";
 std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    QLibrary library(strFile.isEmpty() ? LibraryFile::Find(QLatin1String(szLibrary)) : QFileInfo(strFile).absoluteFilePath());
+    QLibrary library(LibraryFile::Find(strFile, QLatin1String(szLibrary)));
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(szSymbol));
     if (!pInit) {
