@@ -37,8 +37,8 @@ all | quick | long) round=${1:-all} ;;
 esac
 case $round in
 quick) stages=4 ;;
-all) stages=9 ;;
-long) stages=12 ;;
+all) stages=10 ;;
+long) stages=13 ;;
 esac
 mkdir -p "$log_dir"
 
@@ -142,6 +142,9 @@ run_rest() {
 
     section "Checkers"
     step "checkers" scripts/check.sh
+
+    section "Debian packages"
+    build package && step "Debian packages" scripts/package.sh
 
     section "Stress and end to end"
     run_tests dev -L '^(e2e|stress)$'

@@ -3,7 +3,7 @@ set(PTV_INCLUDE_ROOT ${CMAKE_INSTALL_INCLUDEDIR}/${PROJECT_NAME})
 set(PTV_DATA_ROOT ${CMAKE_INSTALL_DATADIR}/${PROJECT_NAME})
 cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY ${CMAKE_INSTALL_FULL_BINDIR} OUTPUT_VARIABLE PTV_LIBRARY_FOLDER)
 
-# What is shipped is hard to turn against its user. Not in the builds with a sanitizer, which watch the same things.
+# What is shipped is hard to turn against its user.
 set(PTV_HARDENING -fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 include(CheckCXXCompilerFlag)
 check_cxx_compiler_flag(-fcf-protection PTV_HAS_CF_PROTECTION)
@@ -31,7 +31,7 @@ function(ptv_target target)
         -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
         -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough -Wextra-semi -Wsuggest-override
         $<$<BOOL:${PTV_WARNINGS_AS_ERRORS}>:-Werror>
-        $<$<CONFIG:Release>:${PTV_HARDENING}>)
+        "$<$<CONFIG:Release>:${PTV_HARDENING}>")
     target_link_options(${target} PRIVATE $<$<CONFIG:Release>:-Wl,-z,relro,-z,now>)
     if(PTV_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${PTV_SANITIZE} -fno-omit-frame-pointer)

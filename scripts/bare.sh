@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Runs the README's two commands on a Debian 12 that has nothing but its base system, made anew for each
-# run, from a clone and from an unpacked source archive of HEAD:
-#   scripts/bare.sh [run|test|clone|archive]...     only these; of a kind that is not named, both
+# run, from a clone and from an unpacked source archive of HEAD; and installs the two packages there and starts
+# Kestrel by its menu entry:
+#   scripts/bare.sh [run|test|package|clone|archive]...     only these; of a kind that is not named, all
 # One line per run: where from, command, result, minutes:seconds. What a command printed is kept in
-# build/bare/. Needs root, debootstrap, git and a mirror; takes about an hour and a half on two cores.
+# build/bare/, with the picture that the installed Kestrel took. Needs root, debootstrap, git and a mirror; takes
+# about an hour and a half on two cores, the packages alone a few minutes.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
@@ -54,7 +56,26 @@ put_tree() {
     case $1 in
     clone) git clone --quiet . "$2" ;;
     archive) mkdir -p "$2" && git archive HEAD | tar -x -C "$2" ;;
+    packages) mkdir -p "$2" && cp build/package/*.deb "$2" && write_package_round >"$2/package.sh" && chmod +x "$2/package.sh" ;;
     esac
+}
+
+# What happens to the packages in the new system. Without what they only recommend: the rest must be enough.
+write_package_round() {
+    cat <<'SH'
+#!/bin/bash
+set -eux
+export DEBIAN_FRONTEND=noninteractive
+apt-get -qq update
+apt-get -qq install -y --no-install-recommends ./*.deb
+kestrel --version
+cp /usr/share/ProcessorTreeView/examples/studio.kvtl .
+kestrel=$(sed -n 's/^Exec=//p' /usr/share/applications/kestrel.desktop)
+test -f "/usr/share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' /usr/share/applications/kestrel.desktop).svg"
+QT_QPA_PLATFORM=offscreen $kestrel --list studio.kvtl --shot kestrel.png
+apt-get -qq remove -y processortreeview
+! test -e /usr/bin/kestrel
+SH
 }
 
 # In name spaces of its own: with its first process go all others and the mounts. The environment is that of
@@ -85,7 +106,8 @@ run_one() {
         result="FAILED, see $log"
         bad=$((bad + 1))
     fi
-    [ "$command" = run ] || result+=" ($(tail -n 1 "$log"))"
+    [ ! -e "$root$tree/kestrel.png" ] || cp "$root$tree/kestrel.png" "$log_dir/"
+    [ "$command" != test ] || result+=" ($(tail -n 1 "$log"))"
     printf '%-8s ./%-8s %s  %d:%02d\n' "$from" "$command.sh" "$result" $(((SECONDS - start) / 60)) $(((SECONDS - start) % 60))
     rm -rf --one-file-system "$root"
 }
@@ -102,15 +124,16 @@ clean() {
 main() {
     local word from command
     for word in "$@"; do
-        wants "$word" run test clone archive || die "usage: bare.sh [run|test|clone|archive]..."
+        wants "$word" run test package clone archive || die "usage: bare.sh [run|test|package|clone|archive]..."
     done
     wants clone "$@" || wants archive "$@" || set -- "$@" clone archive
-    wants run "$@" || wants test "$@" || set -- "$@" run test
+    wants run "$@" || wants test "$@" || wants package "$@" || set -- "$@" run test package
     [ "$(id -u)" = 0 ] || die "needs root"
     for word in debootstrap git unshare apt-config; do
         command -v "$word" >/dev/null || die "needs $word"
     done
     mkdir -p "$log_dir"
+    ! wants package "$@" || scripts/package.sh >"$log_dir/packages.log" 2>&1 || die "the packages are not good, see $log_dir/packages.log"
     work=$(mktemp -d "${TMPDIR:-/var/tmp}/bare.XXXXXX")
     trap clean EXIT
     trap 'exit 130' INT TERM HUP
@@ -120,6 +143,7 @@ main() {
             ! wants "$from" "$@" || ! wants "$command" "$@" || run_one "$from" "$command"
         done
     done
+    ! wants package "$@" || run_one packages package
     [ "$bad" = 0 ]
 }
 

@@ -21,6 +21,10 @@ test_packages=(
     lld                         # links the test programs in a quarter of the time
     libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
     libbenchmark-dev
+    lintian devscripts desktop-file-utils # the packages, by scripts/package.sh
+    dpkg-dev file               # what they are made with
+    abigail-tools               # the binary surface, by scripts/surface.py
+    groff-base                  # the form of the manual page
 )
 
 # What stands for the packages where there is no dpkg.

@@ -1,0 +1,15 @@
+# Run by CPack over what it is about to pack: leaves the binaries the symbols that linking and loading need, no others.
+# CPack's own way would leave the compiler's notes, and the static libraries as they are.
+file(GLOB_RECURSE programs LIST_DIRECTORIES false ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/usr/bin/*)
+file(GLOB_RECURSE libraries LIST_DIRECTORIES false ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/lib*.so.*.*)
+file(GLOB_RECURSE archives LIST_DIRECTORIES false ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*/lib*.a)
+set(notes --remove-section=.comment --remove-section=.note)
+foreach(file ${programs})
+    execute_process(COMMAND strip ${notes} ${file} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+foreach(file ${libraries})
+    execute_process(COMMAND strip --strip-unneeded ${notes} ${file} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+foreach(file ${archives})
+    execute_process(COMMAND strip --strip-debug ${notes} --enable-deterministic-archives ${file} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()

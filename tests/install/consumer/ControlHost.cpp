@@ -1,0 +1,12 @@
+#include "controlhost/CJobs.h"
+
+int main()
+{
+    CJobs jobs;
+    int nSignals = 0;
+    QObject::connect(&jobs, &CJobs::JobsChanged, &jobs, [&nSignals]() { ++nSignals; });
+    jobs.Begin(QStringLiteral("a scan"));
+    const bool bRunning = jobs.GetRunning() == QStringList(QStringLiteral("a scan"));
+    jobs.End(QStringLiteral("a scan"));
+    return bRunning && nSignals == 2 && jobs.GetRunning().isEmpty() ? 0 : 1;
+}
