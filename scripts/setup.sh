@@ -18,6 +18,7 @@ test_packages=(
     valgrind                    # what Qt's own code, which is not instrumented, does to memory
     binutils python3 pkg-config # the exported symbols, the include rules, the flags of the fuzzer
     python3-pil                 # pixels of the screen
+    git debootstrap             # the README's commands on a bare system
     clang clang-tidy clazy
     clang-format-19             # the release's own cannot insert braces
     lld                         # links the test programs in a quarter of the time

@@ -8,6 +8,7 @@
 #include "Kestrel/CUserWatch.h"
 #include "Kestrel/journal/CJournalFile.h"
 #include "Kestrel/player/CInterfacePlayer.h"
+#include "Kestrel/player/MarkFaults.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
@@ -60,6 +61,11 @@ int CKestrel::Run()
     const std::unique_ptr<CControlHost> pHost = CControlHost::Start(GetControlOptions(options));
     if (!pHost->GetScenarioError().isEmpty()) {
         Complain(pHost->GetScenarioError());
+        return nCodeBadFile;
+    }
+    const QString strMarkFault = MarkFaults::FindFault(pHost->GetInterfaceMarks());
+    if (!strMarkFault.isEmpty()) {
+        Complain(options.strScenarioFile + QStringLiteral(": ") + strMarkFault);
         return nCodeBadFile;
     }
     if (!pHost->GetListError().isEmpty()) {

@@ -11,7 +11,8 @@ class CInterfacePlayer : public QObject
     Q_OBJECT
 
 public:
-    /// marksIn are the marks of a scenario, as in its file. strFolderIn empty: no pictures are taken.
+    /// marksIn are the marks of a scenario, as in its file, without a fault (see MarkFaults). strFolderIn empty: no pictures are
+    /// taken.
     CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn);
 
     /// Begins to count the seconds.
