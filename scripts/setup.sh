@@ -8,14 +8,17 @@ run_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
     fonts-inter fonts-droid-fallback
+    qtwayland5                  # the window on a desktop with Wayland alone
 )
 test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
     xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
+    weston                      # the application on Wayland, in a window of that X server
     gdb                         # debugging, as CONTRIBUTING.md does it
     valgrind                    # what Qt's own code, which is not instrumented, does to memory
     binutils python3 pkg-config # the exported symbols, the include rules, the flags of the fuzzer
     python3-pil                 # pixels of the screen
+    git debootstrap             # the README's commands on a bare system
     clang clang-tidy clazy
     clang-format-19             # the release's own cannot insert braces
     lld                         # links the test programs in a quarter of the time
@@ -29,7 +32,7 @@ test_packages=(
 
 # What stands for the packages where there is no dpkg.
 run_commands=(g++ cmake ninja lrelease)
-test_commands=(Xvfb openbox xdotool xclip xwininfo gdb valgrind nm python3 clang-format-19 clang-tidy clazy-standalone)
+test_commands=(Xvfb openbox weston xdotool xclip xwininfo gdb valgrind nm python3 clang-format-19 clang-tidy clazy-standalone)
 run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
 
 die() {

@@ -3,9 +3,11 @@
 #include "CommonComponent/StyleHooks.h"
 #include "interfaces/widgets/CIconButton.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QWindow>
 
 namespace {
 
@@ -16,7 +18,9 @@ constexpr int nCloseIconSize = 20;
 
 } // namespace
 
-CDialogTitleBar::CDialogTitleBar(QWidget* pDialog) : QWidget(pDialog), pTitle(new QLabel(this))
+CDialogTitleBar::CDialogTitleBar(QWidget* pDialog)
+    : QWidget(pDialog), pTitle(new QLabel(this)),
+      bSystemMoves(QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
 {
     setObjectName(QStringLiteral("DialogTitleBar"));
     setAttribute(Qt::WA_StyledBackground);
@@ -53,7 +57,9 @@ void CDialogTitleBar::mousePressEvent(QMouseEvent* event)
 
 void CDialogTitleBar::mouseMoveEvent(QMouseEvent* event)
 {
-    if (bDragging) {
+    if (bDragging && bSystemMoves) {
+        bDragging = !window()->windowHandle()->startSystemMove();
+    } else if (bDragging) {
         window()->move(event->globalPos() - ptGrip);
     }
 }

@@ -27,6 +27,7 @@ protected:
 
 private:
     QLabel* pTitle;
-    QPoint ptGrip; ///< where the window was gripped, from its top left corner
+    const bool bSystemMoves; ///< only the system can move a window: Wayland says to none where it is
+    QPoint ptGrip;           ///< where the window was gripped, from its top left corner
     bool bDragging = false;
 };

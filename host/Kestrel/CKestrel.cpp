@@ -8,6 +8,7 @@
 #include "Kestrel/CUserWatch.h"
 #include "Kestrel/journal/CJournalFile.h"
 #include "Kestrel/player/CInterfacePlayer.h"
+#include "Kestrel/player/MarkFaults.h"
 #include "controlhost/CJobs.h"
 #include "controlhost/IControlHost.h"
 #include "interfaces/host/ICorvidWidget.h"
@@ -93,7 +94,11 @@ QString CKestrel::GetStartFault(const IControlHost& host, const QString& strLibr
         return QStringLiteral("%1 has nothing that --list, --scenario and --pace are for: it has no CorvidControl_CreateHost")
             .arg(strLibrary);
     }
-    return host.GetScenarioError();
+    if (!host.GetScenarioError().isEmpty()) {
+        return host.GetScenarioError();
+    }
+    const QString strMarkFault = MarkFaults::FindFault(host.GetInterfaceMarks());
+    return strMarkFault.isEmpty() ? QString() : options.strScenarioFile + QStringLiteral(": ") + strMarkFault;
 }
 
 int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CCallLog& log)

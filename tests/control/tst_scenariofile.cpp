@@ -4,6 +4,7 @@
 #include "TestMain.h"
 
 #include <QFile>
+#include <QMap>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -21,7 +22,7 @@ QString GetKeyText(const SStepKey& key)
 {
     const QString strWhat = QString::fromLatin1(key.pValue->szWhat);
     QStringList listNote;
-    if (strWhat != "a text") {
+    if (strWhat != "a text that is not empty") {
         listNote.append(strWhat);
     }
     if (!key.bNeeded) {
@@ -44,6 +45,27 @@ QString GetVerbTable()
         strTable += QStringLiteral("| `%1` | %2 | %3 |\n").arg(verb.szName, listKey.join(", "), strEffect);
     }
     return strTable;
+}
+
+/// A good value of a key, as JSON.
+QString GetGood(const QString& strKey)
+{
+    static const QMap<QString, QString> mapGood{ { "node", "\"a\"" },      { "for", "1" },      { "role", "\"none\"" },
+                                                 { "with", "\"b\"" },      { "on", "true" },    { "project", "\"P\"" },
+                                                 { "group", "\"g\"" },     { "name", "\"N\"" }, { "nodes", "[\"a\"]" },
+                                                 { "ip", "\"10.0.0.1\"" }, { "count", "1" },    { "pane", "\"simulator\"" },
+                                                 { "rate", "5" } };
+    return mapGood.value(strKey);
+}
+
+/// A scenario of one step with all its keys, of which one may have another value.
+CScenario ReadStep(const QString& strVerb, const QString& strKey, const QString& strValue)
+{
+    QStringList listKey{ "\"at\": 0", QStringLiteral("\"do\": \"%1\"").arg(strVerb) };
+    for (const SStepKey& key : StepVerbs::Find(strVerb)->vecKey) {
+        listKey.append(QStringLiteral("\"%1\": %2").arg(key.szName, strKey == key.szName ? strValue : GetGood(key.szName)));
+    }
+    return CScenario::Read("{\"steps\": [{" + listKey.join(", ").toUtf8() + "}]}", "x.json");
 }
 
 } // namespace
@@ -159,7 +181,22 @@ private slots:
         QTest::newRow("a stray key") << Json("{'steps':[],'speed':2}") << "unknown key \"speed\"";
         QTest::newRow("no time") << step(Json("'do':'scan'")) << "step 2: \"at\" must be seconds, from 0 to a day";
         QTest::newRow("a time before the start") << step(Json("'at':-1,'do':'scan'")) << "step 2: \"at\" must be seconds";
-        QTest::newRow("nothing to do") << step(Json("'at':1")) << "step 2: there is no such thing to do: \"\"";
+        QTest::newRow("nothing to do") << step(Json("'at':1")) << "step 2: \"do\" must be a text";
+        QTest::newRow("a number to do") << step(Json("'at':1,'do':7")) << "step 2: \"do\" must be a text";
+        QTest::newRow("an empty thing to do") << step(Json("'at':1,'do':''")) << "step 2: there is no such thing to do: \"\"";
+        QTest::newRow("a time as a text") << step(Json("'at':'3','do':'scan'")) << "step 2: \"at\" must be seconds";
+        QTest::newRow("an endless time") << step(Json("'at':1e300,'do':'scan'")) << "step 2: \"at\" must be seconds";
+        QTest::newRow("a step that is no object") << Json("{'steps':[3]}") << "step 1: must be an object";
+        QTest::newRow("a title of a number") << Json("{'title':7,'steps':[]}") << "\"title\" must be a text";
+        QTest::newRow("one and a half simulators") << step(Json("'at':1,'do':'add-simulators','count':1.5")) << "must be 1 or 2";
+        QTest::newRow("a list with an empty name")
+            << step(Json("'at':1,'do':'select','nodes':['a','']")) << "must be a list of texts that are not empty";
+        QTest::newRow("a key twice") << Json("{'steps':[],'steps':[]}") << "\"steps\" is there twice";
+        QTest::newRow("a key of a step twice") << step(Json("'at':1,'do':'scan','at':2")) << "step 2: \"at\" is there twice";
+        QTest::newRow("a key twice, once disguised")
+            << step(Json("'at':1,'do':'scan','\\u0061t':2")) << "step 2: \"at\" is there twice";
+        QTest::newRow("a key of a mark twice") << Json("{'steps':[{'at':1,'do':'scan'}],'ui':[{'at':1,'at':1,'shot':'x'}]}")
+                                               << "mark 1 of \"ui\": \"at\" is there twice";
         QTest::newRow("something unknown") << step(Json("'at':1,'do':'fly'")) << "step 2: there is no such thing to do: \"fly\"";
         QTest::newRow("a key is missing") << step(Json("'at':1,'do':'rename','node':'a'"))
                                           << "step 2: \"name\" of \"rename\" must be a text";
@@ -174,7 +211,8 @@ private slots:
         QTest::newRow("three simulators") << step(Json("'at':1,'do':'add-simulators','count':3")) << "must be 1 or 2";
         QTest::newRow("too hard a storm") << step(Json("'at':1,'do':'storm','rate':1001,'for':1"))
                                           << "must be a number of 1 to 1000";
-        QTest::newRow("a bad name") << step(Json("'at':1,'do':'appear','ip':'10.0.0.1','name':'a=b'}")) << "";
+        QTest::newRow("a bad name") << step(Json("'at':1,'do':'appear','ip':'10.0.0.1','name':'a=b'"))
+                                    << "step 2: \"name\" of \"appear\" must be a good name";
         QTest::newRow("a project of two lines") << step(Json("'at':1,'do':'project','node':'a','project':'a\\nb'"))
                                                 << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
         QTest::newRow("a project too long") << step(Json("'at':1,'do':'project','node':'a','project':'") + QByteArray(257, 'x')
@@ -195,6 +233,42 @@ private slots:
         QVERIFY(scenario.GetFault().startsWith("x.json: "));
         QVERIFY(!scenario.GetFault().contains('\n'));
         QVERIFY(scenario.GetSteps().isEmpty());
+    }
+
+    void textsThatLookLikeKeysAreNone()
+    {
+        const QByteArray text = Json("{'title':'at','steps':["
+                                     "{'at':1,'do':'rename','node':'at','name':'x\\', \\'at\\': {[\\\\'},"
+                                     "{'at':1,'do':'select','nodes':['at','at']}]}");
+        QCOMPARE(CScenario::Read(text, "x.json").GetFault(), QString());
+    }
+
+    void eachKeyOfEachVerbRefusesWhatItMayNotBe_data()
+    {
+        QTest::addColumn<QString>("strVerb");
+        QTest::addColumn<QString>("strKey");
+        for (const SStepVerb& verb : StepVerbs::GetAll()) {
+            for (const SStepKey& key : verb.vecKey) {
+                QTest::addRow("%s of %s", key.szName, verb.szName) << QString(verb.szName) << QString(key.szName);
+            }
+        }
+    }
+
+    void eachKeyOfEachVerbRefusesWhatItMayNotBe()
+    {
+        QFETCH(QString, strVerb);
+        QFETCH(QString, strKey);
+        const QString strPlace = QStringLiteral("x.json: step 1: \"%1\" of \"%2\" must be ").arg(strKey, strVerb);
+        QCOMPARE(ReadStep(strVerb, {}, {}).GetFault(), QString());
+        const QString strGood = GetGood(strKey);
+        QStringList listBad{ "null", "{}", "-1", "1e300", "[7]", "[[]]", strGood.startsWith('"') ? "7" : "\"x\"" };
+        if (strKey != "project" || strVerb == "open-project") {
+            listBad.append("\"\"");
+        }
+        for (const QString& strBad : std::as_const(listBad)) {
+            const QString strFault = ReadStep(strVerb, strKey, strBad).GetFault();
+            QVERIFY2(strFault.startsWith(strPlace), qPrintable(strBad + ": " + strFault));
+        }
     }
 
     void aFileThatIsNotThereIsNamed()

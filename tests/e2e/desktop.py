@@ -18,7 +18,7 @@ from PIL import ImageGrab
 
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
-START = 5.0  # seconds that a server or a window manager may take
+START = 20.0  # seconds that a server or a window manager may take
 TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
@@ -87,6 +87,10 @@ class Desktop:
         for process in (self.manager, self.server):
             process.terminate()
             process.wait()
+
+    def applications(self, folder):
+        """The environment of an application with that folder for its sockets."""
+        return dict(self.environment, XDG_RUNTIME_DIR=str(folder))
 
     def xdotool(self, *words):
         done = subprocess.run(["xdotool", *map(str, words)], env=self.environment, capture_output=True, text=True)
@@ -189,8 +193,8 @@ class Kestrel:
         script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
         life = ["--pace", str(pace)] if pace else ["--scenario", script]
         self.error_file = open(self.folder / "errors", "w+")
-        environment = dict(desktop.environment, HOME=str(self.folder), XDG_RUNTIME_DIR=str(self.folder),
-                           QT_HASH_SEED="0", LANG="C.UTF-8", LANGUAGE="en")
+        environment = dict(desktop.applications(self.folder), HOME=str(self.folder), QT_HASH_SEED="0", LANG="C.UTF-8",
+                           LANGUAGE="en")
         os.chmod(self.folder, 0o700)
         self.process = subprocess.Popen(
             [program, "--list", self.list_file, *life, "--journal", self.journal_file, "--lang", "en", *options],

@@ -30,6 +30,7 @@ class Scene(unittest.TestCase):
     SCENARIO = None
     PACE = None
     LIST = staticmethod(small_list)
+    KESTREL = desktop.Kestrel
 
     @classmethod
     def setUpClass(cls):
@@ -44,7 +45,7 @@ class Scene(unittest.TestCase):
         self.start()
 
     def start(self):
-        self.kestrel = desktop.Kestrel(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO, pace=self.PACE)
+        self.kestrel = self.KESTREL(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO, pace=self.PACE)
         self.addCleanup(self.kestrel.clean)
         self.kestrel.wait_for_pixel("the root selected", self.kestrel.row(0, 250), lambda colour: colour == SELECTED)
 

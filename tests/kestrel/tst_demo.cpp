@@ -78,7 +78,6 @@ private slots:
 
         QTest::newRow("no such row") << QByteArray(R"("select": ["Nobody"])") << "Nobody";
         QTest::newRow("no such button") << QByteArray(R"("press": "Explode")") << "Explode";
-        QTest::newRow("no such mark") << QByteArray(R"("dance": "tango")") << "dance";
     }
 
     void aMarkThatCannotBeCarriedOutEndsWithALineAndCodeTwo()
@@ -94,6 +93,42 @@ private slots:
         QCOMPARE(program.ExitCode(), 2);
         QCOMPARE(program.Errors().size(), 1);
         QVERIFY(program.Errors().constFirst().contains(strNamed));
+    }
+
+    void aMarkThatCannotBeMeantIsRefusedBeforeItsTime_data()
+    {
+        QTest::addColumn<QByteArray>("mark");
+        QTest::addColumn<QString>("strFault");
+
+        const auto row = [](const QByteArray& mark, const char* szFault) { QTest::newRow(mark) << mark << QString(szFault); };
+        row(R"(, "dance": "tango")", "unknown key \"dance\"");
+        row("", "must have one key beside \"at\"");
+        row(R"(, "shot": "a", "search": "b")", "must have one key beside \"at\"");
+        for (const char* szName : { "7", "null", "\"\"", "\"../a\"", "\"a/b\"", "\"a b\"", "\"a\\n\"" }) {
+            row(QByteArray(R"(, "shot": )") + szName, "\"shot\" must be a name of letters, digits and -, at most 100");
+        }
+        row(R"(, "search": 7)", "\"search\" must be a text");
+        row(R"(, "pane": "left")", "\"pane\" must be discovered or simulator");
+        row(R"(, "pane": 1)", "\"pane\" must be discovered or simulator");
+        for (const char* szNames : { "\"a\"", "[]", "[1]", "[\"a\", \"\"]" }) {
+            row(QByteArray(R"(, "select": )") + szNames, "\"select\" must be a list of names");
+        }
+        row(R"(, "press": "")", "\"press\" must be a text that is not empty");
+        row(R"(, "press": ["Add"])", "\"press\" must be a text that is not empty");
+    }
+
+    void aMarkThatCannotBeMeantIsRefusedBeforeItsTime()
+    {
+        QFETCH(QByteArray, mark);
+        QFETCH(QString, strFault);
+        CProgram program;
+        const QString strScenario
+            = program.Write("a.json", R"({"steps": [], "ui": [{"at": 0, "search": ""}, {"at": 3000)" + mark + "}]}");
+
+        QVERIFY(program.Run({ "--list", program.Path("a.kvtl"), "--scenario", strScenario }));
+
+        QCOMPARE(program.ExitCode(), 2);
+        QCOMPARE(program.Errors(), QStringList{ "kestrel: " + strScenario + ": mark 2 of \"ui\": " + strFault });
     }
 };
 

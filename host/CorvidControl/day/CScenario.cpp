@@ -30,7 +30,8 @@ CScenario CScenario::Read(const QByteArray& bytes, const QString& strName)
             QStringLiteral("%1: its text is no JSON object (%2 at byte %3)").arg(strName, error.errorString()).arg(error.offset));
     }
     CScenario scenario;
-    const QString strReason = scenario.Fill(document.object());
+    const QString strTwice = ScenarioFaults::FindTwiceFault(bytes);
+    const QString strReason = strTwice.isEmpty() ? scenario.Fill(document.object()) : strTwice;
     return strReason.isEmpty() ? scenario : Refuse(strName + QStringLiteral(": ") + strReason);
 }
 

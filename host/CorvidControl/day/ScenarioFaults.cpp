@@ -1,5 +1,6 @@
 #include "CorvidControl/day/ScenarioFaults.h"
 
+#include "CorvidControl/day/JsonKeys.h"
 #include "CorvidControl/day/StepVerbs.h"
 
 #include <QJsonArray>
@@ -37,6 +38,9 @@ QString FindMarkFault(const QJsonValue& value)
 
 QString FindListFault(const QJsonObject& object)
 {
+    if (object.contains(QLatin1String("title")) && !object.value(QLatin1String("title")).isString()) {
+        return QStringLiteral("\"title\" must be a text");
+    }
     if (!object.value(QLatin1String("steps")).isArray()) {
         return QStringLiteral("\"steps\" must be a list");
     }
@@ -74,7 +78,8 @@ QString ScenarioFaults::FindScenarioFault(const QJsonObject& object)
     }
     const QJsonArray arrayStep = object.value(QLatin1String("steps")).toArray();
     for (int n = 0; n < arrayStep.size(); ++n) {
-        const QString strFault = FindStepFault(arrayStep.at(n).toObject());
+        const bool bObject = arrayStep.at(n).isObject();
+        const QString strFault = bObject ? FindStepFault(arrayStep.at(n).toObject()) : QStringLiteral("must be an object");
         if (!strFault.isEmpty()) {
             return QStringLiteral("step %1: ").arg(n + 1) + strFault;
         }
@@ -89,11 +94,29 @@ QString ScenarioFaults::FindScenarioFault(const QJsonObject& object)
     return {};
 }
 
+QString ScenarioFaults::FindTwiceFault(const QByteArray& bytes)
+{
+    const QStringList listWay = JsonKeys::FindTwice(bytes);
+    if (listWay.isEmpty()) {
+        return {};
+    }
+    const QString strFault = Quote(listWay.constLast()) + QStringLiteral(" is there twice");
+    if (listWay.size() < 3) {
+        return strFault;
+    }
+    const bool bStep = listWay.constFirst() == QLatin1String("steps");
+    const QString strPlace = bStep ? QStringLiteral("step %1: ") : QStringLiteral("mark %1 of \"ui\": ");
+    return strPlace.arg(listWay.at(1)) + strFault;
+}
+
 QString ScenarioFaults::FindStepFault(const QJsonObject& step)
 {
     const QString strTimeFault = FindTimeFault(step);
     if (!strTimeFault.isEmpty()) {
         return strTimeFault;
+    }
+    if (!step.value(QLatin1String("do")).isString()) {
+        return QStringLiteral("\"do\" must be a text");
     }
     const QString strDo = step.value(QLatin1String("do")).toString();
     const SStepVerb* pVerb = StepVerbs::Find(strDo);

@@ -29,10 +29,20 @@ bool IsNumber(const QJsonValue& value, double dLeast, double dMost)
     return value.isDouble() && value.toDouble() >= dLeast && value.toDouble() <= dMost;
 }
 
+bool IsText(const QJsonValue& value)
+{
+    return !value.toString().isEmpty();
+}
+
 bool IsTexts(const QJsonValue& value)
 {
     const QJsonArray array = value.toArray();
-    return value.isArray() && std::all_of(array.begin(), array.end(), [](const QJsonValue& v) { return v.isString(); });
+    return value.isArray() && std::all_of(array.begin(), array.end(), IsText);
+}
+
+bool IsCount(const QJsonValue& value)
+{
+    return value == QJsonValue(1) || value == QJsonValue(2);
 }
 
 bool IsAddress(const QJsonValue& value)
@@ -44,15 +54,15 @@ bool IsAddress(const QJsonValue& value)
 
 static_assert(NameRules::nMaxTextBytes == 256, "the text of valueProject has the number");
 
-constexpr SStepValue valueText{ "a text", [](const QJsonValue& v) { return v.isString(); } };
-constexpr SStepValue valueTexts{ "a list of texts", IsTexts };
+constexpr SStepValue valueText{ "a text that is not empty", IsText };
+constexpr SStepValue valueTexts{ "a list of texts that are not empty", IsTexts };
 constexpr SStepValue valueName{ "a good name", [](const QJsonValue& v) { return NameRules::FindFault(v.toString()).isEmpty(); } };
 constexpr SStepValue valueProject{ "a text of at most 256 bytes without control characters",
                                    [](const QJsonValue& v) { return v.isString() && NameRules::IsText(v.toString()); } };
 constexpr SStepValue valueFlag{ "true or false", [](const QJsonValue& v) { return v.isBool(); } };
 constexpr SStepValue valueSeconds{ "seconds, from 0 to a day", [](const QJsonValue& v) { return IsNumber(v, 0, dLongest); } };
 constexpr SStepValue valueRate{ "a number of 1 to 1000", [](const QJsonValue& v) { return IsNumber(v, 1, 1000); } };
-constexpr SStepValue valueCount{ "1 or 2", [](const QJsonValue& v) { return IsNumber(v, 1, 2); } };
+constexpr SStepValue valueCount{ "1 or 2", IsCount };
 constexpr SStepValue valueAddress{ "an IPv4 address", IsAddress };
 constexpr SStepValue valueRole{ "none, primary or backup", IsRole };
 constexpr SStepValue valuePane{ "discovered or simulator", IsPane };

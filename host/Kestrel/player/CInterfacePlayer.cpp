@@ -56,10 +56,8 @@ void CInterfacePlayer::Play(const QJsonObject& mark)
         ChoosePane(mark.value(QLatin1String("pane")).toString());
     } else if (mark.contains(QLatin1String("select"))) {
         Select(mark.value(QLatin1String("select")).toArray());
-    } else if (mark.contains(QLatin1String("press"))) {
-        Press(mark.value(QLatin1String("press")).toString());
     } else {
-        emit MarkFailed(QStringLiteral("Unknown mark in the scenario: %1").arg(mark.keys().join(QLatin1String(", "))));
+        Press(mark.value(QLatin1String("press")).toString());
     }
     if (bLast) {
         emit Finished();

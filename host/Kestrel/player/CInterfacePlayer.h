@@ -12,8 +12,8 @@ class CInterfacePlayer : public QObject
     Q_OBJECT
 
 public:
-    /// windowIn and pointersIn must outlive the player. marksIn are the marks of a scenario, as in its file. strFolderIn empty:
-    /// no pictures are taken.
+    /// windowIn and pointersIn must outlive the player. marksIn are the marks of a scenario, as in its file, without a
+    /// fault (see MarkFaults). strFolderIn empty: no pictures are taken.
     CInterfacePlayer(CMainWindow& windowIn, const SControlPointers& pointersIn, const QJsonArray& marksIn,
                      const QString& strFolderIn);
 
