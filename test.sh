@@ -53,21 +53,11 @@ if setarch "$(uname -m)" -R true 2>/dev/null; then
     fixed_addresses=(setarch "$(uname -m)" -R)
 fi
 
+. scripts/progress.sh
+
 section() {
     stage=$((stage + 1))
     printf '\n=== %d of %d: %s   (%d:%02d)\n' "$stage" "$stages" "$1" $((SECONDS / 60)) $((SECONDS % 60))
-}
-
-# Copies Ninja's output to a log and says every half minute how far it is.
-show_progress() {
-    local log=$1 line shown=$SECONDS
-    while IFS= read -r line; do
-        printf '%s\n' "$line" >>"$log"
-        if [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] && ((SECONDS - shown >= 30)); then
-            shown=$SECONDS
-            echo "  ${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}"
-        fi
-    done
 }
 
 # A step that is no CTest run; of its output only its progress is shown, unless it fails.
@@ -75,7 +65,7 @@ step() {
     local name=$1 log=$log_dir/${1// /-}.log
     shift
     : >"$log"
-    if "$@" 2>&1 | show_progress "$log"; then
+    if "$@" 2>&1 | show_progress "$log" 30; then
         echo "$name: ok"
         return 0
     fi

@@ -62,6 +62,21 @@ as_root() {
     fi
 }
 
+# An update that fails does no harm where the packages are known and at hand.
+install_missing() {
+    export DEBIAN_FRONTEND=noninteractive
+    local options=(-qq -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0)
+    as_root apt-get "${options[@]}" update || true
+    as_root apt-get "${options[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+explain_failure() {
+    if grep -qE 'Could not (resolve|connect)|Failed to fetch|Cannot initiate the connection|Unable to connect' "$log"; then
+        die "no mirror of Debian answers; connect to the network or mend apt's sources, then try again (all that apt-get said is in $log)"
+    fi
+    die "apt-get could not install the packages; mend what it names in $log, then try again"
+}
+
 case "${1:-}" in
 run) packages=("${run_packages[@]}") commands=("${run_commands[@]}") ;;
 test) packages=("${run_packages[@]}" "${test_packages[@]}") commands=("${run_commands[@]}" "${test_commands[@]}") ;;
@@ -76,12 +91,13 @@ fi
 
 mapfile -t missing < <(missing_packages "${packages[@]}")
 [ "${#missing[@]}" -gt 0 ] || exit 0
-if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
-    die "neither root nor sudo; please install: ${missing[*]}"
+by_hand="apt-get install --no-install-recommends ${missing[*]}"
+if [ "$(id -u)" != 0 ]; then
+    command -v sudo >/dev/null || die "packages are missing and there is neither root nor sudo; as root run: $by_hand"
+    sudo true || die "packages are missing and sudo refuses; as root run: $by_hand"
 fi
 
 echo "setup: installing ${missing[*]}"
-export DEBIAN_FRONTEND=noninteractive
-apt_options=(-qq -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0)
-as_root apt-get "${apt_options[@]}" update
-as_root apt-get "${apt_options[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null
+log=$(mktemp "${TMPDIR:-/tmp}/setup.XXXXXX.log")
+install_missing >"$log" 2>&1 || explain_failure
+rm -f "$log"

@@ -1,10 +1,12 @@
 #include "Kestrel/CCommandLine.h"
 
 #include "Kestrel/CLanguage.h"
+#include "Kestrel/OptionFiles.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFileInfo>
+#include <QFile>
+
+#include <array>
 
 namespace {
 
@@ -21,23 +23,47 @@ constexpr double dMostScale = 4.0;
 
 constexpr QLatin1String strAt = Literal("at");
 constexpr QLatin1String strHelp = Literal("help");
-constexpr QLatin1String strJournal = Literal("journal");
 constexpr QLatin1String strLang = Literal("lang");
-constexpr QLatin1String strList = Literal("list");
 constexpr QLatin1String strPace = Literal("pace");
-constexpr QLatin1String strPanel = Literal("panel");
 constexpr QLatin1String strScale = Literal("scale");
 constexpr QLatin1String strScenario = Literal("scenario");
 constexpr QLatin1String strShot = Literal("shot");
 constexpr QLatin1String strShots = Literal("shots");
+constexpr QLatin1String strVersion = Literal("version");
+
+/// An option whose value is taken as it stands, and where it goes.
+struct STextOption
+{
+    QLatin1String strName;
+    QString SKestrelOptions::* pValue;
+};
+
+constexpr std::array<STextOption, 8> listText{ {
+    { Literal("control"), &SKestrelOptions::strControlFile },
+    { Literal("journal"), &SKestrelOptions::strJournalFile },
+    { strLang, &SKestrelOptions::strLanguage },
+    { Literal("list"), &SKestrelOptions::strListFile },
+    { Literal("panel"), &SKestrelOptions::strPanelFile },
+    { strScenario, &SKestrelOptions::strScenarioFile },
+    { strShot, &SKestrelOptions::strShotFile },
+    { strShots, &SKestrelOptions::strShotFolder },
+} };
+
+void AddOption(QCommandLineParser& parser, QLatin1String strName)
+{
+    parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
+}
 
 void AddOptions(QCommandLineParser& parser)
 {
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), strHelp }));
-    for (const QLatin1String strName :
-         { strAt, strJournal, strLang, strList, strPace, strPanel, strScale, strScenario, strShot, strShots }) {
-        parser.addOption(QCommandLineOption(strName, QString(), QStringLiteral("value")));
+    parser.addOption(QCommandLineOption(strVersion));
+    for (const STextOption& option : listText) {
+        AddOption(parser, option.strName);
+    }
+    for (const QLatin1String strName : { strAt, strPace, strScale }) {
+        AddOption(parser, strName);
     }
 }
 
@@ -55,14 +81,20 @@ CCommandLine::CCommandLine(const QStringList& listArgument)
         return;
     }
     options.bHelp = parser.isSet(strHelp);
-    if (options.bHelp) {
+    options.bVersion = parser.isSet(strVersion);
+    if (options.bHelp || options.bVersion) {
         return;
     }
     if (!parser.positionalArguments().isEmpty()) {
         Refuse(QStringLiteral("Unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
     }
-    ReadValues(parser);
-    CheckFiles();
+    ReadTexts(parser);
+    ReadNumbers(parser);
+    CheckCompany(parser);
+    const QString strFault = OptionFiles::FindFault(options);
+    if (!strFault.isEmpty()) {
+        Refuse(strFault);
+    }
 }
 
 const SKestrelOptions& CCommandLine::GetOptions() const
@@ -77,40 +109,28 @@ QString CCommandLine::GetError() const
 
 QString CCommandLine::GetHelp()
 {
-    return QStringLiteral("Usage: kestrel [options]\n"
-                          "A host for the panel that manages processors.\n"
-                          "\n"
-                          "  --list FILE        working list (.kvtl), read at start and saved after each change;\n"
-                          "                     default: processors.kvtl in the user's application data\n"
-                          "  --scenario FILE    script for the devices; default: a quiet day\n"
-                          "  --pace FACTOR      how many times as fast the quiet day goes, 1 to 100\n"
-                          "  --shot FILE.png    write a picture of the window, then quit\n"
-                          "  --at SECONDS       when to take that picture (default 2)\n"
-                          "  --shots FOLDER     write the pictures that the scenario asks for, numbered, then quit\n"
-                          "  --lang LANGUAGE    %1\n"
-                          "  --scale FACTOR     size of everything, 0.5 to 4\n"
-                          "  --journal FILE     write the journal to that file as it grows\n"
-                          "  --panel FILE       the panel's library; default: beside the program\n"
-                          "  --help             this text\n"
-                          "\n"
-                          "SIGTERM, SIGINT, SIGHUP and the end of the session close the window in order: running\n"
-                          "jobs are waited for and the list is saved, without a question.\n"
-                          "\n"
-                          "Exit codes: 0 done, 1 the panel could not be loaded, 2 a bad option or file, 3 the\n"
-                          "list could not be saved at its place and nobody could be asked: the error output\n"
-                          "says where it is, a dated file beside that place if there was any way.\n")
-        .arg(CLanguage::GetCodes().join(QLatin1String(", ")));
+    // A file, so that scripts show it without the program.
+    QFile file(QStringLiteral(":/kestrel/help.txt"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-void CCommandLine::ReadValues(const QCommandLineParser& parser)
+void CCommandLine::ReadTexts(const QCommandLineParser& parser)
 {
-    options.strListFile = parser.value(strList);
-    options.strScenarioFile = parser.value(strScenario);
-    options.strShotFile = parser.value(strShot);
-    options.strShotFolder = parser.value(strShots);
-    options.strJournalFile = parser.value(strJournal);
-    options.strPanelFile = parser.value(strPanel);
-    options.strLanguage = parser.value(strLang);
+    for (const STextOption& option : listText) {
+        options.*option.pValue = parser.value(option.strName);
+        if (parser.isSet(option.strName) && parser.value(option.strName).isEmpty()) {
+            Refuse(QStringLiteral("--%1 is empty").arg(option.strName));
+        }
+    }
+    const QStringList listCode = CLanguage::GetCodes();
+    if (parser.isSet(strLang) && !listCode.contains(options.strLanguage)) {
+        Refuse(
+            QStringLiteral("Unknown language '%1': there are %2").arg(options.strLanguage, listCode.join(QLatin1String(", "))));
+    }
+}
+
+void CCommandLine::ReadNumbers(const QCommandLineParser& parser)
+{
     if (parser.isSet(strAt)) {
         options.dShotAt = ReadNumber(parser, strAt, 0.0, dMostSeconds);
     }
@@ -120,6 +140,11 @@ void CCommandLine::ReadValues(const QCommandLineParser& parser)
     if (parser.isSet(strScale)) {
         options.dScale = ReadNumber(parser, strScale, dLeastScale, dMostScale);
     }
+}
+
+// What only makes sense with or without another option.
+void CCommandLine::CheckCompany(const QCommandLineParser& parser)
+{
     if (parser.isSet(strAt) && !parser.isSet(strShot)) {
         Refuse(QStringLiteral("--at needs --shot"));
     }
@@ -128,27 +153,6 @@ void CCommandLine::ReadValues(const QCommandLineParser& parser)
     }
     if (parser.isSet(strShots) && !parser.isSet(strScenario)) {
         Refuse(QStringLiteral("--shots needs --scenario"));
-    }
-    if (parser.isSet(strLang) && !CLanguage::GetCodes().contains(options.strLanguage)) {
-        Refuse(QStringLiteral("Unknown language '%1'").arg(options.strLanguage));
-    }
-}
-
-void CCommandLine::CheckFiles()
-{
-    if (!options.strScenarioFile.isEmpty() && !QFileInfo(options.strScenarioFile).isFile()) {
-        Refuse(QStringLiteral("No scenario file '%1'").arg(options.strScenarioFile));
-    }
-    for (const QString& strFile : { options.strListFile, options.strShotFile }) {
-        if (!strFile.isEmpty() && !QFileInfo(strFile).absoluteDir().exists()) {
-            Refuse(QStringLiteral("No folder for '%1'").arg(strFile));
-        }
-    }
-    if (!options.strShotFile.isEmpty() && !options.strShotFile.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
-        Refuse(QStringLiteral("'%1' does not end in .png").arg(options.strShotFile));
-    }
-    if (!options.strShotFolder.isEmpty() && !QFileInfo(options.strShotFolder).isDir()) {
-        Refuse(QStringLiteral("No folder '%1'").arg(options.strShotFolder));
     }
 }
 

@@ -18,8 +18,9 @@ public:
     static QString GetHelp();
 
 private:
-    void ReadValues(const class QCommandLineParser& parser);
-    void CheckFiles();
+    void ReadTexts(const class QCommandLineParser& parser);
+    void ReadNumbers(const QCommandLineParser& parser);
+    void CheckCompany(const QCommandLineParser& parser);
     double ReadNumber(const QCommandLineParser& parser, const QString& strOption, double dLeast, double dMost);
     void Refuse(const QString& strReason);
 

@@ -1,11 +1,11 @@
 #include "Kestrel/CFinalSave.h"
 #include "Kestrel/GuiThread.h"
 
-#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/ListTrouble.h"
-#include "interfaces/control/CorvidControl.h"
+#include "controlhost/IControlHost.h"
 #include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcListControl.h"
+#include "journal/SControlPointers.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -16,7 +16,9 @@
 #include <QStandardPaths>
 #include <QThread>
 
-CFinalSave::CFinalSave(CControlHost& hostIn, QWidget& windowIn) : host(hostIn), window(windowIn) { }
+CFinalSave::CFinalSave(IControlHost& hostIn, const SControlPointers& pointersIn, QWidget& windowIn)
+    : host(hostIn), pointers(pointersIn), window(windowIn)
+{ }
 
 QString CFinalSave::Save()
 {
@@ -79,7 +81,7 @@ QString CFinalSave::ChooseFile()
                        QStringLiteral("*.kvtl"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("kvtl"));
-    dialog.selectFile(QFileInfo(g_pConfigControl->GetListFilePath()).fileName());
+    dialog.selectFile(QFileInfo((*pointers.ppConfig)->GetListFilePath()).fileName());
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -89,14 +91,14 @@ QString CFinalSave::SaveTo(const QString& strPath)
 {
     strLogged = strPath;
     const QMetaObject::Connection connection = QObject::connect(
-        &host, &CControlHost::LogLine, &window,
+        &host, &IControlHost::LogLine, &window,
         [this](const QString& strLine) {
             if (QThread::currentThread() == window.thread()) {
                 strLogged = strLine;
             }
         },
         Qt::DirectConnection);
-    const bool bSaved = g_pPrcListControl->ExportList(strPath, 0) == 0;
+    const bool bSaved = (*pointers.ppPrcList)->ExportList(strPath, 0) == 0;
     QObject::disconnect(connection);
     return bSaved ? QString() : strLogged;
 }
@@ -105,7 +107,7 @@ QString CFinalSave::SaveTo(const QString& strPath)
 QString CFinalSave::SaveInOtherFolder()
 {
     const QString strName = QStringLiteral("%1.unsaved-%2-%3.kvtl")
-                                .arg(QFileInfo(g_pConfigControl->GetListFilePath()).completeBaseName(),
+                                .arg(QFileInfo((*pointers.ppConfig)->GetListFilePath()).completeBaseName(),
                                      QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss")))
                                 .arg(QCoreApplication::applicationPid());
     for (const QString& strFolder :

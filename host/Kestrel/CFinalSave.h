@@ -3,8 +3,9 @@
 #include <QCoreApplication>
 #include <QString>
 
-class CControlHost;
+class IControlHost;
 class QWidget;
+struct SControlPointers;
 
 /// Saves the list before the window goes, and finds it another place when its own does not take it. GUI
 /// thread.
@@ -13,8 +14,8 @@ class CFinalSave
     Q_DECLARE_TR_FUNCTIONS(CFinalSave)
 
 public:
-    /// Both must outlive the object.
-    CFinalSave(CControlHost& hostIn, QWidget& windowIn);
+    /// All must outlive the object.
+    CFinalSave(IControlHost& hostIn, const SControlPointers& pointersIn, QWidget& windowIn);
 
     /// At the list's own place. Empty when it is safe there, else one line with the reason.
     QString Save();
@@ -42,7 +43,8 @@ private:
     QString SaveTo(const QString& strPath);
     QString SaveInOtherFolder();
 
-    CControlHost& host;
+    IControlHost& host;
+    const SControlPointers& pointers;
     QWidget& window;
     QString strFault;
     QString strLogged; ///< the library's last line during SaveTo

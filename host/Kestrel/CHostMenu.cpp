@@ -1,7 +1,7 @@
 #include "Kestrel/CHostMenu.h"
 
-#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CLanguage.h"
+#include "controlhost/IControlHost.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -10,7 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-CHostMenu::CHostMenu(QMainWindow& windowIn, CControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction)
+CHostMenu::CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction)
     : QObject(&windowIn), window(windowIn), host(hostIn), language(languageIn),
       pProjectMenu(windowIn.menuBar()->addMenu(QString())), pListMenu(windowIn.menuBar()->addMenu(QString())),
       pViewMenu(windowIn.menuBar()->addMenu(QString())), pLanguages(new QActionGroup(this))
@@ -19,6 +19,7 @@ CHostMenu::CHostMenu(QMainWindow& windowIn, CControlHost& hostIn, CLanguage& lan
     MakeListMenu();
     MakeViewMenu(pJournalAction);
     SetConnection();
+    LeaveOut();
     UpdateText();
     UpdateState();
 }
@@ -80,6 +81,14 @@ void CHostMenu::MakeViewMenu(QAction* pJournalAction)
     }
 }
 
+// What the control library does not offer.
+void CHostMenu::LeaveOut()
+{
+    for (QAction* pAction : { pOpenProject, pCloseProject, pChiefMode, pListLocked, pRefreshBlocked }) {
+        pAction->setVisible(host.IsSteerable());
+    }
+}
+
 QAction* CHostMenu::MakeAction(QMenu* pMenu, const QKeySequence& shortcut)
 {
     QAction* pAction = pMenu->addAction(QString());
@@ -97,13 +106,13 @@ QAction* CHostMenu::MakeSwitch(QMenu* pMenu, const QKeySequence& shortcut)
 void CHostMenu::SetConnection()
 {
     connect(pOpenProject, &QAction::triggered, this, &CHostMenu::OpenProject);
-    connect(pCloseProject, &QAction::triggered, &host, &CControlHost::CloseProject);
+    connect(pCloseProject, &QAction::triggered, &host, &IControlHost::CloseProject);
     connect(pQuit, &QAction::triggered, &window, &QWidget::close);
     connect(pSelectAll, &QAction::triggered, this, &CHostMenu::SelectAllRequested);
     // triggered and not toggled: UpdateState must not send back what it has just read.
-    connect(pChiefMode, &QAction::triggered, &host, &CControlHost::SetChiefMode);
-    connect(pListLocked, &QAction::triggered, &host, &CControlHost::SetListLocked);
-    connect(pRefreshBlocked, &QAction::triggered, &host, &CControlHost::SetRefreshBlocked);
+    connect(pChiefMode, &QAction::triggered, &host, &IControlHost::SetChiefMode);
+    connect(pListLocked, &QAction::triggered, &host, &IControlHost::SetListLocked);
+    connect(pRefreshBlocked, &QAction::triggered, &host, &IControlHost::SetRefreshBlocked);
     connect(pLanguages, &QActionGroup::triggered, this,
             [this](const QAction* pAction) { language.Set(pAction->data().toString()); });
 }

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-class CControlHost;
+class IControlHost;
 class CLanguage;
 class QAction;
 class QActionGroup;
@@ -16,7 +16,7 @@ class CHostMenu : public QObject
 
 public:
     /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
-    CHostMenu(QMainWindow& windowIn, CControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
+    CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
 
     /// The check marks and the enabled states, from the control library.
     void UpdateState();
@@ -32,6 +32,7 @@ private:
     void MakeProjectMenu();
     void MakeListMenu();
     void MakeViewMenu(QAction* pJournalAction);
+    void LeaveOut();
     QAction* MakeAction(QMenu* pMenu, const QKeySequence& shortcut);
     /// An entry with a check mark.
     QAction* MakeSwitch(QMenu* pMenu, const QKeySequence& shortcut);
@@ -39,7 +40,7 @@ private:
     void OpenProject();
 
     QMainWindow& window;
-    CControlHost& host;
+    IControlHost& host;
     CLanguage& language;
     QMenu* pProjectMenu;
     QMenu* pListMenu;

@@ -1,14 +1,14 @@
 #include "Kestrel/CHostStatus.h"
 
-#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CBusyIndicator.h"
 #include "Kestrel/CElidedLabel.h"
 #include "Kestrel/ListTrouble.h"
+#include "controlhost/IControlHost.h"
 
 #include <QLabel>
 #include <QTextDocument>
 
-CHostStatus::CHostStatus(CControlHost& hostIn, const CTheme& theme, QWidget* parent)
+CHostStatus::CHostStatus(IControlHost& hostIn, const CTheme& theme, QWidget* parent)
     : QStatusBar(parent), host(hostIn), pBusy(new CBusyIndicator(theme, this)), pTrouble(new CElidedLabel(this)),
       pProject(MakeBadge(false)), pChiefMode(MakeBadge(true)), pListLocked(MakeBadge(true)), pRefreshBlocked(MakeBadge(true))
 {

@@ -3,7 +3,7 @@
 #include <QStatusBar>
 
 class CBusyIndicator;
-class CControlHost;
+class IControlHost;
 class CElidedLabel;
 class CTheme;
 class QLabel;
@@ -16,7 +16,7 @@ class CHostStatus : public QStatusBar
 
 public:
     /// hostIn must outlive the bar.
-    CHostStatus(CControlHost& hostIn, const CTheme& theme, QWidget* parent);
+    CHostStatus(IControlHost& hostIn, const CTheme& theme, QWidget* parent);
 
     /// What is busy and since when, from the control library.
     void UpdateBusy();
@@ -31,7 +31,7 @@ private:
     QLabel* MakeBadge(bool bMode);
     static void SetBadge(QLabel* pBadge, const QString& strText, bool bShown);
 
-    CControlHost& host;
+    IControlHost& host;
     CBusyIndicator* pBusy;
     CElidedLabel* pTrouble;
     QLabel* pProject;

@@ -1,25 +1,29 @@
 #include "Kestrel/CKestrel.h"
 #include "Kestrel/GuiThread.h"
 
-#include "CorvidControl/objects/CControlHost.h"
+#include "Kestrel/CControlLoader.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
 #include "Kestrel/CUserWatch.h"
 #include "Kestrel/journal/CJournalFile.h"
 #include "Kestrel/player/CInterfacePlayer.h"
+#include "controlhost/CJobs.h"
+#include "controlhost/IControlHost.h"
+#include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
 
 namespace {
 
-constexpr int nCodeNoPanel = 1;
+constexpr int nCodeNoLibrary = 1;
 constexpr int nCodeBadFile = 2;
 constexpr int nCodeNotSaved = 3;
 constexpr int nJournalLines = 4096;
@@ -34,6 +38,12 @@ SControlOptions GetControlOptions(const SKestrelOptions& options)
     return control;
 }
 
+void Say(const QString& strLine)
+{
+    std::printf("%s\n", qUtf8Printable(strLine));
+    std::fflush(stdout);
+}
+
 } // namespace
 
 CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
@@ -45,22 +55,30 @@ int CKestrel::Run()
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
     CCallLog log(nJournalLines);
-    const std::unique_ptr<CControlHost> pHost = CControlHost::Start(GetControlOptions(options));
-    if (!pHost->GetScenarioError().isEmpty()) {
-        Complain(pHost->GetScenarioError());
+    CJournalFile journalFile(log, options.strJournalFile);
+    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
+        Complain(journalFile.GetError());
+        return nCodeBadFile;
+    }
+    CJobs jobs;
+    CControlLoader loader;
+    const std::unique_ptr<IControlHost> pHost = loader.Load(options.strControlFile, GetControlOptions(options), jobs);
+    if (!pHost) {
+        Complain(loader.GetError());
+        return nCodeNoLibrary;
+    }
+    const QString strFault = GetStartFault(*pHost);
+    if (!strFault.isEmpty()) {
+        Complain(strFault);
         return nCodeBadFile;
     }
     if (!pHost->GetListError().isEmpty()) {
         Complain(pHost->GetListError());
     }
     Log(*pHost, log);
-    const CControlJournal journal(log, &CControlHost::GetMessageName);
-    CJournalFile journalFile(log, options.strJournalFile);
-    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
-        Complain(journalFile.GetError());
-        return nCodeBadFile;
-    }
-    return RunWindow(*pHost, log);
+    const CControlJournal journal(loader.GetPointers(), log, jobs,
+                                  [&pHost](int nMessage) { return pHost->GetMessageName(nMessage); });
+    return RunWindow(*pHost, loader.GetPointers(), log);
 }
 
 void CKestrel::Complain(const QString& strLine)
@@ -68,23 +86,38 @@ void CKestrel::Complain(const QString& strLine)
     std::fprintf(stderr, "kestrel: %s\n", qUtf8Printable(strLine));
 }
 
-int CKestrel::RunWindow(CControlHost& host, CCallLog& log)
+// Why what was asked for cannot be begun; empty when it can.
+QString CKestrel::GetStartFault(const IControlHost& host) const
+{
+    const bool bAsked = !options.strListFile.isEmpty() || !options.strScenarioFile.isEmpty() || options.dPace != 1.0;
+    if (!host.IsSteerable() && bAsked) {
+        return QStringLiteral("%1 has nothing that --list, --scenario and --pace are for: it has no CorvidControl_CreateHost")
+            .arg(options.strControlFile);
+    }
+    return host.GetScenarioError();
+}
+
+int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CCallLog& log)
 {
     const CUserWatch watch(host);
-    CMainWindow window(host, log, language, theme);
+    CMainWindow window(host, pointers, log, language, theme);
     CPanelLoader loader;
     // Declared behind the window: the panel ends first, while its parent and the control library live.
     const std::unique_ptr<ICorvidWidget> pPanel = loader.Load(options.strPanelFile, window);
     if (!pPanel) {
         Complain(loader.GetError());
-        return nCodeNoPanel;
+        return nCodeNoLibrary;
     }
     window.SetPanel(pPanel->GetWidget());
-    CInterfacePlayer player(window, host.GetInterfaceMarks(), options.strShotFolder);
+    CInterfacePlayer player(window, pointers, host.GetInterfaceMarks(), options.strShotFolder);
     Arm(player, window);
     const CSessionEnd sessionEnd(window, QStringList(QApplication::applicationFilePath()) + options.listArgument);
     connect(&endSignals, &CEndSignals::EndRequested, &window, &CMainWindow::EndUnattended);
     window.show();
+    if (!host.IsSteerable()) {
+        // The panel reads at a message, and nothing says that a library sends one to a new observer.
+        (*pointers.ppRuntime)->PostMessage(MessageDeleteFinished);
+    }
     host.StartLife();
     player.Start();
     QApplication::exec();
@@ -100,7 +133,7 @@ int CKestrel::Finish(const CMainWindow& window) const
     return nCodeNotSaved;
 }
 
-void CKestrel::Log(CControlHost& host, CCallLog& log)
+void CKestrel::Log(IControlHost& host, CCallLog& log)
 {
     const QString strListError = host.GetListError();
     if (!strListError.isEmpty()) {
@@ -108,23 +141,20 @@ void CKestrel::Log(CControlHost& host, CCallLog& log)
     }
     // Direct, since the journal takes lines from any thread, and the order counts.
     connect(
-        &host, &CControlHost::LogLine, this,
+        &host, &IControlHost::LogLine, this,
         [&log](const QString& strLine) {
             log.Write(RecordNote, "Library", strLine);
             Complain(strLine);
         },
         Qt::DirectConnection);
     connect(
-        &host, &CControlHost::LifeStep, this, [&log](const QString& strLine) { log.Write(RecordNote, "Devices", strLine); },
+        &host, &IControlHost::LifeStep, this, [&log](const QString& strLine) { log.Write(RecordNote, "Devices", strLine); },
         Qt::DirectConnection);
 }
 
 void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
 {
-    connect(&player, &CInterfacePlayer::PictureTaken, this, [](const QString& strFile) {
-        std::printf("%s\n", qUtf8Printable(strFile));
-        std::fflush(stdout);
-    });
+    connect(&player, &CInterfacePlayer::PictureTaken, this, &Say);
     connect(&player, &CInterfacePlayer::MarkFailed, this, [this, &window](const QString& strReason) { Fail(strReason, window); });
     if (!options.strShotFolder.isEmpty()) {
         connect(&player, &CInterfacePlayer::Finished, &window, &CMainWindow::EndUnattended);
@@ -135,6 +165,7 @@ void CKestrel::Arm(CInterfacePlayer& player, CMainWindow& window)
     QTimer::singleShot(qRound(options.dShotAt * dMsPerSecond), &window, [this, &player, &window] {
         const QString strReason = player.TakePicture(options.strShotFile);
         if (strReason.isEmpty()) {
+            Say(QStringLiteral("Wrote %1; --shot ends Kestrel here").arg(QFileInfo(options.strShotFile).absoluteFilePath()));
             window.EndUnattended();
         } else {
             Fail(strReason, window);

@@ -8,9 +8,10 @@
 #include <QObject>
 
 class CCallLog;
-class CControlHost;
+class IControlHost;
 class CInterfacePlayer;
 class CMainWindow;
+struct SControlPointers;
 
 /// One run of the program: starts the control library, then the window with the panel, and ends them in
 /// the opposite order.
@@ -21,7 +22,7 @@ class CKestrel : public QObject
 public:
     explicit CKestrel(const SKestrelOptions& optionsIn);
 
-    /// Returns the exit code: 0 done, 1 no panel, 2 a bad file, 3 the list was not saved at its place. GUI
+    /// Returns the exit code: 0 done, 1 no control library or panel, 2 a bad file, 3 the list was not saved at its place. GUI
     /// thread, once.
     int Run();
 
@@ -29,9 +30,10 @@ public:
     static void Complain(const QString& strLine);
 
 private:
-    int RunWindow(CControlHost& host, CCallLog& log);
+    QString GetStartFault(const IControlHost& host) const;
+    int RunWindow(IControlHost& host, const SControlPointers& pointers, CCallLog& log);
     int Finish(const CMainWindow& window) const;
-    void Log(CControlHost& host, CCallLog& log);
+    void Log(IControlHost& host, CCallLog& log);
     void Arm(CInterfacePlayer& player, CMainWindow& window);
     void Fail(const QString& strReason, CMainWindow& window);
 

@@ -1,12 +1,12 @@
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/GuiThread.h"
 
-#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/CHostMenu.h"
 #include "Kestrel/CHostStatus.h"
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
+#include "controlhost/IControlHost.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -23,8 +23,9 @@ constexpr int nGraceMs = 2000;
 
 } // namespace
 
-CMainWindow::CMainWindow(CControlHost& hostIn, CCallLog& callLog, CLanguage& language, const CTheme& theme)
-    : host(hostIn), finalSave(hostIn, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
+                         const CTheme& theme)
+    : host(hostIn), finalSave(hostIn, pointers, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
@@ -117,11 +118,11 @@ void CMainWindow::InitWidget(const CTheme& theme)
 void CMainWindow::SetConnection()
 {
     // Queued, since the library emits on threads of its own and maybe with its own state half changed.
-    connect(&host, &CControlHost::BusyChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
-    connect(&host, &CControlHost::JobsChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
-    connect(&host, &CControlHost::StateChanged, pMenu, &CHostMenu::UpdateState, Qt::QueuedConnection);
-    connect(&host, &CControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
-    connect(&host, &CControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
+    connect(&host, &IControlHost::BusyChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
+    connect(&host, &IControlHost::JobsChanged, this, &CMainWindow::UpdateBusy, Qt::QueuedConnection);
+    connect(&host, &IControlHost::StateChanged, pMenu, &CHostMenu::UpdateState, Qt::QueuedConnection);
+    connect(&host, &IControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
+    connect(&host, &IControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
     connect(&unwinding, &CUnwinding::Unwound, this, &QWidget::close);
     connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
     connect(&timerGrace, &QTimer::timeout, this, [this] {

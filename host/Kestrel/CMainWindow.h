@@ -11,12 +11,13 @@
 #include <functional>
 
 class CCallLog;
-class CControlHost;
+class IControlHost;
 class CHostMenu;
 class CHostStatus;
 class CLanguage;
 class CTheme;
 class QVBoxLayout;
+struct SControlPointers;
 
 /// The window: the panel, the journal beside it, menus and status bar.
 class CMainWindow : public QMainWindow, public IUIManagement
@@ -25,7 +26,8 @@ class CMainWindow : public QMainWindow, public IUIManagement
 
 public:
     /// All arguments must outlive the window.
-    CMainWindow(CControlHost& hostIn, CCallLog& callLog, CLanguage& language, const CTheme& theme);
+    CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
+                const CTheme& theme);
 
     /// The widget that carries the panel's style sheet.
     QWidget* GetParentWidget() override;
@@ -62,7 +64,7 @@ private:
     void RepaintPanel();
     bool IsJobRunning() const;
 
-    CControlHost& host;
+    IControlHost& host;
     CFinalSave finalSave;
     CUnwinding unwinding;
     QWidget* pFrame;

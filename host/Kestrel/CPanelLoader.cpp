@@ -1,28 +1,23 @@
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/GuiThread.h"
 
+#include "Kestrel/LibraryFile.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 
-#include <QCoreApplication>
 #include <QLibrary>
 
 namespace {
 
 constexpr char szSymbol[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
-constexpr char szLibrary[] = "libProcessorTreeView.so";
-
-QString GetDefaultFile()
-{
-    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + QLatin1String(szLibrary);
-}
+constexpr char szLibrary[] = "ProcessorTreeView";
 
 } // namespace
 
 std::unique_ptr<ICorvidWidget> CPanelLoader::Load(const QString& strFile, IUIManagement& management)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    QLibrary library(strFile.isEmpty() ? GetDefaultFile() : strFile);
+    QLibrary library(LibraryFile::Find(strFile, QLatin1String(szLibrary)));
     library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     const auto pInit = reinterpret_cast<decltype(&CProcessorTreeView_Init)>(library.resolve(szSymbol));
     if (!pInit) {

@@ -13,7 +13,7 @@ class IUIManagement;
 class CPanelLoader
 {
 public:
-    /// strFile empty: the library beside the program. Returns null on failure; GetError then holds the
+    /// strFile empty: the library of the installation. Returns null on failure; GetError then holds the
     /// loader's message. GUI thread.
     std::unique_ptr<ICorvidWidget> Load(const QString& strFile, IUIManagement& management);
 

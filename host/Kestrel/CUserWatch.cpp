@@ -1,8 +1,8 @@
 #include "Kestrel/CUserWatch.h"
 #include "Kestrel/GuiThread.h"
 
-#include "CorvidControl/objects/CControlHost.h"
 #include "Kestrel/player/PanelAccess.h"
+#include "controlhost/IControlHost.h"
 
 #include <QApplication>
 #include <QDrag>
@@ -32,12 +32,12 @@ bool IsInput(QEvent::Type type)
 
 } // namespace
 
-CUserWatch::CUserWatch(CControlHost& controlHost)
+CUserWatch::CUserWatch(IControlHost& controlHost)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    connect(this, &CUserWatch::EditingChanged, &controlHost, &CControlHost::SetUserEditing);
-    connect(this, &CUserWatch::ActingChanged, &controlHost, &CControlHost::SetUserActing);
-    connect(this, &CUserWatch::InputNoted, &controlHost, &CControlHost::NoteUserInput);
+    connect(this, &CUserWatch::EditingChanged, &controlHost, &IControlHost::SetUserEditing);
+    connect(this, &CUserWatch::ActingChanged, &controlHost, &IControlHost::SetUserActing);
+    connect(this, &CUserWatch::InputNoted, &controlHost, &IControlHost::NoteUserInput);
     timer.setInterval(nLookAgainMs);
     connect(&timer, &QTimer::timeout, this, &CUserWatch::UpdateActing);
     qApp->installEventFilter(this);

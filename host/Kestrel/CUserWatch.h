@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QTimer>
 
-class CControlHost;
+class IControlHost;
 class QDrag;
 class QDropEvent;
 
@@ -17,7 +17,7 @@ class CUserWatch : public QObject
 
 public:
     /// controlHost must outlive it.
-    explicit CUserWatch(CControlHost& controlHost);
+    explicit CUserWatch(IControlHost& controlHost);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

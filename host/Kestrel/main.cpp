@@ -1,5 +1,6 @@
 #include "Kestrel/CCommandLine.h"
 #include "Kestrel/CKestrel.h"
+#include "Kestrel/DisplayServer.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -10,6 +11,7 @@
 namespace {
 
 constexpr int nCodeBadOption = 2;
+constexpr int nCodeNoDisplay = 4;
 
 QStringList GetArguments(int argc, char** argv)
 {
@@ -31,6 +33,7 @@ void Prepare(const SKestrelOptions& options)
     }
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QCoreApplication::setApplicationName(QStringLiteral("Kestrel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTREL_VERSION));
 }
 
 } // namespace
@@ -47,6 +50,15 @@ int main(int argc, char** argv)
     if (commandLine.GetOptions().bHelp) {
         std::fputs(qUtf8Printable(CCommandLine::GetHelp()), stdout);
         return 0;
+    }
+    if (commandLine.GetOptions().bVersion) {
+        std::puts("kestrel " KESTREL_VERSION);
+        return 0;
+    }
+    const QString strFault = DisplayServer::Choose();
+    if (!strFault.isEmpty()) {
+        CKestrel::Complain(strFault);
+        return nCodeNoDisplay;
     }
     Prepare(commandLine.GetOptions());
     // Only the program's name: everything else has been read, and Qt takes none of it.

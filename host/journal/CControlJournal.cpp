@@ -1,17 +1,25 @@
 #include "journal/CControlJournal.h"
 
-#include "interfaces/control/CorvidControl.h"
+#include "controlhost/CJobs.h"
 
-CControlJournal::CControlJournal(CCallLog& journal, MessageNamer pNamer)
-    : config(*g_pConfigControl), prcBasic(*g_pPrcBasicControl), prcList(*g_pPrcListControl), prcRuntime(*g_pPrcRuntimeControl),
-      preference(*g_pPreferenceControl), projectManage(*g_pProjectManageControl), protocal(*g_pProtocalControl),
-      runtime(*g_pRuntimeControl), configJournal(config, journal), prcBasicJournal(prcBasic, journal),
-      prcListJournal(prcList, journal), prcRuntimeJournal(prcRuntime, journal), preferenceJournal(preference, journal),
-      projectManageJournal(projectManage, journal), protocalJournal(protocal, journal), runtimeJournal(runtime, journal),
-      prcBasicMessages(journal, "PrcBasicControl", pNamer), prcListMessages(journal, "PrcListControl", pNamer),
-      prcRuntimeMessages(journal, "PrcRuntimeControl", pNamer), preferenceMessages(journal, "PreferenceControl", pNamer),
-      projectManageMessages(journal, "ProjectManageControl", pNamer), protocalMessages(journal, "ProtocalControl", pNamer),
-      runtimeMessages(journal, "RuntimeControl", pNamer)
+namespace {
+
+// How long a job of the panel gets to take its last step.
+constexpr std::chrono::seconds timeLastStep{ 2 };
+
+} // namespace
+
+CControlJournal::CControlJournal(const SControlPointers& pointersIn, CCallLog& journal, CJobs& jobsIn, const MessageNamer& fnName)
+    : pointers(pointersIn), jobs(jobsIn), config(**pointers.ppConfig), prcBasic(**pointers.ppPrcBasic),
+      prcList(**pointers.ppPrcList), prcRuntime(**pointers.ppPrcRuntime), preference(**pointers.ppPreference),
+      projectManage(**pointers.ppProjectManage), protocal(**pointers.ppProtocal), runtime(**pointers.ppRuntime),
+      configJournal(config, journal), prcBasicJournal(prcBasic, journal, jobs), prcListJournal(prcList, journal, jobs),
+      prcRuntimeJournal(prcRuntime, journal), preferenceJournal(preference, journal),
+      projectManageJournal(projectManage, journal), protocalJournal(protocal, journal), runtimeJournal(runtime, journal, jobs),
+      prcBasicMessages(journal, "PrcBasicControl", fnName), prcListMessages(journal, "PrcListControl", fnName),
+      prcRuntimeMessages(journal, "PrcRuntimeControl", fnName), preferenceMessages(journal, "PreferenceControl", fnName),
+      projectManageMessages(journal, "ProjectManageControl", fnName), protocalMessages(journal, "ProtocalControl", fnName),
+      runtimeMessages(journal, "RuntimeControl", fnName)
 {
     Listen();
     Install();
@@ -19,14 +27,15 @@ CControlJournal::CControlJournal(CCallLog& journal, MessageNamer pNamer)
 
 CControlJournal::~CControlJournal()
 {
-    g_pConfigControl = &config;
-    g_pPrcBasicControl = &prcBasic;
-    g_pPrcListControl = &prcList;
-    g_pPrcRuntimeControl = &prcRuntime;
-    g_pPreferenceControl = &preference;
-    g_pProjectManageControl = &projectManage;
-    g_pProtocalControl = &protocal;
-    g_pRuntimeControl = &runtime;
+    jobs.AwaitIdle(timeLastStep);
+    *pointers.ppConfig = &config;
+    *pointers.ppPrcBasic = &prcBasic;
+    *pointers.ppPrcList = &prcList;
+    *pointers.ppPrcRuntime = &prcRuntime;
+    *pointers.ppPreference = &preference;
+    *pointers.ppProjectManage = &projectManage;
+    *pointers.ppProtocal = &protocal;
+    *pointers.ppRuntime = &runtime;
 
     prcBasic.Detach(&prcBasicMessages);
     prcList.Detach(&prcListMessages);
@@ -50,12 +59,12 @@ void CControlJournal::Listen()
 
 void CControlJournal::Install()
 {
-    g_pConfigControl = &configJournal;
-    g_pPrcBasicControl = &prcBasicJournal;
-    g_pPrcListControl = &prcListJournal;
-    g_pPrcRuntimeControl = &prcRuntimeJournal;
-    g_pPreferenceControl = &preferenceJournal;
-    g_pProjectManageControl = &projectManageJournal;
-    g_pProtocalControl = &protocalJournal;
-    g_pRuntimeControl = &runtimeJournal;
+    *pointers.ppConfig = &configJournal;
+    *pointers.ppPrcBasic = &prcBasicJournal;
+    *pointers.ppPrcList = &prcListJournal;
+    *pointers.ppPrcRuntime = &prcRuntimeJournal;
+    *pointers.ppPreference = &preferenceJournal;
+    *pointers.ppProjectManage = &projectManageJournal;
+    *pointers.ppProtocal = &protocalJournal;
+    *pointers.ppRuntime = &runtimeJournal;
 }

@@ -10,6 +10,9 @@
 #include "journal/CProjectManageJournal.h"
 #include "journal/CProtocalJournal.h"
 #include "journal/CRuntimeJournal.h"
+#include "journal/SControlPointers.h"
+
+class CJobs;
 
 /// Puts the eight decorators in the place of the control library's objects for as long as it lives, and
 /// listens to their messages.
@@ -19,14 +22,20 @@
 class CControlJournal
 {
 public:
-    /// pNamer names the messages in the journal.
-    CControlJournal(CCallLog& journal, MessageNamer pNamer);
+    /// jobsIn counts the jobs of the panel and the calls that block. fnName names the messages in the journal. What
+    /// pointersIn names must be valid, and jobsIn live, for as long as the journal.
+    CControlJournal(const SControlPointers& pointersIn, CCallLog& journal, CJobs& jobsIn, const MessageNamer& fnName);
+
+    /// Blocks while a call that the panel has made is still inside a decorator.
     ~CControlJournal();
     Q_DISABLE_COPY(CControlJournal)
 
 private:
     void Listen();
     void Install();
+
+    const SControlPointers pointers;
+    CJobs& jobs;
 
     /// The objects of the control library.
     IConfigControl& config;

@@ -1,10 +1,10 @@
 #include "journal/CMessageJournal.h"
 
-CMessageJournal::CMessageJournal(CCallLog& journal, const char* pObjectName, MessageNamer pGetNameIn)
-    : writer(journal, pObjectName), pGetName(pGetNameIn)
+CMessageJournal::CMessageJournal(CCallLog& journal, const char* pObjectName, const MessageNamer& fnNameIn)
+    : writer(journal, pObjectName), fnName(fnNameIn)
 { }
 
 void CMessageJournal::Notify(int nMessage)
 {
-    writer.Message(nMessage, pGetName(nMessage));
+    writer.Message(nMessage, fnName(nMessage));
 }

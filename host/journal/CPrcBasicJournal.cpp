@@ -4,8 +4,8 @@
 
 #include <QHostAddress>
 
-CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal)
-    : inner(innerIn), writer(journal, "PrcBasicControl")
+CPrcBasicJournal::CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal, CJobs& jobsIn)
+    : inner(innerIn), writer(journal, "PrcBasicControl"), jobs(jobsIn)
 { }
 
 void CPrcBasicJournal::Attach(CObserver* pObserver)
@@ -23,7 +23,7 @@ void CPrcBasicJournal::Detach(CObserver* pObserver)
 void CPrcBasicJournal::RefreshProcessors()
 {
     writer.Command("RefreshProcessors");
-    const CSlowCall call(writer, "RefreshProcessors");
+    const CSlowCall call(writer, jobs, "RefreshProcessors", QStringLiteral("Scanning the network"));
     inner.RefreshProcessors();
 }
 
@@ -35,8 +35,9 @@ void CPrcBasicJournal::AddSimulators(SSimulatorRequest request)
 
 void CPrcBasicJournal::AddProcessor(quint32 nIP)
 {
-    writer.Command("AddProcessor", QHostAddress(nIP).toString());
-    const CSlowCall call(writer, "AddProcessor");
+    const QString strIP = QHostAddress(nIP).toString();
+    writer.Command("AddProcessor", strIP);
+    const CSlowCall call(writer, jobs, "AddProcessor", QStringLiteral("Adding the processor at ") + strIP);
     inner.AddProcessor(nIP);
 }
 

@@ -3,13 +3,15 @@
 #include "interfaces/control/IPrcBasicControl.h"
 #include "journal/CCallWriter.h"
 
+class CJobs;
+
 /// Writes down every call on the processors as devices, then carries it out: the object behind has the last word
-/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
+/// about threads, order and blocking, and no lock is held meanwhile. Owns none of the objects it is given.
 class CPrcBasicJournal : public IPrcBasicControl
 {
 public:
-    /// Both must outlive the decorator.
-    CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal);
+    /// All must outlive the decorator.
+    CPrcBasicJournal(IPrcBasicControl& innerIn, CCallLog& journal, CJobs& jobsIn);
     virtual ~CPrcBasicJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -26,4 +28,5 @@ public:
 private:
     IPrcBasicControl& inner;
     const CCallWriter writer;
+    CJobs& jobs;
 };

@@ -17,7 +17,8 @@ QString GetSize(const SProcessorAllNode& node)
 
 } // namespace
 
-CPrcListJournal::CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal) : inner(innerIn), writer(journal, "PrcListControl")
+CPrcListJournal::CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal, CJobs& jobsIn)
+    : inner(innerIn), writer(journal, "PrcListControl"), jobs(jobsIn)
 { }
 
 void CPrcListJournal::Attach(CObserver* pObserver)
@@ -69,14 +70,14 @@ void CPrcListJournal::AddGroup(SProcessorGroupNode node, bool bEmpty)
 void CPrcListJournal::DeleteGroup(QUuid idGroup, bool bWithProcessors)
 {
     writer.Command("DeleteGroup", idGroup, bWithProcessors);
-    const CSlowCall call(writer, "DeleteGroup");
+    const CSlowCall call(writer, jobs, "DeleteGroup", QStringLiteral("Deleting ") + CCallWriter::GetText(idGroup));
     inner.DeleteGroup(idGroup, bWithProcessors);
 }
 
 void CPrcListJournal::DeleteProcessor(QUuid idProcessor, bool bOption)
 {
     writer.Command("DeleteProcessor", idProcessor, bOption);
-    const CSlowCall call(writer, "DeleteProcessor");
+    const CSlowCall call(writer, jobs, "DeleteProcessor", QStringLiteral("Deleting ") + CCallWriter::GetText(idProcessor));
     inner.DeleteProcessor(idProcessor, bOption);
 }
 

@@ -3,13 +3,15 @@
 #include "interfaces/control/IPrcListControl.h"
 #include "journal/CCallWriter.h"
 
+class CJobs;
+
 /// Writes down every call on the list of processors, then carries it out: the object behind has the last word
-/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
+/// about threads, order and blocking, and no lock is held meanwhile. Owns none of the objects it is given.
 class CPrcListJournal : public IPrcListControl
 {
 public:
-    /// Both must outlive the decorator.
-    CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal);
+    /// All must outlive the decorator.
+    CPrcListJournal(IPrcListControl& innerIn, CCallLog& journal, CJobs& jobsIn);
     virtual ~CPrcListJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -33,4 +35,5 @@ public:
 private:
     IPrcListControl& inner;
     const CCallWriter writer;
+    CJobs& jobs;
 };

@@ -1,6 +1,9 @@
 #include "journal/CRuntimeJournal.h"
 
-CRuntimeJournal::CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal) : inner(innerIn), writer(journal, "RuntimeControl")
+#include "controlhost/CJobs.h"
+
+CRuntimeJournal::CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal, CJobs& jobsIn)
+    : inner(innerIn), writer(journal, "RuntimeControl"), jobs(jobsIn)
 { }
 
 void CRuntimeJournal::Attach(CObserver* pObserver)
@@ -74,4 +77,5 @@ void CRuntimeJournal::SetBusy(bool bBusy)
 {
     writer.Command("SetBusy", bBusy);
     inner.SetBusy(bBusy);
+    jobs.SetBusy(bBusy); // behind the library: who waits for the end may end the library then
 }

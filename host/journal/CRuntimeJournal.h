@@ -3,13 +3,15 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "journal/CCallWriter.h"
 
+class CJobs;
+
 /// Writes down every call on the host at run time, then carries it out: the object behind has the last word
-/// about threads, order and blocking, and no lock is held meanwhile. Owns neither of the objects it is given.
+/// about threads, order and blocking, and no lock is held meanwhile. Owns none of the objects it is given.
 class CRuntimeJournal : public IRuntimeControl
 {
 public:
-    /// Both must outlive the decorator.
-    CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal);
+    /// All must outlive the decorator.
+    CRuntimeJournal(IRuntimeControl& innerIn, CCallLog& journal, CJobs& jobsIn);
     virtual ~CRuntimeJournal() = default;
 
     void Attach(CObserver* pObserver) override;
@@ -27,4 +29,5 @@ public:
 private:
     IRuntimeControl& inner;
     const CCallWriter writer;
+    CJobs& jobs;
 };

@@ -1,13 +1,17 @@
 #include "journal/CSlowCall.h"
 
+#include "controlhost/CJobs.h"
 #include "journal/CCallWriter.h"
 
-CSlowCall::CSlowCall(const CCallWriter& writerIn, const char* pOperationIn) : writer(writerIn), pOperation(pOperationIn)
+CSlowCall::CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOperationIn, const QString& strJobIn)
+    : writer(writerIn), jobs(jobsIn), pOperation(pOperationIn), strJob(strJobIn)
 {
     timer.start();
+    jobs.Begin(strJob);
 }
 
 CSlowCall::~CSlowCall()
 {
+    jobs.End(strJob);
     writer.Finished(pOperation, timer.elapsed());
 }

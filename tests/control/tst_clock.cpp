@@ -2,8 +2,8 @@
 #include "CBackwardClock.h"
 #include "CControlFixture.h"
 #include "CorvidControl/objects/CHostEvents.h"
-#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
+#include "controlhost/CJobs.h"
 
 #include <QElapsedTimer>
 
@@ -72,7 +72,7 @@ private slots:
     void theEndWaitsForADeadJobNoLongerForIt()
     {
         CHostEvents events;
-        CJobs jobs(events);
+        CJobs jobs;
         jobs.SetBusy(true);
         const CBackwardClock clock;
         QElapsedTimer timer;

@@ -8,8 +8,8 @@
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
-#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
+#include "controlhost/CJobs.h"
 #include "nodes/EnNodeType.h"
 
 #include <QElapsedTimer>
@@ -114,7 +114,7 @@ private slots:
         CHostEvents events;
         CHostState host(dispatcher, events);
         CProcessorList processors(dispatcher, events, host, {});
-        CJobs jobs(events);
+        CJobs jobs;
         CSimulatedNetwork network({ {}, {}, {}, std::chrono::minutes(10) });
         CDeviceCommands commands(processors, jobs, network);
         network.SetListener([&](const SProcessorNode& device) { processors.ApplyReport(device); });

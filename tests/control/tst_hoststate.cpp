@@ -135,9 +135,9 @@ private slots:
     void messagesHaveNames()
     {
         for (const int nMessage : { 1, 7, 9, 10, 14, 15, 32, 53, 54, 59 }) {
-            QVERIFY2(!CControlHost::GetMessageName(nMessage).isEmpty(), qPrintable(QString::number(nMessage)));
+            QVERIFY2(!pFixture->pHost->GetMessageName(nMessage).isEmpty(), qPrintable(QString::number(nMessage)));
         }
-        QVERIFY(CControlHost::GetMessageName(2).isEmpty());
+        QVERIFY(pFixture->pHost->GetMessageName(2).isEmpty());
     }
 
 private:

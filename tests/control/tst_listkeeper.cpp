@@ -10,8 +10,8 @@
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
-#include "CorvidControl/objects/CJobs.h"
 #include "TestMain.h"
+#include "controlhost/CJobs.h"
 
 #include <QSemaphore>
 
@@ -329,7 +329,7 @@ private slots:
     {
         CControlFixture fixture;
         CBareList list(fixture.GetPath());
-        CJobs jobs(list.events);
+        CJobs jobs;
         std::atomic<int> nKept{ 0 };
         CDeletionWatch watch(list.processors, jobs, [&](const SListEdition& /*edition*/) { ++nKept; });
         for (int nJob = 1; nJob <= 50; ++nJob) {

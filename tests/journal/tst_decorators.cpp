@@ -1,4 +1,5 @@
 #include "TestMain.h"
+#include "controlhost/CJobs.h"
 #include "double/CControlDouble.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IConfigControl.h"
@@ -56,7 +57,8 @@ private slots:
     {
         CControlDouble control;
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
         control.ClearJournal();
 
         g_pRuntimeControl->SetBusy(true);
@@ -91,7 +93,8 @@ private slots:
             answers.nodeDiscovered = Root({ Group("Stage", { Processor("alpha") }) }, { Processor("loose") });
         });
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
         SProcessorAllNode node;
         SProjectInfo info;
 
@@ -119,7 +122,8 @@ private slots:
             answers.nImportResult = 5;
         });
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
 
         QVERIFY(!g_pRuntimeControl->SetSelectedNodes({ QUuid() }));
         QCOMPARE(g_pPrcListControl->ImportList("/a.kvtl"), 5);
@@ -133,7 +137,8 @@ private slots:
     {
         CControlDouble control;
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
         control.Hold("RefreshProcessors");
 
         std::thread job([] { g_pPrcBasicControl->RefreshProcessors(); });
@@ -147,11 +152,75 @@ private slots:
         QVERIFY2(listLine[1].startsWith("PrcBasicControl.RefreshProcessors came back after "), qPrintable(listLine[1]));
     }
 
+    void whatBlocksIsCountedAmongTheJobs()
+    {
+        CControlDouble control;
+        CCallLog log(64);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
+        control.Hold("AddProcessor");
+
+        g_pRuntimeControl->SetBusy(true);
+        std::thread job([] {
+            g_pPrcBasicControl->AddProcessor(0xC0A80107);
+            g_pRuntimeControl->SetBusy(false);
+        });
+        QVERIFY(control.WaitForHeld("AddProcessor"));
+        QVERIFY(jobs.IsBusy());
+        QCOMPARE(jobs.GetRunning(), QStringList{ "Adding the processor at 192.168.1.7" });
+        control.Release("AddProcessor");
+        job.join();
+
+        QVERIFY(!jobs.IsBusy());
+        QCOMPARE(jobs.GetRunning(), QStringList());
+    }
+
+    void busyEndsWhenTheLibraryHasTakenTheLastStep()
+    {
+        CControlDouble control;
+        CCallLog log(64);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
+        g_pRuntimeControl->SetBusy(true);
+        bool bBusyInside = false;
+        control.During("SetBusy", [&] { bBusyInside = jobs.IsBusy(); });
+
+        g_pRuntimeControl->SetBusy(false);
+
+        QVERIFY(bBusyInside);
+        QVERIFY(!jobs.IsBusy());
+    }
+
+    void theJournalEndsBehindACallUnderWay()
+    {
+        CControlDouble control;
+        CCallLog log(64);
+        CJobs jobs;
+        std::thread job;
+        std::thread release;
+        std::atomic<bool> bBack{ false };
+        {
+            const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
+            control.Hold("RefreshProcessors");
+            job = std::thread([&bBack] {
+                g_pPrcBasicControl->RefreshProcessors();
+                bBack = true;
+            });
+            QVERIFY(control.WaitForHeld("RefreshProcessors"));
+            release = std::thread([&control] { control.Release("RefreshProcessors"); });
+        }
+        QVERIFY(jobs.GetRunning().isEmpty());
+        release.join();
+        job.join();
+        QVERIFY(bBack);
+    }
+
     void messagesAreWrittenWithTheirNameAndReachTheObservers()
     {
         CControlDouble control;
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
         CCounter observer;
         g_pProtocalControl->Attach(&observer);
 
@@ -170,7 +239,8 @@ private slots:
     {
         CControlDouble control;
         CCallLog log(64);
-        const CControlJournal journal(log, &MessageName);
+        CJobs jobs;
+        const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
 
         g_pRuntimeControl->SetBusy(true);
         std::thread([] { g_pRuntimeControl->SetBusy(false); }).join();
@@ -186,8 +256,9 @@ private slots:
         IRuntimeControl* const pRuntime = g_pRuntimeControl;
         IConfigControl* const pConfig = g_pConfigControl;
         CCallLog log(64);
+        CJobs jobs;
         {
-            const CControlJournal journal(log, &MessageName);
+            const CControlJournal journal(SControlPointers::Linked(), log, jobs, &MessageName);
             QVERIFY(g_pRuntimeControl != pRuntime && g_pConfigControl != pConfig);
             QCOMPARE(control.Attached().size(), 7);
         }

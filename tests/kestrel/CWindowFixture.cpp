@@ -7,7 +7,7 @@
 #include <QApplication>
 
 CWindowFixture::CWindowFixture(const FnPrepare& fnPrepare, int nScanMs)
-    : pHost(Start(fnPrepare, nScanMs)), window(*pHost, log, language, theme)
+    : pHost(Start(fnPrepare, nScanMs)), window(*pHost, pointers, log, language, theme)
 {
     window.show();
     QApplication::setActiveWindow(&window);

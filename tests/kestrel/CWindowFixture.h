@@ -5,6 +5,7 @@
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/theme/CTheme.h"
 #include "journal/CCallLog.h"
+#include "journal/SControlPointers.h"
 
 #include <QTemporaryDir>
 
@@ -29,6 +30,7 @@ public:
 
     QTemporaryDir folder;
     std::unique_ptr<CControlHost> pHost;
+    const SControlPointers pointers = SControlPointers::Linked();
     CCallLog log{ 64 };
     CLanguage language;
     CTheme theme;

@@ -257,8 +257,8 @@ private slots:
         scene.window.SetPanel(pPanel->GetWidget());
         pPanel->UpdateWidget();
         QTreeView* pTree = PanelAccess::FindCurrentTree(scene.window.GetPanel());
-        QTRY_VERIFY(PanelAccess::FindRow(pTree, "Night shift").isValid());
-        PanelAccess::ClickRow(pTree, PanelAccess::FindRow(pTree, "Night shift"), Qt::NoModifier);
+        QTRY_VERIFY(PanelAccess::FindRow(SControlPointers::Linked(), pTree, "Night shift").isValid());
+        PanelAccess::ClickRow(pTree, PanelAccess::FindRow(SControlPointers::Linked(), pTree, "Night shift"), Qt::NoModifier);
         QTest::keyClick(pTree, Qt::Key_F2);
         QTRY_VERIFY(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
         QTest::keyClicks(QApplication::focusWidget(), "Early shift");

@@ -1,6 +1,10 @@
 #include "CProgram.h"
 #include "TestMain.h"
 
+#include <QDir>
+
+#include <unistd.h>
+
 class COptionsTest : public QObject
 {
     Q_OBJECT
@@ -51,6 +55,16 @@ private slots:
                                                   << "/no/such/a.kvtl";
         QTest::newRow("missing scenario") << "--scenario /no/such.json"
                                           << "/no/such.json";
+        QTest::newRow("journal in a missing folder") << "--journal /no/such/journal"
+                                                     << "/no/such/journal";
+        QTest::newRow("journal by way of a missing folder") << "--journal /no/such/../journal"
+                                                            << "/no/such/../journal";
+        QTest::newRow("journal is a folder") << "--journal /tmp"
+                                             << "'/tmp' is a folder";
+        for (const char* szOption :
+             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace", "--journal", "--panel" }) {
+            QTest::addRow("%s with nothing", szOption) << szOption + QStringLiteral(" ") << szOption;
+        }
     }
 
     void aBadOptionOrFileEndsWithOneLineAndCodeTwo()
@@ -65,6 +79,106 @@ private slots:
         QCOMPARE(program.Errors().size(), 1);
         QVERIFY2(program.Errors().constFirst().contains(strNamed), qPrintable(program.Errors().constFirst()));
         QCOMPARE(program.Output(), QString());
+    }
+
+    void aJournalThatNobodyMayWriteIsRefusedBeforeTheStart_data()
+    {
+        QTest::addColumn<bool>("bThere");
+        QTest::newRow("a file") << true;
+        QTest::newRow("a folder that takes no file") << false;
+    }
+
+    void aJournalThatNobodyMayWriteIsRefusedBeforeTheStart()
+    {
+        QFETCH(bool, bThere);
+        CProgram program;
+        const QString strJournal = program.Path("journal");
+        if (bThere) {
+            program.Write("journal", "of yesterday");
+            QVERIFY(QFile::setPermissions(strJournal, QFile::ReadOwner));
+        }
+        program.SetDisk(DiskReadOnly);
+
+        QVERIFY(program.Run({ "--list", program.Path("tmp/list.kvtl"), "--journal", strJournal }));
+
+        QCOMPARE(program.ExitCode(), 2);
+        QCOMPARE(program.Errors(), QStringList{ "kestrel: No permission to write '" + strJournal + "'; see --help" });
+        QCOMPARE(QDir(program.Path("tmp")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
+    }
+
+    void twoOptionsForOneFileAreRefusedAndNothingIsWritten_data()
+    {
+        QTest::addColumn<QString>("strOptions");
+        QTest::addColumn<QString>("strNamed");
+
+        QTest::newRow("list, journal") << "--list @a.kvtl --journal @a.kvtl"
+                                       << "--list and --journal";
+        QTest::newRow("list, journal, both new") << "--list @new --journal @new"
+                                                 << "--list and --journal";
+        QTest::newRow("list, picture") << "--list @new.png --shot @new.png"
+                                       << "--list and --shot";
+        QTest::newRow("scenario, journal") << "--scenario @a.json --journal @a.json"
+                                           << "--scenario and --journal";
+        QTest::newRow("scenario, list") << "--scenario @a.json --list @a.json"
+                                        << "--list and --scenario";
+        QTest::newRow("panel, journal") << "--panel @a.json --journal @a.json"
+                                        << "--journal and --panel";
+        QTest::newRow("another spelling") << "--list @new --journal @tmp/../new"
+                                          << "--list and --journal";
+        QTest::newRow("a symbolic link") << "--list @a.kvtl --journal @link"
+                                         << "--list and --journal";
+        QTest::newRow("a hard link") << "--list @a.kvtl --journal @twin"
+                                     << "--list and --journal";
+        QTest::newRow("a link to a new file") << "--list @new --journal @early"
+                                              << "--list and --journal";
+        QTest::newRow("a link to the folder") << "--list @new --journal @here/new"
+                                              << "--list and --journal";
+    }
+
+    void twoOptionsForOneFileAreRefusedAndNothingIsWritten()
+    {
+        QFETCH(QString, strOptions);
+        QFETCH(QString, strNamed);
+        CProgram program;
+        const QByteArray list = CProgram::Read(program.CopyExample("studio.kvtl"));
+        const QString strList = program.Write("a.kvtl", list);
+        program.Write("a.json", R"({"steps": []})");
+        QVERIFY(QFile::link(strList, program.Path("link")) && QFile::link(program.Path("new"), program.Path("early")));
+        QVERIFY(QFile::link(program.Path({}), program.Path("here")));
+        QVERIFY(::link(qPrintable(strList), qPrintable(program.Path("twin"))) == 0);
+        const QStringList listBefore = QDir(program.Path({})).entryList(QDir::AllEntries | QDir::System);
+
+        QVERIFY(program.Run(strOptions.replace(QLatin1Char('@'), program.Path({}) + '/').split(QLatin1Char(' '))));
+
+        QCOMPARE(program.ExitCode(), 2);
+        QCOMPARE(program.Errors().size(), 1);
+        QVERIFY2(program.Errors().constFirst().contains(strNamed), qPrintable(program.Errors().constFirst()));
+        QCOMPARE(CProgram::Read(strList), list);
+        QCOMPARE(QDir(program.Path({})).entryList(QDir::AllEntries | QDir::System), listBefore);
+    }
+
+    void twoFilesOfOneNameAreTwoFiles()
+    {
+        CProgram program;
+        const QString strList = program.CopyExample("studio.kvtl");
+
+        QVERIFY(program.Run(
+            { "--list", strList, "--journal", program.Path("tmp/studio.kvtl"), "--shot", program.Path("a.png"), "--at", "0" }));
+
+        QCOMPARE(program.Errors(), QStringList());
+        QCOMPARE(program.ExitCode(), 0);
+        QVERIFY(!CProgram::Read(program.Path("tmp/studio.kvtl")).isEmpty());
+    }
+
+    void aPictureIsAnnouncedWithItsPathAndTheEnd()
+    {
+        CProgram program;
+
+        QVERIFY(program.Run({ "--list", program.Path("a.kvtl"), "--shot", program.Path("tmp/../a.png"), "--at", "0" }));
+
+        QCOMPARE(program.ExitCode(), 0);
+        QCOMPARE(program.Output(), "Wrote " + program.Path("a.png") + "; --shot ends Kestrel here\n");
+        QVERIFY(QFile::exists(program.Path("a.png")));
     }
 
     void aFaultyScenarioEndsWithALineThatNamesTheFile()
@@ -88,10 +202,34 @@ private slots:
         QVERIFY(program.Run({ "--help" }));
 
         QCOMPARE(program.ExitCode(), 0);
-        for (const char* szOption :
-             { "--list", "--scenario", "--shot", "--at", "--lang", "--scale", "--pace", "--help", "SIGTERM", ", 3 the" }) {
+        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace",
+                                      "--journal", "--panel", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
             QVERIFY2(program.Output().contains(szOption), szOption);
         }
+    }
+
+    void helpNamesTheLanguagesThatThereAre()
+    {
+        CProgram program;
+        QVERIFY(program.Run({ "--help" }));
+        const QString strHelp = program.Output();
+
+        QVERIFY(program.Run({ "--lang", "fr" }));
+
+        const QString strError = program.Errors().value(0);
+        const QString strCodes = strError.mid(strError.indexOf(": there are ") + 12).section(QLatin1Char(';'), 0, 0);
+        QVERIFY2(strCodes.contains("zh_CN") && strHelp.contains("LANGUAGE    " + strCodes + "\n"), qPrintable(strError));
+    }
+
+    void theVersionIsThatOfTheProject()
+    {
+        CProgram program;
+
+        QVERIFY(program.Run({ "--version" }));
+
+        QCOMPARE(program.ExitCode(), 0);
+        QCOMPARE(program.Output(), QStringLiteral("kestrel " PROJECT_VERSION "\n"));
+        QCOMPARE(program.Errors(), QStringList());
     }
 };
 

@@ -13,6 +13,7 @@
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/widgets/CObserver.h"
 #include "journal/CCallLog.h"
+#include "journal/SControlPointers.h"
 #include "nodes/SProcessorAllNode.h"
 
 #include <QElapsedTimer>
@@ -102,7 +103,7 @@ QLineEdit* FindEditor(const QTreeView* pTree)
 
 bool AwaitRow(const QTreeView* pTree, const QString& strName)
 {
-    return QTest::qWaitFor([&] { return PanelAccess::FindRow(pTree, strName).isValid(); }, nPatience);
+    return QTest::qWaitFor([&] { return PanelAccess::FindRow(SControlPointers::Linked(), pTree, strName).isValid(); }, nPatience);
 }
 
 constexpr int nSelectionChanged = 9; // the number of the library's message
@@ -166,7 +167,8 @@ struct SKestrel
     CCallLog log{ 4096 };
     CLanguage language;
     CTheme theme;
-    CMainWindow window{ *pHost, log, language, theme };
+    const SControlPointers pointers = SControlPointers::Linked();
+    CMainWindow window{ *pHost, pointers, log, language, theme };
     CPanelLoader loader;
     std::unique_ptr<ICorvidWidget> pPanel;
     bool bReady = false;
@@ -218,7 +220,7 @@ private slots:
     {
         SKestrel kestrel;
         QVERIFY(kestrel.bReady);
-        const QModelIndex index = PanelAccess::FindRow(kestrel.Tree(), SKestrel::GetName());
+        const QModelIndex index = PanelAccess::FindRow(SControlPointers::Linked(), kestrel.Tree(), SKestrel::GetName());
         kestrel.Tree()->scrollTo(index);
         const QRect rcRow = kestrel.Tree()->visualRect(index);
         const QPoint point = kestrel.Tree()->viewport()->mapTo(&kestrel.window, rcRow.center());
@@ -251,7 +253,7 @@ private:
         const auto* pWindow = qobject_cast<CMainWindow*>(QApplication::activeWindow());
         QTreeView* pTree = PanelAccess::FindCurrentTree(pWindow->GetPanel());
         QVERIFY(AwaitRow(pTree, "Floor"));
-        PanelAccess::ClickRow(pTree, PanelAccess::FindRow(pTree, "Floor"), Qt::NoModifier);
+        PanelAccess::ClickRow(pTree, PanelAccess::FindRow(SControlPointers::Linked(), pTree, "Floor"), Qt::NoModifier);
         QTest::keyClick(pWindow->windowHandle(), Qt::Key_F2);
         QVERIFY(FindEditor(pTree));
         QVERIFY(TypeSlowly(pWindow->windowHandle(), "Bar"));

@@ -4,7 +4,7 @@
 #include "CorvidControl/devices/IDeviceNetwork.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
-#include "CorvidControl/objects/CJobs.h"
+#include "controlhost/CJobs.h"
 
 #include <QHostAddress>
 

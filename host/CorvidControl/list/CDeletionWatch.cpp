@@ -1,7 +1,7 @@
 #include "CorvidControl/list/CDeletionWatch.h"
 
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/objects/CJobs.h"
+#include "controlhost/CJobs.h"
 
 CDeletionWatch::CDeletionWatch(const CProcessorList& processorsIn, const CJobs& jobsIn, const Keep& keepIn)
     : processors(processorsIn), jobs(jobsIn), keep(keepIn)

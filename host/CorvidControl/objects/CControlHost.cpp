@@ -6,6 +6,11 @@
 
 #include <QMap>
 
+IControlHost* CorvidControl_CreateHost(const SControlOptions& options)
+{
+    return CControlHost::Start(options).release();
+}
+
 std::unique_ptr<CControlHost> CControlHost::Start(const SControlOptions& options)
 {
     Q_ASSERT(!g_pRuntimeControl);
@@ -25,6 +30,11 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn) : pLibra
 }
 
 CControlHost::~CControlHost() = default;
+
+bool CControlHost::IsSteerable() const
+{
+    return true;
+}
 
 QString CControlHost::GetListError() const
 {
@@ -141,7 +151,7 @@ void CControlHost::NoteUserInput()
     pLibrary->dispatcher.NoteUserInput();
 }
 
-QString CControlHost::GetMessageName(int nMessage)
+QString CControlHost::GetMessageName(int nMessage) const
 {
     static const QMap<int, QString> mapName{
         { MessageListChanged, QStringLiteral("ListChanged") },

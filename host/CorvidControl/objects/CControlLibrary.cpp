@@ -31,7 +31,7 @@ QString FindListFile(const QString& strListFile)
 
 CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
     : options(optionsIn), host(dispatcher, events),
-      processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()), jobs(events),
+      processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()),
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
       commands(processors, jobs, network), store(processors, events, FindListFile(options.strListFile)),
@@ -68,6 +68,8 @@ void CControlLibrary::Connect()
     network.SetListener([this](const SProcessorNode& device) { processors.ApplyReport(device); });
     processors.SetEditListener([this] { keeper.Touch(); });
     commands.SetDeletionListener([this](int nNodes) { deletions.BeforeDeletion(nNodes); });
+    QObject::connect(&jobs, &CJobs::BusyChanged, &events, &CHostEvents::BusyChanged, Qt::DirectConnection);
+    QObject::connect(&jobs, &CJobs::JobsChanged, &events, &CHostEvents::JobsChanged, Qt::DirectConnection);
     QObject::connect(&events, &CHostEvents::BusyChanged, &events, [this] { deletions.EndJob(); }, Qt::DirectConnection);
 }
 

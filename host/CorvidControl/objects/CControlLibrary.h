@@ -12,7 +12,6 @@
 #include "CorvidControl/objects/CConfigControl.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
-#include "CorvidControl/objects/CJobs.h"
 #include "CorvidControl/objects/CPrcBasicControl.h"
 #include "CorvidControl/objects/CPrcListControl.h"
 #include "CorvidControl/objects/CPrcRuntimeControl.h"
@@ -20,7 +19,8 @@
 #include "CorvidControl/objects/CProjectManageControl.h"
 #include "CorvidControl/objects/CProtocalControl.h"
 #include "CorvidControl/objects/CRuntimeControl.h"
-#include "CorvidControl/objects/SControlOptions.h"
+#include "controlhost/CJobs.h"
+#include "controlhost/SControlOptions.h"
 
 /// All parts of the library, in the order in which they need each other, and the way in which they are
 /// tied together. Publishes the eight objects while it lives. At most one exists at a time; made and ended on one

@@ -1,7 +1,7 @@
 #include "CorvidControl/objects/CRuntimeControl.h"
 
 #include "CorvidControl/list/CProcessorList.h"
-#include "CorvidControl/objects/CJobs.h"
+#include "controlhost/CJobs.h"
 
 CRuntimeControl::CRuntimeControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CJobs& jobsIn)
     : CObserved(dispatcherIn), processors(processorsIn), jobs(jobsIn)

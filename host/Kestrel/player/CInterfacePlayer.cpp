@@ -21,8 +21,9 @@ constexpr int nDecimal = 10;
 
 } // namespace
 
-CInterfacePlayer::CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn)
-    : window(windowIn), marks(marksIn), strFolder(strFolderIn)
+CInterfacePlayer::CInterfacePlayer(CMainWindow& windowIn, const SControlPointers& pointersIn, const QJsonArray& marksIn,
+                                   const QString& strFolderIn)
+    : window(windowIn), pointers(pointersIn), marks(marksIn), strFolder(strFolderIn)
 { }
 
 void CInterfacePlayer::Start()
@@ -111,7 +112,7 @@ void CInterfacePlayer::Select(const QJsonArray& listName)
     QTreeView* pTree = PanelAccess::FindCurrentTree(window.GetPanel());
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     for (const QJsonValue& name : listName) {
-        const QModelIndex index = PanelAccess::FindRow(pTree, name.toString());
+        const QModelIndex index = PanelAccess::FindRow(pointers, pTree, name.toString());
         if (index.isValid()) {
             PanelAccess::ClickRow(pTree, index, modifiers);
         } else {

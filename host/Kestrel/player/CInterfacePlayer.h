@@ -4,6 +4,7 @@
 #include <QObject>
 
 class CMainWindow;
+struct SControlPointers;
 
 /// Does what a scenario asks of the window: it clicks and types as a user would, and takes pictures.
 class CInterfacePlayer : public QObject
@@ -11,8 +12,10 @@ class CInterfacePlayer : public QObject
     Q_OBJECT
 
 public:
-    /// marksIn are the marks of a scenario, as in its file. strFolderIn empty: no pictures are taken.
-    CInterfacePlayer(CMainWindow& windowIn, const QJsonArray& marksIn, const QString& strFolderIn);
+    /// windowIn and pointersIn must outlive the player. marksIn are the marks of a scenario, as in its file. strFolderIn empty:
+    /// no pictures are taken.
+    CInterfacePlayer(CMainWindow& windowIn, const SControlPointers& pointersIn, const QJsonArray& marksIn,
+                     const QString& strFolderIn);
 
     /// Begins to count the seconds.
     void Start();
@@ -39,6 +42,7 @@ private:
     void Press(const QString& strToolTip);
 
     CMainWindow& window;
+    const SControlPointers& pointers;
     const QJsonArray marks;
     const QString strFolder;
     int nDone = 0;     ///< marks that were begun

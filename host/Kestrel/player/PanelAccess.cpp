@@ -1,8 +1,8 @@
 #include "Kestrel/player/PanelAccess.h"
 
-#include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
+#include "journal/SControlPointers.h"
 #include "nodes/SProcessorAllNode.h"
 
 #include <QAbstractButton>
@@ -47,13 +47,13 @@ QUuid FindId(const SProcessorAllNode& node, const QString& strName)
     return FindId(node.listProcessor, strName);
 }
 
-SProcessorAllNode GetCurrentList()
+SProcessorAllNode GetCurrentList(const SControlPointers& pointers)
 {
     SProcessorAllNode node;
-    if (g_pRuntimeControl->IsSimulatorPane()) {
-        g_pPrcListControl->GetSimulatorTree(node);
+    if ((*pointers.ppRuntime)->IsSimulatorPane()) {
+        (*pointers.ppPrcList)->GetSimulatorTree(node);
     } else {
-        g_pPrcListControl->GetDiscoveredTree(node);
+        (*pointers.ppPrcList)->GetDiscoveredTree(node);
     }
     return node;
 }
@@ -87,9 +87,9 @@ bool PanelAccess::IsRowEditor(const QObject* pObject)
     return pTree && pTree->viewport() == pObject->parent() && pTree->objectName() == QLatin1String("ProcessorTree");
 }
 
-QModelIndex PanelAccess::FindRow(const QTreeView* pTree, const QString& strName)
+QModelIndex PanelAccess::FindRow(const SControlPointers& pointers, const QTreeView* pTree, const QString& strName)
 {
-    const QUuid idNode = FindId(GetCurrentList(), strName);
+    const QUuid idNode = FindId(GetCurrentList(pointers), strName);
     if (!pTree || idNode.isNull()) {
         return {};
     }

@@ -10,6 +10,7 @@ class QObject;
 class QString;
 class QTreeView;
 class QWidget;
+struct SControlPointers;
 
 /// Finds the parts of the panel by their names, and uses them as mouse and keyboard do. The panel is a
 /// library of its own: only names, properties and rows' roles are known of it. All GUI thread.
@@ -21,8 +22,8 @@ QTreeView* FindCurrentTree(QWidget* pPanel);
 /// Whether it is the editor of a row of the panel.
 bool IsRowEditor(const QObject* pObject);
 
-/// The row of a group or processor of that name in the current pane; invalid when there is none.
-QModelIndex FindRow(const QTreeView* pTree, const QString& strName);
+/// The row of a group or processor of that name in the current pane of the library; invalid when there is none.
+QModelIndex FindRow(const SControlPointers& pointers, const QTreeView* pTree, const QString& strName);
 
 /// By the English text, which szContext translates.
 QAction* FindAction(QWidget* pPanel, const char* szContext, const char* szText);

@@ -1,6 +1,4 @@
-#include "CorvidControl/objects/CJobs.h"
-
-#include "CorvidControl/objects/CHostEvents.h"
+#include "controlhost/CJobs.h"
 
 #include <algorithm>
 
@@ -18,7 +16,7 @@ void CJobs::SetBusy(bool bNow)
         timeSince = timeNow = nBusy > 0 ? QDateTime::currentDateTime() : QDateTime();
         ++nSignals;
     }
-    emit events.BusyChanged(bNow, timeNow);
+    emit BusyChanged(bNow, timeNow);
     EndSignal();
 }
 
@@ -43,7 +41,7 @@ void CJobs::Begin(const QString& strJob)
         listNow = listJob;
         ++nSignals;
     }
-    emit events.JobsChanged(listNow);
+    emit JobsChanged(listNow);
     EndSignal();
 }
 
@@ -56,7 +54,7 @@ void CJobs::End(const QString& strJob)
         listNow = listJob;
         ++nSignals;
     }
-    emit events.JobsChanged(listNow);
+    emit JobsChanged(listNow);
     EndSignal();
 }
 

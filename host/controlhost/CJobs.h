@@ -1,22 +1,22 @@
 #pragma once
 
+#include "controlhost/ControlHostGlobal.h"
+
 #include <QDateTime>
+#include <QObject>
 #include <QStringList>
 
 #include <condition_variable>
 #include <mutex>
 
-class CHostEvents;
-
 /// What is under way: the busy state that the panel sets around its jobs, and the calls that block
 /// inside the library. The signals of both come on the thread that called, without a lock. All operations may
 /// be called on any thread.
-class CJobs
+class CONTROLHOST_EXPORT CJobs : public QObject
 {
-public:
-    /// eventsIn must outlive it.
-    explicit CJobs(CHostEvents& eventsIn) : events(eventsIn) { }
+    Q_OBJECT
 
+public:
     /// The calls of two jobs may overlap: busy ends with the last of them. A false without a true changes nothing.
     void SetBusy(bool bNow);
     bool IsBusy() const;            ///< a job of the panel is under way
@@ -32,10 +32,12 @@ public:
     /// the busy state to end: its job may have died.
     void AwaitIdle(std::chrono::milliseconds time);
 
+signals:
+    void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
+    void JobsChanged(const QStringList& listJob);             ///< all that run, oldest first
+
 private:
     void EndSignal();
-
-    CHostEvents& events;
 
     mutable std::mutex mutex; ///< guards all below
     std::condition_variable condEnd;

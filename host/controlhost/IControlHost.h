@@ -1,0 +1,106 @@
+#pragma once
+
+#include "controlhost/ControlHostGlobal.h"
+#include "controlhost/SControlOptions.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QObject>
+#include <QStringList>
+
+/// The control library as its application sees it: what an operator does outside the panel, and what lies behind the
+/// eight objects. No part of the panel's contract: a library offers it by CorvidControl_CreateHost, and an application
+/// does without where that is missing. All operations may be called on any thread, and none blocks but the two
+/// that save; signals come on the thread that caused the event, often a thread of the library.
+///
+/// @since 0.1
+class CONTROLHOST_EXPORT IControlHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// After the panel is gone: joins the library's threads and sets the eight pointers to null.
+    ~IControlHost() override = default;
+
+    /// Whether the options that it was made with count, and projects, modes and locks can be changed here. False: only
+    /// what the eight objects say is known, and what would change more does nothing.
+    virtual bool IsSteerable() const = 0;
+
+    /// One line that names the list file and the reason why it was refused; empty when all is well. The
+    /// list is then empty and the file is left alone: exports to it and imports are refused.
+    virtual QString GetListError() const = 0;
+
+    /// One line, why the list was not read or is not being saved; empty when all is well. It changes while
+    /// the library runs: see ListTroubleChanged.
+    virtual QString GetListTrouble() const = 0;
+
+    /// Saves the list at its own place now, on the calling thread; blocks for the disk. Empty when what is
+    /// on disk is the list as it stands, also when there was nothing new; otherwise one line with the
+    /// reason, and nothing was overwritten.
+    virtual QString SaveList() = 0;
+
+    /// Writes the list to a dated file beside its own place; blocks for the disk. Returns the file's path,
+    /// or an empty one with a line in strReason when even that failed.
+    virtual QString SaveListAside(QString& strReason) = 0;
+
+    /// One line that names the scenario file and what is wrong in it; empty when all is well.
+    virtual QString GetScenarioError() const = 0;
+
+    /// The array under the key "ui" of the scenario, in the order of the file: for the application.
+    virtual QJsonArray GetInterfaceMarks() const = 0;
+
+    /// Begins the scenario, or the quiet day. Call it when the panel is on the screen; a second call does nothing.
+    virtual void StartLife() = 0;
+
+    /// Milliseconds since StartLife; 0 before it.
+    virtual qint64 GetLifeTime() const = 0;
+
+    /// Instead of the one that is open. Processors that answer and run it are in use from now on.
+    virtual void OpenProject(const QString& strName) = 0;
+    virtual void CloseProject() = 0;            ///< does nothing when none is open
+    virtual QString GetProjectName() const = 0; ///< empty when no project is open
+
+    virtual void SetChiefMode(bool bOn) = 0;           ///< Chief-Member mode: the panel draws Chief marks
+    virtual bool IsChiefMode() const = 0;              ///< off at first
+    virtual void SetListLocked(bool bLocked) = 0;      ///< every command but folding and selecting is refused
+    virtual bool IsListLocked() const = 0;             ///< off at first
+    virtual void SetRefreshBlocked(bool bBlocked) = 0; ///< scans are refused
+    virtual bool IsRefreshBlocked() const = 0;         ///< off at first
+
+    virtual bool IsBusy() const = 0;                ///< a job of the panel is under way
+    virtual QDateTime GetBusySince() const = 0;     ///< invalid when idle
+    virtual QStringList GetRunningJobs() const = 0; ///< the blocking calls under way, oldest first, for display
+
+    /// What the user is in the middle of, so that no change takes it away. The control library holds its
+    /// messages back meanwhile, but not for long; a true that is never taken back costs no more.
+    ///
+    /// An editor of a row is open in the panel: all messages that make it read wait, at most ten seconds
+    /// from the first of them, and go when the editor closes.
+    virtual void SetUserEditing(bool bOn) = 0;
+
+    /// A mouse button is down, or a drag or a menu runs: messages about devices wait, at most two seconds.
+    virtual void SetUserActing(bool bOn) = 0;
+
+    /// A key, a button or the wheel, just now: messages about devices wait for 400 milliseconds without
+    /// any, at most two seconds.
+    virtual void NoteUserInput() = 0;
+
+    /// A short English name for a message number, such as "DeleteFinished"; empty for an unknown one.
+    virtual QString GetMessageName(int nMessage) const = 0;
+
+signals:
+    void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
+    void JobsChanged(const QStringList& listJob);             ///< as GetRunningJobs
+    void ListTroubleChanged();                                ///< GetListTrouble has another answer
+    void StateChanged();                                      ///< a project, a mode, a lock changed, by whomever
+    void LogLine(const QString& strLine);                     ///< what failed or was refused, and why
+    void LifeStep(const QString& strLine);                    ///< a step of the scenario or of the quiet day was taken
+    void ScenarioFinished();                                  ///< the last step of the scenario was taken
+};
+
+/// Creates the control library's eight objects, sets g_pConfigControl and its seven siblings, then reads the list
+/// file. Never fails: see GetListError and GetScenarioError. The devices rest until StartLife. At most one host
+/// exists at a time; the caller owns it. A library that exports this function is asked for it by this name.
+///
+/// @since 0.1
+extern "C" Q_DECL_EXPORT IControlHost* CorvidControl_CreateHost(const SControlOptions& options);
