@@ -13,7 +13,7 @@ from pathlib import Path
 ROOT = Path(sys.argv.pop(1)).resolve()
 ROW = re.compile(r"^\| ([^|]+) \| (.+) \|$")
 # Run whole: they end within seconds.
-SHORT = ("ctest --preset dev -R", "QT_QPA_PLATFORM=offscreen build/dev/bin/", "scripts/figures.py", "./run.sh --help")
+SHORT = ("ctest --preset dev -R", "scripts/reference.sh", "QT_QPA_PLATFORM=offscreen build/dev/bin/", "scripts/figures.py", "./run.sh --help")
 SHELLS = ("", "sh", "bash", "console")
 COMMAND = re.compile(r"^(?:\./|scripts/|build/|cmake |ctest |kestrel |apt|dpkg|cp |sudo )")
 # What a fresh checkout builds later, from its own folder.
