@@ -40,7 +40,7 @@ class WalkTest(unittest.TestCase):
 
     def rename_first(self, program, journal):
         """Once more where the device has taken the editor away."""
-        x, y = program.first_online_pixel()
+        x, y = wait_until("a dot", program.first_online_pixel)
         self.desktop.click(x + 30, y)
         self.desktop.key("F2", "ctrl+a")
         self.desktop.type("Renamed")

@@ -81,10 +81,10 @@ class Program:
         return sum(count for count, colour in self.desktop.grab().getcolors(1 << 24) if near(colour[:3], ONLINE))
 
     def first_online_pixel(self):
-        """From the top."""
+        """From the top; None while there is none."""
         image = self.desktop.grab().convert("RGB")
         width = image.size[0]
-        return next((n % width, n // width) for n, colour in enumerate(image.getdata()) if near(colour, ONLINE))
+        return next(((n % width, n // width) for n, colour in enumerate(image.getdata()) if near(colour, ONLINE)), None)
 
     def wait_for_rows(self):
         """Rows with the dots of devices that answer, three at least of 7 by 7 pixels."""
