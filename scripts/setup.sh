@@ -23,6 +23,7 @@ test_packages=(
     clang-format-19             # the release's own cannot insert braces
     lld                         # links the test programs in a quarter of the time
     libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
+    doxygen                     # the reference of the contract
     libbenchmark-dev
     lintian devscripts desktop-file-utils # the packages, by scripts/package.sh
     dpkg-dev file               # what they are made with
@@ -32,7 +33,7 @@ test_packages=(
 
 # What stands for the packages where there is no dpkg.
 run_commands=(g++ cmake ninja lrelease)
-test_commands=(Xvfb openbox weston xdotool xclip xwininfo gdb valgrind nm python3 clang-format-19 clang-tidy clazy-standalone)
+test_commands=(Xvfb openbox weston xdotool xclip xwininfo gdb valgrind nm python3 doxygen clang-format-19 clang-tidy clazy-standalone)
 run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
 
 die() {

@@ -1,6 +1,6 @@
-"""Each command of CONTRIBUTING.md's table works as it stands there. What takes minutes is tried without its
-work: presets, targets and programs exist, a selection of tests is not empty, a script is one for its shell.
-Usage: contributing.py ROOT"""
+"""Each command of CONTRIBUTING.md's table and of the code blocks of all documents works as it stands there; those of the
+walk-throughs are examples.py's. What takes minutes is tried without its work: presets, targets and programs exist, a
+selection of tests is not empty, a script is one for its shell. Usage: contributing.py ROOT"""
 import json
 import os
 import re
@@ -13,8 +13,10 @@ from pathlib import Path
 ROOT = Path(sys.argv.pop(1)).resolve()
 ROW = re.compile(r"^\| ([^|]+) \| (.+) \|$")
 # Run whole: they end within seconds.
-SHORT = ("ctest --preset dev -R", "QT_QPA_PLATFORM=offscreen build/dev/bin/", "scripts/figures.py", "./run.sh --help")
-# What a fresh checkout builds later: their targets are in this build.
+SHORT = ("ctest --preset dev -R", "scripts/reference.sh", "QT_QPA_PLATFORM=offscreen build/dev/bin/", "scripts/figures.py", "./run.sh --help")
+SHELLS = ("", "sh", "bash", "console")
+COMMAND = re.compile(r"^(?:\./|scripts/|build/|cmake |ctest |kestrel |apt|dpkg|cp |sudo )")
+# What a fresh checkout builds later, from its own folder.
 RELEASE_PROGRAMS = {"build/release/bin/ptv_benchmarks", "build/release/bin/ptv_control_benchmarks"}
 
 
@@ -27,6 +29,25 @@ def commands():
             for command in re.findall(r"`([^`]+)`", row.group(2)):
                 if not command.startswith("docs/"):
                     yield row.group(1), command
+
+
+def code_lines(text):
+    """Lines of fenced blocks for a shell, and indented ones, without the walk-throughs."""
+    language = None
+    for line in re.sub(r"<!-- run -->\n```sh\n.*?\n```", "", text, flags=re.DOTALL).splitlines():
+        if line.startswith("```"):
+            language = line[3:] if language is None else None
+        elif language in SHELLS or (language is None and line.startswith("    ")):
+            yield line
+
+
+def blocks():
+    """(document, command) of each command in a code block, but those that examples.py runs."""
+    for path in (ROOT / "README.md", ROOT / "CONTRIBUTING.md", *sorted((ROOT / "docs").glob("*.md"))):
+        for line in code_lines(path.read_text(encoding="utf-8")):
+            command = line.split("  #")[0].strip()
+            if COMMAND.match(command):
+                yield path.name, command
 
 
 def run(command):
@@ -58,7 +79,10 @@ class ContributingTest(unittest.TestCase):
         if program in RELEASE_PROGRAMS:
             self.assertIn(f"add_executable({Path(program).name}", (ROOT / "benchmarks/CMakeLists.txt").read_text())
         else:
-            self.assertTrue(os.access(ROOT / program, os.X_OK), program)
+            # What is not built along with everything else has a target all the same.
+            ninja = (ROOT / "build/dev/build.ninja").read_text()
+            built = program.replace("build/dev/", "")
+            self.assertTrue(os.access(ROOT / program, os.X_OK) or f"\nbuild {built}:" in ninja, program)
 
     def check_dry(self, command):
         words = [word for word in shlex.split(command) if not re.match(r"[A-Z_]+=", word)]
@@ -77,8 +101,8 @@ class ContributingTest(unittest.TestCase):
             self.check_shell(words[0])
 
     def test_each_command_works(self):
-        tried = list(commands())
-        self.assertGreater(len(tried), 20)
+        tried = [*commands(), *blocks()]
+        self.assertGreater(len(tried), 22)
         for purpose, command in tried:
             with self.subTest(purpose=purpose, command=command):
                 if command.startswith(SHORT) and command != "./run.sh --help":

@@ -12,15 +12,15 @@
 /// @since 0.1
 struct SProjectInfo
 {
-    QUuid idProject;
-    std::string strName; ///< UTF-8; empty when no project is open
-    quint64 nReserved1 = 0;
-    qint32 nYear = 0;  ///< full year, 2026
-    qint32 nMonth = 0; ///< 1 to 12
-    qint32 nDay = 0;   ///< 1 to 31
-    qint32 nHour = 0;
-    qint32 nMinute = 0;
-    qint32 nSecond = 0;
-    quint64 nReserved2 = 0;
-    quint64 nReserved3 = 0;
+    QUuid idProject;        ///< of the open project; the panel does not read it
+    std::string strName;    ///< UTF-8; empty when no project is open
+    quint64 nReserved1 = 0; ///< of the control library
+    qint32 nYear = 0;       ///< full year, 2026
+    qint32 nMonth = 0;      ///< 1 to 12
+    qint32 nDay = 0;        ///< 1 to 31
+    qint32 nHour = 0;       ///< 0 to 23
+    qint32 nMinute = 0;     ///< 0 to 59
+    qint32 nSecond = 0;     ///< 0 to 60
+    quint64 nReserved2 = 0; ///< of the control library
+    quint64 nReserved3 = 0; ///< of the control library
 };

@@ -18,7 +18,7 @@ class COMMONCOMPONENT_EXPORT CBaseDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// Which buttons the dialog has, and their keys in mapButton.
+    /// Which buttons the dialog has.
     enum EnButton
     {
         ButtonsNone = 0,     ///< no row of buttons
@@ -27,6 +27,7 @@ public:
     };
     Q_ENUM(EnButton)
 
+    /// The keys of the buttons in mapButton.
     enum EnButtonKey
     {
         KeyAccept = 1,

@@ -19,6 +19,7 @@ public:
     explicit CIPEdit(QWidget* parent);
     ~CIPEdit() override;
 
+    /// Shows the address nIP, host order.
     void SetAddress(quint32 nIP);
 
     /// Stores the address in nIP; an empty place counts as 0. False when a place is empty.

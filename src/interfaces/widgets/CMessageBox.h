@@ -13,6 +13,7 @@ class QWidget;
 class COMMONCOMPONENT_EXPORT CMessageBox
 {
 public:
+    /// The buttons of a box, as flags, and the one that was pressed.
     enum StandardButton
     {
         ButtonNone = 0,

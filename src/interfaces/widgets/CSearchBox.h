@@ -20,6 +20,7 @@ public:
     CSearchBox(QWidget* parent, bool bBorder);
     ~CSearchBox() override;
 
+    /// The text as it stands in the box.
     QString GetText() const;
 
     /// Empties the box; emits SignalSearch with the empty text, also when it was empty before.

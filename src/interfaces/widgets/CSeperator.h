@@ -12,6 +12,7 @@ class COMMONCOMPONENT_EXPORT CSeperator : public QFrame
     Q_OBJECT
 
 public:
+    /// What it shows between its neighbours.
     enum EnSeparatorStyle
     {
         StyleGap = 0,  ///< the background shows through: distance only
