@@ -26,6 +26,7 @@ SOCKET = "wayland-kestrel"
 FRAME, TITLE = 3, 30  # what Qt draws around a window there
 CROSS = (17, 15)  # of that frame, from its top right corner
 SIZE = (1040, 720)  # Kestrel's
+OUTSIDE = 20  # pixels of the X screen below the compositor's
 
 
 class Compositor(desktop.Desktop):
@@ -36,7 +37,7 @@ class Compositor(desktop.Desktop):
         (self.runtime / "weston.ini").write_text(CONFIGURATION)
         self.environment = dict(os.environ, DISPLAY=self._start_server(), XDG_RUNTIME_DIR=str(self.runtime))
         self.manager = subprocess.Popen(
-            ["weston", "--backend=x11-backend.so", "--use-pixman", f"--width={self.SIZE[0]}", f"--height={self.SIZE[1]}",
+            ["weston", "--backend=x11-backend.so", "--use-pixman", f"--width={self.SIZE[0]}", f"--height={self.SIZE[1] - OUTSIDE}",
              f"--socket={SOCKET}", f"--config={self.runtime}/weston.ini"],
             env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         started = desktop.poll((self.runtime / SOCKET).exists, desktop.START)
@@ -56,8 +57,10 @@ class Compositor(desktop.Desktop):
         size = (SIZE[0] + 2 * FRAME, SIZE[1] + TITLE + FRAME)
 
         def is_there():
-            for offset in (1, 0):  # over the window, wherever that is; the compositor hears of a mouse that moves
-                self.move(self.SIZE[0] / 2, self.SIZE[1] / 2 + offset)
+            # Into the compositor's screen, since it misses a mouse that was there before it, and over the window,
+            # wherever that is.
+            self.move(self.SIZE[0] / 2, self.SIZE[1] - OUTSIDE / 2)
+            self.move(self.SIZE[0] / 2, self.SIZE[1] / 2)
             box = self.box()
             return box and (box[2] - box[0], box[3] - box[1]) == size
 
