@@ -1,25 +1,44 @@
 #include "Kestrel/CBareControlHost.h"
 
 #include "controlhost/CJobs.h"
+#include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcBasicControl.h"
+#include "interfaces/control/IPrcListControl.h"
+#include "interfaces/control/IPrcRuntimeControl.h"
 #include "interfaces/control/IPreferenceControl.h"
 #include "interfaces/control/IProjectManageControl.h"
+#include "interfaces/control/IProtocalControl.h"
+#include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/control/SProjectInfo.h"
+#include "journal/SControlPointers.h"
 
-CBareControlHost::CBareControlHost(const SControlPointers& pointersIn, const CJobs& jobsIn) : pointers(pointersIn), jobs(jobsIn)
+CBareControlHost::CBareControlHost(const SControlPointers& pointers, const CJobs& jobsIn)
+    : config(**pointers.ppConfig), prcBasic(**pointers.ppPrcBasic), prcList(**pointers.ppPrcList),
+      prcRuntime(**pointers.ppPrcRuntime), preference(**pointers.ppPreference), projectManage(**pointers.ppProjectManage),
+      protocal(**pointers.ppProtocal), runtime(**pointers.ppRuntime), jobs(jobsIn)
 {
     connect(&jobs, &CJobs::BusyChanged, this, &CBareControlHost::BusyChanged, Qt::DirectConnection);
     connect(&jobs, &CJobs::JobsChanged, this, &CBareControlHost::JobsChanged, Qt::DirectConnection);
-    (*pointers.ppProjectManage)->Attach(this);
-    (*pointers.ppPreference)->Attach(this);
-    (*pointers.ppPrcBasic)->Attach(this);
+    ReadState();
+    // All of them, as the panel: nothing says which object sends what.
+    prcBasic.Attach(this);
+    prcList.Attach(this);
+    prcRuntime.Attach(this);
+    preference.Attach(this);
+    projectManage.Attach(this);
+    protocal.Attach(this);
+    runtime.Attach(this);
 }
 
 CBareControlHost::~CBareControlHost()
 {
-    (*pointers.ppPrcBasic)->Detach(this);
-    (*pointers.ppPreference)->Detach(this);
-    (*pointers.ppProjectManage)->Detach(this);
+    prcBasic.Detach(this);
+    prcList.Detach(this);
+    prcRuntime.Detach(this);
+    preference.Detach(this);
+    projectManage.Detach(this);
+    protocal.Detach(this);
+    runtime.Detach(this);
 }
 
 bool CBareControlHost::IsSteerable() const
@@ -27,26 +46,42 @@ bool CBareControlHost::IsSteerable() const
     return false;
 }
 
+QString CBareControlHost::SaveList()
+{
+    const QString strPath = config.GetListFilePath();
+    const qint32 nResult = strPath.isEmpty() ? 0 : prcList.ExportList(strPath, 0);
+    return nResult == 0 ? QString() : QStringLiteral("%1: the control library answers %2").arg(strPath).arg(nResult);
+}
+
+QString CBareControlHost::SaveListAside(QString& strReason)
+{
+    strReason = QStringLiteral("the control library has no dated files");
+    return {};
+}
+
+void CBareControlHost::StartLife()
+{
+    runtime.PostMessage(MessageDeleteFinished);
+}
+
 QString CBareControlHost::GetProjectName() const
 {
-    SProjectInfo info;
-    (*pointers.ppProjectManage)->GetProjectInfo(info);
-    return QString::fromStdString(info.strName);
+    return GetState().strProject;
 }
 
 bool CBareControlHost::IsChiefMode() const
 {
-    return (*pointers.ppPreference)->IsChiefMode();
+    return GetState().bChiefMode;
 }
 
 bool CBareControlHost::IsListLocked() const
 {
-    return (*pointers.ppPrcBasic)->IsListLocked();
+    return GetState().bListLocked;
 }
 
 bool CBareControlHost::IsRefreshBlocked() const
 {
-    return (*pointers.ppPrcBasic)->IsRefreshBlocked();
+    return GetState().bRefreshBlocked;
 }
 
 bool CBareControlHost::IsBusy() const
@@ -66,8 +101,28 @@ QStringList CBareControlHost::GetRunningJobs() const
 
 void CBareControlHost::Notify(int)
 {
+    ReadState();
     emit StateChanged();
 }
+
+// Two messages at a time may leave the older reading; the next message mends it, as in the panel.
+void CBareControlHost::ReadState()
+{
+    SProjectInfo info;
+    projectManage.GetProjectInfo(info);
+    const SState stateNow{ QString::fromStdString(info.strName), preference.IsChiefMode(), prcBasic.IsListLocked(),
+                           prcBasic.IsRefreshBlocked() };
+    const std::lock_guard<std::mutex> lock(mutex);
+    state = stateNow;
+}
+
+CBareControlHost::SState CBareControlHost::GetState() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return state;
+}
+
+// What has no counterpart among the eight objects.
 
 QString CBareControlHost::GetListError() const
 {
@@ -75,16 +130,6 @@ QString CBareControlHost::GetListError() const
 }
 
 QString CBareControlHost::GetListTrouble() const
-{
-    return {};
-}
-
-QString CBareControlHost::SaveList()
-{
-    return {};
-}
-
-QString CBareControlHost::SaveListAside(QString&)
 {
     return {};
 }
@@ -99,19 +144,10 @@ QJsonArray CBareControlHost::GetInterfaceMarks() const
     return {};
 }
 
-qint64 CBareControlHost::GetLifeTime() const
-{
-    return 0;
-}
-
 QString CBareControlHost::GetMessageName(int) const
 {
     return {};
 }
-
-// What has no counterpart among the eight objects.
-
-void CBareControlHost::StartLife() { }
 
 void CBareControlHost::OpenProject(const QString&) { }
 

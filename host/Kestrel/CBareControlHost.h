@@ -2,31 +2,45 @@
 
 #include "controlhost/IControlHost.h"
 #include "interfaces/widgets/CObserver.h"
-#include "journal/SControlPointers.h"
+
+#include <mutex>
 
 class CJobs;
+class IConfigControl;
+class IPrcBasicControl;
+class IPrcListControl;
+class IPrcRuntimeControl;
+class IPreferenceControl;
+class IProjectManageControl;
+class IProtocalControl;
+class IRuntimeControl;
+struct SControlPointers;
 
 /// Stands in for the host of a control library that has the eight objects and no more: there is nothing to play or to
-/// switch, and the panel alone saves the list, when it ends. What is busy the decorators of the journal know.
+/// switch. Project, modes and locks are read at the library's messages, on its thread, so that the GUI thread never
+/// waits for it; what is busy the decorators of the journal know.
 class CBareControlHost : public IControlHost, public CObserver
 {
     Q_OBJECT
 
 public:
-    /// Made and ended while no decorators are in place: it listens to the library's own objects, for changes of project,
-    /// modes and locks. pointersIn names the library's eight objects; they and jobsIn must outlive it.
-    CBareControlHost(const SControlPointers& pointersIn, const CJobs& jobsIn);
+    /// Made and ended while no decorators are in place: it speaks to the library's own objects. They and jobsIn must
+    /// outlive it.
+    CBareControlHost(const SControlPointers& pointers, const CJobs& jobsIn);
     ~CBareControlHost() override;
 
     bool IsSteerable() const override;
     QString GetListError() const override;
     QString GetListTrouble() const override;
+
+    /// By ExportList, to GetListFilePath; a library that names no file has nothing to save.
     QString SaveList() override;
     QString SaveListAside(QString& strReason) override;
     QString GetScenarioError() const override;
     QJsonArray GetInterfaceMarks() const override;
+
+    /// Posts the panel a first message, since nothing says that a library sends one to a new observer.
     void StartLife() override;
-    qint64 GetLifeTime() const override;
     void OpenProject(const QString& strName) override;
     void CloseProject() override;
     QString GetProjectName() const override;
@@ -47,6 +61,27 @@ public:
     void Notify(int nMessage) override;
 
 private:
-    const SControlPointers pointers;
+    /// What the status bar shows.
+    struct SState
+    {
+        QString strProject;
+        bool bChiefMode = false;
+        bool bListLocked = false;
+        bool bRefreshBlocked = false;
+    };
+
+    void ReadState();
+    SState GetState() const;
+
+    IConfigControl& config;
+    IPrcBasicControl& prcBasic;
+    IPrcListControl& prcList;
+    IPrcRuntimeControl& prcRuntime;
+    IPreferenceControl& preference;
+    IProjectManageControl& projectManage;
+    IProtocalControl& protocal;
+    IRuntimeControl& runtime;
     const CJobs& jobs;
+    mutable std::mutex mutex; ///< guards the state; held for one copy, never during a call of the library
+    SState state;
 };

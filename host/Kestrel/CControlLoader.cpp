@@ -4,12 +4,28 @@
 #include "Kestrel/CBareControlHost.h"
 #include "Kestrel/LibraryFile.h"
 
+#include <QFile>
 #include <QLibrary>
+
+#include <dlfcn.h>
+#include <link.h>
 
 namespace {
 
 constexpr char szLibrary[] = "CorvidControl";
 constexpr char szCreateHost[] = "CorvidControl_CreateHost";
+
+// Where a library that is loaded lies in memory.
+void* GetBase(const QString& strFile)
+{
+    void* pHandle = dlopen(QFile::encodeName(strFile).constData(), RTLD_LAZY | RTLD_NOLOAD);
+    link_map* pMap = nullptr;
+    const bool bFound = pHandle && dlinfo(pHandle, RTLD_DI_LINKMAP, &pMap) == 0;
+    if (pHandle) {
+        dlclose(pHandle);
+    }
+    return bFound ? reinterpret_cast<void*>(pMap->l_addr) : nullptr;
+}
 
 } // namespace
 
@@ -19,22 +35,12 @@ std::unique_ptr<IControlHost> CControlLoader::Load(const QString& strFile, const
     QLibrary library(LibraryFile::Find(strFile, QLatin1String(szLibrary)));
     library.setLoadHints(QLibrary::ExportExternalSymbolsHint | QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
     if (!library.load()) {
-        strError = library.errorString();
+        Fail(library.errorString());
         return nullptr;
     }
+    strFileName = library.fileName();
     FindPointers(library);
-    if (!strError.isEmpty()) {
-        return nullptr;
-    }
-    std::unique_ptr<IControlHost> pHost;
-    if (const auto pCreate = reinterpret_cast<decltype(&CorvidControl_CreateHost)>(library.resolve(szCreateHost))) {
-        pHost.reset(pCreate(options));
-    }
-    CheckPointers(library);
-    if (!strError.isEmpty()) {
-        return nullptr;
-    }
-    return pHost ? std::move(pHost) : std::make_unique<CBareControlHost>(pointers, jobs);
+    return strError.isEmpty() ? CreateHost(library, options, jobs) : nullptr;
 }
 
 QString CControlLoader::GetError() const
@@ -42,23 +48,39 @@ QString CControlLoader::GetError() const
     return strError;
 }
 
+QString CControlLoader::GetFileName() const
+{
+    return strFileName;
+}
+
 const SControlPointers& CControlLoader::GetPointers() const
 {
     return pointers;
 }
 
+// Not a symbol of a library that this one needs, which resolve() finds too.
+void* CControlLoader::FindOwn(QLibrary& library, const char* szName) const
+{
+    const auto pSymbol = reinterpret_cast<void*>(library.resolve(szName));
+    Dl_info info{};
+    if (!pSymbol || dladdr(pSymbol, &info) == 0) {
+        return nullptr;
+    }
+    return info.dli_fbase == GetBase(strFileName) ? pSymbol : nullptr;
+}
+
 template <typename Object> void CControlLoader::Find(QLibrary& library, const char* szName, Object**& ppObject)
 {
-    ppObject = reinterpret_cast<Object**>(library.resolve(szName));
-    if (!ppObject && strError.isEmpty()) {
-        strError = QStringLiteral("%1 is no control library: it has no %2").arg(library.fileName(), QLatin1String(szName));
+    ppObject = static_cast<Object**>(FindOwn(library, szName));
+    if (!ppObject) {
+        Fail(QStringLiteral("%1 is no control library: it has no %2").arg(strFileName, QLatin1String(szName)));
     }
 }
 
-template <typename Object> void CControlLoader::Check(const QLibrary& library, const char* szName, Object* const* ppObject)
+template <typename Object> void CControlLoader::Check(const char* szName, Object* const* ppObject)
 {
-    if (!*ppObject && strError.isEmpty()) {
-        strError = QStringLiteral("%1 has set no %2").arg(library.fileName(), QLatin1String(szName));
+    if (!*ppObject) {
+        Fail(QStringLiteral("%1 has set no %2").arg(strFileName, QLatin1String(szName)));
     }
 }
 
@@ -74,14 +96,38 @@ void CControlLoader::FindPointers(QLibrary& library)
     Find(library, "g_pRuntimeControl", pointers.ppRuntime);
 }
 
-void CControlLoader::CheckPointers(const QLibrary& library)
+void CControlLoader::CheckPointers()
 {
-    Check(library, "g_pConfigControl", pointers.ppConfig);
-    Check(library, "g_pPrcBasicControl", pointers.ppPrcBasic);
-    Check(library, "g_pPrcListControl", pointers.ppPrcList);
-    Check(library, "g_pPrcRuntimeControl", pointers.ppPrcRuntime);
-    Check(library, "g_pPreferenceControl", pointers.ppPreference);
-    Check(library, "g_pProjectManageControl", pointers.ppProjectManage);
-    Check(library, "g_pProtocalControl", pointers.ppProtocal);
-    Check(library, "g_pRuntimeControl", pointers.ppRuntime);
+    Check("g_pConfigControl", pointers.ppConfig);
+    Check("g_pPrcBasicControl", pointers.ppPrcBasic);
+    Check("g_pPrcListControl", pointers.ppPrcList);
+    Check("g_pPrcRuntimeControl", pointers.ppPrcRuntime);
+    Check("g_pPreferenceControl", pointers.ppPreference);
+    Check("g_pProjectManageControl", pointers.ppProjectManage);
+    Check("g_pProtocalControl", pointers.ppProtocal);
+    Check("g_pRuntimeControl", pointers.ppRuntime);
+}
+
+std::unique_ptr<IControlHost> CControlLoader::CreateHost(QLibrary& library, const SControlOptions& options, const CJobs& jobs)
+{
+    std::unique_ptr<IControlHost> pHost;
+    const auto pCreate = reinterpret_cast<decltype(&CorvidControl_CreateHost)>(FindOwn(library, szCreateHost));
+    if (pCreate) {
+        pHost.reset(pCreate(options));
+    }
+    if (pCreate && !pHost) {
+        Fail(QStringLiteral("%1 was built for another version of Kestrel").arg(strFileName));
+    }
+    CheckPointers();
+    if (!strError.isEmpty()) {
+        return nullptr;
+    }
+    return pHost ? std::move(pHost) : std::make_unique<CBareControlHost>(pointers, jobs);
+}
+
+void CControlLoader::Fail(const QString& strReason)
+{
+    if (strError.isEmpty()) {
+        strError = strReason;
+    }
 }

@@ -6,10 +6,11 @@
 #include <memory>
 
 class CJobs;
+class QLibrary;
 
 /// Loads a control library, as a host does that was built without it: its eight objects, and what it offers beyond
-/// them. Its symbols are global, so that a panel that is loaded later finds them first. The library stays loaded
-/// until the process ends. GUI thread.
+/// them. Its symbols are global, so that a panel that is loaded later finds them first; it should export no others. The
+/// library stays loaded until the process ends. GUI thread.
 class CControlLoader
 {
 public:
@@ -19,15 +20,22 @@ public:
 
     QString GetError() const;
 
+    /// The library's file, as far as it was found.
+    QString GetFileName() const;
+
     /// The places of the eight pointers in the library; after Load has succeeded.
     const SControlPointers& GetPointers() const;
 
 private:
-    template <typename Object> void Find(class QLibrary& library, const char* szName, Object**& ppObject);
-    template <typename Object> void Check(const QLibrary& library, const char* szName, Object* const* ppObject);
+    void* FindOwn(QLibrary& library, const char* szName) const;
+    template <typename Object> void Find(QLibrary& library, const char* szName, Object**& ppObject);
+    template <typename Object> void Check(const char* szName, Object* const* ppObject);
     void FindPointers(QLibrary& library);
-    void CheckPointers(const QLibrary& library);
+    void CheckPointers();
+    std::unique_ptr<IControlHost> CreateHost(QLibrary& library, const SControlOptions& options, const CJobs& jobs);
+    void Fail(const QString& strReason);
 
     SControlPointers pointers;
+    QString strFileName;
     QString strError;
 };

@@ -10,7 +10,6 @@
 #include "Kestrel/player/CInterfacePlayer.h"
 #include "controlhost/CJobs.h"
 #include "controlhost/IControlHost.h"
-#include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
 #include "journal/CControlJournal.h"
@@ -67,7 +66,7 @@ int CKestrel::Run()
         Complain(loader.GetError());
         return nCodeNoLibrary;
     }
-    const QString strFault = GetStartFault(*pHost);
+    const QString strFault = GetStartFault(*pHost, loader.GetFileName());
     if (!strFault.isEmpty()) {
         Complain(strFault);
         return nCodeBadFile;
@@ -87,12 +86,12 @@ void CKestrel::Complain(const QString& strLine)
 }
 
 // Why what was asked for cannot be begun; empty when it can.
-QString CKestrel::GetStartFault(const IControlHost& host) const
+QString CKestrel::GetStartFault(const IControlHost& host, const QString& strLibrary) const
 {
     const bool bAsked = !options.strListFile.isEmpty() || !options.strScenarioFile.isEmpty() || options.dPace != 1.0;
     if (!host.IsSteerable() && bAsked) {
         return QStringLiteral("%1 has nothing that --list, --scenario and --pace are for: it has no CorvidControl_CreateHost")
-            .arg(options.strControlFile);
+            .arg(strLibrary);
     }
     return host.GetScenarioError();
 }
@@ -114,10 +113,6 @@ int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CC
     const CSessionEnd sessionEnd(window, QStringList(QApplication::applicationFilePath()) + options.listArgument);
     connect(&endSignals, &CEndSignals::EndRequested, &window, &CMainWindow::EndUnattended);
     window.show();
-    if (!host.IsSteerable()) {
-        // The panel reads at a message, and nothing says that a library sends one to a new observer.
-        (*pointers.ppRuntime)->PostMessage(MessageDeleteFinished);
-    }
     host.StartLife();
     player.Start();
     QApplication::exec();

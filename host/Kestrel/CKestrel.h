@@ -30,7 +30,7 @@ public:
     static void Complain(const QString& strLine);
 
 private:
-    QString GetStartFault(const IControlHost& host) const;
+    QString GetStartFault(const IControlHost& host, const QString& strLibrary) const;
     int RunWindow(IControlHost& host, const SControlPointers& pointers, CCallLog& log);
     int Finish(const CMainWindow& window) const;
     void Log(IControlHost& host, CCallLog& log);

@@ -77,12 +77,26 @@ QString FindWaylandFault()
     return HasWaylandPlugin() ? QString() : QStringLiteral("Qt has no plug-in for Wayland; install qtwayland5");
 }
 
-QString FindFault(const QByteArray& platform)
+QString FindPlatformFault(const QByteArray& platform)
 {
     if (platform.startsWith("wayland")) {
         return FindWaylandFault();
     }
     return platform.startsWith("xcb") && !HasXServer() ? GetNoDisplay() : QString();
+}
+
+// Of a list of platforms Qt takes the first that works.
+QString FindFault(const QByteArray& platforms)
+{
+    QString strFault;
+    const QList<QByteArray> listPlatform = platforms.split(';');
+    for (const QByteArray& platform : listPlatform) {
+        strFault = FindPlatformFault(platform);
+        if (strFault.isEmpty()) {
+            break;
+        }
+    }
+    return strFault;
 }
 
 } // namespace

@@ -40,7 +40,8 @@ QString GetIdentity(const QString& strFile)
     if (stat(QFile::encodeName(info.filePath()).constData(), &status) == 0) {
         return QStringLiteral("%1:%2").arg(status.st_dev).arg(status.st_ino);
     }
-    return info.dir().canonicalPath() + QLatin1Char('/') + info.fileName();
+    const QString strFolder = info.dir().canonicalPath();
+    return (strFolder.isEmpty() ? info.absolutePath() : strFolder) + QLatin1Char('/') + info.fileName();
 }
 
 QString FindSameFile(const SKestrelOptions& options)
@@ -74,7 +75,7 @@ QString FindWriteFault(const QString& strFile)
         return QStringLiteral("'%1' is a folder, not a file to write").arg(strFile);
     }
     const bool bWritable = info.exists() ? info.isWritable() : QFileInfo(info.path()).isWritable();
-    return bWritable ? FindFolderFault(strFile) : QStringLiteral("No permission to write '%1'").arg(strFile);
+    return bWritable ? QString() : QStringLiteral("No permission to write '%1'").arg(strFile);
 }
 
 QString FindPictureFault(const SKestrelOptions& options)

@@ -19,7 +19,7 @@ class CONTROLHOST_EXPORT IControlHost : public QObject
     Q_OBJECT
 
 public:
-    /// After the panel is gone: joins the library's threads and sets the eight pointers to null.
+    /// After the panel is gone: joins the threads of the library that it has started, and sets their eight pointers to null.
     ~IControlHost() override = default;
 
     /// Whether the options that it was made with count, and projects, modes and locks can be changed here. False: only
@@ -49,11 +49,9 @@ public:
     /// The array under the key "ui" of the scenario, in the order of the file: for the application.
     virtual QJsonArray GetInterfaceMarks() const = 0;
 
-    /// Begins the scenario, or the quiet day. Call it when the panel is on the screen; a second call does nothing.
+    /// Begins the scenario, or the quiet day. Call it when the panel is on the screen; a second call does nothing. A panel
+    /// that was made before it has had a message that makes it read, or gets one now.
     virtual void StartLife() = 0;
-
-    /// Milliseconds since StartLife; 0 before it.
-    virtual qint64 GetLifeTime() const = 0;
 
     /// Instead of the one that is open. Processors that answer and run it are in use from now on.
     virtual void OpenProject(const QString& strName) = 0;
@@ -61,11 +59,11 @@ public:
     virtual QString GetProjectName() const = 0; ///< empty when no project is open
 
     virtual void SetChiefMode(bool bOn) = 0;           ///< Chief-Member mode: the panel draws Chief marks
-    virtual bool IsChiefMode() const = 0;              ///< off at first
+    virtual bool IsChiefMode() const = 0;              ///< as it stands now
     virtual void SetListLocked(bool bLocked) = 0;      ///< every command but folding and selecting is refused
-    virtual bool IsListLocked() const = 0;             ///< off at first
+    virtual bool IsListLocked() const = 0;             ///< as it stands now
     virtual void SetRefreshBlocked(bool bBlocked) = 0; ///< scans are refused
-    virtual bool IsRefreshBlocked() const = 0;         ///< off at first
+    virtual bool IsRefreshBlocked() const = 0;         ///< as it stands now
 
     virtual bool IsBusy() const = 0;                ///< a job of the panel is under way
     virtual QDateTime GetBusySince() const = 0;     ///< invalid when idle
@@ -95,12 +93,12 @@ signals:
     void StateChanged();                                      ///< a project, a mode, a lock changed, by whomever
     void LogLine(const QString& strLine);                     ///< what failed or was refused, and why
     void LifeStep(const QString& strLine);                    ///< a step of the scenario or of the quiet day was taken
-    void ScenarioFinished();                                  ///< the last step of the scenario was taken
 };
 
 /// Creates the control library's eight objects, sets g_pConfigControl and its seven siblings, then reads the list
 /// file. Never fails: see GetListError and GetScenarioError. The devices rest until StartLife. At most one host
-/// exists at a time; the caller owns it. A library that exports this function is asked for it by this name.
+/// exists at a time; the caller owns it. A library that exports this function is asked for it by this name. Null
+/// when options.nVersion is not the one that the library was built with: nothing was created then.
 ///
 /// @since 0.1
 extern "C" Q_DECL_EXPORT IControlHost* CorvidControl_CreateHost(const SControlOptions& options);

@@ -2,9 +2,15 @@
 
 #include <QString>
 
-/// What CControlHost::Start needs to know.
+/// Counts the changes of IControlHost and of the options after which libraries and applications of before and after no
+/// longer fit.
+constexpr int nControlHostVersion = 1;
+
+/// What CorvidControl_CreateHost needs to know.
 struct SControlOptions
 {
+    int nVersion = nControlHostVersion; ///< stays the first field; that of the application
+
     /// The list file: read at start, saved soon after each change. A file that does not exist yet
     /// is an empty list. Empty: "processors.kvtl" in the user's folder for application data.
     QString strListFile;

@@ -26,7 +26,7 @@ public:
     /// pointersIn names must be valid, and jobsIn live, for as long as the journal.
     CControlJournal(const SControlPointers& pointersIn, CCallLog& journal, CJobs& jobsIn, const MessageNamer& fnName);
 
-    /// Blocks while a call that the panel has made is still inside a decorator.
+    /// Waits for the calls that block, without a limit, and two seconds for the busy state: its job may have died.
     ~CControlJournal();
     Q_DISABLE_COPY(CControlJournal)
 

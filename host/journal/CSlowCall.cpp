@@ -12,6 +12,6 @@ CSlowCall::CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOp
 
 CSlowCall::~CSlowCall()
 {
-    jobs.End(strJob);
     writer.Finished(pOperation, timer.elapsed());
+    jobs.End(strJob); // who waits for the end may end the journal then
 }

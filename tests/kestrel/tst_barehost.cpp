@@ -91,7 +91,11 @@ private slots:
 
         QTest::newRow("project") << "g_pProjectManageControl" << 10;
         QTest::newRow("preference") << "g_pPreferenceControl" << 32;
-        QTest::newRow("locks") << "g_pPrcBasicControl" << 53;
+        QTest::newRow("processors") << "g_pPrcBasicControl" << 53;
+        QTest::newRow("list") << "g_pPrcListControl" << 1;
+        QTest::newRow("processors at run time") << "g_pPrcRuntimeControl" << 7;
+        QTest::newRow("protocol") << "g_pProtocalControl" << 59;
+        QTest::newRow("runtime") << "g_pRuntimeControl" << 14;
     }
 
     void theBadgesFollowTheLibrary()
@@ -130,7 +134,34 @@ private slots:
         job.join();
     }
 
-    void thereIsNothingToSaveBesideThePanel()
+    void theListIsSavedBeforeTheWindowGoes()
+    {
+        CBareWindow kestrel;
+        kestrel.control.Set([](SControlAnswers& answers) { answers.strListFilePath = QStringLiteral("/lists/own.kvtl"); });
+        kestrel.control.ClearJournal();
+
+        QVERIFY(kestrel.window.close());
+
+        QCOMPARE(kestrel.control.Commands(), QStringList{ "g_pPrcListControl.ExportList(\"/lists/own.kvtl\", 0)" });
+        QCOMPARE(kestrel.window.GetSaveFault(), QString());
+    }
+
+    void aListThatIsNotSavedIsReportedWhereNobodyCanBeAsked()
+    {
+        CBareWindow kestrel;
+        kestrel.control.Set([](SControlAnswers& answers) {
+            answers.strListFilePath = QStringLiteral("/lists/own.kvtl");
+            answers.nExportResult = 1;
+        });
+
+        kestrel.window.EndUnattended();
+
+        QTRY_VERIFY(!kestrel.window.isVisible());
+        QVERIFY2(kestrel.window.GetSaveFault().contains("/lists/own.kvtl: the control library answers 1"),
+                 qPrintable(kestrel.window.GetSaveFault()));
+    }
+
+    void aLibraryThatNamesNoFileHasNothingToSave()
     {
         CBareWindow kestrel;
         kestrel.control.ClearJournal();
@@ -138,7 +169,18 @@ private slots:
         QVERIFY(kestrel.window.close());
 
         QCOMPARE(kestrel.control.Commands(), QStringList());
-        QCOMPARE(kestrel.window.GetSaveFault(), QString());
+    }
+
+    void aLibraryThatIsSlowToReadHoldsNobodyUp()
+    {
+        CBareWindow kestrel;
+        kestrel.control.Hold("IsChiefMode");
+        kestrel.control.Raise(32);
+        QVERIFY(kestrel.control.WaitForHeld("IsChiefMode"));
+
+        QVERIFY(!kestrel.host.IsChiefMode());
+
+        kestrel.control.Release("IsChiefMode");
     }
 };
 

@@ -67,6 +67,8 @@ private slots:
                                       << "/no/such.so";
         QTest::newRow("no library") << EXAMPLES_FOLDER "/studio.kvtl" << "studio.kvtl";
         QTest::newRow("no object") << WIDGET_LIBRARY << "has no g_pConfigControl";
+        QTest::newRow("the panel, which needs one") << PANEL_LIBRARY << "has no g_pConfigControl";
+        QTest::newRow("of another version") << OTHER_VERSION << "was built for another version of Kestrel";
         QTest::newRow("objects that nobody sets") << EMPTY_CONTROL << "has set no g_pConfigControl";
     }
 

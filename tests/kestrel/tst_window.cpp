@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 
+#include <future>
 #include <thread>
 
 namespace {
@@ -169,11 +170,17 @@ private slots:
     {
         CBadgedWindow kestrel;
         g_pRuntimeControl->SetBusy(true);
-        std::thread job = StartScan();
+        std::promise<void> refused;
+        std::thread job([&refused] {
+            g_pPrcBasicControl->RefreshProcessors();
+            refused.get_future().wait();
+            g_pRuntimeControl->SetBusy(false);
+        });
 
-        QVERIFY(!kestrel.window.close());
-        QVERIFY(kestrel.window.isVisible());
+        const bool bClosed = kestrel.window.close();
+        refused.set_value();
 
+        QVERIFY(!bClosed);
         QTRY_VERIFY(!kestrel.window.isVisible());
         QVERIFY(!kestrel.pHost->IsBusy());
         job.join();

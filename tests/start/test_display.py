@@ -25,7 +25,8 @@ class DisplayTest(unittest.TestCase):
                 ({"WAYLAND_DISPLAY": "wayland-7"}, "(no DISPLAY, WAYLAND_DISPLAY=wayland-7)"),
                 ({"DISPLAY": ":4711", "WAYLAND_DISPLAY": "wayland-7"}, "(DISPLAY=:4711, WAYLAND_DISPLAY=wayland-7)"),
                 ({"DISPLAY": ":4711", "QT_QPA_PLATFORM": "xcb"}, "(DISPLAY=:4711, no WAYLAND_DISPLAY)"),
-                ({"QT_QPA_PLATFORM": "wayland-egl"}, "(no DISPLAY, no WAYLAND_DISPLAY)")):
+                ({"QT_QPA_PLATFORM": "wayland-egl"}, "(no DISPLAY, no WAYLAND_DISPLAY)"),
+                ({"QT_QPA_PLATFORM": "wayland;xcb"}, "(no DISPLAY, no WAYLAND_DISPLAY)")):
             with self.subTest(given=given):
                 result = run("--list", f"{self.folder.name}/a.kvtl", XDG_RUNTIME_DIR=self.folder.name, **given)
                 self.assertEqual((result.returncode, result.stdout), (4, ""), result.stderr)
@@ -42,11 +43,12 @@ class DisplayTest(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (2, "kestrel: --list is empty; see --help\n"))
 
     def test_a_platform_without_a_display_is_kept(self):
-        picture = f"{self.folder.name}/a.png"
-        result = run("--list", f"{self.folder.name}/a.kvtl", "--shot", picture, "--at", "0", DISPLAY=":4711",
-                     QT_QPA_PLATFORM="offscreen")
-        self.assertEqual(result.returncode, 0, result.stderr)
-        self.assertTrue(os.path.exists(picture))
+        for platform in ("offscreen", "xcb;offscreen"):
+            picture = f"{self.folder.name}/{len(platform)}.png"
+            result = run("--list", f"{self.folder.name}/a.kvtl", "--shot", picture, "--at", "0", DISPLAY=":4711",
+                         QT_QPA_PLATFORM=platform)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertTrue(os.path.exists(picture))
 
 
 if __name__ == "__main__":

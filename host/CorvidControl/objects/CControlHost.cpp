@@ -8,7 +8,7 @@
 
 IControlHost* CorvidControl_CreateHost(const SControlOptions& options)
 {
-    return CControlHost::Start(options).release();
+    return options.nVersion == nControlHostVersion ? CControlHost::Start(options).release() : nullptr;
 }
 
 std::unique_ptr<CControlHost> CControlHost::Start(const SControlOptions& options)

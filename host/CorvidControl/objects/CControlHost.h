@@ -16,6 +16,9 @@ public:
     /// As CorvidControl_CreateHost.
     static std::unique_ptr<CControlHost> Start(const SControlOptions& options);
 
+    /// Milliseconds since StartLife; 0 before it. Any thread.
+    qint64 GetLifeTime() const;
+
     ~CControlHost() override;
 
     bool IsSteerable() const override;
@@ -26,7 +29,6 @@ public:
     QString GetScenarioError() const override;
     QJsonArray GetInterfaceMarks() const override;
     void StartLife() override;
-    qint64 GetLifeTime() const override;
     void OpenProject(const QString& strName) override;
     void CloseProject() override;
     QString GetProjectName() const override;
@@ -43,6 +45,9 @@ public:
     void SetUserActing(bool bOn) override;
     void NoteUserInput() override;
     QString GetMessageName(int nMessage) const override;
+
+signals:
+    void ScenarioFinished(); ///< the last step of the scenario was taken
 
 private:
     explicit CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn);
