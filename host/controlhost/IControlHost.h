@@ -58,12 +58,12 @@ public:
     virtual void CloseProject() = 0;            ///< does nothing when none is open
     virtual QString GetProjectName() const = 0; ///< empty when no project is open
 
-    virtual void SetChiefMode(bool bOn) = 0; ///< Chief-Member mode: the panel draws Chief marks
-    virtual bool IsChiefMode() const = 0;
-    virtual void SetListLocked(bool bLocked) = 0; ///< every command but folding and selecting is refused
-    virtual bool IsListLocked() const = 0;
+    virtual void SetChiefMode(bool bOn) = 0;           ///< Chief-Member mode: the panel draws Chief marks
+    virtual bool IsChiefMode() const = 0;              ///< as it stands now
+    virtual void SetListLocked(bool bLocked) = 0;      ///< every command but folding and selecting is refused
+    virtual bool IsListLocked() const = 0;             ///< as it stands now
     virtual void SetRefreshBlocked(bool bBlocked) = 0; ///< scans are refused
-    virtual bool IsRefreshBlocked() const = 0;
+    virtual bool IsRefreshBlocked() const = 0;         ///< as it stands now
 
     virtual bool IsBusy() const = 0;                ///< a job of the panel is under way
     virtual QDateTime GetBusySince() const = 0;     ///< invalid when idle
