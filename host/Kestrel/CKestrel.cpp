@@ -55,11 +55,6 @@ int CKestrel::Run()
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
     CCallLog log(nJournalLines);
-    CJournalFile journalFile(log, options.strJournalFile);
-    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
-        Complain(journalFile.GetError());
-        return nCodeBadFile;
-    }
     CJobs jobs;
     CControlLoader loader;
     const std::unique_ptr<IControlHost> pHost = loader.Load(options.strControlFile, GetControlOptions(options), jobs);
@@ -70,6 +65,12 @@ int CKestrel::Run()
     const QString strFault = GetStartFault(*pHost, loader.GetFileName());
     if (!strFault.isEmpty()) {
         Complain(strFault);
+        return nCodeBadFile;
+    }
+    // Not before: a run that is refused must not empty the journal of an earlier one.
+    CJournalFile journalFile(log, options.strJournalFile);
+    if (!options.strJournalFile.isEmpty() && !journalFile.Open()) {
+        Complain(journalFile.GetError());
         return nCodeBadFile;
     }
     if (!pHost->GetListError().isEmpty()) {

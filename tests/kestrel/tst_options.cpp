@@ -186,12 +186,15 @@ private slots:
         CProgram program;
         const QString strFile = program.Write("broken.json", R"({"steps": [{"at": 1, "do": "dance"}]})");
 
-        QVERIFY(program.Run({ "--list", program.Path("list.kvtl"), "--scenario", strFile }));
+        const QString strJournal = program.Write("a.log", "of yesterday");
+
+        QVERIFY(program.Run({ "--list", program.Path("list.kvtl"), "--scenario", strFile, "--journal", strJournal }));
 
         QCOMPARE(program.ExitCode(), 2);
         QCOMPARE(program.Errors().size(), 1);
         QVERIFY(program.Errors().constFirst().contains(strFile));
         QVERIFY(program.Errors().constFirst().contains("dance"));
+        QCOMPARE(CProgram::Read(strJournal), QByteArray("of yesterday"));
     }
 
     void helpTellsEveryOptionAndNeedsNoDisplay()

@@ -29,6 +29,7 @@ def words_of_contributing():
 def code_of(script):
     """Without comments, messages and what other languages say in it."""
     text = re.sub(r"<<'PY'\n.*?\nPY\n", "\n", script.read_text(encoding="utf-8"), flags=re.S)
+    text = re.sub(r"(\bawk [^'|]*)'[^']*'", r"\1", text)
     text = re.sub(r'\b(die|echo|printf) "[^"]*"', r"\1", text)
     return re.sub(r"(^|\s)#.*", r"\1", text, flags=re.M)
 
