@@ -6,7 +6,7 @@ import desktop
 from listfile import processor
 from rows import ROOT
 from scene import TREE
-from storm import BY_CHANCE, KEPT, NEW, Storm, report_of, storm, storm_list
+from storm import BY_CHANCE, KEPT, NEW, Storm, is_report_of, report_of, storm, storm_list
 
 
 class Gestures(Storm):
@@ -366,7 +366,7 @@ class Pages(Storm):
 
     def page_down_from(self, number):
         """The row that the key reaches from one of the first rows. The list is back at its top afterwards."""
-        self.select_and_wait(self.rows.nodes()[number], lambda: self.desktop.click(*self.kestrel.row(number)))
+        self.select_and_wait(self.rows.nodes()[number], lambda: self.desktop.click(*self.kestrel.row(number, next(self.columns))))
         mark = self.kestrel.mark()
         self.desktop.key("Next")
         end = self.rows.nodes().index(self.kestrel.wait_for("SetSelectedNodes", after=mark)[0][len("SetSelectedNodes(["):-2])
@@ -374,9 +374,15 @@ class Pages(Storm):
         return end
 
     def select_and_wait(self, node, act):
-        self.behind = self.kestrel.mark()
-        act()
-        self.assertEqual(self.steady(), [node])
+        """Acts again where a refresh that had read the library before has undone it."""
+        def is_selected():
+            self.behind = self.kestrel.mark()
+            act()
+            desktop.wait_until("a rebuild of the rows", self.rebuilt)
+            self.pass_fence()
+            return self.selected() == [node] and is_report_of(self.reported(), [node])
+
+        desktop.wait_until(f"{node} selected", is_selected)
 
 
 class Kept(Gestures):
