@@ -5,6 +5,33 @@
 
 #include <unistd.h>
 
+namespace {
+
+/// Rows of files that cannot be used: the options, and what the line must name.
+void AddFiles()
+{
+    QTest::newRow("picture is no PNG") << "--shot a.jpg"
+                                       << "a.jpg";
+    QTest::newRow("picture in a missing folder") << "--shot /no/such/a.png"
+                                                 << "/no/such/a.png";
+    QTest::newRow("pictures in a missing folder") << "--scenario . --shots /no/such"
+                                                  << "No";
+    QTest::newRow("list in a missing folder") << "--list /no/such/a.kvtl"
+                                              << "/no/such/a.kvtl";
+    QTest::newRow("missing scenario") << "--scenario /no/such.json"
+                                      << "/no/such.json";
+    QTest::newRow("two missing folders, one name") << "--shot /no/a.png --journal /such/a.png"
+                                                   << "No folder for '/no/a.png'";
+    QTest::newRow("journal in a missing folder") << "--journal /no/such/journal"
+                                                 << "/no/such/journal";
+    QTest::newRow("journal by way of a missing folder") << "--journal /no/such/../journal"
+                                                        << "/no/such/../journal";
+    QTest::newRow("journal is a folder") << "--journal /tmp"
+                                         << "'/tmp' is a folder";
+}
+
+} // namespace
+
 class COptionsTest : public QObject
 {
     Q_OBJECT
@@ -45,24 +72,9 @@ private slots:
                                                 << "--at";
         QTest::newRow("pictures without a scenario") << "--shots ."
                                                      << "--shots";
-        QTest::newRow("picture is no PNG") << "--shot a.jpg"
-                                           << "a.jpg";
-        QTest::newRow("picture in a missing folder") << "--shot /no/such/a.png"
-                                                     << "/no/such/a.png";
-        QTest::newRow("pictures in a missing folder") << "--scenario . --shots /no/such"
-                                                      << "No";
-        QTest::newRow("list in a missing folder") << "--list /no/such/a.kvtl"
-                                                  << "/no/such/a.kvtl";
-        QTest::newRow("missing scenario") << "--scenario /no/such.json"
-                                          << "/no/such.json";
-        QTest::newRow("journal in a missing folder") << "--journal /no/such/journal"
-                                                     << "/no/such/journal";
-        QTest::newRow("journal by way of a missing folder") << "--journal /no/such/../journal"
-                                                            << "/no/such/../journal";
-        QTest::newRow("journal is a folder") << "--journal /tmp"
-                                             << "'/tmp' is a folder";
-        for (const char* szOption :
-             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace", "--journal", "--panel" }) {
+        AddFiles();
+        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace",
+                                      "--journal", "--panel", "--control" }) {
             QTest::addRow("%s with nothing", szOption) << szOption + QStringLiteral(" ") << szOption;
         }
     }
@@ -123,6 +135,8 @@ private slots:
                                         << "--list and --scenario";
         QTest::newRow("panel, journal") << "--panel @a.json --journal @a.json"
                                         << "--journal and --panel";
+        QTest::newRow("control library, panel") << "--control @a.json --panel @a.json"
+                                                << "--panel and --control";
         QTest::newRow("another spelling") << "--list @new --journal @tmp/../new"
                                           << "--list and --journal";
         QTest::newRow("a symbolic link") << "--list @a.kvtl --journal @link"
@@ -205,8 +219,9 @@ private slots:
         QVERIFY(program.Run({ "--help" }));
 
         QCOMPARE(program.ExitCode(), 0);
-        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace",
-                                      "--journal", "--panel", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
+        for (const char* szOption :
+             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace", "--journal", "--panel",
+               "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
             QVERIFY2(program.Output().contains(szOption), szOption);
         }
     }
