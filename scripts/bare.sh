@@ -60,7 +60,8 @@ put_tree() {
     esac
 }
 
-# What happens to the packages in the new system. Without what they only recommend: the rest must be enough.
+# What happens to the packages in the new system, without what they only recommend: the rest must be enough. The
+# examples of the documents are built there and run for a few seconds.
 write_package_round() {
     cat <<'SH'
 #!/bin/bash
@@ -72,7 +73,24 @@ kestrel --version
 cp /usr/share/ProcessorTreeView/examples/studio.kvtl .
 kestrel=$(sed -n 's/^Exec=//p' /usr/share/applications/kestrel.desktop)
 test -f "/usr/share/icons/hicolor/scalable/apps/$(sed -n 's/^Icon=//p' /usr/share/applications/kestrel.desktop).svg"
-QT_QPA_PLATFORM=offscreen $kestrel --list studio.kvtl --shot kestrel.png
+export QT_QPA_PLATFORM=offscreen
+$kestrel --list studio.kvtl --shot kestrel.png
+
+apt-get -qq install -y --no-install-recommends g++ make cmake
+mkdir host library
+awk '/^<!-- file: /{ file = $3 } /^```/{ if (inside) file = ""; inside = !inside; next } inside && file { print >file }' \
+    /usr/share/doc/processortreeview-dev/*.md
+for example in host library; do
+    cmake -S $example -B $example/build
+    cmake --build $example/build
+done
+kestrel --control library/build/libMyControl.so --shot library.png
+for library in libCorvidControl.so.0 ./library/build/libMyControl.so; do
+    code=0
+    timeout 5 host/build/myhost $library studio.kvtl || code=$?
+    test $code = 124 # it ran until it was stopped
+done
+
 apt-get -qq remove -y processortreeview
 ! test -e /usr/bin/kestrel
 SH

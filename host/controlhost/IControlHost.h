@@ -35,8 +35,8 @@ public:
     virtual QString GetListTrouble() const = 0;
 
     /// Saves the list at its own place now, on the calling thread; blocks for the disk. Empty when what is
-    /// on disk is the list as it stands, also when there was nothing new; otherwise one line with the
-    /// reason, and nothing was overwritten.
+    /// on disk is the list as it stands, also when there was nothing new, and while GetListError is not empty and
+    /// nothing was changed since; otherwise one line with the reason, and nothing was overwritten.
     virtual QString SaveList() = 0;
 
     /// Writes the list to a dated file beside its own place; blocks for the disk. Returns the file's path,

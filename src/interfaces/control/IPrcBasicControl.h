@@ -38,10 +38,10 @@ public:
     /// Sets the name of a processor. The library may refuse; the old name then stays.
     virtual void RenameProcessor(QUuid idProcessor, QString strName) = 0;
 
-    /// Display name of a processor type.
+    /// Display name of a processor type. The numbers are the library's; the panel offers 12 when simulators are added.
     virtual QString GetTypeName(qint32 nType) = 0;
 
-    /// The address of this machine; a processor may not take it.
+    /// The address of this machine; a processor may not take it. It is no hint where to look for a free one.
     virtual SLocalAddress GetLocalAddress() = 0;
 
     /// True while the list may not be changed: the panel then offers no delete, import or refresh.

@@ -41,7 +41,7 @@ public:
     /// Fills node, default-built by the caller, with the tree of the Simulator pane.
     virtual void GetSimulatorTree(SProcessorAllNode& node) = 0;
 
-    /// Adds the group to the current pane. bEmpty is true when no processors will be moved into it.
+    /// Adds the empty group to the current pane, under the id that it has. bEmpty: no processors will be moved into it.
     virtual void AddGroup(SProcessorGroupNode node, bool bEmpty) = 0;
 
     /// Deletes a group: with its processors, as DeleteProcessor does, or, bWithProcessors false, the group
@@ -58,8 +58,8 @@ public:
     /// Sets the name of a group. The library may refuse; the old name then stays.
     virtual void RenameGroup(QUuid idGroup, QString strName) = 0;
 
-    /// For a processor: true allows renaming it. Together with IRuntimeControl::IsNodeInUse it blocks
-    /// deletion.
+    /// For a processor: true allows renaming it. Where IRuntimeControl::IsNodeInUse is true for it as well, it blocks
+    /// the deletion of the selection.
     virtual bool IsNodeActive(QUuid idNode) = 0;
 
     /// Stores whether a node is shown expanded; the next tree that is read holds the value.

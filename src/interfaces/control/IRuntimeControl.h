@@ -33,8 +33,8 @@ public:
     virtual void SetSimulatorPane(bool bSimulator) = 0;
 
     /// Sets the selection of the current pane, in the order in which the panel reports it, which need not
-    /// be that of the rows; the order counts. One null id selects the root. Returns false when the
-    /// library refuses it.
+    /// be that of the rows; the order counts. A null id is the root, alone or among others. Returns
+    /// false when the library refuses it.
     virtual bool SetSelectedNodes(const std::vector<QUuid>& vecId) = 0;
 
     /// The selection of a pane, true Simulator.
