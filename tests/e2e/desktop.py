@@ -57,13 +57,13 @@ class Desktop:
     def __init__(self, shots):
         self.shots = pathlib.Path(shots)
         self.shots.mkdir(parents=True, exist_ok=True)
-        wait_until("an X server with a window manager", self._start)
+        wait_until("an X server with a window manager", self._start, 3 * START)
 
     def _start(self):
         """False when nothing came of it: of two servers that look for a display at the same time one is left without."""
         self.environment = dict(os.environ, DISPLAY=self._start_server(), QT_QPA_PLATFORM="xcb")
         self.manager = subprocess.Popen(["openbox"], env=self.environment, stderr=subprocess.DEVNULL)
-        started = poll(self._has_manager, START)
+        started = poll(lambda: self._has_manager() or self.manager.poll() is not None, START) and self.manager.poll() is None
         if not started:
             self.close()
         return started

@@ -40,7 +40,8 @@ class Compositor(desktop.Desktop):
             ["weston", "--backend=x11-backend.so", "--use-pixman", f"--width={self.SIZE[0]}", f"--height={self.SIZE[1] - OUTSIDE}",
              f"--socket={SOCKET}", f"--config={self.runtime}/weston.ini"],
             env=self.environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        started = desktop.poll((self.runtime / SOCKET).exists, desktop.START)
+        socket = self.runtime / SOCKET
+        started = desktop.poll(lambda: socket.exists() or self.manager.poll() is not None, desktop.START) and socket.exists()
         if not started:
             self.close()
         return started
