@@ -68,6 +68,54 @@ CScenario ReadStep(const QString& strVerb, const QString& strKey, const QString&
     return CScenario::Read("{\"steps\": [{" + listKey.join(", ").toUtf8() + "}]}", "x.json");
 }
 
+/// A scenario whose second step has these keys.
+QByteArray SecondStep(const QByteArray& keys)
+{
+    return Json("{'steps':[{'at':0,'do':'scan'},{") + keys + "}]}";
+}
+
+/// Rows of files whose second step has a fault: the file, and what the line must say.
+void AddFaultsOfSteps()
+{
+    QTest::newRow("no time") << SecondStep(Json("'do':'scan'")) << "step 2: \"at\" must be seconds, from 0 to a day";
+    QTest::newRow("a time before the start") << SecondStep(Json("'at':-1,'do':'scan'")) << "step 2: \"at\" must be seconds";
+    QTest::newRow("nothing to do") << SecondStep(Json("'at':1")) << "step 2: \"do\" must be a text";
+    QTest::newRow("a number to do") << SecondStep(Json("'at':1,'do':7")) << "step 2: \"do\" must be a text";
+    QTest::newRow("an empty thing to do") << SecondStep(Json("'at':1,'do':''")) << "step 2: there is no such thing to do: \"\"";
+    QTest::newRow("a time as a text") << SecondStep(Json("'at':'3','do':'scan'")) << "step 2: \"at\" must be seconds";
+    QTest::newRow("an endless time") << SecondStep(Json("'at':1e300,'do':'scan'")) << "step 2: \"at\" must be seconds";
+    QTest::newRow("one and a half simulators")
+        << SecondStep(Json("'at':1,'do':'add-simulators','count':1.5")) << "must be 1 or 2";
+    QTest::newRow("a list with an empty name")
+        << SecondStep(Json("'at':1,'do':'select','nodes':['a','']")) << "must be a list of texts that are not empty";
+    QTest::newRow("a key of a step twice") << SecondStep(Json("'at':1,'do':'scan','at':2")) << "step 2: \"at\" is there twice";
+    QTest::newRow("a key twice, once disguised")
+        << SecondStep(Json("'at':1,'do':'scan','\\u0061t':2")) << "step 2: \"at\" is there twice";
+    QTest::newRow("something unknown") << SecondStep(Json("'at':1,'do':'fly'"))
+                                       << "step 2: there is no such thing to do: \"fly\"";
+    QTest::newRow("a key is missing") << SecondStep(Json("'at':1,'do':'rename','node':'a'"))
+                                      << "step 2: \"name\" of \"rename\" must be a text";
+    QTest::newRow("a misspelt key") << SecondStep(Json("'at':1,'do':'move','node':'a','grp':'g'"))
+                                    << "step 2: unknown key \"grp\" of \"move\"";
+    QTest::newRow("no flag") << SecondStep(Json("'at':1,'do':'lock','on':1"))
+                             << "step 2: \"on\" of \"lock\" must be true or false";
+    QTest::newRow("no role") << SecondStep(Json("'at':1,'do':'role','node':'a','role':'chief'"))
+                             << "step 2: \"role\" of \"role\" must be none, primary or backup";
+    QTest::newRow("no pane") << SecondStep(Json("'at':1,'do':'pane','pane':'left'")) << "must be discovered or simulator";
+    QTest::newRow("no address") << SecondStep(Json("'at':1,'do':'silent','ip':'ten'")) << "must be an IPv4 address";
+    QTest::newRow("no texts") << SecondStep(Json("'at':1,'do':'select','nodes':[1]")) << "must be a list of texts";
+    QTest::newRow("three simulators") << SecondStep(Json("'at':1,'do':'add-simulators','count':3")) << "must be 1 or 2";
+    QTest::newRow("too hard a storm") << SecondStep(Json("'at':1,'do':'storm','rate':1001,'for':1"))
+                                      << "must be a number of 1 to 1000";
+    QTest::newRow("a bad name") << SecondStep(Json("'at':1,'do':'appear','ip':'10.0.0.1','name':'a=b'"))
+                                << "step 2: \"name\" of \"appear\" must be a good name";
+    QTest::newRow("a project of two lines") << SecondStep(Json("'at':1,'do':'project','node':'a','project':'a\\nb'"))
+                                            << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
+    QTest::newRow("a project too long") << SecondStep(Json("'at':1,'do':'project','node':'a','project':'") + QByteArray(257, 'x')
+                                                      + '"')
+                                        << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
+}
+
 } // namespace
 
 /// Scenario files as text: what is taken, and what is said of a fault.
@@ -174,53 +222,19 @@ private slots:
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("strFault");
-        const auto step = [](const QByteArray& keys) { return Json("{'steps':[{'at':0,'do':'scan'},{") + keys + "}]}"; };
         QTest::newRow("no JSON") << QByteArray("steps:") << "its text is no JSON object (";
         QTest::newRow("an array") << QByteArray("[]") << "its text is no JSON object (";
         QTest::newRow("no steps") << QByteArray("{}") << "\"steps\" must be a list";
         QTest::newRow("a stray key") << Json("{'steps':[],'speed':2}") << "unknown key \"speed\"";
-        QTest::newRow("no time") << step(Json("'do':'scan'")) << "step 2: \"at\" must be seconds, from 0 to a day";
-        QTest::newRow("a time before the start") << step(Json("'at':-1,'do':'scan'")) << "step 2: \"at\" must be seconds";
-        QTest::newRow("nothing to do") << step(Json("'at':1")) << "step 2: \"do\" must be a text";
-        QTest::newRow("a number to do") << step(Json("'at':1,'do':7")) << "step 2: \"do\" must be a text";
-        QTest::newRow("an empty thing to do") << step(Json("'at':1,'do':''")) << "step 2: there is no such thing to do: \"\"";
-        QTest::newRow("a time as a text") << step(Json("'at':'3','do':'scan'")) << "step 2: \"at\" must be seconds";
-        QTest::newRow("an endless time") << step(Json("'at':1e300,'do':'scan'")) << "step 2: \"at\" must be seconds";
         QTest::newRow("a step that is no object") << Json("{'steps':[3]}") << "step 1: must be an object";
         QTest::newRow("a title of a number") << Json("{'title':7,'steps':[]}") << "\"title\" must be a text";
-        QTest::newRow("one and a half simulators") << step(Json("'at':1,'do':'add-simulators','count':1.5")) << "must be 1 or 2";
-        QTest::newRow("a list with an empty name")
-            << step(Json("'at':1,'do':'select','nodes':['a','']")) << "must be a list of texts that are not empty";
         QTest::newRow("a key twice") << Json("{'steps':[],'steps':[]}") << "\"steps\" is there twice";
-        QTest::newRow("a key of a step twice") << step(Json("'at':1,'do':'scan','at':2")) << "step 2: \"at\" is there twice";
-        QTest::newRow("a key twice, once disguised")
-            << step(Json("'at':1,'do':'scan','\\u0061t':2")) << "step 2: \"at\" is there twice";
         QTest::newRow("a key of a mark twice") << Json("{'steps':[{'at':1,'do':'scan'}],'ui':[{'at':1,'at':1,'shot':'x'}]}")
                                                << "mark 1 of \"ui\": \"at\" is there twice";
-        QTest::newRow("something unknown") << step(Json("'at':1,'do':'fly'")) << "step 2: there is no such thing to do: \"fly\"";
-        QTest::newRow("a key is missing") << step(Json("'at':1,'do':'rename','node':'a'"))
-                                          << "step 2: \"name\" of \"rename\" must be a text";
-        QTest::newRow("a misspelt key") << step(Json("'at':1,'do':'move','node':'a','grp':'g'"))
-                                        << "step 2: unknown key \"grp\" of \"move\"";
-        QTest::newRow("no flag") << step(Json("'at':1,'do':'lock','on':1")) << "step 2: \"on\" of \"lock\" must be true or false";
-        QTest::newRow("no role") << step(Json("'at':1,'do':'role','node':'a','role':'chief'"))
-                                 << "step 2: \"role\" of \"role\" must be none, primary or backup";
-        QTest::newRow("no pane") << step(Json("'at':1,'do':'pane','pane':'left'")) << "must be discovered or simulator";
-        QTest::newRow("no address") << step(Json("'at':1,'do':'silent','ip':'ten'")) << "must be an IPv4 address";
-        QTest::newRow("no texts") << step(Json("'at':1,'do':'select','nodes':[1]")) << "must be a list of texts";
-        QTest::newRow("three simulators") << step(Json("'at':1,'do':'add-simulators','count':3")) << "must be 1 or 2";
-        QTest::newRow("too hard a storm") << step(Json("'at':1,'do':'storm','rate':1001,'for':1"))
-                                          << "must be a number of 1 to 1000";
-        QTest::newRow("a bad name") << step(Json("'at':1,'do':'appear','ip':'10.0.0.1','name':'a=b'"))
-                                    << "step 2: \"name\" of \"appear\" must be a good name";
-        QTest::newRow("a project of two lines") << step(Json("'at':1,'do':'project','node':'a','project':'a\\nb'"))
-                                                << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
-        QTest::newRow("a project too long") << step(Json("'at':1,'do':'project','node':'a','project':'") + QByteArray(257, 'x')
-                                                    + '"')
-                                            << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
         QTest::newRow("a mark without a time") << Json("{'steps':[],'ui':[{'shot':'x'}]}") << "mark 1 of \"ui\": \"at\"";
         QTest::newRow("a mark that is no object") << Json("{'steps':[],'ui':[3]}") << "mark 1 of \"ui\": must be an object";
         QTest::newRow("marks that are no list") << Json("{'steps':[],'ui':{}}") << "\"ui\" must be a list";
+        AddFaultsOfSteps();
     }
 
     void aFaultIsToldInOneLineWithTheFile()
