@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Takes the pictures of the documents anew, from the example list and examples/day.json, with the program and the walk-throughs
-of a build. Run it after a change that can be seen.
+"""Takes the pictures of the documents anew with the programs of a build: Kestrel in the middle of examples/day.json, and what comes
+out of the walk-throughs. Run it after a change that can be seen.
 
     scripts/pictures.py [--build FOLDER] [--to FOLDER]     all pictures; default: build/dev, docs/images
     scripts/pictures.py --names                            their names

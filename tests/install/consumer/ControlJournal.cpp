@@ -1,18 +1,26 @@
 #include "controlhost/CJobs.h"
+#include "controlhost/IControlHost.h"
 #include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IRuntimeControl.h"
 #include "journal/CControlJournal.h"
 
-#include <optional>
+#include <memory>
 
 int main()
 {
-    CCallLog journal(2);
+    SControlOptions options;
+    options.strListFile = QStringLiteral("journal.kvtl");
+    options.bQuietDay = false;
+    const std::unique_ptr<IControlHost> pHost(CorvidControl_CreateHost(options));
+    CCallLog log(64);
     CJobs jobs;
-    std::optional<CControlJournal> decorators;
-    if (g_pRuntimeControl) {
-        decorators.emplace(SControlPointers::Linked(), journal, jobs, [](int) { return QString(); });
+    const CControlJournal journal(SControlPointers::Linked(), log, jobs, [](int) { return QString(); });
+    g_pRuntimeControl->SetBusy(true);
+    const bool bCounted = jobs.IsBusy();
+    g_pRuntimeControl->SetBusy(false);
+    int nWritten = 0;
+    for (const SCallRecord& record : log.ReadAfter(0)) {
+        nWritten += record.strText.startsWith(QLatin1String("SetBusy")) ? 1 : 0;
     }
-    journal.Write(RecordCommand, "g_pRuntimeControl", QStringLiteral("SetBusy(true)"));
-    const std::vector<SCallRecord> vecRecord = journal.ReadAfter(0);
-    return vecRecord.size() == 1 && journal.GetLastNumber() == 1 ? 0 : 1;
+    return bCounted && !jobs.IsBusy() && nWritten == 2 ? 0 : 1;
 }
