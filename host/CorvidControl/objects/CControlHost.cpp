@@ -1,5 +1,6 @@
 #include "CorvidControl/objects/CControlHost.h"
 
+#include "CorvidControl/list/FaultText.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CControlLibrary.h"
 #include "interfaces/control/CorvidControl.h"
@@ -22,10 +23,13 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn) : pLibra
     const CHostEvents* pEvents = &pLibrary->events;
     connect(pEvents, &CHostEvents::BusyChanged, this, &CControlHost::BusyChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::JobsChanged, this, &CControlHost::JobsChanged, Qt::DirectConnection);
+    connect(&pLibrary->jobs, &CJobs::Progressed, this, &CControlHost::JobProgressed, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::ListTroubleChanged, this, &CControlHost::ListTroubleChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::StateChanged, this, &CControlHost::StateChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LogLine, this, &CControlHost::LogLine, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LifeStep, this, &CControlHost::LifeStep, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::ListEdited, this, &CControlHost::ListEdited, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::CommandRefused, this, &CControlHost::CommandRefused, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::ScenarioFinished, this, &CControlHost::ScenarioFinished, Qt::DirectConnection);
 }
 
@@ -121,6 +125,56 @@ bool CControlHost::IsRefreshBlocked() const
     return pLibrary->host.IsRefreshBlocked();
 }
 
+void CControlHost::SetChief(const QUuid& idGroup, const QUuid& idChief)
+{
+    pLibrary->processors.ChooseChief(idGroup, idChief);
+}
+
+bool CControlHost::CanRestore() const
+{
+    return true;
+}
+
+SListSnapshot CControlHost::GetSnapshot() const
+{
+    return pLibrary->processors.GetSnapshot();
+}
+
+SRefusal CControlHost::FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const
+{
+    const SFault fault = pLibrary->history.FindFault(from, to);
+    return { CommandRestore, {}, fault.reason, fault.strDetail, FaultText::Build(fault) };
+}
+
+bool CControlHost::RestoreList(const SListSnapshot& from, const SListSnapshot& to)
+{
+    return pLibrary->history.Restore(from, to);
+}
+
+QList<SEarlierList> CControlHost::GetEarlierLists() const
+{
+    return pLibrary->store.FindEarlier();
+}
+
+bool CControlHost::TakeEarlierList(const QString& strPath)
+{
+    bool bDone = false;
+    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.TakeEarlier(strPath); });
+    return bDone;
+}
+
+SRefusedList CControlHost::PreviewRefusedList() const
+{
+    return pLibrary->store.PreviewRefused();
+}
+
+bool CControlHost::UseRefusedList()
+{
+    bool bDone = false;
+    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.UseRefused(); });
+    return bDone;
+}
+
 bool CControlHost::IsBusy() const
 {
     return pLibrary->jobs.IsBusy();
@@ -134,6 +188,11 @@ QDateTime CControlHost::GetBusySince() const
 QStringList CControlHost::GetRunningJobs() const
 {
     return pLibrary->jobs.GetRunning();
+}
+
+QVector<SRunningJob> CControlHost::GetJobProgress() const
+{
+    return pLibrary->jobs.GetProgress();
 }
 
 void CControlHost::SetUserEditing(bool bOn)
