@@ -539,4 +539,71 @@ Fortfahren?</translation>
         <translation>E&amp;infügen</translation>
     </message>
 </context>
+<context>
+    <name>RowSpeech</name>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>Primary</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>1 processor</source>
+        <translation>1 Prozessor</translation>
+    </message>
+    <message>
+        <source>%1 processors</source>
+        <translation>%1 Prozessoren</translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>hat einen Chief</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>Chief %1</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>Chief</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>Gefundene Prozessoren</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>Simulatoren</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>Name von %1</translation>
+    </message>
+</context>
 </TS>
