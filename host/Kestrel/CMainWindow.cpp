@@ -3,6 +3,7 @@
 
 #include "Kestrel/CHostMenu.h"
 #include "Kestrel/CHostStatus.h"
+#include "Kestrel/CKeyWays.h"
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
@@ -30,6 +31,7 @@ CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers,
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
+    pKeyWays = new CKeyWays(*this, pMenu->GetViewMenu());
     pStatus = new CHostStatus(host, theme, this);
     InitWidget(theme);
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
@@ -45,6 +47,7 @@ void CMainWindow::SetPanel(QWidget* pWidget)
 {
     pPanelWidget = pWidget;
     pFrameLayout->addWidget(pWidget);
+    pKeyWays->SetPanel(pWidget);
     if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
     }
@@ -97,6 +100,7 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     }
     pMenu->UpdateText();
+    pKeyWays->UpdateText();
     pStatus->UpdateState();
     pStatus->UpdateTrouble();
     RepaintPanel();
