@@ -24,11 +24,6 @@ CHostMenu::CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& lan
     UpdateState();
 }
 
-void CHostMenu::AddToView(QMenu* pMenu)
-{
-    pViewMenu->addMenu(pMenu);
-}
-
 void CHostMenu::UpdateState()
 {
     pCloseProject->setEnabled(!host.GetProjectName().isEmpty());
@@ -51,6 +46,11 @@ void CHostMenu::UpdateText()
     pViewMenu->setTitle(tr("&View"));
     pJournal->setText(tr("&Journal"));
     pLanguageMenu->setTitle(tr("L&anguage"));
+}
+
+QMenu& CHostMenu::GetViewMenu() const
+{
+    return *pViewMenu;
 }
 
 void CHostMenu::MakeProjectMenu()

@@ -18,14 +18,14 @@ public:
     /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
     CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
 
-    /// pMenu, which stays its owner's, joins the entries that say how the window looks.
-    void AddToView(QMenu* pMenu);
-
     /// The check marks and the enabled states, from the control library.
     void UpdateState();
 
     /// All texts, after the language has changed.
     void UpdateText();
+
+    /// For what others have to say about the view. Owned by the window.
+    QMenu& GetViewMenu() const;
 
 signals:
     /// The user wants everything in the list selected.

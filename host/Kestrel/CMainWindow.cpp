@@ -3,6 +3,7 @@
 
 #include "Kestrel/CHostMenu.h"
 #include "Kestrel/CHostStatus.h"
+#include "Kestrel/CKeyWays.h"
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
@@ -33,7 +34,8 @@ CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers,
     addDockWidget(Qt::RightDockWidgetArea, pDock);
     pDock->hide();
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
-    pMenu->AddToView(new CThemeMenu(themeIn, this));
+    pMenu->GetViewMenu().addMenu(new CThemeMenu(themeIn, this));
+    pKeyWays = new CKeyWays(*this, pMenu->GetViewMenu());
     pStatus = new CHostStatus(host, theme, this);
     InitWidget();
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
@@ -49,6 +51,7 @@ void CMainWindow::SetPanel(QWidget* pWidget)
 {
     pPanelWidget = pWidget;
     pFrameLayout->addWidget(pWidget);
+    pKeyWays->SetPanel(pWidget);
     if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
     }
@@ -101,6 +104,7 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     }
     pMenu->UpdateText();
+    pKeyWays->UpdateText();
     pStatus->UpdateState();
     pStatus->UpdateTrouble();
     RepaintPanel();

@@ -14,6 +14,7 @@ class CCallLog;
 class IControlHost;
 class CHostMenu;
 class CHostStatus;
+class CKeyWays;
 class CLanguage;
 class CTheme;
 class QVBoxLayout;
@@ -72,6 +73,7 @@ private:
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
+    CKeyWays* pKeyWays = nullptr;
     CHostStatus* pStatus = nullptr;
     QPointer<QWidget> pPanelWidget;
     QTimer timerGrace;        ///< how long a busy flag counts that no call stands behind

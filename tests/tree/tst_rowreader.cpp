@@ -206,6 +206,18 @@ private slots:
         QCOMPARE(counter.nPaints, 2);
     }
 
+    void whatIsSaidOfRowsIsNotPaintedFor()
+    {
+        const CScreenReader reader;
+        pFixture->Click(pFixture->Row("Stage"));
+        Settle();
+        const CPaintCounter counter(pFixture->pTree->viewport());
+        pFixture->SetChiefMode(true);
+        Settle();
+        QCOMPARE(Words(pFixture->Row("Stage")), QStringLiteral("Stage, group, 2 processors / Chief beta"));
+        QCOMPARE(counter.nPaints, 0);
+    }
+
     void theLibraryHearsNothingOfIt()
     {
         pFixture->Clear();

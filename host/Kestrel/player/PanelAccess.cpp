@@ -18,7 +18,9 @@
 
 namespace {
 
-constexpr int nRoleNodeId = Qt::UserRole + 1; ///< of the panel's rows: the id of the node
+constexpr int nRoleNodeId = Qt::UserRole + 1;   ///< of the panel's rows: the id of the node
+constexpr int nRoleNodeType = Qt::UserRole + 2; ///< and their kind
+constexpr int nInfoRow = 4;                     ///< the kind of an information row
 
 QUuid FindId(const QList<SProcessorNode>& listProcessor, const QString& strName)
 {
@@ -97,6 +99,11 @@ QModelIndex PanelAccess::FindRow(const SControlPointers& pointers, const QTreeVi
     const QModelIndexList listFound
         = pTree->model()->match(pTree->model()->index(0, 0), nRoleNodeId, idNode, 1, Qt::MatchExactly | Qt::MatchRecursive);
     return listFound.value(0);
+}
+
+bool PanelAccess::IsInfoRow(const QModelIndex& index)
+{
+    return index.data(nRoleNodeType).toInt() == nInfoRow;
 }
 
 QAction* PanelAccess::FindAction(QWidget* pPanel, const char* szContext, const char* szText)

@@ -271,6 +271,21 @@
     </message>
 </context>
 <context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>Liste durch&amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>&amp;Nächster Teil des Fensters</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>&amp;Voriger Teil des Fensters</translation>
+    </message>
+</context>
+<context>
     <name>CMainWindow</name>
     <message>
         <source>Quitting as soon as the running job has ended…</source>

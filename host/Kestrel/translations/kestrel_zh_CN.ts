@@ -271,6 +271,21 @@
     </message>
 </context>
 <context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>搜索列表(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>窗口的下一部分(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>窗口的上一部分(&amp;P)</translation>
+    </message>
+</context>
+<context>
     <name>CMainWindow</name>
     <message>
         <source>Quitting as soon as the running job has ended…</source>
