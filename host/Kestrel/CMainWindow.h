@@ -14,6 +14,7 @@ class CCallLog;
 class IControlHost;
 class CHostMenu;
 class CHostStatus;
+class CKeyWays;
 class CLanguage;
 class CTheme;
 class QVBoxLayout;
@@ -26,8 +27,7 @@ class CMainWindow : public QMainWindow, public IUIManagement
 
 public:
     /// All arguments must outlive the window.
-    CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
-                const CTheme& theme);
+    CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language, CTheme& themeIn);
 
     /// The widget that carries the panel's style sheet.
     QWidget* GetParentWidget() override;
@@ -56,20 +56,24 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void InitWidget(const CTheme& theme);
+    void InitWidget();
     void SetConnection();
     void SelectAll();
     void UpdateBusy();
     void WaitForJobs();
     void RepaintPanel();
+    /// Gives the frame, and the panel that has copied its sheet, the sheet of the present theme.
+    void UpdateSheet();
     bool IsJobRunning() const;
 
     IControlHost& host;
+    const CTheme& theme;
     CFinalSave finalSave;
     CUnwinding unwinding;
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
+    CKeyWays* pKeyWays = nullptr;
     CHostStatus* pStatus = nullptr;
     QPointer<QWidget> pPanelWidget;
     QTimer timerGrace;        ///< how long a busy flag counts that no call stands behind

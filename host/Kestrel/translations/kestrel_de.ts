@@ -223,6 +223,10 @@
         <source>IP address</source>
         <translation>IP-Adresse</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>Jeder Teil ist eine Zahl von 0 bis 255.</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -264,6 +268,21 @@
     <message>
         <source>Call or message</source>
         <translation>Aufruf oder Nachricht</translation>
+    </message>
+</context>
+<context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>Liste durch&amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>&amp;Nächster Teil des Fensters</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>&amp;Voriger Teil des Fensters</translation>
     </message>
 </context>
 <context>
@@ -514,10 +533,92 @@ Fortfahren?</translation>
     </message>
 </context>
 <context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>&amp;Hoher Kontrast</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+</context>
+<context>
     <name>QLineEdit</name>
     <message>
         <source>&amp;Paste</source>
         <translation>E&amp;infügen</translation>
+    </message>
+</context>
+<context>
+    <name>RowSpeech</name>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>Primary</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>1 processor</source>
+        <translation>1 Prozessor</translation>
+    </message>
+    <message>
+        <source>%1 processors</source>
+        <translation>%1 Prozessoren</translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>hat einen Chief</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>Chief %1</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>Chief</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>Gefundene Prozessoren</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>Simulatoren</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>Name von %1</translation>
     </message>
 </context>
 </TS>

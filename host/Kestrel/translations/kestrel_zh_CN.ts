@@ -223,6 +223,10 @@
         <source>IP address</source>
         <translation>IP 地址</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>每一段都是 0 到 255 的数字。</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -264,6 +268,21 @@
     <message>
         <source>Call or message</source>
         <translation>调用或消息</translation>
+    </message>
+</context>
+<context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>搜索列表(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>窗口的下一部分(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>窗口的上一部分(&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -514,10 +533,92 @@ Continue?</source>
     </message>
 </context>
 <context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>高对比度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+</context>
+<context>
     <name>QLineEdit</name>
     <message>
         <source>&amp;Paste</source>
         <translation>粘贴(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>RowSpeech</name>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>主用</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备用</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>项目 %1</translation>
+    </message>
+    <message>
+        <source>1 processor</source>
+        <translation>1 台处理器</translation>
+    </message>
+    <message>
+        <source>%1 processors</source>
+        <translation>%1 台处理器</translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>有主控</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>主控 %1</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>组</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>在线</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>离线</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>主控</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>已发现的处理器</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>模拟器</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>%1 的名称</translation>
     </message>
 </context>
 </TS>
