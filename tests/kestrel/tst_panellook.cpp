@@ -1,10 +1,14 @@
 #include "CPanelWindow.h"
 #include "Contrast.h"
+#include "Kestrel/journal/CJournalModel.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
 
+#include <QHeaderView>
+#include <QMenuBar>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QSvgRenderer>
 #include <QTreeView>
 
@@ -142,6 +146,18 @@ void BringToState(CPanelWindow& kestrel, const QString& strRow, const QString& s
     }
 }
 
+/// The first column of a picture that has a part of a letter in it.
+int FirstInk(const QImage& image)
+{
+    const QColor ground = image.pixelColor(1, 1);
+    for (int x = 0; x < image.width(); ++x) {
+        if (CountPixels(image.copy(x, 0, 1, image.height() - 2), ground, 3) > 0) {
+            return x;
+        }
+    }
+    return -1;
+}
+
 } // namespace
 
 /// The panel as Kestrel dresses it, pixel by pixel. Runs at several sizes of a pixel.
@@ -183,6 +199,77 @@ private slots:
         const QImage image = kestrel.Grab(pButton);
 
         QCOMPARE(image, Draw(strIcon, nEdge, image, kestrel.theme.GetColour(strSurface)));
+    }
+
+    void aThemeSetAtRunTimeLooksAsOneSetAtTheStart_data()
+    {
+        QTest::addColumn<QString>("strBefore");
+        QTest::addColumn<QString>("strAfter");
+        QTest::newRow("to high contrast") << "dark" << "contrast";
+        QTest::newRow("to dark") << "contrast" << "dark";
+    }
+
+    void aThemeSetAtRunTimeLooksAsOneSetAtTheStart()
+    {
+        QFETCH(QString, strBefore);
+        QFETCH(QString, strAfter);
+        const auto Show = [](CPanelWindow& kestrel) {
+            QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+            kestrel.Button("Close search box")->show();
+            QCoreApplication::processEvents();
+        };
+        QImage expected;
+        {
+            CPanelWindow kestrel(strAfter);
+            Show(kestrel);
+            expected = kestrel.window.grab().toImage();
+        }
+        CPanelWindow kestrel(strBefore);
+        Show(kestrel);
+        QVERIFY(kestrel.window.grab().toImage() != expected);
+
+        kestrel.theme.Set(strAfter);
+
+        QTRY_COMPARE(kestrel.window.grab().toImage(), expected);
+    }
+
+    void theLinesOfTheWindowAreOnAGridOfFourPixels()
+    {
+        CPanelWindow kestrel;
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        kestrel.log.Write(RecordCommand, "RuntimeControl", "Call");
+        auto* pView = kestrel.window.findChild<QTreeView*>("Journal");
+        QTRY_VERIFY(pView->model()->rowCount() > 0);
+
+        const auto Top = [&](const QWidget* pWidget) { return pWidget->mapTo(&kestrel.window, QPoint()).y(); };
+        QCOMPARE(kestrel.window.menuBar()->height(), 28);
+        QCOMPARE(Top(kestrel.window.statusBar()) % 4, 0);
+        QCOMPARE(kestrel.window.statusBar()->height() % 4, 0);
+        const auto* pBar = kestrel.window.findChild<QWidget*>("JournalBar");
+        QCOMPARE(pBar->height(), kestrel.window.findChild<QWidget*>("Header")->height());
+        QCOMPARE(Top(pBar) % 4, 0);
+        QCOMPARE(Top(pView) % 4, 0);
+        QCOMPARE(pView->header()->height(), 24);
+        QCOMPARE(pView->visualRect(pView->model()->index(0, 0)).height(), 20);
+    }
+
+    void theJournalsHeaderStandsOverItsColumns()
+    {
+        CPanelWindow kestrel;
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        kestrel.log.Write(RecordCommand, "Object", "Call or message");
+        auto* pView = kestrel.window.findChild<QTreeView*>("Journal");
+        const auto* pModel = pView->model();
+        const auto Newest = [&] { return pModel->index(pModel->rowCount() - 1, CJournalModel::ColumnCall); };
+        QTRY_COMPARE(Newest().data().toString(), QString("Call or message"));
+
+        for (const int nColumn : { CJournalModel::ColumnObject, CJournalModel::ColumnCall }) {
+            const QRect rcCell = pView->visualRect(Newest().sibling(Newest().row(), nColumn));
+            const QRect rcHeader(pView->header()->sectionViewportPosition(nColumn), 0, rcCell.width(), pView->header()->height());
+            QVERIFY(rcCell.width() > 100);
+            QCOMPARE(FirstInk(pView->header()->viewport()->grab(rcHeader).toImage()),
+                     FirstInk(pView->viewport()->grab(rcCell).toImage()));
+        }
     }
 
     void theMarksOfARowAreSeenInEveryState_data()
