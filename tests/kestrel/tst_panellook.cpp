@@ -3,10 +3,12 @@
 #include "Kestrel/journal/CJournalModel.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
+#include "interfaces/widgets/CMenu.h"
 
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QSvgRenderer>
@@ -115,6 +117,17 @@ int CountPixels(const QImage& image, const QColor& ground, double dContrast)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             nCount += Contrast::Get(image.pixelColor(x, y), ground) >= dContrast;
+        }
+    }
+    return nCount;
+}
+
+int CountColour(const QImage& image, const QColor& colour)
+{
+    int nCount = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            nCount += image.pixelColor(x, y) == colour;
         }
     }
     return nCount;
@@ -270,6 +283,86 @@ private slots:
             QCOMPARE(FirstInk(pView->header()->viewport()->grab(rcHeader).toImage()),
                      FirstInk(pView->viewport()->grab(rcCell).toImage()));
         }
+    }
+
+    void whatHasTheFocusHasALineAroundIt_data()
+    {
+        QTest::addColumn<QString>("strClass");
+        QTest::addColumn<QString>("strName");
+        QTest::newRow("tab") << "QPushButton" << "Tab";
+        QTest::newRow("refresh") << "QToolButton" << "IconButtonTitle";
+        QTest::newRow("close search") << "QToolButton" << "CloseSearchBox";
+        QTest::newRow("tool bar") << "CIconButton" << "";
+        QTest::newRow("search box") << "QLineEdit" << "SearchEdit";
+        QTest::newRow("field of the journal") << "QLineEdit" << "";
+        QTest::newRow("check box of the journal") << "QCheckBox" << "";
+        QTest::newRow("button of the journal") << "QToolButton" << "JournalClear";
+        QTest::newRow("lines of the journal") << "QTreeView" << "Journal";
+    }
+
+    void whatHasTheFocusHasALineAroundIt()
+    {
+        QFETCH(QString, strClass);
+        QFETCH(QString, strName);
+        CPanelWindow kestrel;
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        PanelAccess::FindAction(kestrel.window.GetPanel(), "CProcessorTreeToolBar", "Search")->trigger();
+        QWidget* pWidget = nullptr;
+        const QList<QWidget*> listFound = kestrel.window.findChildren<QWidget*>(strName);
+        for (QWidget* pFound : listFound) {
+            const bool bOther = strName.isEmpty() && pFound->objectName() == "SearchEdit";
+            pWidget = pFound->inherits(qPrintable(strClass)) && pFound->isVisible() && pFound->isEnabled() && !bOther ? pFound
+                                                                                                                      : pWidget;
+        }
+        QVERIFY(pWidget);
+        const QColor colour = kestrel.theme.GetColour("accent");
+        kestrel.Tree()->setFocus();
+        // Of a search box the line is around the whole of it.
+        QWidget* pFrame = strName == "SearchEdit" ? pWidget->parentWidget() : pWidget;
+        QTRY_COMPARE(CountColour(kestrel.Grab(pFrame), colour), 0);
+
+        pWidget->setFocus(Qt::TabFocusReason);
+
+        QTRY_VERIFY(CountColour(kestrel.Grab(pFrame), colour) >= 40);
+    }
+
+    void aMenuOf255LongNamesFitsTheScreenAndScrolls()
+    {
+        CTheme theme;
+        theme.Apply(*qApp);
+        CMenu menu(nullptr);
+        for (int n = 1; n <= 255; ++n) {
+            menu.addAction(QStringLiteral("%1 %2").arg(n, 3, 10, QLatin1Char('0')).arg(QString(60, 'W')));
+        }
+        QString strChosen;
+        connect(&menu, &QMenu::triggered, this, [&](const QAction* pAction) { strChosen = pAction->text(); });
+        const QRect rcScreen = QApplication::primaryScreen()->availableGeometry();
+
+        menu.popup(rcScreen.center());
+        QVERIFY(QTest::qWaitForWindowExposed(&menu));
+        // Qt lets the lower border of a menu that scrolls hang out by one pixel.
+        QCOMPARE(menu.geometry() & rcScreen.adjusted(0, 0, 0, 1), menu.geometry());
+
+        const QAction* pFirst = menu.actions().constFirst();
+        const QAction* pLast = menu.actions().constLast();
+        const auto IsShown = [&](const QAction* pAction) {
+            return menu.rect().contains(menu.actionGeometry(const_cast<QAction*>(pAction)).center());
+        };
+        QVERIFY(IsShown(pFirst) && !IsShown(pLast));
+        const QPointF pt = menu.rect().center();
+        for (int n = 0; n < 300 && !IsShown(pLast); ++n) {
+            QWheelEvent event(pt, menu.mapToGlobal(pt.toPoint()), {}, { 0, -120 }, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&menu, &event);
+        }
+        QVERIFY(IsShown(pLast));
+
+        QTest::keyClick(&menu, Qt::Key_Home);
+        QTRY_VERIFY(IsShown(pFirst));
+        QTest::keyClick(&menu, Qt::Key_End);
+        QTRY_VERIFY(IsShown(pLast));
+        QTest::keyClick(&menu, Qt::Key_Return);
+        QCOMPARE(strChosen, pLast->text());
     }
 
     void theMarksOfARowAreSeenInEveryState_data()
