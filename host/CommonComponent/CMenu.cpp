@@ -3,6 +3,24 @@
 #include "CommonComponent/CMenuSearch.h"
 #include "CommonComponent/StyleHooks.h"
 
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
+
+namespace {
+
+// While a menu is open no other widget hears that the mouse has left it, and it would stay lit.
+void TakeHoverBack(QWidget* pWidget)
+{
+    if (pWidget->underMouse() && !pWidget->rect().contains(pWidget->mapFromGlobal(QCursor::pos()))) {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(pWidget, &event);
+        pWidget->update();
+    }
+}
+
+} // namespace
+
 CMenu::CMenu(QWidget* parent) : QMenu(parent)
 {
     new CMenuSearch(this);
@@ -37,6 +55,9 @@ void CMenu::showEvent(QShowEvent* event)
 void CMenu::hideEvent(QHideEvent* event)
 {
     SetControlWidgetOpen(false);
+    if (pControlWidget) {
+        TakeHoverBack(pControlWidget);
+    }
     QMenu::hideEvent(event);
 }
 
