@@ -7,7 +7,7 @@ set -euo pipefail
 run_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
-    fonts-inter fonts-droid-fallback
+    fonts-inter fonts-wqy-microhei
     qtwayland5                  # the window on a desktop with Wayland alone
 )
 test_packages=(

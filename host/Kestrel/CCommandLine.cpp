@@ -122,7 +122,7 @@ void CCommandLine::ReadTexts(const QCommandLineParser& parser)
             Refuse(QStringLiteral("--%1 is empty").arg(option.strName));
         }
     }
-    const QStringList listCode = CLanguage::GetCodes();
+    const QStringList listCode = CLanguage::GetCodes() << CLanguage::GetPseudoCode();
     if (parser.isSet(strLang) && !listCode.contains(options.strLanguage)) {
         Refuse(
             QStringLiteral("Unknown language '%1': there are %2").arg(options.strLanguage, listCode.join(QLatin1String(", "))));

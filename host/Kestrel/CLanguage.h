@@ -7,8 +7,11 @@
 class CLanguage
 {
 public:
-    /// "en", "de", "zh_CN"
+    /// Those to choose from: "en", "de", "zh_CN".
     static QStringList GetCodes();
+
+    /// Long texts with accents and in brackets, made of the English ones, for who looks at the window: "en_XA".
+    static QString GetPseudoCode();
 
     /// The language's name in itself, for a menu: "Deutsch".
     static QString GetName(const QString& strCode);
