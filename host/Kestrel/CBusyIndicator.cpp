@@ -18,9 +18,7 @@ constexpr int nSecondMs = 1000;
 } // namespace
 
 CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
-    : QWidget(parent),
-      pSpinner(new CSpinner(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("accent")), this)),
-      pLabel(new QLabel(this))
+    : QWidget(parent), pSpinner(new CSpinner(this)), pLabel(new QLabel(this))
 {
     setObjectName(QStringLiteral("BusyIndicator"));
     auto* pLayout = new QHBoxLayout(this);
@@ -30,6 +28,8 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     pLayout->addWidget(pLabel, 1);
     timer.setInterval(nSecondMs);
     connect(&timer, &QTimer::timeout, this, &CBusyIndicator::UpdateText);
+    connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
+    UpdateColours(theme);
     UpdateText();
 }
 
@@ -57,6 +57,11 @@ void CBusyIndicator::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         UpdateText();
     }
+}
+
+void CBusyIndicator::UpdateColours(const CTheme& theme)
+{
+    pSpinner->SetColours(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("textStrong")));
 }
 
 void CBusyIndicator::UpdateText()

@@ -24,6 +24,11 @@ CHostMenu::CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& lan
     UpdateState();
 }
 
+void CHostMenu::AddToView(QMenu* pMenu)
+{
+    pViewMenu->addMenu(pMenu);
+}
+
 void CHostMenu::UpdateState()
 {
     pCloseProject->setEnabled(!host.GetProjectName().isEmpty());

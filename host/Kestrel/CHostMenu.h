@@ -18,6 +18,9 @@ public:
     /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
     CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
 
+    /// pMenu, which stays its owner's, joins the entries that say how the window looks.
+    void AddToView(QMenu* pMenu);
+
     /// The check marks and the enabled states, from the control library.
     void UpdateState();
 

@@ -6,6 +6,7 @@
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
+#include "Kestrel/theme/CThemeMenu.h"
 #include "controlhost/IControlHost.h"
 
 #include <QAction>
@@ -24,14 +25,17 @@ constexpr int nGraceMs = 2000;
 } // namespace
 
 CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
-                         const CTheme& theme)
-    : host(hostIn), finalSave(hostIn, pointers, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+                         CTheme& themeIn)
+    : host(hostIn), theme(themeIn), finalSave(hostIn, pointers, *this), pFrame(new QWidget(this)),
+      pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
+    pDock->hide();
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
+    pMenu->AddToView(new CThemeMenu(themeIn, this));
     pStatus = new CHostStatus(host, theme, this);
-    InitWidget(theme);
+    InitWidget();
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();
 }
@@ -102,7 +106,7 @@ void CMainWindow::changeEvent(QEvent* event)
     RepaintPanel();
 }
 
-void CMainWindow::InitWidget(const CTheme& theme)
+void CMainWindow::InitWidget()
 {
     setWindowTitle(QStringLiteral("Kestrel"));
     resize(sizeWindow);
@@ -124,6 +128,7 @@ void CMainWindow::SetConnection()
     connect(&host, &IControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
     connect(&host, &IControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
     connect(&unwinding, &CUnwinding::Unwound, this, &QWidget::close);
+    connect(&theme, &CTheme::Changed, this, &CMainWindow::UpdateSheet);
     connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
     connect(&timerGrace, &QTimer::timeout, this, [this] {
         bGraceOver = host.GetRunningJobs().isEmpty();
@@ -173,6 +178,15 @@ void CMainWindow::RepaintPanel()
     const QList<QWidget*> listWidget = pPanelWidget->findChildren<QWidget*>();
     for (QWidget* pWidget : listWidget) {
         pWidget->update();
+    }
+}
+
+void CMainWindow::UpdateSheet()
+{
+    const QString strOld = pFrame->styleSheet();
+    pFrame->setStyleSheet(theme.GetPanelSheet());
+    if (pPanelWidget) {
+        PanelAccess::ReplaceSheet(pPanelWidget, strOld, pFrame->styleSheet());
     }
 }
 

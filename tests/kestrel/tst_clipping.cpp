@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -188,7 +189,16 @@ public:
     explicit CScene(const QString& strLanguage)
     {
         language.Set(strLanguage);
+        window.move(0, 0);
+        window.resize(window.size().boundedTo(window.screen()->availableSize()));
         QCoreApplication::processEvents(); // which tell the widgets
+    }
+
+    /// As the next window expects it: what the panel has read lives as long as the process.
+    void ShowDiscovered()
+    {
+        PanelAccess::FindTab(window.GetPanel(), false)->click();
+        QTRY_VERIFY(Row(QStringLiteral("Wall left")).isValid());
     }
 };
 
@@ -200,7 +210,7 @@ void ShowAll(CPanelWindow& kestrel)
     kestrel.pHost->SetListLocked(true);
     kestrel.pHost->SetRefreshBlocked(true);
     kestrel.window.findChild<QDockWidget*>()->show();
-    PanelAccess::FindAction(kestrel.Panel(), "CProcessorTreeToolBar", "Search")->trigger();
+    PanelAccess::FindAction(kestrel.window.GetPanel(), "CProcessorTreeToolBar", "Search")->trigger();
     const auto* pBadge = kestrel.window.statusBar()->findChildren<QLabel*>(QStringLiteral("Badge")).constLast();
     QTRY_VERIFY(pBadge->isVisible());
 }
@@ -224,16 +234,6 @@ class CClippingTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        CTheme().Apply(*qApp);
-    }
-
-    void cleanup()
-    {
-        qApp->setStyleSheet(QString());
-    }
-
     void theWindowInEachSize_data()
     {
         AddLanguages();
@@ -249,9 +249,10 @@ private slots:
         kestrel.window.resize(1, 1);
         QCoreApplication::processEvents();
         visitor.Visit(&kestrel.window, QStringLiteral("smallest window"));
-        PanelAccess::FindTab(kestrel.Panel(), true)->click();
+        PanelAccess::FindTab(kestrel.window.GetPanel(), true)->click();
         QCoreApplication::processEvents();
         visitor.Visit(&kestrel.window, QStringLiteral("simulators"));
+        kestrel.ShowDiscovered();
         visitor.Report(3);
     }
 
@@ -288,12 +289,12 @@ private slots:
     {
         QFETCH(QString, strLanguage);
         CScene kestrel(strLanguage);
-        QVERIFY(kestrel.Row("Lobby clock").isValid());
         CVisitor visitor(strLanguage);
         for (const bool bSimulator : { false, true }) {
-            PanelAccess::FindTab(kestrel.Panel(), bSimulator)->click();
-            VisitToolBar(visitor, kestrel.Panel(), bSimulator);
+            PanelAccess::FindTab(kestrel.window.GetPanel(), bSimulator)->click();
+            VisitToolBar(visitor, kestrel.window.GetPanel(), bSimulator);
         }
+        kestrel.ShowDiscovered();
         for (const SText& title :
              { SText{ "CAddProcessorDlg", "Add a processor" }, SText{ "CAddSimulatorDlg", "Add simulators" },
                SText{ "CProcessorTreeView", "Overwrite confirmation" }, SText{ "CProcessorTreeView", "Save..." } }) {
@@ -338,7 +339,8 @@ private slots:
             const SText title{ "CProcessorTreeView", szTitle };
             const SText text{ "CProcessorTreeView", szText };
             visitor.VisitDialogs([&] {
-                CMessageBox::information(kestrel.Panel(), title.Get(), text.Get(), CMessageBox::ButtonOk, CMessageBox::ButtonOk);
+                CMessageBox::information(kestrel.window.GetPanel(), title.Get(), text.Get(), CMessageBox::ButtonOk,
+                                         CMessageBox::ButtonOk);
             });
         }
         visitor.Report(int(std::size(arrBox)));
@@ -356,6 +358,7 @@ private slots:
             QDir().mkdir(strList);
             ExpectWarning("The list was not read.*");
         });
+        kestrel.theme.Apply(*qApp);
         kestrel.language.Set(strLanguage);
         CWindowFixture::AddGroup("Night shift");
         CVisitor visitor(strLanguage);
@@ -401,7 +404,6 @@ private slots:
     {
         QFETCH(QString, strLanguage);
         CScene kestrel(strLanguage);
-        QVERIFY(kestrel.Row("Lobby clock").isValid());
         kestrel.window.resize(1, 1);
         QCoreApplication::processEvents();
 

@@ -29,9 +29,9 @@ constexpr int nBarMargin = 5; ///< makes the bar as high as the panel's header a
 } // namespace
 
 CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent)
-    : QDockWidget(parent), journal(journalIn), pModel(new CJournalModel(nMostRows, GetKindColours(theme), this)),
-      pFilter(new CJournalFilter(this)), pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox),
-      pClear(new QToolButton), pClose(new QToolButton)
+    : QDockWidget(parent), journal(journalIn), pModel(new CJournalModel(nMostRows, this)), pFilter(new CJournalFilter(this)),
+      pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox), pClear(new QToolButton),
+      pClose(new QToolButton)
 {
     setObjectName(QStringLiteral("JournalDock"));
     setFeatures(DockWidgetClosable);
@@ -39,6 +39,8 @@ CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* pa
     setWidget(pView);
     MakeView();
     SetConnection();
+    connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
+    UpdateColours(theme);
     UpdateText();
     ReadSoon();
 }
@@ -48,7 +50,14 @@ void CJournalDock::changeEvent(QEvent* event)
     QDockWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         UpdateText();
+        FitColumns();
     }
+}
+
+void CJournalDock::showEvent(QShowEvent* event)
+{
+    QDockWidget::showEvent(event);
+    FitColumns();
 }
 
 QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
@@ -56,7 +65,7 @@ QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
     return { { RecordCommand, theme.GetColour(QStringLiteral("textStrong")) },
              { RecordRead, theme.GetColour(QStringLiteral("textHint")) },
              { RecordMessage, theme.GetColour(QStringLiteral("textHint")) },
-             { RecordNote, theme.GetColour(QStringLiteral("accent")) } };
+             { RecordNote, theme.GetColour(QStringLiteral("text")) } };
 }
 
 QWidget* CJournalDock::MakeBar()
@@ -106,6 +115,11 @@ void CJournalDock::SetConnection()
     connect(pClose, &QToolButton::clicked, this, &QWidget::close);
 }
 
+void CJournalDock::UpdateColours(const CTheme& theme)
+{
+    pModel->SetColours(GetKindColours(theme));
+}
+
 void CJournalDock::UpdateText()
 {
     setWindowTitle(tr("Journal"));
@@ -118,6 +132,19 @@ void CJournalDock::UpdateText()
     pClear->setText(tr("Clear"));
     pView->setAccessibleName(tr("Journal"));
     pModel->UpdateText();
+}
+
+void CJournalDock::FitColumns()
+{
+    int nWidth = pView->verticalScrollBar()->sizeHint().width();
+    for (int n = 0; n < CJournalModel::ColumnCount; ++n) {
+        const int nTitle = pView->header()->sectionSizeHint(n);
+        if (n != CJournalModel::ColumnCall) {
+            pView->setColumnWidth(n, qMax(pView->columnWidth(n), nTitle));
+        }
+        nWidth += n == CJournalModel::ColumnCall ? nTitle : pView->columnWidth(n);
+    }
+    pView->setMinimumWidth(nWidth);
 }
 
 void CJournalDock::ReadSoon()

@@ -22,18 +22,22 @@ class CJournalDock : public QDockWidget
     Q_OBJECT
 
 public:
-    /// journalIn must outlive the dock.
+    /// journalIn must outlive the dock; theme must, or change no more.
     CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     static QMap<int, QColor> GetKindColours(const CTheme& theme);
     QWidget* MakeBar();
     void MakeView();
     void SetConnection();
+    void UpdateColours(const CTheme& theme);
     void UpdateText();
+    /// No title of a column is cut off; its font is known only when it is shown.
+    void FitColumns();
     void ReadSoon();
     void Read();
 

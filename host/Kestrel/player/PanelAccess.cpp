@@ -161,6 +161,16 @@ void PanelAccess::TypeText(QLineEdit* pEdit, const QString& strText)
     }
 }
 
+void PanelAccess::ReplaceSheet(QWidget* pPanel, const QString& strOld, const QString& strNew)
+{
+    const QList<QWidget*> listWidget = QList<QWidget*>{ pPanel } + pPanel->findChildren<QWidget*>();
+    for (QWidget* pWidget : listWidget) {
+        if (pWidget->styleSheet() == strOld) {
+            pWidget->setStyleSheet(strNew);
+        }
+    }
+}
+
 void PanelAccess::ClickRow(QTreeView* pTree, const QModelIndex& index, Qt::KeyboardModifiers modifiers)
 {
     pTree->scrollTo(index);

@@ -40,6 +40,9 @@ void EndEdit(QWidget* pPanel);
 /// Replaces the text, key by key.
 void TypeText(QLineEdit* pEdit, const QString& strText);
 
+/// The panel and those of its parts that have copied the sheet strOld from their parent get strNew in its place.
+void ReplaceSheet(QWidget* pPanel, const QString& strOld, const QString& strNew);
+
 /// Scrolls to the row and clicks it with the left button.
 void ClickRow(QTreeView* pTree, const QModelIndex& index, Qt::KeyboardModifiers modifiers);
 

@@ -223,6 +223,10 @@
         <source>IP address</source>
         <translation>IP-Adresse</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>Jeder Teil ist eine Zahl von 0 bis 255.</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -511,6 +515,21 @@ Fortfahren?</translation>
     <message>
         <source>Clear</source>
         <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>&amp;Hoher Kontrast</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
     </message>
 </context>
 <context>

@@ -223,6 +223,10 @@
         <source>IP address</source>
         <translation>IP 地址</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>每一段都是 0 到 255 的数字。</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -511,6 +515,21 @@ Continue?</source>
     <message>
         <source>Clear</source>
         <translation>清除</translation>
+    </message>
+</context>
+<context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>高对比度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
     </message>
 </context>
 <context>

@@ -19,6 +19,7 @@
 
 namespace {
 
+constexpr int nRounding = 1;    ///< of a height, where a pixel of the screen is no whole one
 constexpr int nCaretMargin = 2; ///< QLineEdit's own, at both sides of its text
 
 QString Describe(const QWidget* pWidget, const QString& strText)
@@ -33,7 +34,7 @@ QString Size(const QSize& size)
 
 void CheckRoom(QStringList& listFault, const QWidget* pWidget, const QString& strText, const QSize& sizeNeeded)
 {
-    if (sizeNeeded.width() > pWidget->width() || sizeNeeded.height() > pWidget->height()) {
+    if (sizeNeeded.width() > pWidget->width() || sizeNeeded.height() > pWidget->height() + nRounding) {
         listFault.append(
             QStringLiteral("%1 needs %2, has %3").arg(Describe(pWidget, strText), Size(sizeNeeded), Size(pWidget->size())));
     }
