@@ -52,9 +52,13 @@ QString CLanguage::GetSystemCode()
 void CLanguage::Set(const QString& strCode)
 {
     Q_ASSERT(GuiThread::IsCurrent());
+    const bool bOther = strCode != strCurrent;
     strCurrent = strCode;
     Load(qtTexts, QStringLiteral("qtbase_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     Load(ownTexts, QStringLiteral("kestrel_") + strCode, QStringLiteral(":/translations"));
+    if (bOther) {
+        emit Changed();
+    }
 }
 
 QString CLanguage::GetCode() const

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QObject>
 #include <QStringList>
 #include <QTranslator>
 
 /// The language of the application and its panel, which changes at run time.
-class CLanguage
+class CLanguage : public QObject
 {
+    Q_OBJECT
+
 public:
     /// Those to choose from: "en", "de", "zh_CN".
     static QStringList GetCodes();
@@ -23,6 +26,10 @@ public:
     void Set(const QString& strCode);
 
     QString GetCode() const;
+
+signals:
+    /// The language is another one.
+    void Changed();
 
 private:
     void Load(QTranslator& translator, const QString& strFile, const QString& strFolder);

@@ -113,6 +113,7 @@ void CProgram::Start(const QStringList& listOption)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path());
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), Path(QStringLiteral("tmp")));
     environment.insert(QStringLiteral("TMPDIR"), Path(QStringLiteral("tmp")));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
     pClosed.reset(enDisk == DiskReadOnly ? new CClosedFolder(folder.path()) : nullptr);

@@ -127,7 +127,8 @@ bool IsViewport(const QWidget* pWidget)
 void CheckPlace(QStringList& listFault, const QWidget* pWidget)
 {
     const QWidget* pParent = pWidget->parentWidget();
-    if (!IsViewport(pParent) && !pParent->rect().contains(pWidget->geometry()) && !pWidget->size().isEmpty()) {
+    const QRect rcParent = pParent->rect().adjusted(0, 0, 0, nRounding);
+    if (!IsViewport(pParent) && !rcParent.contains(pWidget->geometry()) && !pWidget->size().isEmpty()) {
         listFault.append(Describe(pWidget, QString()) + QStringLiteral(" reaches out of ") + Describe(pParent, QString()));
     }
 }
