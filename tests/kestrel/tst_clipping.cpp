@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int nMostDialogs = 20;      ///< behind one entry of a menu, one behind the other
+constexpr int nUsualWidth = 1040;     ///< of the window, as it first comes up
 constexpr int nGroupTextMargins = 29; ///< beside the text in the row of a group
 constexpr int nMessageMargins = 24;   ///< around what the status bar says for a while
 
@@ -387,6 +388,8 @@ private slots:
             visitor.Visit(pTip, QStringLiteral("tip"));
         }
         CToolTip::HideText();
+        kestrel.window.resize(nUsualWidth, kestrel.window.height());
+        QCoreApplication::processEvents();
         for (const SText& message : arrMessage) {
             const QStatusBar* pBar = kestrel.window.statusBar();
             const int nRoom = pBar->findChild<QWidget*>(QStringLiteral("BusyIndicator"))->width();
