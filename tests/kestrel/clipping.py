@@ -1,3 +1,4 @@
+#!/usr/bin/python3
 """Runs the program that looks for texts that are cut off on a screen as users have it. Usage: clipping.py E2E PROGRAM SCALE,
 E2E being the folder with the desktop of the end-to-end tests. A folder in PTV_SHOTS gets a picture of each window."""
 import os

@@ -178,13 +178,18 @@ private slots:
         CSettings().SaveWindow(first.window);
         first.pDock->hide();
         CSettings().SaveWindow(first.window);
-
-        SWindow second;
+        SWindow second; // in which it is never opened
         CSettings().RestoreWindow(second.window);
         second.window.show();
-        second.pDock->show();
+        second.pDock->resize(99, 99); // what a dock that is shut holds is no width of the user's
+        CSettings().SaveWindow(second.window);
 
-        QTRY_COMPARE(second.pDock->width(), nJournalWidth);
+        SWindow third;
+        CSettings().RestoreWindow(third.window);
+        third.window.show();
+        third.pDock->show();
+
+        QTRY_COMPARE(third.pDock->width(), nJournalWidth);
     }
 
     void aWindowIsNeverLost_data()
