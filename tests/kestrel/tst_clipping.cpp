@@ -193,6 +193,9 @@ public:
         window.move(0, 0);
         window.resize(window.size().boundedTo(window.screen()->availableSize()));
         QCoreApplication::processEvents(); // which tell the widgets
+        // What the panel shows at first is what it has read of the window before.
+        AddGroup(QStringLiteral("Night shift"));
+        QTRY_VERIFY(Row(QStringLiteral("Night shift")).isValid());
     }
 
     /// As the next window expects it: what the panel has read lives as long as the process.
