@@ -2,6 +2,24 @@
 
 #include "CommonComponent/StyleHooks.h"
 
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
+
+namespace {
+
+// While a menu is open no other widget hears that the mouse has left it, and it would stay lit.
+void TakeHoverBack(QWidget* pWidget)
+{
+    if (pWidget->underMouse() && !pWidget->rect().contains(pWidget->mapFromGlobal(QCursor::pos()))) {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(pWidget, &event);
+        pWidget->update();
+    }
+}
+
+} // namespace
+
 CMenu::CMenu(QWidget* parent) : QMenu(parent) { }
 
 CMenu::~CMenu()
@@ -33,6 +51,9 @@ void CMenu::showEvent(QShowEvent* event)
 void CMenu::hideEvent(QHideEvent* event)
 {
     SetControlWidgetOpen(false);
+    if (pControlWidget) {
+        TakeHoverBack(pControlWidget);
+    }
     QMenu::hideEvent(event);
 }
 

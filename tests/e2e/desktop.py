@@ -23,7 +23,8 @@ TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
 INFO = 92
-MENU_BAR = 27
+MENU_BAR = 28
+BAR = (0x26, 0x28, 0x2C)
 HEADER = 34  # the panel's header and the gap under it
 
 
@@ -202,6 +203,12 @@ class Kestrel:
         self.window = desktop.wait_for_window("Kestrel$")
         self._find_origin()
         wait_until("the first rows", lambda: self.journal("Attach", kind="command"))
+        self._open_dock()
+
+    def _open_dock(self):
+        """The journal beside the panel, which then has the width that the tests count with."""
+        self.desktop.key("ctrl+j")
+        wait_until("the journal", lambda: self.pixel((self.x + 1000, self.y + MENU_BAR + HEADER + 8)) == BAR)
 
     def _find_origin(self):
         # xwininfo, since xdotool counts the window manager's frame twice.

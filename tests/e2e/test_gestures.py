@@ -149,6 +149,34 @@ class Renaming(Scene):
         self.assertIn("x" * 64, self.outline_after_quit())
 
 
+class MenuButton(Scene):
+    def setUp(self):
+        super().setUp()
+        self.button = self.kestrel.tool_bar_button("Menu")
+        self.ground = (self.button[0] - 11, self.button[1])
+        self.desktop.click(*self.button)
+        self.kestrel.wait_for_pixel("the button of an open menu lit", self.ground, lambda colour: colour != desktop.BAR)
+
+    def expect_dark(self):
+        self.kestrel.wait_for_pixel("the button not lit", self.ground, lambda colour: colour == desktop.BAR)
+        self.assertEqual(self.kestrel.quit(), 0)
+
+    def test_it_is_not_lit_after_escape(self):
+        self.desktop.move(self.button[0] + 40, self.button[1] - 60)
+        self.desktop.key("Escape")
+        self.expect_dark()
+
+    def test_it_is_not_lit_after_a_click_elsewhere(self):
+        self.desktop.click(self.kestrel.x + 700, self.kestrel.y + 500)
+        self.expect_dark()
+
+    def test_it_is_not_lit_after_an_entry_was_chosen(self):
+        self.desktop.move(self.kestrel.x + 700, self.kestrel.y + 500)
+        self.desktop.key("Down", "Return")
+        self.kestrel.wait_for_pixel("the search row", (self.kestrel.x + 100, self.button[1] - 32), lambda colour: colour != TREE)
+        self.expect_dark()
+
+
 class Menus(Scene):
     def test_right_click_opens_the_menu_and_group_makes_one(self):
         self.select(self.ONE)

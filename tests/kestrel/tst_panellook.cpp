@@ -1,11 +1,18 @@
 #include "CPanelWindow.h"
 #include "Contrast.h"
+#include "Kestrel/journal/CJournalModel.h"
+#include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
 
+#include <QHeaderView>
+#include <QMenuBar>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QSvgRenderer>
 #include <QTreeView>
+
+#include <array>
 
 namespace {
 
@@ -55,6 +62,102 @@ QString FindGap(const QImage& without, const QImage& with)
     return {};
 }
 
+/// Where a mark stands in its row, which is given without its indentation.
+enum EnMark
+{
+    MarkBranch,
+    MarkDot,
+    MarkGroup,
+    MarkChief,
+    MarkFailover,
+};
+
+QRect MarkRect(const QRect& rcRow, EnMark mark)
+{
+    const int nMiddle = rcRow.center().y() + 1;
+    switch (mark) {
+    case MarkBranch:
+        return { rcRow.left() - 15, nMiddle - 8, 15, 16 };
+    case MarkDot:
+        return { rcRow.left() + 1, nMiddle - 4, 7, 8 };
+    case MarkGroup:
+        return { rcRow.left(), nMiddle - 8, 16, 16 };
+    case MarkChief:
+        return { rcRow.right() - 40, nMiddle - 7, 14, 14 };
+    default:
+        return { rcRow.right() - 22, nMiddle - 7, 14, 14 };
+    }
+}
+
+struct SMark
+{
+    const char* szWhat;
+    const char* szRow;
+    EnMark place;
+};
+
+constexpr std::array<SMark, 9> listMark{ {
+    { "Chief", "Wall centre", MarkChief },
+    { "Primary", "Wall centre", MarkFailover },
+    { "Backup", "Wall left spare", MarkFailover },
+    { "online", "Wall left", MarkDot },
+    { "offline", "Stage monitor", MarkDot },
+    { "group", "Side screens", MarkGroup },
+    { "group with a Chief", "Main stage", MarkGroup },
+    { "unfolded", "Main stage", MarkBranch },
+    { "folded", "Wall left", MarkBranch },
+} };
+
+/// How many pixels of a picture stand out from their ground.
+int CountPixels(const QImage& image, const QColor& ground, double dContrast)
+{
+    int nCount = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            nCount += Contrast::Get(image.pixelColor(x, y), ground) >= dContrast;
+        }
+    }
+    return nCount;
+}
+
+bool IsSeen(const QImage& image, const QColor& ground)
+{
+    const int nDrawn = CountPixels(image, ground, 1.2);
+    return nDrawn > 0 && 3 * CountPixels(image, ground, 3) >= nDrawn;
+}
+
+/// A place of the row where nothing is drawn over its shape.
+QPoint Middle(const CPanelWindow& kestrel, const QRect& rcRow)
+{
+    return { kestrel.Tree()->width() / 2, rcRow.center().y() };
+}
+
+void BringToState(CPanelWindow& kestrel, const QString& strRow, const QString& strState)
+{
+    QTreeView* pTree = kestrel.Tree();
+    const QModelIndex index = kestrel.Row(strRow);
+    if (strState == "selected") {
+        PanelAccess::ClickRow(pTree, index, Qt::NoModifier);
+    } else if (strState == "hover") {
+        // Through the window: the pointer itself does not leave a screen that is smaller than the window.
+        const QPoint pt = pTree->viewport()->mapTo(&kestrel.window, Middle(kestrel, pTree->visualRect(index)));
+        QTest::mouseMove(kestrel.window.windowHandle(), pt + QPoint(1, 0));
+        QTest::mouseMove(kestrel.window.windowHandle(), pt);
+    }
+}
+
+/// The first column of a picture that has a part of a letter in it.
+int FirstInk(const QImage& image)
+{
+    const QColor ground = image.pixelColor(1, 1);
+    for (int x = 0; x < image.width(); ++x) {
+        if (CountPixels(image.copy(x, 0, 1, image.height() - 2), ground, 3) > 0) {
+            return x;
+        }
+    }
+    return -1;
+}
+
 } // namespace
 
 /// The panel as Kestrel dresses it, pixel by pixel. Runs at several sizes of a pixel.
@@ -98,6 +201,106 @@ private slots:
         QCOMPARE(image, Draw(strIcon, nEdge, image, kestrel.theme.GetColour(strSurface)));
     }
 
+    void aThemeSetAtRunTimeLooksAsOneSetAtTheStart_data()
+    {
+        QTest::addColumn<QString>("strBefore");
+        QTest::addColumn<QString>("strAfter");
+        QTest::newRow("to high contrast") << "dark" << "contrast";
+        QTest::newRow("to dark") << "contrast" << "dark";
+    }
+
+    void aThemeSetAtRunTimeLooksAsOneSetAtTheStart()
+    {
+        QFETCH(QString, strBefore);
+        QFETCH(QString, strAfter);
+        const auto Show = [](CPanelWindow& kestrel) {
+            QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+            kestrel.Button("Close search box")->show();
+            QCoreApplication::processEvents();
+        };
+        QImage expected;
+        {
+            CPanelWindow kestrel(strAfter);
+            Show(kestrel);
+            expected = kestrel.window.grab().toImage();
+        }
+        CPanelWindow kestrel(strBefore);
+        Show(kestrel);
+        QVERIFY(kestrel.window.grab().toImage() != expected);
+
+        kestrel.theme.Set(strAfter);
+
+        QTRY_COMPARE(kestrel.window.grab().toImage(), expected);
+    }
+
+    void theLinesOfTheWindowAreOnAGridOfFourPixels()
+    {
+        CPanelWindow kestrel;
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        kestrel.log.Write(RecordCommand, "RuntimeControl", "Call");
+        auto* pView = kestrel.window.findChild<QTreeView*>("Journal");
+        QTRY_VERIFY(pView->model()->rowCount() > 0);
+
+        const auto Top = [&](const QWidget* pWidget) { return pWidget->mapTo(&kestrel.window, QPoint()).y(); };
+        QCOMPARE(kestrel.window.menuBar()->height(), 28);
+        QCOMPARE(Top(kestrel.window.statusBar()) % 4, 0);
+        QCOMPARE(kestrel.window.statusBar()->height() % 4, 0);
+        const auto* pBar = kestrel.window.findChild<QWidget*>("JournalBar");
+        QCOMPARE(pBar->height(), kestrel.window.findChild<QWidget*>("Header")->height());
+        QCOMPARE(Top(pBar) % 4, 0);
+        QCOMPARE(Top(pView) % 4, 0);
+        QCOMPARE(pView->header()->height(), 24);
+        QCOMPARE(pView->visualRect(pView->model()->index(0, 0)).height(), 20);
+    }
+
+    void theJournalsHeaderStandsOverItsColumns()
+    {
+        CPanelWindow kestrel;
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        kestrel.log.Write(RecordCommand, "Object", "Call or message");
+        auto* pView = kestrel.window.findChild<QTreeView*>("Journal");
+        const auto* pModel = pView->model();
+        const auto Newest = [&] { return pModel->index(pModel->rowCount() - 1, CJournalModel::ColumnCall); };
+        QTRY_COMPARE(Newest().data().toString(), QString("Call or message"));
+
+        for (const int nColumn : { CJournalModel::ColumnObject, CJournalModel::ColumnCall }) {
+            const QRect rcCell = pView->visualRect(Newest().sibling(Newest().row(), nColumn));
+            const QRect rcHeader(pView->header()->sectionViewportPosition(nColumn), 0, rcCell.width(), pView->header()->height());
+            QVERIFY(rcCell.width() > 100);
+            QCOMPARE(FirstInk(pView->header()->viewport()->grab(rcHeader).toImage()),
+                     FirstInk(pView->viewport()->grab(rcCell).toImage()));
+        }
+    }
+
+    void theMarksOfARowAreSeenInEveryState_data()
+    {
+        QTest::addColumn<QString>("strTheme");
+        QTest::addColumn<QString>("strState");
+        QTest::addColumn<QColor>("ground");
+        for (const QString& strTheme : CTheme::GetNames()) {
+            QTest::addRow("%s, at rest", qPrintable(strTheme)) << strTheme << "at rest" << QColor();
+            QTest::addRow("%s, hover", qPrintable(strTheme)) << strTheme << "hover" << QColor("#42464D");
+            QTest::addRow("%s, selected", qPrintable(strTheme)) << strTheme << "selected" << QColor("#5F646D");
+        }
+    }
+
+    void theMarksOfARowAreSeenInEveryState()
+    {
+        QFETCH(QString, strTheme);
+        QFETCH(QString, strState);
+        QFETCH(QColor, ground);
+        CPanelWindow kestrel(strTheme);
+        kestrel.pHost->SetChiefMode(true);
+        ground = ground.isValid() ? ground : kestrel.theme.GetColour("tree");
+        for (const SMark& mark : listMark) {
+            BringToState(kestrel, mark.szRow, strState);
+            const QRect rcRow = kestrel.Tree()->visualRect(kestrel.Row(mark.szRow));
+            QTRY_COMPARE(kestrel.Grab(QRect(Middle(kestrel, rcRow), QSize(1, 1))).pixelColor(0, 0), ground);
+            // A third of what is drawn: the rest are soft edges, and the glow around the state.
+            QTRY_VERIFY2(IsSeen(kestrel.Grab(MarkRect(rcRow, mark.place)), ground), mark.szWhat);
+        }
+    }
+
     void theTreeShowsItsFocusAndNoRowMoves_data()
     {
         QTest::addColumn<QString>("strTheme");
@@ -115,19 +318,18 @@ private slots:
         CPanelWindow kestrel(strTheme);
         QTreeView* pTree = kestrel.Tree();
         pTree->verticalScrollBar()->setValue(bAtEnd ? pTree->verticalScrollBar()->maximum() : 0);
-        kestrel.Button("Menu")->setFocus();
-        QTRY_VERIFY(!pTree->hasFocus());
-        const QImage imageWithout = kestrel.Grab(pTree);
+        const auto Grab = [&](bool bFocus) {
+            bFocus ? pTree->setFocus() : kestrel.Button("Menu")->setFocus();
+            return kestrel.Grab(pTree);
+        };
+        const auto Inner = [](const QImage& image) {
+            const int nFrame = static_cast<int>(std::ceil(image.devicePixelRatioF()));
+            return image.copy(image.rect().adjusted(nFrame, nFrame, -nFrame, -nFrame));
+        };
 
-        pTree->setFocus();
-        QTRY_VERIFY(pTree->hasFocus());
-        const QImage imageWith = kestrel.Grab(pTree);
-
-        const int nFrame = static_cast<int>(std::ceil(imageWith.devicePixelRatioF()));
-        const QRect rcInner = imageWith.rect().adjusted(nFrame, nFrame, -nFrame, -nFrame);
-        QCOMPARE(FindGap(imageWithout, imageWith), QString());
-        QCOMPARE(imageWith.pixelColor(0, 0), kestrel.theme.GetColour("accent"));
-        QCOMPARE(imageWith.copy(rcInner), imageWithout.copy(rcInner));
+        QTRY_COMPARE(Inner(Grab(true)), Inner(Grab(false))); // what an earlier window did may come between the two
+        QCOMPARE(FindGap(Grab(false), Grab(true)), QString());
+        QCOMPARE(Grab(true).pixelColor(0, 0), kestrel.theme.GetColour("accent"));
     }
 };
 

@@ -24,7 +24,8 @@ constexpr int nThreadWidth = 56;
 constexpr int nObjectWidth = 152;
 constexpr int nMargin = 8;
 constexpr int nFieldHeight = 24;
-constexpr int nBarMargin = 5; ///< makes the bar as high as the panel's header and the gap under it
+constexpr int nBarMargin = 4; ///< makes the bar as high as the panel's header
+constexpr int nCloseIconSize = 20;
 
 } // namespace
 
@@ -75,7 +76,9 @@ QWidget* CJournalDock::MakeBar()
     pTitle->setObjectName(QStringLiteral("JournalTitle"));
     pClear->setObjectName(QStringLiteral("JournalClear"));
     pSearch->setClearButtonEnabled(true);
+    pClose->setObjectName(QStringLiteral("JournalClose"));
     pClose->setIcon(QIcon(QStringLiteral(":/image/control/close/close.svg")));
+    pClose->setIconSize(QSize(nCloseIconSize, nCloseIconSize));
     auto* pLayout = new QHBoxLayout(pBar);
     pLayout->setContentsMargins(nMargin, nBarMargin, nMargin, nBarMargin);
     pLayout->setSpacing(nMargin);
@@ -85,6 +88,8 @@ QWidget* CJournalDock::MakeBar()
     pLayout->addWidget(pClear);
     pLayout->addWidget(pClose);
     pSearch->setFixedHeight(nFieldHeight);
+    pClear->setFixedHeight(nFieldHeight);
+    pClose->setFixedSize(nFieldHeight, nFieldHeight);
     return pBar;
 }
 
