@@ -86,7 +86,7 @@ start_without_display() {
         given scenario "$@" || defaults+=(--scenario "$root/examples/day.json")
         defaults+=(--shots "$shots")
     fi
-    QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work "$kestrel" "${defaults[@]}" "$@" \
+    QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work "$kestrel" "${defaults[@]}" "$@" \
         2> >(grep -v 'does not support propagateSizeHints' >&2)
 }
 

@@ -123,6 +123,7 @@ function(ptv_add_test name)
         LABELS "${labels}"
         TIMEOUT ${TEST_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_HASH_SEED=0;QT_LOGGING_RULES=;\
+XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}.config;\
 PTV_SANITIZE=${PTV_SANITIZE};\
 ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1;\
 LSAN_OPTIONS=suppressions=${suppressions}/leak.supp:print_suppressions=0;\

@@ -38,7 +38,7 @@ def take_kestrel(build, path):
         shutil.copy(ROOT / "examples/studio.kvtl", folder)
         os.chmod(folder, 0o700)
         shot = Path(folder) / "shot.png"
-        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=folder, HOME=folder)
+        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_RUNTIME_DIR=folder, XDG_CONFIG_HOME=folder, HOME=folder)
         subprocess.run([build / "bin/kestrel", "--list", Path(folder) / "studio.kvtl", "--scenario", ROOT / "examples/day.json",
                         "--lang", "en", "--shot", shot, "--at", MOMENT], env=environment, check=True, capture_output=True)
         save(Image.open(shot).crop((0, 0, *KESTREL_SIZE)), path)

@@ -7,7 +7,8 @@ set -euo pipefail
 run_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
-    fonts-inter fonts-droid-fallback
+    fonts-inter fonts-wqy-microhei
+    qttranslations5-l10n        # the texts of Qt's own dialogs
     qtwayland5                  # the window on a desktop with Wayland alone
 )
 test_packages=(

@@ -125,7 +125,7 @@ void CCommandLine::ReadTexts(const QCommandLineParser& parser)
             Refuse(QStringLiteral("--%1 is empty").arg(option.strName));
         }
     }
-    CheckChoice(options.strLanguage, QStringLiteral("language"), CLanguage::GetCodes());
+    CheckChoice(options.strLanguage, QStringLiteral("language"), CLanguage::GetCodes() << CLanguage::GetPseudoCode());
     CheckChoice(options.strTheme, QStringLiteral("theme"), CTheme::GetNames());
 }
 

@@ -8,6 +8,7 @@
 #include "journal/SControlPointers.h"
 
 #include <QDateTime>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -67,6 +68,8 @@ CFinalSave::EnAnswer CFinalSave::AskOnce(const QString& strReason)
     const QPushButton* pDiscard = box.addButton(tr("&Quit without saving"), QMessageBox::DestructiveRole);
     QPushButton* pStay = box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
     box.setEscapeButton(pStay);
+    // A box is kept narrow on a small screen; side by side long texts would not fit it.
+    box.findChild<QDialogButtonBox*>()->setOrientation(Qt::Vertical);
     box.exec();
     if (box.clickedButton() == pElsewhere) {
         return AnswerElsewhere;

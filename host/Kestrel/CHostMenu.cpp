@@ -76,7 +76,10 @@ void CHostMenu::MakeViewMenu(QAction* pJournalAction)
     pJournal->setShortcut(QKeySequence(QStringLiteral("Ctrl+J")));
     pViewMenu->addAction(pJournal);
     pLanguageMenu = pViewMenu->addMenu(QString());
-    const QStringList listCode = CLanguage::GetCodes();
+    QStringList listCode = CLanguage::GetCodes();
+    if (!listCode.contains(language.GetCode())) {
+        listCode.append(language.GetCode());
+    }
     for (const QString& strCode : listCode) {
         QAction* pAction = pLanguageMenu->addAction(CLanguage::GetName(strCode));
         pAction->setData(strCode);

@@ -51,9 +51,7 @@ CKestrel::CKestrel(const SKestrelOptions& optionsIn) : options(optionsIn) { }
 int CKestrel::Run()
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    theme.Apply(*qApp);
-    theme.Set(options.strTheme);
-    language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
+    TakeSettings();
 
     CCallLog log(nJournalLines);
     CJobs jobs;
@@ -88,6 +86,25 @@ void CKestrel::Complain(const QString& strLine)
     std::fprintf(stderr, "kestrel: %s\n", qUtf8Printable(strLine));
 }
 
+// What the command line asks for holds for this run alone.
+void CKestrel::TakeSettings()
+{
+    if (!settings.GetFault().isEmpty()) {
+        Complain(settings.GetFault());
+    }
+    theme.Apply(*qApp);
+    theme.Set(options.strTheme.isEmpty() ? settings.GetTheme() : options.strTheme);
+    const QString strKept = settings.GetLanguage().isEmpty() ? CLanguage::GetSystemCode() : settings.GetLanguage();
+    language.Set(options.strLanguage.isEmpty() ? strKept : options.strLanguage);
+    KeepChoices();
+}
+
+void CKestrel::KeepChoices()
+{
+    connect(&theme, &CTheme::Changed, this, [this] { settings.SetTheme(theme.GetName()); });
+    connect(&language, &CLanguage::Changed, this, [this] { settings.SetLanguage(language.GetCode()); });
+}
+
 // Why what was asked for cannot be begun; empty when it can.
 QString CKestrel::GetStartFault(const IControlHost& host, const QString& strLibrary) const
 {
@@ -119,10 +136,12 @@ int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CC
     Arm(player, window);
     const CSessionEnd sessionEnd(window, QStringList(QApplication::applicationFilePath()) + options.listArgument);
     connect(&endSignals, &CEndSignals::EndRequested, &window, &CMainWindow::EndUnattended);
+    settings.RestoreWindow(window);
     window.show();
     host.StartLife();
     player.Start();
     QApplication::exec();
+    settings.SaveWindow(window);
     return Finish(window);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Kestrel/CEndSignals.h"
 #include "Kestrel/CLanguage.h"
+#include "Kestrel/CSettings.h"
 #include "Kestrel/SKestrelOptions.h"
 #include "Kestrel/theme/CTheme.h"
 
@@ -31,6 +32,8 @@ public:
 
 private:
     QString GetStartFault(const IControlHost& host, const QString& strLibrary) const;
+    void TakeSettings();
+    void KeepChoices();
     int RunWindow(IControlHost& host, const SControlPointers& pointers, CCallLog& log);
     int Finish(const CMainWindow& window) const;
     void Log(IControlHost& host, CCallLog& log);
@@ -39,6 +42,7 @@ private:
 
     const SKestrelOptions options;
     CEndSignals endSignals; ///< outlives the panel's own save
+    CSettings settings;
     CTheme theme;
     CLanguage language;
     int nExitCode = 0;

@@ -15,12 +15,18 @@ template <int nSize> constexpr QLatin1String Literal(const char (&szText)[nSize]
 constexpr QLatin1String strEnglish = Literal("en");
 constexpr QLatin1String strGerman = Literal("de");
 constexpr QLatin1String strChinese = Literal("zh_CN");
+constexpr QLatin1String strPseudo = Literal("en_XA");
 
 } // namespace
 
 QStringList CLanguage::GetCodes()
 {
     return { strEnglish, strGerman, strChinese };
+}
+
+QString CLanguage::GetPseudoCode()
+{
+    return strPseudo;
 }
 
 QString CLanguage::GetName(const QString& strCode)
@@ -31,7 +37,7 @@ QString CLanguage::GetName(const QString& strCode)
     if (strCode == strChinese) {
         return QStringLiteral("简体中文");
     }
-    return QStringLiteral("English");
+    return strCode == strPseudo ? QStringLiteral("[Þšéûðö]") : QStringLiteral("English");
 }
 
 QString CLanguage::GetSystemCode()
@@ -46,9 +52,13 @@ QString CLanguage::GetSystemCode()
 void CLanguage::Set(const QString& strCode)
 {
     Q_ASSERT(GuiThread::IsCurrent());
+    const bool bOther = strCode != strCurrent;
     strCurrent = strCode;
     Load(qtTexts, QStringLiteral("qtbase_") + strCode, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     Load(ownTexts, QStringLiteral("kestrel_") + strCode, QStringLiteral(":/translations"));
+    if (bOther) {
+        emit Changed();
+    }
 }
 
 QString CLanguage::GetCode() const

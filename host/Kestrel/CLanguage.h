@@ -1,14 +1,20 @@
 #pragma once
 
+#include <QObject>
 #include <QStringList>
 #include <QTranslator>
 
 /// The language of the application and its panel, which changes at run time.
-class CLanguage
+class CLanguage : public QObject
 {
+    Q_OBJECT
+
 public:
-    /// "en", "de", "zh_CN"
+    /// Those to choose from: "en", "de", "zh_CN".
     static QStringList GetCodes();
+
+    /// Long texts with accents and in brackets, made of the English ones, for who looks at the window: "en_XA".
+    static QString GetPseudoCode();
 
     /// The language's name in itself, for a menu: "Deutsch".
     static QString GetName(const QString& strCode);
@@ -20,6 +26,10 @@ public:
     void Set(const QString& strCode);
 
     QString GetCode() const;
+
+signals:
+    /// The language is another one.
+    void Changed();
 
 private:
     void Load(QTranslator& translator, const QString& strFile, const QString& strFolder);

@@ -1,6 +1,7 @@
 #include "Kestrel/CCommandLine.h"
 #include "Kestrel/CKestrel.h"
 #include "Kestrel/DisplayServer.h"
+#include "Kestrel/Fonts.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int nCodeBadOption = 2;
 constexpr int nCodeNoDisplay = 4;
+constexpr int nCodeNoFont = 5;
 
 QStringList GetArguments(int argc, char** argv)
 {
@@ -55,15 +57,20 @@ int main(int argc, char** argv)
         std::puts("kestrel " KESTREL_VERSION);
         return 0;
     }
-    const QString strFault = DisplayServer::Choose();
-    if (!strFault.isEmpty()) {
-        CKestrel::Complain(strFault);
+    const QString strDisplayFault = DisplayServer::Choose();
+    if (!strDisplayFault.isEmpty()) {
+        CKestrel::Complain(strDisplayFault);
         return nCodeNoDisplay;
     }
     Prepare(commandLine.GetOptions());
     // Only the program's name: everything else has been read, and Qt takes none of it.
     int nCount = 1;
     const QApplication application(nCount, argv);
+    const QString strFontFault = Fonts::FindFault();
+    if (!strFontFault.isEmpty()) {
+        CKestrel::Complain(strFontFault);
+        return nCodeNoFont;
+    }
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/image/kestrel/kestrel.svg")));
     CKestrel kestrel(commandLine.GetOptions());
     return kestrel.Run();

@@ -362,7 +362,7 @@ private slots:
     void typesHaveNames()
     {
         pFixture->Start();
-        QCOMPARE(g_pPrcBasicControl->GetTypeName(12), QString("Corvid C12"));
+        QCOMPARE(g_pPrcBasicControl->GetTypeName(12), QString("C12"));
         QCOMPARE(g_pPrcBasicControl->GetTypeName(99), QString("Type 99"));
     }
 

@@ -38,7 +38,7 @@ class Walk:
         home.mkdir(mode=0o700)
         self.environment = dict(os.environ, CMAKE_PREFIX_PATH=str(self.prefix), LD_LIBRARY_PATH=str(self.prefix / "lib"),
                                 PATH=f"{self.prefix}/bin:{os.environ['PATH']}", HOME=str(home), XDG_RUNTIME_DIR=str(home),
-                                LANG="C.UTF-8", LANGUAGE="en")
+                                XDG_CONFIG_HOME=str(home / "config"), LANG="C.UTF-8", LANGUAGE="en")
         self.run(f"cmake --install {build} --prefix {self.prefix}")
         for name, body in files().items():
             path = self.folder / name

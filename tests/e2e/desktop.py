@@ -194,8 +194,8 @@ class Kestrel:
         script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
         life = ["--pace", str(pace)] if pace else ["--scenario", script]
         self.error_file = open(self.folder / "errors", "w+")
-        environment = dict(desktop.applications(self.folder), HOME=str(self.folder), QT_HASH_SEED="0", LANG="C.UTF-8",
-                           LANGUAGE="en")
+        environment = dict(desktop.applications(self.folder), HOME=str(self.folder), XDG_CONFIG_HOME=str(self.folder / "config"),
+                           QT_HASH_SEED="0", LANG="C.UTF-8", LANGUAGE="en")
         os.chmod(self.folder, 0o700)
         self.process = subprocess.Popen(
             [program, "--list", self.list_file, *life, "--journal", self.journal_file, "--lang", "en", *options],

@@ -113,8 +113,12 @@ void CProgram::Start(const QStringList& listOption)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path());
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), Path(QStringLiteral("tmp")));
     environment.insert(QStringLiteral("TMPDIR"), Path(QStringLiteral("tmp")));
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    for (auto it = mapVariable.cbegin(); it != mapVariable.cend(); ++it) {
+        environment.insert(it.key(), it.value());
+    }
     pClosed.reset(enDisk == DiskReadOnly ? new CClosedFolder(folder.path()) : nullptr);
     strOutput.clear();
     pProcess = std::make_unique<CChild>(enDisk, enStarter);
@@ -150,6 +154,11 @@ bool CProgram::WaitForEnd(int nTimeout)
     pProcess.reset();
     pClosed.reset();
     return bEnded;
+}
+
+void CProgram::SetVariable(const QString& strName, const QString& strValue)
+{
+    mapVariable.insert(strName, strValue);
 }
 
 void CProgram::SetDisk(EnDisk enNow)

@@ -2,6 +2,7 @@
 
 #include "Patience.h"
 
+#include <QMap>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -44,6 +45,7 @@ public:
     bool WaitForEnd(int nTimeout = nPatience);
 
     /// For the runs to come.
+    void SetVariable(const QString& strName, const QString& strValue);
     void SetDisk(EnDisk enNow);
     void SetStarter(EnStarter enNow);
 
@@ -66,6 +68,7 @@ public:
 
 private:
     QTemporaryDir folder;
+    QMap<QString, QString> mapVariable;
     EnDisk enDisk = DiskUsable;
     EnStarter enStarter = StarterPlain;
     std::unique_ptr<class CClosedFolder> pClosed;

@@ -221,7 +221,7 @@ private slots:
         QCOMPARE(program.ExitCode(), 0);
         for (const char* szOption :
              { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale", "--pace", "--journal",
-               "--panel", "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
+               "--panel", "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display", "5 no font" }) {
             QVERIFY2(program.Output().contains(szOption), szOption);
         }
     }

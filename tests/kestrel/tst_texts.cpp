@@ -1,4 +1,5 @@
 #include "Kestrel/CLanguage.h"
+#include "Kestrel/translations/tools/PseudoText.h"
 #include "TestMain.h"
 
 #include <QLabel>
@@ -45,7 +46,9 @@ QList<SText> ReadTexts(const QString& strFile)
 
 QString FileOf(const QString& strLanguage)
 {
-    return QStringLiteral(TEXTS_FOLDER "/kestrel_%1.ts").arg(strLanguage);
+    const bool bMade = strLanguage == CLanguage::GetPseudoCode();
+    return QStringLiteral("%1/kestrel_%2.ts")
+        .arg(bMade ? QStringLiteral(MADE_FOLDER) : QStringLiteral(TEXTS_FOLDER), strLanguage);
 }
 
 /// A copy of the language's file, brought up to date with the sources.
@@ -98,6 +101,7 @@ private slots:
         QTest::addColumn<QString>("strLanguage");
         QTest::newRow("German") << "de";
         QTest::newRow("Chinese") << "zh_CN";
+        QTest::newRow("pseudo-language") << "en_XA";
     }
 
     void everyTextOfTheSourcesIsTranslated()
@@ -148,6 +152,43 @@ private slots:
         }
     }
 
+    void eachLineOfThePseudoLanguageHasItsBrackets()
+    {
+        const QList<SText> listText = ReadTexts(FileOf(CLanguage::GetPseudoCode()));
+        for (const SText& text : listText) {
+            const QStringList listLine = text.strTranslation.split('\n');
+            for (const QString& strLine : listLine) {
+                QVERIFY2(strLine.trimmed().startsWith('[') && strLine.trimmed().endsWith(']'), qPrintable(strLine));
+            }
+        }
+    }
+
+    void thePseudoLanguageIsLongAndAccented_data()
+    {
+        QTest::addColumn<QString>("strSource");
+        QTest::addColumn<QString>("strExpected");
+        QTest::newRow("a word") << "Delete"
+                                << "[Đéļéţé]";
+        QTest::newRow("a sentence") << "Do you want to delete all?"
+                                    << "[Đö ýöû ŵåñţ ţö đéļéţé åļļ? öñé ţŵö]";
+        QTest::newRow("a mnemonic") << "Select &all"
+                                    << "[Šéļéçţ &aļļ ö]";
+        QTest::newRow("placeholders") << "%1 of %n in %L2%"
+                                      << "[%1 öf %n îñ %L2% öñé]";
+        QTest::newRow("two lines") << "One\nTwo\n"
+                                   << "[Öñé]\n[Ţŵö]\n";
+        QTest::newRow("blanks at the end") << "Type: "
+                                           << "[Ţýpé:] ";
+        QTest::newRow("nothing") << ""
+                                 << "";
+    }
+
+    void thePseudoLanguageIsLongAndAccented()
+    {
+        QFETCH(QString, strSource);
+        QTEST(PseudoText::Make("CProcessorTree", strSource), "strExpected");
+    }
+
     void theLanguageChangesAtRunTimeAndBack()
     {
         CListener listener;
@@ -161,6 +202,9 @@ private slots:
 
         language.Set("zh_CN");
         QCOMPARE(GetText(), QStringLiteral("全部处理器(%1)"));
+
+        language.Set("en_XA");
+        QCOMPARE(GetText(), QStringLiteral("[Åļļ pŕöçéššöŕš(%1) öñé_]"));
 
         language.Set("en");
         QCOMPARE(GetText(), QStringLiteral("All processors(%1)"));

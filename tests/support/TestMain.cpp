@@ -5,6 +5,7 @@
 
 #include <QFont>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 
 #ifdef PTV_TSAN_BRIDGE
 #include "tsan/TsanQt.h"
@@ -24,6 +25,9 @@ static void InitTestIcons()
 void TestMain::PrepareProcess()
 {
     qputenv("LC_ALL", "C.UTF-8");
+    // Nothing of the user's own settings is read or written.
+    static const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(folder.path()));
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     InitTestIcons();
 }

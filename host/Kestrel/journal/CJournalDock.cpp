@@ -51,7 +51,14 @@ void CJournalDock::changeEvent(QEvent* event)
     QDockWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange) {
         UpdateText();
+        FitColumns();
     }
+}
+
+void CJournalDock::showEvent(QShowEvent* event)
+{
+    QDockWidget::showEvent(event);
+    FitColumns();
 }
 
 QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
@@ -130,6 +137,19 @@ void CJournalDock::UpdateText()
     pClear->setText(tr("Clear"));
     pView->setAccessibleName(tr("Journal"));
     pModel->UpdateText();
+}
+
+void CJournalDock::FitColumns()
+{
+    int nWidth = pView->verticalScrollBar()->sizeHint().width();
+    for (int n = 0; n < CJournalModel::ColumnCount; ++n) {
+        const int nTitle = pView->header()->sectionSizeHint(n);
+        if (n != CJournalModel::ColumnCall) {
+            pView->setColumnWidth(n, qMax(pView->columnWidth(n), nTitle));
+        }
+        nWidth += n == CJournalModel::ColumnCall ? nTitle : pView->columnWidth(n);
+    }
+    pView->setMinimumWidth(nWidth);
 }
 
 void CJournalDock::ReadSoon()

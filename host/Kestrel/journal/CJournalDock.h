@@ -27,6 +27,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     static QMap<int, QColor> GetKindColours(const CTheme& theme);
@@ -35,6 +36,8 @@ private:
     void SetConnection();
     void UpdateColours(const CTheme& theme);
     void UpdateText();
+    /// No title of a column is cut off; its font is known only when it is shown.
+    void FitColumns();
     void ReadSoon();
     void Read();
 
