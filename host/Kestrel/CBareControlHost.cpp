@@ -19,6 +19,7 @@ CBareControlHost::CBareControlHost(const SControlPointers& pointers, const CJobs
 {
     connect(&jobs, &CJobs::BusyChanged, this, &CBareControlHost::BusyChanged, Qt::DirectConnection);
     connect(&jobs, &CJobs::JobsChanged, this, &CBareControlHost::JobsChanged, Qt::DirectConnection);
+    connect(&jobs, &CJobs::Progressed, this, &CBareControlHost::JobProgressed, Qt::DirectConnection);
     ReadState();
     // All of them, as the panel: nothing says which object sends what.
     prcBasic.Attach(this);
@@ -99,6 +100,11 @@ QStringList CBareControlHost::GetRunningJobs() const
     return jobs.GetRunning();
 }
 
+QVector<SRunningJob> CBareControlHost::GetJobProgress() const
+{
+    return jobs.GetProgress();
+}
+
 void CBareControlHost::Notify(int)
 {
     ReadState();
@@ -164,3 +170,48 @@ void CBareControlHost::SetUserEditing(bool) { }
 void CBareControlHost::SetUserActing(bool) { }
 
 void CBareControlHost::NoteUserInput() { }
+
+void CBareControlHost::SetChief(const QUuid&, const QUuid&) { }
+
+bool CBareControlHost::CanRestore() const
+{
+    return false;
+}
+
+SListSnapshot CBareControlHost::GetSnapshot() const
+{
+    return {};
+}
+
+SRefusal CBareControlHost::FindRestoreFault(const SListSnapshot&, const SListSnapshot&) const
+{
+    SRefusal refusal;
+    refusal.command = CommandRestore;
+    refusal.reason = ReasonNotSupported;
+    return refusal;
+}
+
+bool CBareControlHost::RestoreList(const SListSnapshot&, const SListSnapshot&)
+{
+    return false;
+}
+
+QList<SEarlierList> CBareControlHost::GetEarlierLists() const
+{
+    return {};
+}
+
+bool CBareControlHost::TakeEarlierList(const QString&)
+{
+    return false;
+}
+
+SRefusedList CBareControlHost::PreviewRefusedList() const
+{
+    return {};
+}
+
+bool CBareControlHost::UseRefusedList()
+{
+    return false;
+}

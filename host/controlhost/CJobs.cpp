@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+namespace {
+
+// The first of that name, the oldest.
+QVector<SRunningJob>::iterator FindJob(QVector<SRunningJob>& vecJob, const QString& strJob)
+{
+    return std::find_if(vecJob.begin(), vecJob.end(), [&](const SRunningJob& job) { return job.strJob == strJob; });
+}
+
+} // namespace
+
 void CJobs::SetBusy(bool bNow)
 {
     QDateTime timeNow;
@@ -37,8 +47,8 @@ void CJobs::Begin(const QString& strJob)
     QStringList listNow;
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        listJob.append(strJob);
-        listNow = listJob;
+        vecJob.append({ strJob, QDateTime::currentDateTime() });
+        listNow = GetNames(lock);
         ++nSignals;
     }
     emit JobsChanged(listNow);
@@ -50,8 +60,11 @@ void CJobs::End(const QString& strJob)
     QStringList listNow;
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        listJob.removeOne(strJob);
-        listNow = listJob;
+        const auto it = FindJob(vecJob, strJob);
+        if (it != vecJob.end()) {
+            vecJob.erase(it);
+        }
+        listNow = GetNames(lock);
         ++nSignals;
     }
     emit JobsChanged(listNow);
@@ -61,15 +74,48 @@ void CJobs::End(const QString& strJob)
 QStringList CJobs::GetRunning() const
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    return listJob;
+    return GetNames(lock);
+}
+
+void CJobs::SetProgress(const QString& strJob, int nDone, int nAll)
+{
+    QVector<SRunningJob> vecNow;
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const auto it = FindJob(vecJob, strJob);
+        if (it == vecJob.end()) {
+            return;
+        }
+        it->nDone = nDone;
+        it->nAll = nAll;
+        vecNow = vecJob;
+        ++nSignals;
+    }
+    emit Progressed(vecNow);
+    EndSignal();
+}
+
+QVector<SRunningJob> CJobs::GetProgress() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return vecJob;
 }
 
 void CJobs::AwaitIdle(std::chrono::milliseconds time)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    const auto isQuiet = [this] { return listJob.isEmpty() && nSignals == 0; };
+    const auto isQuiet = [this] { return vecJob.isEmpty() && nSignals == 0; };
     condEnd.wait(lock, isQuiet);
     condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
+}
+
+QStringList CJobs::GetNames(const std::lock_guard<std::mutex>& /*lock*/) const
+{
+    QStringList listName;
+    for (const SRunningJob& job : vecJob) {
+        listName.append(job.strJob);
+    }
+    return listName;
 }
 
 // Notifies under the lock: the waiter may destroy this object as soon as it gets the lock.

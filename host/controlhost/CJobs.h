@@ -1,8 +1,8 @@
 #pragma once
 
 #include "controlhost/ControlHostGlobal.h"
+#include "controlhost/SRunningJob.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QStringList>
 
@@ -28,6 +28,10 @@ public:
     void End(const QString& strJob); ///< as Begin
     QStringList GetRunning() const;  ///< oldest first
 
+    /// How far a job is that has begun; nAll is 0 where nobody knows. One that does not run changes nothing.
+    void SetProgress(const QString& strJob, int nDone, int nAll);
+    QVector<SRunningJob> GetProgress() const; ///< of all that run, oldest first
+
     /// Blocks until nothing runs inside the library and no signal about it is being emitted, and then at most time for
     /// the busy state to end: its job may have died.
     void AwaitIdle(std::chrono::milliseconds time);
@@ -35,13 +39,15 @@ public:
 signals:
     void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
     void JobsChanged(const QStringList& listJob);             ///< all that run, oldest first
+    void Progressed(const QVector<SRunningJob>& vecJob);      ///< all that run: one of them got further
 
 private:
+    QStringList GetNames(const std::lock_guard<std::mutex>& lock) const;
     void EndSignal();
 
     mutable std::mutex mutex; ///< guards all below
     std::condition_variable condEnd;
-    QStringList listJob;
+    QVector<SRunningJob> vecJob;
     int nBusy = 0;
     int nSignals = 0; ///< that are being emitted just now
     QDateTime timeSince;

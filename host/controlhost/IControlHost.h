@@ -2,16 +2,20 @@
 
 #include "controlhost/ControlHostGlobal.h"
 #include "controlhost/SControlOptions.h"
+#include "controlhost/SEarlierList.h"
+#include "controlhost/SListEdit.h"
+#include "controlhost/SRefusal.h"
+#include "controlhost/SRefusedList.h"
+#include "controlhost/SRunningJob.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QObject>
 #include <QStringList>
 
 /// The control library as its application sees it: what an operator does outside the panel, and what lies behind the
 /// eight objects. No part of the panel's contract: a library offers it by CorvidControl_CreateHost, and an application
-/// does without where that is missing. All operations may be called on any thread, and none blocks but the two
-/// that save; signals come on the thread that caused the event, often a thread of the library.
+/// does without where that is missing. All operations may be called on any thread, and none blocks but those
+/// whose comment says so; signals come on the thread that caused the event, often a thread of the library.
 ///
 /// @since 0.1
 class CONTROLHOST_EXPORT IControlHost : public QObject
@@ -65,9 +69,48 @@ public:
     virtual void SetRefreshBlocked(bool bBlocked) = 0; ///< scans are refused
     virtual bool IsRefreshBlocked() const = 0;         ///< as it stands now
 
+    /// The Chief of a group of either pane, as a command of the user; null for none. Refused while the list is
+    /// locked, and for a group or a member that is not there.
+    virtual void SetChief(const QUuid& idGroup, const QUuid& idChief) = 0;
+
+    /// False: the operations on lists below do nothing here, what they return is empty or false, and ListEdited and
+    /// CommandRefused never come.
+    virtual bool CanRestore() const = 0;
+
+    /// The list as it stands.
+    virtual SListSnapshot GetSnapshot() const = 0;
+
+    /// Why RestoreList would be refused now; ReasonNone when it would not be.
+    virtual SRefusal FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const = 0;
+
+    /// Takes an edit back (from its after to its before), or makes it again (from its before to its after), or several in
+    /// a row at once. What differs between the two is changed in the list as it stands, and nothing else: nodes that
+    /// came since stay, so does what is folded and what devices have reported. A processor that comes back has what
+    /// the library hears of it now. All or nothing: false, followed by CommandRefused, while the list is locked or a job is under
+    /// way, where limits or addresses do not allow it, and where a processor that would go is in use. It is no ListEdited.
+    virtual bool RestoreList(const SListSnapshot& from, const SListSnapshot& to) = 0;
+
+    /// The generations kept beside the list, newest first; blocks for the disk, each is read and checked.
+    virtual QList<SEarlierList> GetEarlierLists() const = 0;
+
+    /// Makes one of them the list, as an import does: the present list is kept as a generation first, unless it is empty. Blocks
+    /// for the disk. False, followed by CommandRefused, when it was not done.
+    virtual bool TakeEarlierList(const QString& strPath) = 0;
+
+    /// What can be read of the list that was refused at the start, see GetListError. Blocks for the disk.
+    virtual SRefusedList PreviewRefusedList() const = 0;
+
+    /// Makes that the list. The refused file is kept first, byte for byte, under a dated name beside it; from then on the
+    /// list is saved at its own place, and GetListError and GetListTrouble are empty. Blocks for the disk. False, followed
+    /// by CommandRefused, when it was not done: the file is then as it was.
+    virtual bool UseRefusedList() = 0;
+
     virtual bool IsBusy() const = 0;                ///< a job of the panel is under way
     virtual QDateTime GetBusySince() const = 0;     ///< invalid when idle
     virtual QStringList GetRunningJobs() const = 0; ///< the blocking calls under way, oldest first, for display
+
+    /// The same with how far they are.
+    virtual QVector<SRunningJob> GetJobProgress() const = 0;
 
     /// What the user is in the middle of, so that no change takes it away. The control library holds its
     /// messages back meanwhile, but not for long; a true that is never taken back costs no more.
@@ -89,10 +132,19 @@ public:
 signals:
     void BusyChanged(bool bBusy, const QDateTime& timeSince); ///< timeSince is invalid at the end
     void JobsChanged(const QStringList& listJob);             ///< as GetRunningJobs
+    void JobProgressed(const QVector<SRunningJob>& vecJob);   ///< as GetJobProgress: one of them got further
     void ListTroubleChanged();                                ///< GetListTrouble has another answer
     void StateChanged();                                      ///< a project, a mode, a lock changed, by whomever
     void LogLine(const QString& strLine);                     ///< what failed or was refused, and why
     void LifeStep(const QString& strLine);                    ///< a step of the scenario or of the quiet day was taken
+
+    /// A command of the user has changed the list: through the eight objects, SetChief, TakeEarlierList or UseRefusedList. In the
+    /// order of the changes, on the thread of the command or of one that came just before it on another thread:
+    /// connect it queued. Never for what a scan has found, what devices report, steps of a scenario, folding, RestoreList.
+    void ListEdited(const SListEdit& edit);
+
+    /// A command of the user was refused or has failed. On the thread of the command, with no lock held.
+    void CommandRefused(const SRefusal& refusal);
 };
 
 /// Creates the control library's eight objects, sets g_pConfigControl and its seven siblings, then reads the list

@@ -4,7 +4,7 @@
 
 /// Counts the changes of IControlHost and of the options after which libraries and applications of before and after no
 /// longer fit.
-constexpr int nControlHostVersion = 1;
+constexpr int nControlHostVersion = 2;
 
 /// What CorvidControl_CreateHost needs to know.
 struct SControlOptions

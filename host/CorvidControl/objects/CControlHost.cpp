@@ -22,6 +22,7 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn) : pLibra
     const CHostEvents* pEvents = &pLibrary->events;
     connect(pEvents, &CHostEvents::BusyChanged, this, &CControlHost::BusyChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::JobsChanged, this, &CControlHost::JobsChanged, Qt::DirectConnection);
+    connect(&pLibrary->jobs, &CJobs::Progressed, this, &CControlHost::JobProgressed, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::ListTroubleChanged, this, &CControlHost::ListTroubleChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::StateChanged, this, &CControlHost::StateChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LogLine, this, &CControlHost::LogLine, Qt::DirectConnection);
@@ -121,6 +122,54 @@ bool CControlHost::IsRefreshBlocked() const
     return pLibrary->host.IsRefreshBlocked();
 }
 
+void CControlHost::SetChief(const QUuid& idGroup, const QUuid& idChief)
+{
+    pLibrary->processors.SetChief(idGroup, idChief);
+}
+
+bool CControlHost::CanRestore() const
+{
+    return false;
+}
+
+SListSnapshot CControlHost::GetSnapshot() const
+{
+    return { pLibrary->processors.GetTree(false), pLibrary->processors.GetTree(true) };
+}
+
+SRefusal CControlHost::FindRestoreFault(const SListSnapshot&, const SListSnapshot&) const
+{
+    SRefusal refusal;
+    refusal.command = CommandRestore;
+    refusal.reason = ReasonNotSupported;
+    return refusal;
+}
+
+bool CControlHost::RestoreList(const SListSnapshot&, const SListSnapshot&)
+{
+    return false;
+}
+
+QList<SEarlierList> CControlHost::GetEarlierLists() const
+{
+    return {};
+}
+
+bool CControlHost::TakeEarlierList(const QString&)
+{
+    return false;
+}
+
+SRefusedList CControlHost::PreviewRefusedList() const
+{
+    return {};
+}
+
+bool CControlHost::UseRefusedList()
+{
+    return false;
+}
+
 bool CControlHost::IsBusy() const
 {
     return pLibrary->jobs.IsBusy();
@@ -134,6 +183,11 @@ QDateTime CControlHost::GetBusySince() const
 QStringList CControlHost::GetRunningJobs() const
 {
     return pLibrary->jobs.GetRunning();
+}
+
+QVector<SRunningJob> CControlHost::GetJobProgress() const
+{
+    return pLibrary->jobs.GetProgress();
 }
 
 void CControlHost::SetUserEditing(bool bOn)

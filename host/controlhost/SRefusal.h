@@ -1,0 +1,19 @@
+#pragma once
+
+#include "controlhost/EnListCommand.h"
+#include "controlhost/EnRefusalReason.h"
+
+#include <QMetaType>
+#include <QString>
+
+/// A command of the user that was refused or has failed, in parts, so that an application can put it into its own words.
+struct SRefusal
+{
+    EnListCommand command = CommandAddGroup;
+    QString strName; ///< as SListEdit::strName, where it is known
+    EnRefusalReason reason = ReasonNone;
+    QString strDetail; ///< see EnRefusalReason
+    QString strLine;   ///< the whole in English, as in the log, for a reason that an application has no words for
+};
+
+Q_DECLARE_METATYPE(SRefusal)
