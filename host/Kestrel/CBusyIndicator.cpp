@@ -1,11 +1,11 @@
 #include "Kestrel/CBusyIndicator.h"
 
+#include "Kestrel/CElidedLabel.h"
 #include "Kestrel/CSpinner.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 
 #include <array>
 #include <utility>
@@ -14,15 +14,17 @@ namespace {
 
 constexpr int nSpacing = 8;
 constexpr int nSecondMs = 1000;
+constexpr int nLeastCharacters = 16;
 
 } // namespace
 
 CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     : QWidget(parent),
       pSpinner(new CSpinner(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("accent")), this)),
-      pLabel(new QLabel(this))
+      pLabel(new CElidedLabel(this))
 {
     setObjectName(QStringLiteral("BusyIndicator"));
+    pLabel->SetLeastCharacters(nLeastCharacters);
     auto* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(nSpacing, 0, nSpacing, 0);
     pLayout->setSpacing(nSpacing);
@@ -33,14 +35,14 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     UpdateText();
 }
 
-void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob)
+void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QVector<SRunningJob>& vecJob)
 {
     if (!bShown || timeBegin != timeSince) {
         timerBusy.start();
     }
     bShown = bBusy;
     timeBegin = timeSince;
-    listRunning = listJob;
+    vecRunning = vecJob;
     pSpinner->SetTurning(bBusy);
     bBusy ? timer.start() : timer.stop();
     UpdateText();
@@ -61,19 +63,28 @@ void CBusyIndicator::changeEvent(QEvent* event)
 
 void CBusyIndicator::UpdateText()
 {
-    if (!bShown) {
-        pLabel->setText(tr("Ready"));
-        return;
-    }
+    pLabel->setText(bShown ? GetBusyText() : tr("Ready"));
+    pLabel->setToolTip(bShown ? pLabel->text() : QString());
+}
+
+QString CBusyIndicator::GetBusyText() const
+{
+    const QString strSince = timeBegin.toString(QStringLiteral("HH:mm:ss"));
     const qint64 nSeconds = timerBusy.elapsed() / nSecondMs;
-    pLabel->setText(tr("%1 – since %2 (%3 s)").arg(GetWhat(), timeBegin.toString(QStringLiteral("HH:mm:ss"))).arg(nSeconds));
+    for (const SRunningJob& job : vecRunning) {
+        if (job.nAll > 0) {
+            const QString strText = tr("%1 – %2 of %3, since %4 (%5 s)");
+            return strText.arg(GetWhat()).arg(job.nDone).arg(job.nAll).arg(strSince).arg(nSeconds);
+        }
+    }
+    return tr("%1 – since %2 (%3 s)").arg(GetWhat(), strSince).arg(nSeconds);
 }
 
 QString CBusyIndicator::GetWhat() const
 {
     QStringList listText;
-    for (const QString& strJob : listRunning) {
-        const QString strText = GetJobText(strJob);
+    for (const SRunningJob& job : vecRunning) {
+        const QString strText = GetJobText(job.strJob);
         if (!listText.contains(strText)) {
             listText.append(strText);
         }

@@ -4,11 +4,11 @@
 #include <QStyle>
 #include <QStyleOption>
 
-namespace {
-
-constexpr int nLeastCharacters = 24;
-
-} // namespace
+void CElidedLabel::SetLeastCharacters(int nCharacters)
+{
+    nLeastCharacters = nCharacters;
+    updateGeometry();
+}
 
 QSize CElidedLabel::minimumSizeHint() const
 {

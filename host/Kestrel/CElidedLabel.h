@@ -11,9 +11,15 @@ class CElidedLabel : public QLabel
 public:
     using QLabel::QLabel;
 
+    /// How many characters of average width have room at least; 24 unless this is called.
+    void SetLeastCharacters(int nCharacters);
+
     /// Room for the beginning of the text.
     QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    int nLeastCharacters = 24;
 };

@@ -6,6 +6,7 @@
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
+#include "Kestrel/undo/CUndoMenu.h"
 #include "controlhost/IControlHost.h"
 
 #include <QAction>
@@ -25,12 +26,14 @@ constexpr int nGraceMs = 2000;
 
 CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
                          const CTheme& theme)
-    : host(hostIn), finalSave(hostIn, pointers, *this), pFrame(new QWidget(this)), pFrameLayout(new QVBoxLayout(pFrame))
+    : host(hostIn), finalSave(hostIn, pointers, *this), undoSteps(hostIn), pFrame(new QWidget(this)),
+      pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
     pStatus = new CHostStatus(host, theme, this);
+    pUndoMenu = new CUndoMenu(*this, pMenu->GetListMenu(), *pFrame, host, undoSteps, pStatus->GetRefusalNote());
     InitWidget(theme);
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();
@@ -45,6 +48,8 @@ void CMainWindow::SetPanel(QWidget* pWidget)
 {
     pPanelWidget = pWidget;
     pFrameLayout->addWidget(pWidget);
+    pStatus->SetPanel(pWidget);
+    pUndoMenu->SetPanel(pWidget);
     if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
     }
@@ -97,7 +102,9 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     }
     pMenu->UpdateText();
+    pUndoMenu->UpdateText();
     pStatus->UpdateState();
+    pStatus->UpdateCounts();
     pStatus->UpdateTrouble();
     RepaintPanel();
 }

@@ -2,6 +2,7 @@
 
 #include "Kestrel/CFinalSave.h"
 #include "Kestrel/CUnwinding.h"
+#include "Kestrel/undo/CUndoSteps.h"
 #include "interfaces/host/IUIManagement.h"
 
 #include <QMainWindow>
@@ -16,6 +17,7 @@ class CHostMenu;
 class CHostStatus;
 class CLanguage;
 class CTheme;
+class CUndoMenu;
 class QVBoxLayout;
 struct SControlPointers;
 
@@ -67,10 +69,12 @@ private:
     IControlHost& host;
     CFinalSave finalSave;
     CUnwinding unwinding;
+    CUndoSteps undoSteps;
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
     CHostStatus* pStatus = nullptr;
+    CUndoMenu* pUndoMenu = nullptr;
     QPointer<QWidget> pPanelWidget;
     QTimer timerGrace;        ///< how long a busy flag counts that no call stands behind
     bool bClosing = false;    ///< the window is to go and a job is still running

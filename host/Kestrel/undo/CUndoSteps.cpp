@@ -27,10 +27,10 @@ bool IsInput(QEvent::Type type)
     }
 }
 
-// Waiting helps, or unlocking.
+// Waiting helps, or unlocking; everything else may be so for the whole day.
 bool IsPassing(EnRefusalReason reason)
 {
-    return reason == ReasonListLocked || reason == ReasonBusy || reason == ReasonInUse;
+    return reason == ReasonListLocked || reason == ReasonBusy;
 }
 
 } // namespace
@@ -48,8 +48,6 @@ public:
 CUndoSteps::CUndoSteps(IControlHost& controlHost) : host(controlHost)
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    qRegisterMetaType<SListEdit>();
-    qRegisterMetaType<SRefusal>();
     stack.setUndoLimit(nMostSteps);
     SetConnection();
     qApp->installEventFilter(this);
@@ -126,7 +124,7 @@ void CUndoSteps::Skip()
 bool CUndoSteps::eventFilter(QObject* watched, QEvent* event)
 {
     if (IsInput(event->type())) {
-        QMetaObject::invokeMethod(&collector, &CStepCollector::EndTurn, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, [this] { collector.EndTurn(); }, Qt::QueuedConnection);
     }
     return QObject::eventFilter(watched, event);
 }
@@ -223,8 +221,8 @@ bool CUndoSteps::RestorePair(const SUndoStep::SPair& pair, bool bRedo)
 
 void CUndoSteps::NoteRefusal(CStepCommand& command, bool bRedo)
 {
-    if (!bRedo && !IsPassing(refusalLast.reason)) {
-        ++command.nRefused;
+    if (!bRedo) {
+        command.nRefused = IsPassing(refusalLast.reason) ? 0 : command.nRefused + 1;
     }
     emit RestoreRefused(command.step, bRedo, refusalLast);
     emit Changed();

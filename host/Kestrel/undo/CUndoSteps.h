@@ -70,6 +70,6 @@ private:
     IControlHost& host;
     QUndoStack stack;
     CStepCollector collector;
-    SRefusal refusalLast;  ///< of the last RestorePair that was refused
+    SRefusal refusalLast;   ///< of the last RestorePair that was refused
     bool bTurnOpen = false; ///< its end is posted
 };

@@ -20,7 +20,7 @@ struct SUndoStep
     bool bUngroupOnly = true;                ///< of a deletion: no processor was asked to go
     QString strName;                         ///< of the first command
     int nCommands = 0;
-    int nNodes = 0; ///< the sum over the commands, without a new group's own
+    int nNodes = 0;        ///< the sum over the commands, without a new group's own
     QList<SPair> listPair; ///< oldest first, at least one
 };
 
