@@ -155,7 +155,7 @@ SStepResult CStepRunner::Rename(const SScenarioStep& step)
     if (id.isNull()) {
         return BuildNotThere(step.GetText("node"));
     }
-    processors.RenameNode(id, step.GetText("name"));
+    processors.RenameNode(id, step.GetText("name"), OriginLibrary);
     return {};
 }
 
@@ -169,7 +169,7 @@ SStepResult CStepRunner::Move(const SScenarioStep& step)
     if (idGroup.isNull() && step.Has("group")) {
         return BuildNotThere(step.GetText("group"));
     }
-    processors.MoveProcessor(id, idGroup);
+    processors.MoveProcessor(id, idGroup, OriginLibrary);
     return {};
 }
 
@@ -212,13 +212,13 @@ SStepResult CStepRunner::AddGroup(const SScenarioStep& step)
     SProcessorGroupNode group;
     group.idNode = QUuid::createUuid();
     group.strName = step.GetText("name");
-    processors.AddGroup(group);
+    processors.AddGroup(group, OriginLibrary);
     return {};
 }
 
 SStepResult CStepRunner::AddProcessor(const SScenarioStep& step)
 {
-    commands.Add(CScenario::ReadAddress(step));
+    commands.Add(CScenario::ReadAddress(step), OriginLibrary);
     return {};
 }
 
@@ -227,7 +227,7 @@ SStepResult CStepRunner::AddSimulators(const SScenarioStep& step)
     SSimulatorRequest request;
     request.nType = DeviceTypes::nStandard;
     request.nCount = static_cast<qint32>(step.GetNumber("count", 1));
-    commands.AddSimulators(request);
+    commands.AddSimulators(request, OriginLibrary);
     return {};
 }
 
@@ -238,9 +238,9 @@ SStepResult CStepRunner::Delete(const SScenarioStep& step)
         return BuildNotThere(step.GetText("node"));
     }
     if (FindProcessor(id).idNode.isNull()) {
-        commands.DeleteGroup(id, true);
+        commands.DeleteGroup(id, true, OriginLibrary);
     } else {
-        commands.Delete(id);
+        commands.Delete(id, OriginLibrary);
     }
     return {};
 }
@@ -259,7 +259,7 @@ SStepResult CStepRunner::Silence(const SScenarioStep& step)
 
 SStepResult CStepRunner::Scan(const SScenarioStep& /*step*/)
 {
-    commands.Scan();
+    commands.Scan(OriginLibrary);
     return {};
 }
 

@@ -29,6 +29,11 @@ public:
     }
     Q_DISABLE_COPY_MOVE(CJobScope)
 
+    void SetProgress(int nDone, int nAll) const
+    {
+        jobs.SetProgress(strJob, nDone, nAll);
+    }
+
 private:
     CJobs& jobs;
     const QString strJob;
@@ -61,103 +66,107 @@ void CDeviceCommands::SetDeletionListener(const std::function<void(int nNodes)>&
     listenerDeletion = listenerNew;
 }
 
-void CDeviceCommands::Scan()
+void CDeviceCommands::Scan(EnOrigin origin)
 {
-    const QString strCommand = QStringLiteral("Scanning the network");
+    const SListCommand command{ CommandScan, QStringLiteral("Scanning the network"), {}, origin };
     if (processors.GetHost().IsLocked() || processors.GetHost().IsRefreshBlocked()) {
-        processors.Refuse(SenderPrcBasic, strCommand, QStringLiteral("refresh is blocked"));
+        processors.Refuse(SenderPrcBasic, command, { ReasonRefreshBlocked, {} });
         return;
     }
-    const CJobScope job(jobs, strCommand);
-    const QList<SProcessorNode> listFound = network.Scan();
+    const CJobScope job(jobs, command.strText);
+    const QList<SProcessorNode> listFound = network.Scan([&](int nAsked, int nAll) { job.SetProgress(nAsked, nAll); });
     for (const SProcessorNode& device : listFound) {
-        if (processors.GetNodeType(device.idNode) == 0 && FindAddFault(device.nIP).isEmpty()) {
-            Adopt(device, false);
+        if (processors.GetNodeType(device.idNode) == 0 && FindAddFault(device.nIP).IsNone()) {
+            Adopt(device, OriginLibrary);
         }
     }
 }
 
-void CDeviceCommands::Add(quint32 nIP)
+void CDeviceCommands::Add(quint32 nIP, EnOrigin origin)
 {
-    const QString strCommand = QStringLiteral("Adding the processor at %1").arg(QHostAddress(nIP).toString());
-    const QString strFault = FindAddFault(nIP);
-    if (!strFault.isEmpty()) {
-        processors.Refuse(SenderPrcBasic, strCommand, strFault);
+    const QString strAddress = QHostAddress(nIP).toString();
+    const SListCommand command{ CommandAddProcessor, QStringLiteral("Adding the processor at %1").arg(strAddress), strAddress,
+                                origin };
+    const SFault fault = FindAddFault(nIP);
+    if (!fault.IsNone()) {
+        processors.Refuse(SenderPrcBasic, command, fault);
         return;
     }
-    const CJobScope job(jobs, strCommand);
+    const CJobScope job(jobs, command.strText);
+    job.SetProgress(0, 1);
+    TryAdd(nIP, command);
+}
+
+void CDeviceCommands::TryAdd(quint32 nIP, const SListCommand& command)
+{
     SProcessorNode device;
     if (!network.Ask(nIP, device)) {
-        processors.Refuse(SenderPrcBasic, strCommand, QStringLiteral("nothing answers there"));
+        processors.Refuse(SenderPrcBasic, command, { ReasonAddressNoAnswer, {} });
         return;
     }
     // A second request for the same address may have been quicker.
-    const QString strLateFault = FindAddFault(nIP);
-    if (!strLateFault.isEmpty()) {
-        processors.Refuse(SenderPrcBasic, strCommand, strLateFault);
+    const SFault faultLate = FindAddFault(nIP);
+    if (!faultLate.IsNone()) {
+        processors.Refuse(SenderPrcBasic, command, faultLate);
         return;
     }
-    Adopt(device, false);
+    Adopt(device, command.origin);
 }
 
-void CDeviceCommands::AddSimulators(const SSimulatorRequest& request)
+void CDeviceCommands::AddSimulators(const SSimulatorRequest& request, EnOrigin origin)
 {
-    const QString strCommand = QStringLiteral("Adding %1 simulators").arg(request.nCount);
+    const SListCommand command{ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(request.nCount), {}, origin };
     const int nPresent = processors.CopyTree(true).GetProcessorCount();
     if (!DeviceTypes::IsKnown(request.nType) || request.nOutput < 1 || request.nOutput > 3) {
-        processors.Refuse(SenderPrcBasic, strCommand, QStringLiteral("there is no such type or output"));
+        processors.Refuse(SenderPrcBasic, command, { ReasonNoSuchSimulator, {} });
         return;
     }
     if (request.nCount < 1 || request.nCount > processors.GetLimits().nSimulators - nPresent) {
-        processors.Refuse(SenderPrcBasic, strCommand, QStringLiteral("at most two can exist"));
+        processors.Refuse(SenderPrcBasic, command, { ReasonSimulatorsFull, {} });
         return;
     }
-    for (int n = 0; n < request.nCount; ++n) {
-        const CNodeTree tree = processors.CopyTree(true);
-        int nNumber = 1;
-        while (!tree.FindByName(QStringLiteral("Simulator %1").arg(nNumber)).isNull()) {
-            ++nNumber;
-        }
-        Adopt(BuildSimulator(request.nType, nNumber), true);
-    }
+    AdoptSimulators(request.nType, request.nCount, origin);
 }
 
-void CDeviceCommands::Delete(const QUuid& id)
+void CDeviceCommands::Delete(const QUuid& id, EnOrigin origin)
 {
     const CNodeTree trees[]{ processors.CopyTree(false), processors.CopyTree(true) };
     for (const CNodeTree& tree : trees) {
-        const std::optional<SNodePlace> place = tree.FindProcessor(id);
-        if (!place) {
+        if (!tree.FindProcessor(id)) {
             continue;
         }
-        const QString strCommand = QStringLiteral("Deleting \"%1\"").arg(tree.GetProcessor(*place).strName);
-        const QString strFault = processors.FindDeleteFault(id);
-        if (!strFault.isEmpty()) {
-            processors.Refuse(SenderPrcBasic, strCommand, strFault);
+        const QString strName = tree.GetName(id);
+        const SListCommand command{ CommandDelete, QStringLiteral("Deleting \"%1\"").arg(strName), strName, origin };
+        const SFault fault = processors.FindDeleteFault(id);
+        if (!fault.IsNone()) {
+            processors.Refuse(SenderPrcBasic, command, fault);
             return;
         }
-        const CJobScope job(jobs, strCommand);
+        const CJobScope job(jobs, command.strText);
+        nDeleted = jobs.IsBusy() ? nDeleted.load() : 0;
+        job.SetProgress(nDeleted, 0);
         AnnounceDeletion(id, 1);
-        ReleaseAndRemove({ id }, [&] { processors.RemoveProcessor(id); });
+        ReleaseAndRemove({ id }, [&] { nDeleted += processors.RemoveProcessor(id, origin) ? 1 : 0; });
+        job.SetProgress(nDeleted, 0);
         return;
     }
 }
 
-void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
+void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin)
 {
     const auto remove = [&] {
-        const QList<SProcessorNode> listGone = processors.RemoveGroup(id, bWithProcessors);
+        const QList<SProcessorNode> listGone = processors.RemoveGroup(id, bWithProcessors, origin);
         for (const SProcessorNode& processor : listGone) {
             network.Forget(processor.idNode);
         }
     };
     const SProcessorGroupNode group = processors.CopyGroup(id);
     const int nMembers = bWithProcessors ? group.listProcessor.size() : 0;
-    const QString strFault = bWithProcessors ? processors.FindDeleteFault(id) : QString();
-    if (strFault.isEmpty()) {
+    const SFault fault = bWithProcessors ? processors.FindDeleteFault(id) : SFault();
+    if (fault.IsNone()) {
         AnnounceDeletion(id, 1 + nMembers);
     }
-    if (nMembers == 0 || !strFault.isEmpty()) {
+    if (nMembers == 0 || !fault.IsNone()) {
         remove(); // nothing to wait for, or it is refused there
         return;
     }
@@ -166,7 +175,22 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors)
         listId.append(processor.idNode);
     }
     const CJobScope job(jobs, QStringLiteral("Deleting \"%1\" with its processors").arg(group.strName));
+    job.SetProgress(0, 1 + nMembers);
     ReleaseAndRemove(listId, remove);
+    nDeleted += 1 + nMembers;
+    job.SetProgress(1 + nMembers, 1 + nMembers);
+}
+
+void CDeviceCommands::FollowReplacement(const std::function<bool()>& replace)
+{
+    QList<QUuid> listBefore;
+    const QList<SProcessorNode> listProcessor = processors.CopyTree(false).GetProcessors();
+    for (const SProcessorNode& processor : listProcessor) {
+        listBefore.append(processor.idNode);
+    }
+    if (replace()) {
+        FollowList(listBefore);
+    }
 }
 
 void CDeviceCommands::FollowList(const QList<QUuid>& listBefore)
@@ -178,6 +202,33 @@ void CDeviceCommands::FollowList(const QList<QUuid>& listBefore)
     for (const SProcessorNode& processor : listNow) {
         network.Adopt(processor);
     }
+}
+
+// Looks once more behind each: a deletion at the same time may have been quicker.
+void CDeviceCommands::FollowNodes(const QList<QUuid>& listId)
+{
+    const auto find = [this](const QUuid& id) {
+        const CNodeTree trees[]{ processors.CopyTree(false), processors.CopyTree(true) };
+        for (const CNodeTree& tree : trees) {
+            if (const std::optional<SNodePlace> place = tree.FindProcessor(id)) {
+                return std::make_optional(tree.GetProcessor(*place));
+            }
+        }
+        return std::optional<SProcessorNode>();
+    };
+    for (const QUuid& id : listId) {
+        if (const std::optional<SProcessorNode> processor = find(id)) {
+            network.Adopt(*processor);
+        }
+        if (!find(id)) {
+            network.Forget(id);
+        }
+    }
+}
+
+void CDeviceCommands::EndJob()
+{
+    nDeleted = 0;
 }
 
 quint32 CDeviceCommands::GetLocalAddress()
@@ -199,23 +250,40 @@ void CDeviceCommands::AnnounceDeletion(const QUuid& id, int nNodes) const
     }
 }
 
-QString CDeviceCommands::FindAddFault(quint32 nIP) const
+SFault CDeviceCommands::FindAddFault(quint32 nIP) const
 {
     if (nIP == nLocalAddress || GetReservedAddresses().contains(nIP)) {
-        return QStringLiteral("the address is reserved");
+        return { ReasonAddressReserved, {} };
     }
     return processors.FindAddFault(nIP);
 }
 
 // The network first: a report of the device may follow at once.
-bool CDeviceCommands::Adopt(const SProcessorNode& device, bool bSimulator)
+bool CDeviceCommands::Adopt(const SProcessorNode& device, EnOrigin origin)
 {
     network.Adopt(device);
-    const bool bAdded = processors.AddProcessor(device, bSimulator);
+    const bool bAdded = processors.AddProcessor(device, false, origin);
     if (!bAdded && processors.GetNodeType(device.idNode) == 0) {
         network.Forget(device.idNode);
     }
     return bAdded;
+}
+
+void CDeviceCommands::AdoptSimulators(qint32 nType, int nCount, EnOrigin origin)
+{
+    const CNodeTree tree = processors.CopyTree(true);
+    QList<SProcessorNode> listSimulator;
+    for (int nNumber = 1; listSimulator.size() < nCount; ++nNumber) {
+        if (tree.FindByName(QStringLiteral("Simulator %1").arg(nNumber)).isNull()) {
+            listSimulator.append(BuildSimulator(nType, nNumber));
+            network.Adopt(listSimulator.last());
+        }
+    }
+    if (!processors.AddSimulators(listSimulator, origin)) {
+        for (const SProcessorNode& simulator : std::as_const(listSimulator)) {
+            network.Forget(simulator.idNode);
+        }
+    }
 }
 
 // Gives back to the network what is still in the list afterwards: refused, or moved meanwhile.

@@ -1,15 +1,19 @@
 #pragma once
 
+#include "CorvidControl/list/EnOrigin.h"
+#include "CorvidControl/list/SFault.h"
 #include "interfaces/control/SSimulatorRequest.h"
 
 #include <QList>
 #include <QUuid>
 
+#include <atomic>
 #include <functional>
 
 class CJobs;
 class CProcessorList;
 class IDeviceNetwork;
+struct SListCommand;
 struct SProcessorNode;
 
 /// The commands that need devices. Scan, Add and Delete block as long as the device takes; no lock is
@@ -25,36 +29,49 @@ public:
     /// Called on the thread that deletes, which may wait for it; without a lock. Once, before the first deletion.
     void SetDeletionListener(const std::function<void(int nNodes)>& listenerNew);
 
-    /// Adds the devices that are found and not listed, up to the limit. Blocks.
-    void Scan();
+    /// Adds the devices that are found and not listed, up to the limit. Blocks. CJobs hears how many were asked.
+    void Scan(EnOrigin origin = OriginUser);
 
     /// Adds the device at nIP. Blocks until it has answered or the time is over.
-    void Add(quint32 nIP);
+    void Add(quint32 nIP, EnOrigin origin = OriginUser);
 
-    /// Never blocks. Refused as a whole for an unknown type or output, or where more than two would exist; one by one,
-    /// with a line each, while the list is locked.
-    void AddSimulators(const SSimulatorRequest& request);
+    /// Never blocks. Refused as a whole for an unknown type or output, where more than two would exist, and while the
+    /// list is locked.
+    void AddSimulators(const SSimulatorRequest& request, EnOrigin origin = OriginUser);
 
-    /// Deletes a processor of either pane; blocks until its device has let go. One that is gone is no fault.
-    void Delete(const QUuid& id);
+    /// Deletes a processor of either pane; blocks until its device has let go. One that is gone is no fault. CJobs hears how
+    /// many nodes the job that is under way has deleted so far.
+    void Delete(const QUuid& id, EnOrigin origin = OriginUser);
 
     /// Blocks only with its processors, which let go at the same time. A group that is gone is no fault.
-    void DeleteGroup(const QUuid& id, bool bWithProcessors);
+    void DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin = OriginUser);
+
+    /// Calls replace, and where it has replaced the Discovered list has the network follow.
+    void FollowReplacement(const std::function<bool()>& replace);
 
     /// Makes the network know the devices of the Discovered list, and no others of the list before.
     void FollowList(const QList<QUuid>& listBefore);
+
+    /// The same for a few of either pane that have come, gone or changed.
+    void FollowNodes(const QList<QUuid>& listId);
+
+    /// The busy state begins or ends: what is deleted from now on is counted anew.
+    void EndJob();
 
     static quint32 GetLocalAddress();             ///< of this machine; no processor may have it
     static QList<quint32> GetReservedAddresses(); ///< of the router and the time server
 
 private:
     void AnnounceDeletion(const QUuid& id, int nNodes) const;
-    QString FindAddFault(quint32 nIP) const;
-    bool Adopt(const SProcessorNode& device, bool bSimulator);
+    SFault FindAddFault(quint32 nIP) const;
+    void TryAdd(quint32 nIP, const SListCommand& command);
+    bool Adopt(const SProcessorNode& device, EnOrigin origin);
+    void AdoptSimulators(qint32 nType, int nCount, EnOrigin origin);
     void ReleaseAndRemove(const QList<QUuid>& listId, const std::function<void()>& remove);
 
     CProcessorList& processors;
     CJobs& jobs;
     IDeviceNetwork& network;
     std::function<void(int nNodes)> listenerDeletion;
+    std::atomic<int> nDeleted{ 0 }; ///< by the job that is under way
 };

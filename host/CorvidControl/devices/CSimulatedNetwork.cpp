@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int nScanSteps = 10; // of its progress
+
 bool IsPrivate(quint32 nIP)
 {
     return (nIP >> 24) == 10 || (nIP >> 20) == 0xAC1 || (nIP >> 16) == 0xC0A8;
@@ -43,29 +45,40 @@ void CSimulatedNetwork::Release(const QList<QUuid>& listId)
     std::unique_lock<std::mutex> lock(mutex);
     const auto isOnline = [this](const QUuid& id) { return hashAdopted.value(id).bOnline; };
     if (std::any_of(listId.cbegin(), listId.cend(), isOnline)) {
-        Wait(lock, delays.timeRelease);
+        Wait(lock, std::chrono::steady_clock::now() + delays.timeRelease);
     }
     for (const QUuid& id : listId) {
         hashAdopted.remove(id);
     }
 }
 
-QList<SProcessorNode> CSimulatedNetwork::Scan()
+std::optional<SProcessorNode> CSimulatedNetwork::Hear(const QUuid& id) const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    const auto isIt = [&](const SProcessorNode& device) { return device.idNode == id; };
+    const auto it = std::find_if(listUnlisted.cbegin(), listUnlisted.cend(), isIt);
+    return it == listUnlisted.cend() ? std::nullopt : std::make_optional(*it);
+}
+
+QList<SProcessorNode> CSimulatedNetwork::Scan(const Progress& progress)
 {
     std::unique_lock<std::mutex> lock(mutex);
-    Wait(lock, delays.timeScan);
-    QList<SProcessorNode> listAll = listUnlisted;
-    for (const SProcessorNode& device : std::as_const(hashAdopted)) {
-        listAll.append(device);
+    const auto timeStart = std::chrono::steady_clock::now();
+    for (int nStep = 1; nStep <= nScanSteps; ++nStep) {
+        Wait(lock, timeStart + delays.timeScan * nStep / nScanSteps);
+        const int nAll = GetAll(lock).size();
+        lock.unlock();
+        progress(nAll * nStep / nScanSteps, nAll);
+        lock.lock();
     }
-    return listAll;
+    return GetAll(lock);
 }
 
 bool CSimulatedNetwork::Ask(quint32 nIP, SProcessorNode& device)
 {
     std::unique_lock<std::mutex> lock(mutex);
     const bool bAnswers = IsPrivate(nIP) && !setSilent.contains(nIP);
-    Wait(lock, bAnswers ? delays.timeAnswer : delays.timeTimeout);
+    Wait(lock, std::chrono::steady_clock::now() + (bAnswers ? delays.timeAnswer : delays.timeTimeout));
     const auto isThere = [&](const SProcessorNode& entry) { return entry.nIP == nIP; };
     const auto it = std::find_if(listUnlisted.cbegin(), listUnlisted.cend(), isThere);
     device = it != listUnlisted.cend() ? *it : BuildDevice(nIP, {});
@@ -138,7 +151,17 @@ void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProces
 }
 
 // Releases the lock while it waits.
-void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time)
+void CSimulatedNetwork::Wait(std::unique_lock<std::mutex>& lock, std::chrono::steady_clock::time_point timeEnd)
 {
-    condStop.wait_until(lock, std::chrono::steady_clock::now() + time, [this] { return bStop; });
+    condStop.wait_until(lock, timeEnd, [this] { return bStop; });
+}
+
+// The unlisted ones first.
+QList<SProcessorNode> CSimulatedNetwork::GetAll(const std::unique_lock<std::mutex>& /*lock*/) const
+{
+    QList<SProcessorNode> listAll = listUnlisted;
+    for (const SProcessorNode& device : hashAdopted) {
+        listAll.append(device);
+    }
+    return listAll;
 }

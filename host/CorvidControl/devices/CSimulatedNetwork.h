@@ -27,11 +27,12 @@ public:
     /// No device is listed at first.
     explicit CSimulatedNetwork(const SDelays& delaysIn) : delays(delaysIn) { }
 
-    void SetListener(const Listener& listenerNew) override; ///< called by SetOnline and its siblings, on their thread
-    void Adopt(const SProcessorNode& device) override;      ///< it is no longer one that a scan finds unlisted
-    void Forget(const QUuid& id) override;                  ///< its state is forgotten too
-    void Release(const QList<QUuid>& listId) override;      ///< blocks for timeRelease when one of them is online
-    QList<SProcessorNode> Scan() override;                  ///< blocks for timeScan; the unlisted ones first
+    void SetListener(const Listener& listenerNew) override;             ///< called by SetOnline and its siblings, on their thread
+    void Adopt(const SProcessorNode& device) override;                  ///< it is no longer one that a scan finds unlisted
+    void Forget(const QUuid& id) override;                              ///< its state is forgotten too
+    void Release(const QList<QUuid>& listId) override;                  ///< blocks for timeRelease when one of them is online
+    std::optional<SProcessorNode> Hear(const QUuid& id) const override; ///< those that a scan finds unlisted
+    QList<SProcessorNode> Scan(const Progress& progress) override;      ///< blocks for timeScan; the unlisted ones first
     bool Ask(quint32 nIP, SProcessorNode& device) override; ///< blocks for timeAnswer, or timeTimeout where nothing answers
     void Stop() override;                                   ///< an Ask that it ends returns false
 
@@ -57,7 +58,8 @@ public:
 
 private:
     void Change(const QUuid& id, const std::function<void(SProcessorNode&)>& change);
-    void Wait(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time);
+    void Wait(std::unique_lock<std::mutex>& lock, std::chrono::steady_clock::time_point timeEnd);
+    QList<SProcessorNode> GetAll(const std::unique_lock<std::mutex>& lock) const;
 
     const SDelays delays;
     Listener listener;

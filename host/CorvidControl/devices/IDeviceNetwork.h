@@ -3,6 +3,7 @@
 #include "nodes/SProcessorNode.h"
 
 #include <functional>
+#include <optional>
 
 /// All that the library needs of the network in which the processors stand. A device is described by the
 /// fields of a processor's record that are its own: id, type, address, ports, online state, role and
@@ -12,6 +13,7 @@ class IDeviceNetwork
 {
 public:
     using Listener = std::function<void(const SProcessorNode& device)>;
+    using Progress = std::function<void(int nDone, int nAll)>;
 
     virtual ~IDeviceNetwork() = default;
 
@@ -28,8 +30,12 @@ public:
     /// As Forget for each, but blocks until all the devices have let go, which they do at the same time.
     virtual void Release(const QList<QUuid>& listId) = 0;
 
-    /// Blocks. Returns all devices that a scan finds, adopted or not, with their state.
-    virtual QList<SProcessorNode> Scan() = 0;
+    /// What is heard now of a device that the list does not know; none when nothing is. Returns at once.
+    virtual std::optional<SProcessorNode> Hear(const QUuid& id) const = 0;
+
+    /// Blocks. Returns all devices that a scan finds, adopted or not, with their state. progress is called on this thread,
+    /// without a lock, with how many were asked, of those that are there.
+    virtual QList<SProcessorNode> Scan(const Progress& progress) = 0;
 
     /// Blocks. Returns true with the device at nIP (host order), or false when none has answered in time.
     virtual bool Ask(quint32 nIP, SProcessorNode& device) = 0;

@@ -1,8 +1,10 @@
 #include "CorvidControl/file/CListStore.h"
 
 #include "CorvidControl/file/CFileReplacement.h"
+#include "CorvidControl/file/DatedFile.h"
 #include "CorvidControl/file/FileAccess.h"
 #include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/file/ListSalvage.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/objects/CHostEvents.h"
@@ -15,6 +17,21 @@ namespace {
 QString BuildTrouble(const SListSave& save)
 {
     return save.result == SListSave::Saved ? QString() : QStringLiteral("The list is not being saved. ") + save.strReason;
+}
+
+SEarlierList BuildEarlier(const QString& strPath, const SFileContent& content, const SListLimits& limits)
+{
+    const bool bRead = content.kind == SFileContent::Read;
+    const SListReading reading = bRead ? ListFormat::Read(content.bytes, limits) : SListReading();
+    CNodeTree tree;
+    tree.SetRoot(reading.node);
+    SEarlierList earlier;
+    earlier.strPath = strPath;
+    earlier.date = DatedFile::GetDate(strPath);
+    earlier.nGroups = reading.node.listGroup.size();
+    earlier.nProcessors = tree.GetProcessorCount();
+    earlier.strFault = bRead ? reading.strReason : content.strReason;
+    return earlier;
 }
 
 } // namespace
@@ -33,6 +50,7 @@ bool CListStore::Load()
         news.listWarning = reading.listMended;
         QString strFault = BuildTrouble(own.Check());
         if (reading.verdict != SListReading::Valid) {
+            const Lock lockTrouble(mutexTrouble);
             strLoadError = GetPath() + QStringLiteral(": ") + NameRules::GetLine(reading.strReason);
             strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
         }
@@ -43,7 +61,13 @@ bool CListStore::Load()
         }
     }
     Announce(news);
-    return strLoadError.isEmpty();
+    return GetLoadError().isEmpty();
+}
+
+QString CListStore::GetLoadError() const
+{
+    const Lock lock(mutexTrouble);
+    return strLoadError;
 }
 
 QString CListStore::GetTrouble() const
@@ -55,16 +79,18 @@ QString CListStore::GetTrouble() const
 QString CListStore::Save()
 {
     SNews news;
+    SListSave save;
     QString strFault;
     {
         const Lock lock(mutexFile);
-        strFault = BuildTrouble(SaveHere(lock, news, false));
-        if (!own.IsEdited(processors.GetEdition().nEdit)) {
-            strFault.clear();
-        }
+        save = SaveHere(lock, news, false);
+        strFault = own.IsEdited(processors.GetEdition().nEdit) ? NameRules::GetLine(BuildTrouble(save)) : QString();
     }
     Announce(news);
-    return NameRules::GetLine(strFault);
+    if (!strFault.isEmpty()) {
+        ReportFailure(CommandSave, GetPath(), save, strFault);
+    }
+    return strFault;
 }
 
 bool CListStore::SaveSoon()
@@ -103,37 +129,91 @@ void CListStore::KeepEarlier(const SListEdition& edition)
 CListStore::EnExportResult CListStore::Export(const QString& strPath)
 {
     SNews news;
-    EnExportResult result = ExportDone;
+    SListSave save;
     {
         const Lock lock(mutexFile);
         const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
-        if (bOwnFile || FileAccess::IsSamePlace(strPath, GetPath())) {
-            const SListSave save = SaveHere(lock, news, true);
-            result = save.result == SListSave::Saved  ? ExportDone
-                : save.result == SListSave::LeftAlone ? ExportLeftAlone
-                                                      : ExportNotWritten;
-        } else {
-            result = ExportElsewhere(lock, strPath, news);
-        }
+        const bool bHere = bOwnFile || FileAccess::IsSamePlace(strPath, GetPath());
+        save = bHere ? SaveHere(lock, news, true) : ExportElsewhere(lock, strPath, news);
     }
     Announce(news);
-    return result;
+    if (save.result == SListSave::Saved) {
+        return ExportDone;
+    }
+    ReportFailure(CommandExport, strPath, save, news.listWarning.last());
+    return save.result == SListSave::LeftAlone ? ExportLeftAlone : ExportNotWritten;
 }
 
-CListStore::EnImportResult CListStore::Import(const QString& strPath)
+CListStore::EnImportResult CListStore::Import(const QString& strPath, EnListCommand command)
 {
     SNews news;
-    QString strFault = QStringLiteral("the list is locked");
+    SFault fault{ ReasonListLocked, {} };
     EnImportResult result = ImportLocked;
+    const SListCommand importing{ command, QStringLiteral("Importing ") + strPath, strPath };
     if (!processors.GetHost().IsLocked()) {
         const Lock lock(mutexFile);
-        result = TryImport(lock, strPath, strFault, news);
+        result = TryImport(lock, importing, fault, news);
     }
     Announce(news);
     if (result != ImportDone) {
-        processors.Refuse(SenderPrcList, QStringLiteral("Importing ") + strPath, strFault);
+        processors.Refuse(SenderPrcList, importing, fault);
     }
+    processors.ReportEdits();
     return result;
+}
+
+QList<SEarlierList> CListStore::FindEarlier() const
+{
+    QStringList listPath;
+    {
+        const Lock lock(mutexFile);
+        listPath = own.FindEarlier();
+    }
+    QList<SEarlierList> listEarlier;
+    for (const QString& strPath : std::as_const(listPath)) {
+        const SFileContent content = FileAccess::Read(strPath, processors.GetLimits().nBytes);
+        if (content.kind != SFileContent::Absent) { // a save may have removed it just now
+            listEarlier.append(BuildEarlier(strPath, content, processors.GetLimits()));
+        }
+    }
+    return listEarlier;
+}
+
+bool CListStore::TakeEarlier(const QString& strPath)
+{
+    bool bKnown = false;
+    {
+        const Lock lock(mutexFile);
+        bKnown = own.FindEarlier().contains(strPath);
+    }
+    if (!bKnown) {
+        processors.Refuse(SenderPrcList, { CommandTakeEarlier, QStringLiteral("Taking back ") + strPath, strPath },
+                          { ReasonFileGone, {} });
+    }
+    return bKnown && Import(strPath, CommandTakeEarlier) == ImportDone;
+}
+
+SRefusedList CListStore::PreviewRefused() const
+{
+    const Lock lock(mutexFile);
+    return ReadRefused(lock);
+}
+
+bool CListStore::UseRefused()
+{
+    SNews news;
+    SFault fault{ ReasonListLocked, {} };
+    const SListCommand command{ CommandUseRefused, QStringLiteral("Using the refused list ") + GetPath(), {} };
+    if (!processors.GetHost().IsLocked()) {
+        const Lock lock(mutexFile);
+        fault = TryUseRefused(lock, command, news);
+    }
+    Announce(news);
+    if (!fault.IsNone()) {
+        processors.Refuse(SenderPrcList, command, fault);
+    }
+    processors.ReportEdits();
+    return fault.IsNone();
 }
 
 SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
@@ -147,48 +227,103 @@ SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
     return save;
 }
 
-CListStore::EnExportResult CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, SNews& news) const
+SListSave CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, SNews& news) const
 {
-    QString strFault = QStringLiteral("no file was named");
+    SListSave save;
+    save.strReason = QStringLiteral("no file was named");
     if (!strPath.isEmpty()) {
         const QByteArray bytes = ListFormat::Write(processors.GetTree(false));
-        strFault = ListFormat::FindProofFault(bytes, processors.GetLimits());
+        save.strReason = ListFormat::FindProofFault(bytes, processors.GetLimits());
         CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
-        if (strFault.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
-            return ExportDone;
+        if (save.strReason.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
+            return {};
         }
-        strFault = strFault.isEmpty() ? replacement.GetFault() : strFault;
+        save.strReason = save.strReason.isEmpty() ? replacement.GetFault() : save.strReason;
     }
-    news.listWarning.append(QStringLiteral("The list was not exported. %1: %2").arg(strPath, strFault));
-    return ExportNotWritten;
+    save.result = SListSave::NotWritten;
+    news.listWarning.append(QStringLiteral("The list was not exported. %1: %2").arg(strPath, save.strReason));
+    return save;
 }
 
-CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const QString& strPath, QString& strFault, SNews& news)
+CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const SListCommand& command, SFault& fault, SNews& news)
 {
-    const SFileContent content = FileAccess::Read(strPath, processors.GetLimits().nBytes);
+    const SFileContent content = FileAccess::Read(command.strName, processors.GetLimits().nBytes);
     if (content.kind != SFileContent::Read) {
-        strFault = content.kind == SFileContent::Absent ? QStringLiteral("it is not there") : content.strReason;
+        fault = { content.kind == SFileContent::Absent ? ReasonFileGone : ReasonFileInvalid, content.strReason };
         return ImportInvalid;
     }
     const SListReading reading = ListFormat::Read(content.bytes, processors.GetLimits());
     if (reading.verdict != SListReading::Valid) {
-        strFault = reading.strReason;
-        return reading.verdict == SListReading::TooLarge ? ImportTooLarge : ImportInvalid;
+        const bool bTooLarge = reading.verdict == SListReading::TooLarge;
+        fault = { bTooLarge ? ReasonFileTooLarge : ReasonFileInvalid, reading.strReason };
+        return bTooLarge ? ImportTooLarge : ImportInvalid;
     }
     const QByteArray bytes = ListFormat::Write(reading.node);
-    strFault = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
-    if (!strFault.isEmpty()) {
+    const QString strProof = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
+    if (!strProof.isEmpty()) {
+        fault = { ReasonFileInvalid, strProof };
         return ImportNotCopied;
     }
     const SListSave save = own.Overwrite(processors.GetEdition(), bytes);
     news.listWarning += save.listWarning;
     if (save.result != SListSave::Saved) {
-        strFault = QStringLiteral("the own list is not overwritten, ") + save.strReason;
-        return save.result == SListSave::NotWritten ? ImportNotCopied : ImportNotOverwritten;
+        const bool bNotKept = save.result == SListSave::NotWritten;
+        fault = { bNotKept ? ReasonFileNotKept : ReasonFileNotReplaced, save.strReason };
+        return bNotKept ? ImportNotCopied : ImportNotOverwritten;
     }
-    own.Adopt(processors.ReplaceList(reading.node));
+    own.Adopt(processors.ReplaceList(reading.node, command));
     SetTrouble({}, news);
     return ImportDone;
+}
+
+SFault CListStore::TryUseRefused(const Lock& lock, const SListCommand& command, SNews& news)
+{
+    if (GetLoadError().isEmpty()) {
+        return { ReasonNothingWasRefused, {} };
+    }
+    const SRefusedList list = ReadRefused(lock);
+    if (!own.HoldsRefused()) {
+        return { ReasonFileChanged, {} };
+    }
+    if (!list.bUsable) {
+        return { ReasonFileUnreadable, list.listFault.value(0) };
+    }
+    const QByteArray bytes = ListFormat::Write(list.node);
+    const QString strProof = ListFormat::FindProofFault(bytes, processors.GetLimits());
+    if (!strProof.isEmpty()) {
+        return { ReasonFileUnreadable, strProof };
+    }
+    const SFault fault = own.ReplaceRefused(processors.GetEdition(), bytes);
+    if (!fault.IsNone()) {
+        return fault;
+    }
+    own.Adopt(processors.ReplaceList(list.node, command));
+    SetTrouble({}, news);
+    const Lock lockTrouble(mutexTrouble);
+    strLoadError.clear();
+    return {};
+}
+
+SRefusedList CListStore::ReadRefused(const Lock& /*lock*/) const
+{
+    const QString strError = GetLoadError();
+    if (strError.isEmpty()) {
+        return {};
+    }
+    const bool bThere = own.HoldsRefused();
+    SRefusedList list = bThere ? ListSalvage::Read(own.GetRefused(), processors.GetLimits()) : SRefusedList();
+    if (!bThere) {
+        list.listFault.append(own.GetRefused().isNull() ? strError
+                                                        : QStringLiteral("what stands there has changed since the start"));
+    }
+    list.strPath = GetPath();
+    return list;
+}
+
+void CListStore::ReportFailure(EnListCommand command, const QString& strName, const SListSave& save, const QString& strLine)
+{
+    const EnRefusalReason reason = save.result == SListSave::NotWritten ? ReasonFileNotWritten : ReasonFileNotReplaced;
+    events.ReportRefusal({ command, {}, strName }, { reason, save.strReason }, strLine);
 }
 
 void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "CorvidControl/file/COwnList.h"
+#include "controlhost/EnListCommand.h"
+#include "controlhost/SEarlierList.h"
+#include "controlhost/SRefusedList.h"
 
 #include <mutex>
 
 class CHostEvents;
 class CProcessorList;
+struct SListCommand;
 
 /// The list and its files. A file is replaced as a whole or stays as it was, also when the process is
 /// killed; what does not fit the format is refused as a whole, with the reason in the log. What happens at
@@ -39,11 +43,8 @@ public:
     /// GetLoadError; the list is then empty. Once, before the list is changed.
     bool Load();
 
-    /// One line with the file and the reason; empty when Load has found a good list or none.
-    QString GetLoadError() const
-    {
-        return strLoadError;
-    }
+    /// One line with the file and the reason; empty when Load has found a good list or none, and after UseRefused.
+    QString GetLoadError() const;
 
     /// The own place, absolute, as it was named.
     QString GetPath() const
@@ -73,7 +74,20 @@ public:
 
     /// Replaces the Discovered list and the file at the own place by the list at strPath, after the list before was
     /// kept. For any result but ImportDone list and files stay, a line is logged and a message sent.
-    EnImportResult Import(const QString& strPath);
+    EnImportResult Import(const QString& strPath, EnListCommand command = CommandImport);
+
+    /// The earlier generations, the newest first, each read and checked.
+    QList<SEarlierList> FindEarlier() const;
+
+    /// As Import, of one of them. False when list and files stay.
+    bool TakeEarlier(const QString& strPath);
+
+    /// What can be read of what Load has refused.
+    SRefusedList PreviewRefused() const;
+
+    /// Makes that the list and saves it at the own place, after what stands there was kept in a dated file. False when
+    /// list and file stay; a line is logged then and a message sent.
+    bool UseRefused();
 
 private:
     using Lock = std::lock_guard<std::mutex>; ///< whoever takes one as a parameter works under mutexFile
@@ -86,18 +100,21 @@ private:
     };
 
     SListSave SaveHere(const Lock& lock, SNews& news, bool bAlways);
-    EnExportResult ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
-    EnImportResult TryImport(const Lock& lock, const QString& strPath, QString& strFault, SNews& news);
+    SListSave ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
+    EnImportResult TryImport(const Lock& lock, const SListCommand& command, SFault& fault, SNews& news);
+    SFault TryUseRefused(const Lock& lock, const SListCommand& command, SNews& news);
+    SRefusedList ReadRefused(const Lock& lock) const;
+    void ReportFailure(EnListCommand command, const QString& strName, const SListSave& save, const QString& strLine);
     void SetTrouble(const QString& strTroubleNow, SNews& news);
     void Announce(const SNews& news);
 
     CProcessorList& processors;
     CHostEvents& events;
-    QString strLoadError; ///< set by Load
 
-    std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is announced
+    mutable std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is announced
     COwnList own;
 
-    mutable std::mutex mutexTrouble; ///< guards strTrouble; taken last
+    mutable std::mutex mutexTrouble; ///< guards both below; taken last
     QString strTrouble;
+    QString strLoadError;
 };

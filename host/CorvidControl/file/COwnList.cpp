@@ -1,9 +1,12 @@
 #include "CorvidControl/file/COwnList.h"
 
+#include "CorvidControl/file/DatedFile.h"
 #include "CorvidControl/file/ListFormat.h"
 
+#include <algorithm>
+
 COwnList::COwnList(const QString& strPath, const SListLimits& limitsIn, const CControlClock& clockIn)
-    : limits(limitsIn), place(strPath, limits.nBytes), aside(clockIn, limits.nBytes), generations(clockIn)
+    : limits(limitsIn), place(strPath, limits.nBytes), aside(clockIn, limits.nBytes), generations(clockIn), clock(clockIn)
 { }
 
 SListReading COwnList::Load()
@@ -21,6 +24,7 @@ SListReading COwnList::Load()
     strRefused = reading.strReason;
     if (reading.verdict != SListReading::Valid) {
         place.Forget();
+        bytesRefused = content.bytes;
     }
     return reading;
 }
@@ -112,6 +116,72 @@ QStringList COwnList::KeepEarlier(const SListEdition& edition)
         listWarning.append(QStringLiteral("An earlier list could not be kept. ") + strFault);
     }
     return listWarning;
+}
+
+bool COwnList::HoldsRefused() const
+{
+    const SFileContent content = FileAccess::Read(place.GetPath(), limits.nBytes);
+    return content.kind == SFileContent::Read && content.bytes == bytesRefused;
+}
+
+SFault COwnList::ReplaceRefused(const SListEdition& edition, const QByteArray& bytes)
+{
+    const CListLock::EnState state = lockList.Take(place.GetRealPath());
+    if (state != CListLock::Held) {
+        return { state == CListLock::Elsewhere ? ReasonFileHeld : ReasonFileNotWritten, lockList.GetReason() };
+    }
+    const SFault fault = TryReplaceRefused(edition, bytes);
+    if (!fault.IsNone()) {
+        place.Forget();
+        lockList.Release();
+        return fault;
+    }
+    strRefused.clear();
+    bytesRefused.clear();
+    aside.StartNew();
+    return {};
+}
+
+QStringList COwnList::FindEarlier() const
+{
+    QStringList listPath = DatedFile::Find(place.GetRealPath(), {}, clock.GetDate());
+    std::reverse(listPath.begin(), listPath.end());
+    return listPath;
+}
+
+// With the lock. Each step leaves what the one before has kept.
+SFault COwnList::TryReplaceRefused(const SListEdition& edition, const QByteArray& bytes)
+{
+    if (!HoldsRefused()) {
+        return { ReasonFileChanged, {} };
+    }
+    QString strFault;
+    if (IsUnsecured(edition.nEdit) && SaveAside(edition, strFault).isEmpty()) {
+        return { ReasonFileNotKept, strFault };
+    }
+    strFault = KeepRefused();
+    if (!strFault.isEmpty()) {
+        return { ReasonFileNotKept, strFault };
+    }
+    place.Adopt(bytesRefused); // it may be overwritten, if it still stands there
+    const SListSave save = Replace(bytes);
+    if (save.result == SListSave::Saved) {
+        return {};
+    }
+    return { save.result == SListSave::NotWritten ? ReasonFileNotWritten : ReasonFileNotReplaced, save.strReason };
+}
+
+// Once, however often it is tried. The fault; empty when it is kept.
+QString COwnList::KeepRefused()
+{
+    const QString strPath = place.GetRealPath();
+    const QString strMark = QStringLiteral("refused-");
+    const QStringList listKept = DatedFile::Find(strPath, strMark, clock.GetDate());
+    if (!listKept.isEmpty() && FileAccess::Read(listKept.last(), limits.nBytes).bytes == bytesRefused) {
+        return {};
+    }
+    QString strFault;
+    return DatedFile::Write(strPath, strMark, clock.GetDate(), bytesRefused, strFault).isEmpty() ? strFault : QString();
 }
 
 SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes)

@@ -5,6 +5,7 @@
 #include "CorvidControl/file/CListLock.h"
 #include "CorvidControl/file/CListPlace.h"
 #include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/list/SFault.h"
 #include "CorvidControl/list/SListEdition.h"
 
 /// How writing at the list's own place went.
@@ -67,7 +68,26 @@ public:
     /// Keeps an edition that is about to be lost. Returns what failed, one line each.
     QStringList KeepEarlier(const SListEdition& edition);
 
+    /// What stood there at the start and was refused, where it could be read at all; null without one.
+    QByteArray GetRefused() const
+    {
+        return bytesRefused;
+    }
+
+    /// True when the very bytes stand there that were refused at the start.
+    bool HoldsRefused() const;
+
+    /// Writes bytes, which were proven to be a list, over what was refused at the start, which is kept first as it is in
+    /// a dated file; the edition goes into another where commands have changed it. From then on the place is saved as any
+    /// other. Where it returns a fault what stands there is as it was.
+    SFault ReplaceRefused(const SListEdition& edition, const QByteArray& bytes);
+
+    /// The paths of the earlier generations, the newest first.
+    QStringList FindEarlier() const;
+
 private:
+    SFault TryReplaceRefused(const SListEdition& edition, const QByteArray& bytes);
+    QString KeepRefused();
     SListSave TrySave(const SListEdition& edition, const QByteArray& bytes);
     SListSave Replace(const QByteArray& bytes);
     SListSave BuildFault(SListSave::EnResult result, const QString& strReason) const;
@@ -79,7 +99,9 @@ private:
     CListLock lockList;
     CListAside aside;
     CGenerations generations;
-    QString strRefused;     ///< why what stood there at the start was refused
+    const CControlClock& clock;
+    QString strRefused; ///< why what stood there at the start was refused
+    QByteArray bytesRefused;
     quint64 nEditSaved = 0; ///< the edition that was read or written here last
     quint64 nEditAside = 0; ///< the edition in the dated file
 };

@@ -1,29 +1,32 @@
 #include "CorvidControl/list/CProcessorList.h"
 
 #include "CorvidControl/devices/DeviceReport.h"
-#include "CorvidControl/list/NameRules.h"
+#include "CorvidControl/list/FaultText.h"
+#include "CorvidControl/list/RestoreRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
 #include "nodes/EnNodeType.h"
 
-#include <algorithm>
+#include <QHostAddress>
 
 namespace {
 
 constexpr int nDiscovered = CPanes::nDiscovered;
+constexpr int nSimulator = CPanes::nSimulator;
 
-QString GetGone()
+SFault GetLocked()
 {
-    return QStringLiteral("it is not in the list");
+    return { ReasonListLocked, {} };
 }
 
 } // namespace
 
 CProcessorList::CProcessorList(CMessageDispatcher& dispatcherIn, CHostEvents& eventsIn, const CHostState& hostIn,
                                const SListLimits& limitsIn)
-    : dispatcher(dispatcherIn), events(eventsIn), host(hostIn), limits(limitsIn)
+    : dispatcher(dispatcherIn), events(eventsIn), host(hostIn),
+      edits([this](const SListEdit& edit) { emit events.ListEdited(edit); }), rules(panes, limitsIn)
 { }
 
 void CProcessorList::SetEditListener(const std::function<void()>& listenerNew)
@@ -47,6 +50,12 @@ SListEdition CProcessorList::GetEdition() const
 {
     const Lock lock(mutex);
     return { panes.Lend(nDiscovered).GetRoot(), nEdit };
+}
+
+SListSnapshot CProcessorList::GetSnapshot() const
+{
+    const Lock lock(mutex);
+    return TakeSnapshot(lock);
 }
 
 SProcessorGroupNode CProcessorList::CopyGroup(const QUuid& id) const
@@ -96,21 +105,22 @@ std::vector<QUuid> CProcessorList::GetSelectedProcessors() const
     return panes.GetSelection(nPane).FindProcessors(panes.GetTree(nPane));
 }
 
-void CProcessorList::AddGroup(SProcessorGroupNode group)
+void CProcessorList::AddGroup(SProcessorGroupNode group, EnOrigin origin)
 {
     group.listProcessor.clear(); // its processors are moved into it one by one
-    Carry(QStringLiteral("Adding the group \"%1\"").arg(group.strName),
-          [&](const Lock& lock) { return TryAddGroup(lock, group); });
+    Carry({ CommandAddGroup, QStringLiteral("Adding the group \"%1\"").arg(group.strName), group.strName, origin },
+          [&] { return rules.AddGroup(bSimulatorPane, group); });
 }
 
-void CProcessorList::RenameNode(const QUuid& id, const QString& strName)
+void CProcessorList::RenameNode(const QUuid& id, const QString& strName, EnOrigin origin)
 {
-    Carry(QStringLiteral("Renaming to \"%1\"").arg(strName), [&](const Lock& lock) { return TryRename(lock, id, strName); });
+    Carry({ CommandRename, QStringLiteral("Renaming to \"%1\"").arg(strName), strName, origin },
+          [&] { return rules.Rename(id, strName); });
 }
 
-void CProcessorList::MoveProcessor(const QUuid& id, const QUuid& idGroup)
+void CProcessorList::MoveProcessor(const QUuid& id, const QUuid& idGroup, EnOrigin origin)
 {
-    Carry(QStringLiteral("Moving a processor"), [&](const Lock& lock) { return TryMove(lock, id, idGroup); });
+    Carry({ CommandMove, QStringLiteral("Moving a processor"), FindName(id), origin }, [&] { return rules.Move(id, idGroup); });
 }
 
 // A locked list can still be folded: that changes how it is looked at, not what it is.
@@ -121,9 +131,9 @@ void CProcessorList::SetExpanded(const QUuid& id, bool bExpanded)
         const Lock lock(mutex);
         outcome.nPane = id.isNull() ? static_cast<int>(bSimulatorPane) : panes.FindPane(id);
         outcome.bChanged = outcome.nPane >= 0 && panes.Edit(outcome.nPane).SetExpanded(id, bExpanded);
-        Count(lock, outcome);
+        nEdit += outcome.IsEdit() ? 1 : 0;
     }
-    Announce(outcome, SenderPrcList, MessageListChanged);
+    Announce(outcome, { SenderPrcList, MessageListChanged });
 }
 
 void CProcessorList::SetChief(const QUuid& idGroup, const QUuid& idChief)
@@ -136,51 +146,67 @@ void CProcessorList::SetChief(const QUuid& idGroup, const QUuid& idChief)
         outcome.bChanged = nGroup >= 0 && panes.Edit(outcome.nPane).SetChief(nGroup, idChief);
         Count(lock, outcome);
     }
-    Announce(outcome, SenderPreference, MessageChiefChanged);
+    Announce(outcome, { SenderPreference, MessageChiefChanged });
 }
 
-QString CProcessorList::FindDeleteFault(const QUuid& id) const
+void CProcessorList::ChooseChief(const QUuid& idGroup, const QUuid& idChief)
+{
+    Carry({ CommandChief, QStringLiteral("Choosing a Chief"), FindName(idGroup) },
+          [&] { return rules.SetChief(idGroup, idChief); }, { SenderPreference, MessageChiefChanged });
+}
+
+SFault CProcessorList::FindDeleteFault(const QUuid& id) const
 {
     const Lock lock(mutex);
-    return host.IsLocked() ? QStringLiteral("the list is locked") : FindUse(lock, id);
+    return host.IsLocked() ? GetLocked() : rules.FindUse(id, host.GetProject());
 }
 
-bool CProcessorList::RemoveProcessor(const QUuid& id)
+bool CProcessorList::RemoveProcessor(const QUuid& id, EnOrigin origin)
 {
     bool bGone = false;
-    Carry(QStringLiteral("Deleting a processor"), [&](const Lock& lock) { return TryRemoveProcessor(lock, id, bGone); });
+    Carry({ CommandDelete, QStringLiteral("Deleting a processor"), FindName(id), origin }, [&] {
+        const SOutcome outcome = rules.RemoveProcessor(id, host.GetProject());
+        bGone = outcome.fault.IsNone();
+        return outcome;
+    });
     return bGone;
 }
 
-QList<SProcessorNode> CProcessorList::RemoveGroup(const QUuid& id, bool bWithProcessors)
+QList<SProcessorNode> CProcessorList::RemoveGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin)
 {
     QList<SProcessorNode> listGone;
-    Carry(QStringLiteral("Deleting a group"),
-          [&](const Lock& lock) { return TryRemoveGroup(lock, id, bWithProcessors, listGone); });
+    const EnListCommand command = bWithProcessors ? CommandDeleteGroup : CommandUngroup;
+    Carry({ command, QStringLiteral("Deleting a group"), FindName(id), origin },
+          [&] { return rules.RemoveGroup(id, bWithProcessors, host.GetProject(), listGone); });
     return listGone;
 }
 
-QString CProcessorList::FindAddFault(quint32 nIP) const
+SFault CProcessorList::FindAddFault(quint32 nIP) const
 {
     const Lock lock(mutex);
-    if (host.IsLocked()) {
-        return QStringLiteral("the list is locked");
-    }
-    if (panes.GetTree(nDiscovered).GetProcessorCount() >= limits.nProcessors) {
-        return QStringLiteral("the list is full");
-    }
-    const QList<SProcessorNode> listProcessor = panes.GetTree(nDiscovered).GetProcessors();
-    const bool bTaken = std::any_of(listProcessor.cbegin(), listProcessor.cend(),
-                                    [&](const SProcessorNode& processor) { return processor.nIP == nIP; });
-    return bTaken ? QStringLiteral("a processor of the list has this address") : QString();
+    return host.IsLocked() ? GetLocked() : rules.FindAddFault(nIP);
 }
 
-bool CProcessorList::AddProcessor(const SProcessorNode& device, bool bSimulator)
+bool CProcessorList::AddProcessor(const SProcessorNode& device, bool bSimulator, EnOrigin origin)
+{
+    const SProcessorNode processor = DeviceReport::Mend(device);
+    return Add({ CommandAddProcessor, QStringLiteral("Adding the processor \"%1\"").arg(processor.strName),
+                 QHostAddress(processor.nIP).toString(), origin },
+               bSimulator, { processor });
+}
+
+bool CProcessorList::AddSimulators(const QList<SProcessorNode>& listSimulator, EnOrigin origin)
+{
+    return Add({ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(listSimulator.size()),
+                 listSimulator.first().strName, origin },
+               nSimulator, listSimulator);
+}
+
+bool CProcessorList::Add(const SListCommand& command, int nPane, const QList<SProcessorNode>& listProcessor)
 {
     bool bAdded = false;
-    const SProcessorNode processor = DeviceReport::Mend(device);
-    Carry(QStringLiteral("Adding the processor \"%1\"").arg(processor.strName), [&](const Lock& lock) {
-        const SOutcome outcome = TryAddProcessor(lock, processor, bSimulator);
+    Carry(command, [&] {
+        const SOutcome outcome = rules.AddProcessors(nPane, listProcessor);
         bAdded = outcome.bChanged;
         return outcome;
     });
@@ -209,16 +235,54 @@ void CProcessorList::ApplyReport(const SProcessorNode& report)
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
 
-quint64 CProcessorList::ReplaceList(const SProcessorAllNode& node)
+quint64 CProcessorList::ReplaceList(const SProcessorAllNode& node, const SListCommand& command)
 {
     quint64 nEditNow = 0;
     {
         const Lock lock(mutex);
+        const SListSnapshot before = TakeSnapshot(lock);
         panes.Replace(nDiscovered, node);
         nEditNow = ++nEdit;
+        ++nEdition;
+        Append(lock, command, node.listGroup.size() + panes.GetTree(nDiscovered).GetProcessorCount(), before);
     }
     dispatcher.Post(SenderPrcList, MessageListChanged);
     return nEditNow;
+}
+
+void CProcessorList::ReportEdits()
+{
+    edits.Deliver();
+}
+
+SFault CProcessorList::Restore(const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore)
+{
+    SOutcome outcome;
+    {
+        const Lock lock(mutex);
+        const SFault fault = TryRestore(lock, from, to, restore);
+        if (!fault.IsNone()) {
+            return fault;
+        }
+        if (restore.discovered.bChanged) {
+            panes.Replace(nDiscovered, restore.discovered.result);
+        }
+        if (restore.simulators.bChanged) {
+            panes.Replace(nSimulator, restore.simulators.result);
+        }
+        outcome.bChanged = restore.discovered.bChanged || restore.simulators.bChanged;
+        outcome.nPane = restore.discovered.bChanged ? nDiscovered : nSimulator;
+        Count(lock, outcome);
+    }
+    Announce(outcome, { SenderPrcList, MessageListChanged });
+    return {};
+}
+
+SFault CProcessorList::FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const
+{
+    SListRestore restore;
+    const Lock lock(mutex);
+    return TryRestore(lock, from, to, restore);
 }
 
 int CProcessorList::GetNodeType(const QUuid& id) const
@@ -241,7 +305,7 @@ bool CProcessorList::IsActive(const QUuid& id) const
 bool CProcessorList::IsInUse(const QUuid& id) const
 {
     const Lock lock(mutex);
-    return !FindUse(lock, id).isEmpty();
+    return !rules.FindUse(id, host.GetProject()).IsNone();
 }
 
 QUuid CProcessorList::FindByName(const QString& strName) const
@@ -250,143 +314,85 @@ QUuid CProcessorList::FindByName(const QString& strName) const
     return panes.FindByName(strName);
 }
 
-void CProcessorList::Refuse(EnMessageSender sender, const QString& strCommand, const QString& strReason)
+void CProcessorList::Refuse(EnMessageSender sender, const SListCommand& command, const SFault& fault)
 {
-    events.Refuse(strCommand + QStringLiteral(" was refused: ") + strReason);
+    const QString strLine = command.strText + QStringLiteral(" was refused: ") + FaultText::Build(fault);
+    events.Refuse(strLine);
     dispatcher.Post(sender, MessageCommandRefused);
+    if (command.origin == OriginUser) {
+        events.ReportRefusal(command, fault, strLine);
+    }
 }
 
-void CProcessorList::Carry(const QString& strCommand, const Command& command)
+void CProcessorList::Carry(const SListCommand& command, const Body& body)
+{
+    Carry(command, body, { SenderPrcList, MessageListChanged });
+}
+
+void CProcessorList::Carry(const SListCommand& command, const Body& body, const SNotice& notice)
 {
     SOutcome outcome;
     {
         const Lock lock(mutex);
-        outcome = host.IsLocked() ? SOutcome{ false, QStringLiteral("the list is locked") } : command(lock);
+        const SListSnapshot before = command.origin == OriginUser ? TakeSnapshot(lock) : SListSnapshot();
+        outcome = host.IsLocked() ? SOutcome{ false, GetLocked() } : body();
         Count(lock, outcome);
+        if (outcome.bChanged) {
+            Append(lock, command, outcome.nNodes, before);
+        }
     }
-    if (!outcome.strRefused.isEmpty()) {
-        Refuse(SenderPrcList, strCommand, outcome.strRefused);
+    if (!outcome.fault.IsNone()) {
+        Refuse(SenderPrcList, command, outcome.fault);
     }
-    Announce(outcome, SenderPrcList, MessageListChanged);
+    Announce(outcome, notice);
 }
 
-void CProcessorList::Announce(const SOutcome& outcome, EnMessageSender sender, int nMessage) const
+void CProcessorList::Announce(const SOutcome& outcome, const SNotice& notice)
 {
     if (outcome.bChanged) {
-        dispatcher.Post(sender, nMessage);
+        dispatcher.Post(notice.sender, notice.nMessage);
     }
     if (outcome.IsEdit() && listenerEdit) {
         listenerEdit();
     }
+    edits.Deliver();
 }
 
 void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 {
     nEdit += outcome.IsEdit() ? 1 : 0;
+    nEdition += outcome.bChanged ? 1 : 0;
 }
 
-CProcessorList::SOutcome CProcessorList::TryAddGroup(const Lock& /*lock*/, SProcessorGroupNode group)
+// The list has been changed and counted.
+void CProcessorList::Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before)
 {
-    const int nPane = bSimulatorPane;
-    group.strName = NameRules::Clean(group.strName);
-    const QString strFault = NameRules::FindFault(group.strName);
-    if (!strFault.isEmpty()) {
-        return { false, strFault };
+    if (command.origin == OriginUser) {
+        edits.Append({ command.command, command.strName, nNodes, before, TakeSnapshot(lock) });
     }
-    if (group.idNode.isNull() || panes.FindPane(group.idNode) >= 0) {
-        return { false, QStringLiteral("its id is empty or taken") };
-    }
-    if (group.setAux.size() > limits.nAux) {
-        return { false, QStringLiteral("it carries too many numbers") };
-    }
-    if (panes.GetTree(nPane).GetRoot().listGroup.size() >= limits.nGroups) {
-        return { false, QStringLiteral("the list has all the groups it can have") };
-    }
-    panes.Edit(nPane).AppendGroup(group);
-    return { true, {}, nPane };
 }
 
-CProcessorList::SOutcome CProcessorList::TryAddProcessor(const Lock& /*lock*/, const SProcessorNode& processor, bool bSimulator)
+SListSnapshot CProcessorList::TakeSnapshot(const Lock& /*lock*/) const
 {
-    if (panes.FindPane(processor.idNode) >= 0) {
-        return { false, QStringLiteral("it is in the list already") };
-    }
-    if (panes.GetTree(bSimulator).GetProcessorCount() >= (bSimulator ? limits.nSimulators : limits.nProcessors)) {
-        return { false, QStringLiteral("the list is full") };
-    }
-    panes.Edit(bSimulator).AppendProcessor(processor);
-    return { true, {}, bSimulator };
+    return { panes.Lend(nDiscovered).GetRoot(), panes.Lend(nSimulator).GetRoot(), nEdition };
 }
 
-CProcessorList::SOutcome CProcessorList::TryRename(const Lock& /*lock*/, const QUuid& id, const QString& strText)
+SFault CProcessorList::TryRestore(const Lock& /*lock*/, const SListSnapshot& from, const SListSnapshot& to,
+                                  SListRestore& restore) const
 {
-    const QString strName = NameRules::Clean(strText);
+    if (host.IsLocked()) {
+        return GetLocked();
+    }
+    restore.discovered
+        = PaneMerge::Merge(from.discovered, to.discovered, panes.GetTree(nDiscovered).GetRoot(), restore.hashHeard);
+    restore.simulators = PaneMerge::Merge(from.simulators, to.simulators, panes.GetTree(nSimulator).GetRoot(), restore.hashHeard);
+    return RestoreRules::FindFault(restore, panes, rules.GetLimits(), host.GetProject());
+}
+
+// Empty for one that is gone.
+QString CProcessorList::FindName(const QUuid& id) const
+{
+    const Lock lock(mutex);
     const int nPane = panes.FindPane(id);
-    if (nPane < 0) {
-        return { false, GetGone() };
-    }
-    if (strName == panes.GetTree(nPane).GetName(id)) {
-        return {};
-    }
-    const QString strFault = NameRules::FindFault(strName);
-    if (!strFault.isEmpty()) {
-        return { false, strFault };
-    }
-    panes.Edit(nPane).SetName(id, strName);
-    return { true, {}, nPane };
-}
-
-CProcessorList::SOutcome CProcessorList::TryMove(const Lock& /*lock*/, const QUuid& id, const QUuid& idGroup)
-{
-    const int nPane = panes.FindPane(id);
-    const std::optional<SNodePlace> place = panes.FindPlace(nPane, id);
-    if (!place) {
-        return { false, GetGone() };
-    }
-    const int nGroup = idGroup.isNull() ? -1 : panes.GetTree(nPane).FindGroup(idGroup);
-    if (nGroup < 0 && !idGroup.isNull()) {
-        return { false, QStringLiteral("the group is not in its pane") };
-    }
-    return { panes.Edit(nPane).MoveProcessor(*place, nGroup), {}, nPane };
-}
-
-CProcessorList::SOutcome CProcessorList::TryRemoveProcessor(const Lock& lock, const QUuid& id, bool& bGone)
-{
-    const int nPane = panes.FindPane(id);
-    const std::optional<SNodePlace> place = panes.FindPlace(nPane, id);
-    const QString strFault = place ? FindUse(lock, id) : QString();
-    bGone = strFault.isEmpty();
-    if (!place || !bGone) {
-        return { false, strFault };
-    }
-    panes.Edit(nPane).TakeProcessor(*place);
-    panes.PruneSelection(nPane);
-    return { true, {}, nPane };
-}
-
-CProcessorList::SOutcome CProcessorList::TryRemoveGroup(const Lock& lock, const QUuid& id, bool bWithProcessors,
-                                                        QList<SProcessorNode>& listGone)
-{
-    const int nPane = panes.FindPane(id);
-    const int nGroup = nPane < 0 ? -1 : panes.GetTree(nPane).FindGroup(id);
-    if (nGroup < 0) {
-        return {};
-    }
-    const QString strFault = bWithProcessors ? FindUse(lock, id) : QString();
-    if (!strFault.isEmpty()) {
-        return { false, strFault };
-    }
-    if (bWithProcessors) {
-        listGone = panes.GetTree(nPane).GetGroup(nGroup).listProcessor;
-    }
-    panes.Edit(nPane).RemoveGroup(nGroup, bWithProcessors);
-    panes.PruneSelection(nPane);
-    return { true, {}, nPane };
-}
-
-// Why the node cannot go: it is in use. Empty when it can.
-QString CProcessorList::FindUse(const Lock& /*lock*/, const QUuid& id) const
-{
-    const SProcessorNode* pProcessor = panes.FindRunning(id, host.GetProject());
-    return pProcessor ? QStringLiteral("\"%1\" is in use, it runs the open project").arg(pProcessor->strName) : QString();
+    return nPane < 0 ? QString() : panes.GetTree(nPane).GetName(id);
 }

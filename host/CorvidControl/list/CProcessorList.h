@@ -1,8 +1,10 @@
 #pragma once
 
-#include "CorvidControl/list/CPanes.h"
+#include "CorvidControl/list/CListEdits.h"
+#include "CorvidControl/list/CListRules.h"
+#include "CorvidControl/list/SListCommand.h"
 #include "CorvidControl/list/SListEdition.h"
-#include "CorvidControl/list/SListLimits.h"
+#include "CorvidControl/list/SListRestore.h"
 #include "CorvidControl/messages/EnMessageSender.h"
 
 #include <atomic>
@@ -17,7 +19,9 @@ class CMessageDispatcher;
 /// The list: both panes with their selections, and the rules about who may change what. Nothing here
 /// blocks. Every change is followed by a message. A command that is refused changes nothing, writes one line
 /// into the log and is followed by a message too; a locked list refuses all but folding, selecting,
-/// reports, SetChief and ReplaceList. All operations may be called on any thread.
+/// reports, SetChief and ReplaceList. What a command of the user has changed is reported as an edit, what it was
+/// refused for as a refusal. Each operation is one step under one mutex: of two at a time one finds the list as the other
+/// has left it. All operations may be called on any thread.
 class CProcessorList
 {
 public:
@@ -38,13 +42,14 @@ public:
     /// The same for the life of the list.
     const SListLimits& GetLimits() const
     {
-        return limits;
+        return rules.GetLimits();
     }
 
     /// A copy, cheap, which nobody writes; true for the Simulator pane. So are those below.
     SProcessorAllNode GetTree(bool bSimulator) const;
     CNodeTree CopyTree(bool bSimulator) const;            ///< as GetTree, with what can be asked of it
     SListEdition GetEdition() const;                      ///< of the Discovered list
+    SListSnapshot GetSnapshot() const;                    ///< of both panes
     SProcessorGroupNode CopyGroup(const QUuid& id) const; ///< of either pane; empty when it is gone
 
     /// Takes no lock: it is called with other locks held.
@@ -64,13 +69,13 @@ public:
 
     /// To the current pane, empty: the processors in its record are not taken. Refused for a bad name, an empty
     /// or taken id, too many numbers or groups.
-    void AddGroup(SProcessorGroupNode group);
+    void AddGroup(SProcessorGroupNode group, EnOrigin origin = OriginUser);
 
     /// A processor or a group of either pane; the name it has is no change. Refused for a bad name or an id that is gone.
-    void RenameNode(const QUuid& id, const QString& strName);
+    void RenameNode(const QUuid& id, const QString& strName, EnOrigin origin = OriginUser);
 
     /// To the end of a group of its pane, or of the root for a null idGroup; a Chief loses its mark.
-    void MoveProcessor(const QUuid& id, const QUuid& idGroup);
+    void MoveProcessor(const QUuid& id, const QUuid& idGroup, EnOrigin origin = OriginUser);
 
     /// A null id stands for the root of the current pane. One that is gone changes nothing.
     void SetExpanded(const QUuid& id, bool bExpanded);
@@ -78,74 +83,85 @@ public:
     /// Null for no Chief. Not refused by a lock: it is the host's to say. A group that is gone changes nothing.
     void SetChief(const QUuid& idGroup, const QUuid& idChief);
 
-    /// Why a processor, or a group with its processors, may not be deleted, in a few words; empty when it may, or
-    /// when it is not there.
-    QString FindDeleteFault(const QUuid& id) const;
+    /// As SetChief, but a command of the user. Refused for a group or a member that is not there.
+    void ChooseChief(const QUuid& idGroup, const QUuid& idChief);
+
+    /// Why a processor, or a group with its processors, may not be deleted; none when it may, or when it is not there.
+    SFault FindDeleteFault(const QUuid& id) const;
 
     /// True when it is gone, also before; false when it was refused.
-    bool RemoveProcessor(const QUuid& id);
+    bool RemoveProcessor(const QUuid& id, EnOrigin origin = OriginUser);
 
     /// Returns the processors that went with the group, for the network to forget. Without them they move to the
     /// end of the root.
-    QList<SProcessorNode> RemoveGroup(const QUuid& id, bool bWithProcessors);
+    QList<SProcessorNode> RemoveGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin = OriginUser);
 
-    /// Why the Discovered list cannot take a processor at nIP (host order), in a few words; empty when it can.
-    QString FindAddFault(quint32 nIP) const;
+    /// Why the Discovered list cannot take a processor at nIP (host order); none when it can.
+    SFault FindAddFault(quint32 nIP) const;
 
     /// To the end of the root of a pane, mended to fit a list file. False when it was refused.
-    bool AddProcessor(const SProcessorNode& device, bool bSimulator);
+    bool AddProcessor(const SProcessorNode& device, bool bSimulator, EnOrigin origin = OriginUser);
+
+    /// At least one: all of them to the end of the root of the Simulator pane, or none. False when it was refused.
+    bool AddSimulators(const QList<SProcessorNode>& listSimulator, EnOrigin origin = OriginUser);
 
     /// What a device reports: online state, role and project. A device that is not listed is ignored.
     void ApplyReport(const SProcessorNode& report);
 
-    /// Replaces the Discovered list by that of a file, which must fit the limits. Returns the number of its edition.
-    quint64 ReplaceList(const SProcessorAllNode& node);
+    /// Replaces the Discovered list by that of a file, which must fit the limits. Returns the number of its edition. May be
+    /// called with a lock held: what a command of the user has changed so is reported by ReportEdits.
+    quint64 ReplaceList(const SProcessorAllNode& node, const SListCommand& command = { CommandImport, {}, {}, OriginLibrary });
+
+    /// Reports the edits that wait. Without a lock.
+    void ReportEdits();
+
+    /// Takes back or makes again what lies between two snapshots, in both panes, by PaneMerge: all or nothing. restore
+    /// has what is heard of processors that come back, and then what came and went. What it returns was refused.
+    SFault Restore(const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore);
+
+    /// What Restore would refuse now.
+    SFault FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const;
 
     int GetNodeType(const QUuid& id) const;         ///< EnNodeType; NodeAll for a null id, 0 when it is gone
     bool IsActive(const QUuid& id) const;           ///< its device answers; a group is always active
     bool IsInUse(const QUuid& id) const;            ///< it, or a member of it, answers and runs the open project
     QUuid FindByName(const QString& strName) const; ///< in the Discovered pane first; null without one
 
-    /// Logs a command that was refused elsewhere, and sends MessageCommandRefused for it.
-    void Refuse(EnMessageSender sender, const QString& strCommand, const QString& strReason);
+    /// Logs a command that was refused elsewhere, reports it, and sends MessageCommandRefused for it.
+    void Refuse(EnMessageSender sender, const SListCommand& command, const SFault& fault);
 
 private:
     using Lock = std::lock_guard<std::mutex>; ///< whoever takes one as a parameter works under it
+    using Body = std::function<SOutcome()>;
 
-    struct SOutcome
+    /// What follows a change.
+    struct SNotice
     {
-        bool bChanged = false;
-        QString strRefused;
-        int nPane = 0; ///< that was changed
-
-        /// Simulators are in no file: of them there is nothing to save.
-        bool IsEdit() const
-        {
-            return bChanged && nPane == CPanes::nDiscovered;
-        }
+        EnMessageSender sender;
+        int nMessage;
     };
-    using Command = std::function<SOutcome(const Lock& lock)>;
 
-    void Carry(const QString& strCommand, const Command& command);
+    bool Add(const SListCommand& command, int nPane, const QList<SProcessorNode>& listProcessor);
+    void Carry(const SListCommand& command, const Body& body);
+    void Carry(const SListCommand& command, const Body& body, const SNotice& notice);
+    void Announce(const SOutcome& outcome, const SNotice& notice);
     void Count(const Lock& lock, const SOutcome& outcome);
-    void Announce(const SOutcome& outcome, EnMessageSender sender, int nMessage) const;
-    SOutcome TryAddGroup(const Lock& lock, SProcessorGroupNode group);
-    SOutcome TryAddProcessor(const Lock& lock, const SProcessorNode& processor, bool bSimulator);
-    SOutcome TryRename(const Lock& lock, const QUuid& id, const QString& strText);
-    SOutcome TryMove(const Lock& lock, const QUuid& id, const QUuid& idGroup);
-    SOutcome TryRemoveProcessor(const Lock& lock, const QUuid& id, bool& bGone);
-    SOutcome TryRemoveGroup(const Lock& lock, const QUuid& id, bool bWithProcessors, QList<SProcessorNode>& listGone);
-    QString FindUse(const Lock& lock, const QUuid& id) const;
+    void Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before);
+    SListSnapshot TakeSnapshot(const Lock& lock) const;
+    SFault TryRestore(const Lock& lock, const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore) const;
+    QString FindName(const QUuid& id) const;
 
     CMessageDispatcher& dispatcher;
     CHostEvents& events;
     const CHostState& host;
-    const SListLimits limits;
     std::function<void()> listenerEdit; ///< never replaced once it is set
+    CListEdits edits;
 
     std::atomic<bool> bSimulatorPane{ false };
 
     mutable std::mutex mutex; ///< guards all below
     CPanes panes;
-    quint64 nEdit = 0; ///< how often the Discovered list was changed but by reports of devices
+    CListRules rules;
+    quint64 nEdit = 0;    ///< how often the Discovered list was changed but by reports of devices
+    quint64 nEdition = 0; ///< how often either pane was but by reports and folding
 };

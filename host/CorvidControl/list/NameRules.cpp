@@ -1,5 +1,7 @@
 #include "CorvidControl/list/NameRules.h"
 
+#include "CorvidControl/list/FaultText.h"
+
 #include <QVector>
 
 #include <algorithm>
@@ -66,30 +68,35 @@ bool IsNothingSeen(const QString& strName)
 
 } // namespace
 
-QString NameRules::FindFault(const QString& strName)
+SFault NameRules::FindReason(const QString& strName)
 {
     if (strName.trimmed().isEmpty()) {
-        return QStringLiteral("a name must not be empty");
+        return { ReasonNameEmpty, {} };
     }
     if (!IsCleanText(strName) || std::any_of(strName.cbegin(), strName.cend(), IsLineEnd)) {
-        return QStringLiteral("a name must be text without control characters");
+        return { ReasonNameControl, {} };
     }
     if (strName != strName.trimmed()) {
-        return QStringLiteral("a name must not begin or end with a blank");
+        return { ReasonNameBlanks, {} };
     }
     if (IsNothingSeen(strName)) {
-        return QStringLiteral("a name must not be invisible");
+        return { ReasonNameInvisible, {} };
     }
     if (std::any_of(strName.cbegin(), strName.cend(), IsBidiControl)) {
-        return QStringLiteral("a name must not turn the direction of the text around");
+        return { ReasonNameDirection, {} };
     }
     if (std::any_of(strName.cbegin(), strName.cend(), IsRefused)) {
-        return QStringLiteral("a name must not hold any of %1").arg(GetRefused());
+        return { ReasonNameCharacters, GetRefused() };
     }
     if (strName.toUtf8().size() > nMaxBytes) {
-        return QStringLiteral("a name must have at most %1 bytes of UTF-8").arg(nMaxBytes);
+        return { ReasonNameLength, QString::number(nMaxBytes) };
     }
     return {};
+}
+
+QString NameRules::FindFault(const QString& strName)
+{
+    return FaultText::Build(FindReason(strName));
 }
 
 QString NameRules::Clean(const QString& strName)

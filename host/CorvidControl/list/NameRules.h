@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "CorvidControl/list/SFault.h"
 
 /// What the library takes as the name of a node. The panel's editor knows the same rules; the library
 /// does not rely on it. For any thread.
@@ -9,7 +9,10 @@ namespace NameRules {
 constexpr int nMaxBytes = 64;      ///< of a name, in UTF-8
 constexpr int nMaxTextBytes = 256; ///< of any other text, in UTF-8
 
-/// Why strName is refused, in a few words; empty when it is a good name.
+/// Why strName is refused; none when it is a good name.
+SFault FindReason(const QString& strName);
+
+/// The same in a few words; empty when it is a good name.
 QString FindFault(const QString& strName);
 
 /// strName as a command means it: line ends and control characters are blanks, the ends are trimmed.

@@ -1,5 +1,6 @@
 #include "CorvidControl/objects/CControlHost.h"
 
+#include "CorvidControl/list/FaultText.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CControlLibrary.h"
 #include "interfaces/control/CorvidControl.h"
@@ -27,6 +28,8 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn) : pLibra
     connect(pEvents, &CHostEvents::StateChanged, this, &CControlHost::StateChanged, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LogLine, this, &CControlHost::LogLine, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::LifeStep, this, &CControlHost::LifeStep, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::ListEdited, this, &CControlHost::ListEdited, Qt::DirectConnection);
+    connect(pEvents, &CHostEvents::CommandRefused, this, &CControlHost::CommandRefused, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::ScenarioFinished, this, &CControlHost::ScenarioFinished, Qt::DirectConnection);
 }
 
@@ -124,50 +127,52 @@ bool CControlHost::IsRefreshBlocked() const
 
 void CControlHost::SetChief(const QUuid& idGroup, const QUuid& idChief)
 {
-    pLibrary->processors.SetChief(idGroup, idChief);
+    pLibrary->processors.ChooseChief(idGroup, idChief);
 }
 
 bool CControlHost::CanRestore() const
 {
-    return false;
+    return true;
 }
 
 SListSnapshot CControlHost::GetSnapshot() const
 {
-    return { pLibrary->processors.GetTree(false), pLibrary->processors.GetTree(true) };
+    return pLibrary->processors.GetSnapshot();
 }
 
-SRefusal CControlHost::FindRestoreFault(const SListSnapshot&, const SListSnapshot&) const
+SRefusal CControlHost::FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const
 {
-    SRefusal refusal;
-    refusal.command = CommandRestore;
-    refusal.reason = ReasonNotSupported;
-    return refusal;
+    const SFault fault = pLibrary->history.FindFault(from, to);
+    return { CommandRestore, {}, fault.reason, fault.strDetail, FaultText::Build(fault) };
 }
 
-bool CControlHost::RestoreList(const SListSnapshot&, const SListSnapshot&)
+bool CControlHost::RestoreList(const SListSnapshot& from, const SListSnapshot& to)
 {
-    return false;
+    return pLibrary->history.Restore(from, to);
 }
 
 QList<SEarlierList> CControlHost::GetEarlierLists() const
 {
-    return {};
+    return pLibrary->store.FindEarlier();
 }
 
-bool CControlHost::TakeEarlierList(const QString&)
+bool CControlHost::TakeEarlierList(const QString& strPath)
 {
-    return false;
+    bool bDone = false;
+    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.TakeEarlier(strPath); });
+    return bDone;
 }
 
 SRefusedList CControlHost::PreviewRefusedList() const
 {
-    return {};
+    return pLibrary->store.PreviewRefused();
 }
 
 bool CControlHost::UseRefusedList()
 {
-    return false;
+    bool bDone = false;
+    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.UseRefused(); });
+    return bDone;
 }
 
 bool CControlHost::IsBusy() const

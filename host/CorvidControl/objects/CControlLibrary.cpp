@@ -34,8 +34,8 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
       processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()),
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
-      commands(processors, jobs, network), store(processors, events, FindListFile(options.strListFile)),
-      keeper([this] { return store.SaveSoon(); }),
+      commands(processors, jobs, network), history(processors, jobs, network, commands),
+      store(processors, events, FindListFile(options.strListFile)), keeper([this] { return store.SaveSoon(); }),
       deletions(processors, jobs, [this](const SListEdition& edition) { store.KeepEarlier(edition); }),
       scenario(options.strScenarioFile.isEmpty() ? CScenario() : CScenario::ReadFile(options.strScenarioFile)),
       runner(processors, host, commands, network, options.nSeed), life(processors, runner, events), config(store.GetPath()),
@@ -70,7 +70,13 @@ void CControlLibrary::Connect()
     commands.SetDeletionListener([this](int nNodes) { deletions.BeforeDeletion(nNodes); });
     QObject::connect(&jobs, &CJobs::BusyChanged, &events, &CHostEvents::BusyChanged, Qt::DirectConnection);
     QObject::connect(&jobs, &CJobs::JobsChanged, &events, &CHostEvents::JobsChanged, Qt::DirectConnection);
-    QObject::connect(&events, &CHostEvents::BusyChanged, &events, [this] { deletions.EndJob(); }, Qt::DirectConnection);
+    QObject::connect(&events, &CHostEvents::BusyChanged, &events, [this] { EndJob(); }, Qt::DirectConnection);
+}
+
+void CControlLibrary::EndJob()
+{
+    deletions.EndJob();
+    commands.EndJob();
 }
 
 void CControlLibrary::StartLife()

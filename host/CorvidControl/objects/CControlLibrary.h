@@ -12,6 +12,7 @@
 #include "CorvidControl/objects/CConfigControl.h"
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
+#include "CorvidControl/objects/CListHistory.h"
 #include "CorvidControl/objects/CPrcBasicControl.h"
 #include "CorvidControl/objects/CPrcListControl.h"
 #include "CorvidControl/objects/CPrcRuntimeControl.h"
@@ -45,6 +46,7 @@ public:
     CJobs jobs;
     CSimulatedNetwork network;
     CDeviceCommands commands;
+    CListHistory history;
     CListStore store;
     CListKeeper keeper;
     CDeletionWatch deletions;
@@ -54,6 +56,7 @@ public:
 
 private:
     void Connect();
+    void EndJob();
     void Publish();
     static void Withdraw();
 

@@ -1,6 +1,8 @@
 #include "CorvidControl/objects/CHostEvents.h"
 
 #include "CorvidControl/list/NameRules.h"
+#include "CorvidControl/list/SFault.h"
+#include "CorvidControl/list/SListCommand.h"
 
 #include <QLoggingCategory>
 
@@ -22,4 +24,9 @@ void CHostEvents::Warn(const QString& strText)
     const QString strLine = NameRules::GetLine(strText);
     qCWarning(logControl, "%ls", qUtf16Printable(strLine));
     emit LogLine(strLine);
+}
+
+void CHostEvents::ReportRefusal(const SListCommand& command, const SFault& fault, const QString& strLine)
+{
+    emit CommandRefused({ command.command, command.strName, fault.reason, fault.strDetail, NameRules::GetLine(strLine) });
 }

@@ -17,8 +17,8 @@ public:
     /// Blocks for SControlOptions::nScanMs. Refused while the list is locked or refresh is blocked.
     void RefreshProcessors() override;
 
-    /// Never blocks. Refused as a whole for an unknown type or output, or where more than two would exist; one by one,
-    /// with a line each, while the list is locked.
+    /// Never blocks. Refused as a whole for an unknown type or output, where more than two would exist, and while the
+    /// list is locked.
     void AddSimulators(SSimulatorRequest request) override;
 
     /// Blocks for nAnswerMs, or nTimeoutMs where nothing answers. Refused for a reserved or taken address

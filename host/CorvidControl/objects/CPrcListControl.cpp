@@ -16,15 +16,11 @@ qint32 CPrcListControl::ExportList(QString strPath, qint32 /*nOption*/)
 
 qint32 CPrcListControl::ImportList(QString strPath)
 {
-    QList<QUuid> listBefore;
-    const QList<SProcessorNode> listProcessor = processors.CopyTree(false).GetProcessors();
-    for (const SProcessorNode& processor : listProcessor) {
-        listBefore.append(processor.idNode);
-    }
-    const CListStore::EnImportResult result = store.Import(strPath);
-    if (result == CListStore::ImportDone) {
-        commands.FollowList(listBefore);
-    }
+    CListStore::EnImportResult result = CListStore::ImportDone;
+    commands.FollowReplacement([&] {
+        result = store.Import(strPath);
+        return result == CListStore::ImportDone;
+    });
     return result;
 }
 
