@@ -47,8 +47,12 @@ public:
     /// Drags the rows onto another and drops them there.
     void Drop(const QStringList& listName, const QString& strTarget) const;
 
-    /// By the words that it begins with, without mnemonics; fails the test when there is none.
+    /// The window is active and the tree of the pane has the focus, as after a click.
+    void Focus();
+
+    /// An entry of the menus by the words that it begins with, without mnemonics; fails the test when there is none.
     QAction* Action(const QString& strBegin) const;
+    bool IsOn(const QString& strBegin) const; ///< whether there is one and it is enabled
 
     /// The label of the status bar that is shown and has this object name and text that begins so; null else.
     QLabel* Label(const QString& strObject, const QString& strBegin) const;
@@ -69,5 +73,6 @@ public:
     std::unique_ptr<ICorvidWidget> pPanel;
 
 private:
+    QAction* Find(const QString& strBegin) const;
     std::unique_ptr<CControlHost> Start() const;
 };

@@ -5,6 +5,7 @@
 #include "TestMain.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -22,7 +23,7 @@ void Search(const CPanelWindow& kestrel, const QString& strText)
     QWidget* pPanel = kestrel.pPanel->GetWidget();
     QLineEdit* pEdit = PanelAccess::FindSearchEdit(pPanel);
     if (!pEdit->isVisible()) {
-        PanelAccess::FindButton(pPanel, QStringLiteral("Search"))->click();
+        PanelAccess::FindAction(pPanel, "CProcessorTreeToolBar", "Search")->trigger();
     }
     PanelAccess::TypeText(pEdit, strText);
 }
