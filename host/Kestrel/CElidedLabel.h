@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// One line of plain text that is elided in its middle where it does not fit. text() and screen readers have
-/// all of it.
+/// One line of plain text that is elided where it does not fit, in its middle unless told otherwise. text() and screen readers
+/// have all of it.
 class CElidedLabel : public QLabel
 {
     Q_OBJECT
@@ -14,6 +14,9 @@ public:
     /// How many characters of average width have room at least; 24 unless this is called.
     void SetLeastCharacters(int nCharacters);
 
+    /// Where it is elided.
+    void SetElideMode(Qt::TextElideMode modeNew);
+
     /// Room for the beginning of the text.
     QSize minimumSizeHint() const override;
 
@@ -22,4 +25,5 @@ protected:
 
 private:
     int nLeastCharacters = 24;
+    Qt::TextElideMode mode = Qt::ElideMiddle;
 };

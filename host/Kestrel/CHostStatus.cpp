@@ -109,6 +109,7 @@ CElidedLabel* CHostStatus::MakeCount()
     pLabel->setObjectName(QStringLiteral("CountBadge"));
     pLabel->setTextFormat(Qt::PlainText);
     pLabel->SetLeastCharacters(nLeastCountCharacters);
+    pLabel->SetElideMode(Qt::ElideRight); // the number comes first
     return pLabel;
 }
 

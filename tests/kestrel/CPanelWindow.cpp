@@ -118,6 +118,13 @@ void CPanelWindow::Select(const QStringList& listName) const
     }
 }
 
+void CPanelWindow::AndShown(const std::function<void()>& fnCommand) const
+{
+    const QSignalSpy spyRows(Tree()->model(), &QAbstractItemModel::rowsInserted);
+    fnCommand();
+    QTRY_VERIFY(!spyRows.isEmpty());
+}
+
 void CPanelWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
     QTest::keyClick(window.windowHandle(), key, modifiers);

@@ -12,6 +12,7 @@
 
 #include <QTemporaryDir>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -34,6 +35,9 @@ public:
 
     /// Clicks the rows of these names, with Control held from the second on.
     void Select(const QStringList& listName) const;
+
+    /// Runs a command and waits until the panel shows another list.
+    void AndShown(const std::function<void()>& fnCommand) const;
 
     /// A key to whatever has the focus.
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;

@@ -151,6 +151,7 @@ private slots:
             QVERIFY(std::any_of(listLabel.begin(), listLabel.end(), [](const QLabel* pLabel) {
                 return pLabel->text() == "Take back an earlier list: the list is locked";
             }));
+            QVERIFY(Table(pDialog)->hasFocus());
             CDialogDriver::Press(pDialog, "DialogReject");
         });
         scene.Open();

@@ -218,9 +218,9 @@ private slots:
         CPanelWindow kestrel;
         QStringList listText{ CPanelWindow::ListText() };
         const auto note = [&] { listText.append(CPanelWindow::ListText()); };
-        Rename(kestrel, "Door 1", "Gate");
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         note();
-        kestrel.Drop({ "Door 2", "Door 3" }, "Main stage");
+        kestrel.AndShown([&] { kestrel.Drop({ "Door 2" }, "Main stage"); });
         note();
         kestrel.Choose({ "Main stage" }, { "Ungroup" });
         note();
@@ -236,7 +236,7 @@ private slots:
     void whatIsNoCommandStays()
     {
         CPanelWindow kestrel;
-        Rename(kestrel, "Door 1", "Gate");
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
         kestrel.pHost->SetChiefMode(true);
         kestrel.Tree()->collapse(kestrel.Row("Main stage"));
@@ -285,7 +285,7 @@ private slots:
     void anOpenEditorKeepsTheKeysForItself()
     {
         CPanelWindow kestrel;
-        Rename(kestrel, "Door 1", "Gate");
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
         const QString strAfter = CPanelWindow::ListText();
         kestrel.Select({ "Door 2" });
@@ -309,8 +309,8 @@ private slots:
     void theSearchBoxKeepsTheKeysForItself()
     {
         CPanelWindow kestrel;
-        Rename(kestrel, "Door 1", "Gate");
-        Rename(kestrel, "Door 2", "Bar");
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
+        kestrel.AndShown([&] { Rename(kestrel, "Door 2", "Bar"); });
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
         QTRY_VERIFY(kestrel.IsOn("Redo: Rename to Bar"));
         const QString strAfter = CPanelWindow::ListText();
@@ -369,7 +369,7 @@ private slots:
     void theChiefIsThatOfTheSelectedProcessor()
     {
         CPanelWindow kestrel;
-        ToggleChief(kestrel);
+        kestrel.AndShown([&] { ToggleChief(kestrel); });
         QVERIFY(CPanelWindow::ListText().contains("Main stage (Chief)"));
         QAction* pChief = kestrel.Action("Chief of its group");
         auto* pMenu = qobject_cast<QMenu*>(pChief->associatedWidgets().value(0));

@@ -17,6 +17,7 @@ namespace {
 constexpr int nMargin = 16;
 constexpr int nSpacing = 8;
 constexpr QSize sizeLeast(440, 320);
+constexpr int nRowHeight = 24;
 constexpr int nRolePath = Qt::UserRole + 1;
 
 enum EnColumn
@@ -107,6 +108,7 @@ void CEarlierLists::Show(const QList<SEarlierList>& listEarlier)
 void CEarlierLists::Add(const SEarlierList& earlier)
 {
     auto* pItem = new QTreeWidgetItem(pTable);
+    pItem->setSizeHint(ColumnDate, QSize(0, nRowHeight));
     pItem->setText(ColumnDate, GetDateText(earlier.date));
     pItem->setData(ColumnDate, nRolePath, earlier.strPath);
     pItem->setTextAlignment(ColumnGroups, Qt::AlignRight | Qt::AlignVCenter);
@@ -128,6 +130,8 @@ void CEarlierLists::Finish(bool bTaken)
     UpdateState();
     if (bTaken) {
         CBaseDialog::accept();
+    } else {
+        pTable->setFocus(); // it was disabled meanwhile
     }
 }
 
