@@ -144,6 +144,53 @@ private slots:
         scan.join();
     }
 
+    void aScanSaysHowManyDevicesItHasAsked()
+    {
+        pFixture->options.nUnlistedDevices = 6;
+        pFixture->Start(Root({}, { Processor("alpha"), Processor("beta") }));
+        const QVector<SRunningJob> vecJob = RecordProgress([] { g_pPrcBasicControl->RefreshProcessors(); });
+        QVERIFY(vecJob.size() > 3);
+        for (int n = 0; n < vecJob.size(); ++n) {
+            QCOMPARE(vecJob.at(n).strJob, QString("Scanning the network"));
+            QCOMPARE(vecJob.at(n).nAll, 8);
+            QVERIFY(n == 0 || vecJob.at(n).nDone >= vecJob.at(n - 1).nDone);
+        }
+        QCOMPARE(vecJob.last().nDone, 8);
+    }
+
+    void aJobOfDeletionsSaysHowManyItHasDeleted()
+    {
+        pFixture->Start(Root({}, { Processor("alpha"), Processor("beta"), Processor("gamma") }));
+        const auto remove = [](const QString& strName) { g_pPrcListControl->DeleteProcessor(ProcessorId(strName), false); };
+        g_pRuntimeControl->SetBusy(true);
+        remove("alpha");
+        const SRunningJob job = RecordProgress([&] { remove("beta"); }).last();
+        QCOMPARE(job.nDone, 2);
+        QCOMPARE(job.nAll, 0);
+        g_pRuntimeControl->SetBusy(false);
+        QCOMPARE(RecordProgress([&] { remove("gamma"); }).last().nDone, 1);
+    }
+
+    void aGroupThatIsDeletedSaysOfHowMany()
+    {
+        pFixture->Start(Root({ Group("Stage", { Processor("alpha"), Processor("beta") }) }));
+        const QVector<SRunningJob> vecJob = RecordProgress([] { g_pPrcListControl->DeleteGroup(GroupId("Stage"), true); });
+        QCOMPARE(vecJob.first().nDone, 0);
+        QCOMPARE(vecJob.last().nDone, 3);
+        QCOMPARE(vecJob.last().nAll, 3);
+    }
+
+    void aProcessorThatIsAddedIsNoneOfOne()
+    {
+        pFixture->Start();
+        const QVector<SRunningJob> vecJob = RecordProgress([] { g_pPrcBasicControl->AddProcessor(0xC0A8010A); });
+        QCOMPARE(vecJob.size(), 1);
+        QCOMPARE(vecJob.first().nDone, 0);
+        QCOMPARE(vecJob.first().nAll, 1);
+        QVERIFY(vecJob.first().timeSince.isValid());
+        QVERIFY(pFixture->pHost->GetJobProgress().isEmpty());
+    }
+
     void anAddressThatAnswersIsAddedToTheRoot()
     {
         pFixture->Start(Root({ Group("Stage") }));
@@ -331,6 +378,18 @@ private slots:
     }
 
 private:
+    // The first job that runs, each time that it got further.
+    QVector<SRunningJob> RecordProgress(const std::function<void()>& command)
+    {
+        QVector<SRunningJob> vecJob;
+        QObject context;
+        connect(
+            pFixture->pHost.get(), &CControlHost::JobProgressed, &context,
+            [&](const QVector<SRunningJob>& vecNow) { vecJob.append(vecNow.first()); }, Qt::DirectConnection);
+        command();
+        return vecJob;
+    }
+
     void StartSlow()
     {
         pFixture->options.nScanMs = pFixture->options.nAnswerMs = pFixture->options.nReleaseMs = 250;

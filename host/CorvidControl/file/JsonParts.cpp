@@ -14,7 +14,7 @@ constexpr int nMaxParts = 65536;
 class CScanner
 {
 public:
-    explicit CScanner(const QByteArray& textIn) : text(textIn) { }
+    CScanner(const QByteArray& textIn, const QStringList& listArrayIn) : text(textIn), listArray(listArrayIn) { }
 
     SJsonPart ReadFirst()
     {
@@ -34,6 +34,8 @@ private:
     QByteArray ReadToken();
     bool ReadScalar(QJsonArray& array);
     void SkipBlanks();
+    bool HoldsObjects(const QString& strKey) const;
+    bool IsLast() const;
 
     bool IsEnd() const
     {
@@ -41,6 +43,7 @@ private:
     }
 
     const QByteArray text;
+    const QStringList listArray;
     int nAt = 0;
     int nParts = 0;
 };
@@ -53,16 +56,17 @@ void CScanner::ReadObject(SJsonPart& part, int nDepth)
         const bool bRoot = nDepth == 1;
         if (ch == '"') {
             strLost = ReadEntry(part, nDepth);
-        } else if (ch == '}') {
+        } else if (ch == '}' && (!bRoot || IsLast())) {
             ++nAt;
             part.bWhole = true;
             return;
-        } else if (ch == '{' && (bRoot || !strLost.isEmpty())) {
+        } else if (ch == '{' && (bRoot || listArray.contains(strLost))) {
             ReadArray(part, strLost, nDepth); // the beginning of the array is gone
-        } else if (ch == '{' || (ch == ']' && !bRoot)) {
+        } else if ((ch == '{' && strLost.isEmpty()) || (ch == ']' && !bRoot)) {
             return; // its end is gone: this is the next one's, or the array's
         } else {
             ++nAt;
+            strLost.clear();
         }
     }
 }
@@ -88,12 +92,15 @@ QString CScanner::ReadEntry(SJsonPart& part, int nDepth)
     if (!ReadScalar(array)) {
         return strKey;
     }
-    part.object.insert(strKey, array.first());
+    if (!part.object.contains(strKey)) {
+        part.object.insert(strKey, array.first());
+    }
     return {};
 }
 
 void CScanner::ReadArray(SJsonPart& part, const QString& strKey, int nDepth)
 {
+    const bool bObjects = HoldsObjects(strKey);
     QJsonArray array;
     for (SkipBlanks(); !IsEnd(); SkipBlanks()) {
         const char ch = text.at(nAt);
@@ -104,7 +111,7 @@ void CScanner::ReadArray(SJsonPart& part, const QString& strKey, int nDepth)
         if (ch == '}' || ch == ':') {
             break; // the end of the array is gone
         }
-        if (ch == '{' && nDepth < nMaxDepth && nParts < nMaxParts) {
+        if (ch == '{' && bObjects && nDepth < nMaxDepth && nParts < nMaxParts) {
             ++nAt;
             ++nParts;
             SJsonPart partNew;
@@ -156,9 +163,26 @@ void CScanner::SkipBlanks()
     }
 }
 
+// Those of a key that is damaged too: their first stands on a line of its own.
+bool CScanner::HoldsObjects(const QString& strKey) const
+{
+    int nNext = nAt;
+    while (nNext < text.size() && (text.at(nNext) == ' ' || text.at(nNext) == '\n')) {
+        ++nNext;
+    }
+    const bool bOwnLine = !IsEnd() && text.at(nAt) == '\n' && nNext < text.size() && text.at(nNext) == '{';
+    return strKey.isEmpty() || bOwnLine || listArray.contains(strKey);
+}
+
+// True when nothing but blanks follows this sign.
+bool CScanner::IsLast() const
+{
+    return text.mid(nAt + 1).trimmed().isEmpty();
+}
+
 } // namespace
 
-SJsonPart JsonParts::Read(const QByteArray& text)
+SJsonPart JsonParts::Read(const QByteArray& text, const QStringList& listArray)
 {
-    return CScanner(text).ReadFirst();
+    return CScanner(text, listArray).ReadFirst();
 }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QStringList>
 #include <QVector>
 
 /// One object of a damaged JSON text, with the objects in it.
@@ -18,7 +19,7 @@ struct SJsonPart
 namespace JsonParts {
 
 /// The first object of the text with all that can be read of it; accepts any bytes, in bounded memory. What does not belong
-/// to an object is passed over.
-SJsonPart Read(const QByteArray& text);
+/// to an object is passed over. listArray: the keys whose arrays hold objects.
+SJsonPart Read(const QByteArray& text, const QStringList& listArray);
 
 } // namespace JsonParts

@@ -205,8 +205,10 @@ SProcessorNode CMerge::BuildProcessor(const QUuid& id) const
         return BuildBack(id);
     }
     SProcessorNode processor = present.hashProcessor.value(id);
-    const bool bMoves = hashHome.value(id) != present.hashHome.value(id);
-    processor.nChief = bMoves ? 0 : processor.nChief;
+    if (hashHome.value(id) != present.hashHome.value(id)) {
+        const bool bToItsGroup = hashHome.value(id) == to.hashHome.value(id);
+        processor.nChief = bToItsGroup ? to.hashProcessor.value(id).nChief : 0;
+    }
     if (from.hashProcessor.contains(id) && to.hashProcessor.contains(id)) {
         const SProcessorNode was = from.hashProcessor.value(id);
         const SProcessorNode now = to.hashProcessor.value(id);
