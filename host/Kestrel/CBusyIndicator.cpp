@@ -70,14 +70,17 @@ void CBusyIndicator::UpdateText()
 QString CBusyIndicator::GetBusyText() const
 {
     const QString strSince = timeBegin.toString(QStringLiteral("HH:mm:ss"));
-    const qint64 nSeconds = timerBusy.elapsed() / nSecondMs;
+    const QString strSeconds = QString::number(timerBusy.elapsed() / nSecondMs);
     for (const SRunningJob& job : vecRunning) {
-        if (job.nAll > 0) {
+        if (job.nAll > 1) {
             const QString strText = tr("%1 – %2 of %3, since %4 (%5 s)");
-            return strText.arg(GetWhat()).arg(job.nDone).arg(job.nAll).arg(strSince).arg(nSeconds);
+            return strText.arg(GetWhat(), QString::number(job.nDone), QString::number(job.nAll), strSince, strSeconds);
+        }
+        if (job.nAll == 0 && job.nDone > 0) {
+            return tr("%1 – %2 done, since %3 (%4 s)").arg(GetWhat(), QString::number(job.nDone), strSince, strSeconds);
         }
     }
-    return tr("%1 – since %2 (%3 s)").arg(GetWhat(), strSince).arg(nSeconds);
+    return tr("%1 – since %2 (%3 s)").arg(GetWhat(), strSince, strSeconds);
 }
 
 QString CBusyIndicator::GetWhat() const
@@ -101,6 +104,10 @@ QString CBusyIndicator::GetJobText(const QString& strJob)
         { QLatin1String("Deleting "), tr("Deleting %1") },
         { QLatin1String("Importing "), tr("Importing %1") },
     } };
+    const QLatin1String strMembers(" with its processors");
+    if (strJob.startsWith(listText.at(2).first) && strJob.endsWith(strMembers)) {
+        return tr("Deleting %1 with its processors").arg(strJob.mid(listText.at(2).first.size()).chopped(strMembers.size()));
+    }
     for (const auto& [strBegin, strText] : listText) {
         if (strJob.startsWith(strBegin)) {
             return strText.contains(QLatin1String("%1")) ? strText.arg(strJob.mid(strBegin.size())) : strText;

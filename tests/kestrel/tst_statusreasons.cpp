@@ -211,6 +211,35 @@ private slots:
         QTRY_VERIFY(scene.BusyText().contains("12 von 40"));
     }
 
+    void jobsAreNamedInTheLanguage_data()
+    {
+        QTest::addColumn<QString>("strJob");
+        QTest::addColumn<int>("nDone");
+        QTest::addColumn<int>("nAll");
+        QTest::addColumn<QString>("strBegin");
+        QTest::newRow("scan") << "Scanning the network" << 0 << 0 << "Das Netz wird durchsucht – seit ";
+        QTest::newRow("one device") << "Adding the processor at 10.0.0.7" << 0 << 1
+                                    << "Prozessor 10.0.0.7 wird hinzugefügt – seit ";
+        QTest::newRow("deletions") << "Deleting \"Wall\"" << 3 << 0 << "\"Wall\" wird gelöscht – 3 erledigt, seit ";
+        QTest::newRow("group") << "Deleting \"Stage\" with its processors" << 0 << 5
+                               << "\"Stage\" wird mit seinen Prozessoren gelöscht – 0 von 5, seit ";
+    }
+
+    void jobsAreNamedInTheLanguage()
+    {
+        QFETCH(QString, strJob);
+        QFETCH(int, nDone);
+        QFETCH(int, nAll);
+        QFETCH(QString, strBegin);
+        CScene scene;
+        scene.language.Set("de");
+        scene.host.vecJob = { { strJob, QDateTime::currentDateTime(), nDone, nAll } };
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        QVERIFY2(scene.BusyText().startsWith(strBegin), qPrintable(scene.BusyText()));
+        scene.language.Set("en");
+    }
+
     void everythingFitsIntoTheSmallestWindow_data()
     {
         everyReasonHasWords_data();

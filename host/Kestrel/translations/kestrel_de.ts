@@ -84,6 +84,14 @@
         <source>%1 – %2 of %3, since %4 (%5 s)</source>
         <translation>%1 – %2 von %3, seit %4 (%5 s)</translation>
     </message>
+    <message>
+        <source>%1 – %2 done, since %3 (%4 s)</source>
+        <translation>%1 – %2 erledigt, seit %3 (%4 s)</translation>
+    </message>
+    <message>
+        <source>Deleting %1 with its processors</source>
+        <translation>%1 wird mit seinen Prozessoren gelöscht</translation>
+    </message>
 </context>
 <context>
     <name>CDialogTitleBar</name>

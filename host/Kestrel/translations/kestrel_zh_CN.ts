@@ -84,6 +84,14 @@
         <source>%1 – %2 of %3, since %4 (%5 s)</source>
         <translation>%1 – %2/%3，自 %4 起(%5 秒)</translation>
     </message>
+    <message>
+        <source>%1 – %2 done, since %3 (%4 s)</source>
+        <translation>%1 – 已完成 %2，自 %3 起(%4 秒)</translation>
+    </message>
+    <message>
+        <source>Deleting %1 with its processors</source>
+        <translation>正在删除 %1 及其处理器</translation>
+    </message>
 </context>
 <context>
     <name>CDialogTitleBar</name>

@@ -46,24 +46,35 @@ bool CRefusedList::IsThere() const
 
 void CRefusedList::Ask(const SRefusedList& refused)
 {
-    QString strText = tr("The list was refused at the start:") + QLatin1Char('\n') + MakeBreakable(refused.strPath);
-    for (const QString& strFault : refused.listFault.mid(0, nMostFaults)) {
-        strText += QStringLiteral("\n– ") + MakeBreakable(strFault);
-    }
-    strText += refused.listFault.size() > nMostFaults ? QStringLiteral("\n– …\n\n") : QStringLiteral("\n\n");
     const QString strTitle = tr("Refused list");
+    const QString strText = GetFaultText(refused) + QStringLiteral("\n\n");
     if (!refused.bUsable) {
         CMessageBox::information(&window, strTitle, strText + tr("Nothing of it can be read."), CMessageBox::ButtonOk,
                                  CMessageBox::ButtonOk);
         return;
     }
-    strText += tr("What can be read: %1, %2; %3.")
-                   .arg(tr("%n group(s)", nullptr, refused.nGroups), tr("%n processor(s)", nullptr, refused.nProcessors),
-                        tr("%n fault(s)", nullptr, refused.listFault.size()));
-    strText += QLatin1Char('\n') + tr("The refused file is kept beside it.") + QStringLiteral("\n\n") + tr("Use this list?");
-    const CMessageBox::StandardButton answer = CMessageBox::question(
-        &window, strTitle, strText, CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonNo);
+    const CMessageBox::StandardButton answer
+        = CMessageBox::question(&window, strTitle, strText + GetContentText(refused),
+                                CMessageBox::ButtonYes | CMessageBox::ButtonNo, CMessageBox::ButtonNo);
     if (answer == CMessageBox::ButtonYes) {
         work.Run(this, [&library = host] { return library.UseRefusedList(); }, [this](bool) { emit Changed(); });
     }
+}
+
+QString CRefusedList::GetFaultText(const SRefusedList& refused)
+{
+    QString strText = tr("The list was refused at the start:") + QLatin1Char('\n') + MakeBreakable(refused.strPath);
+    const QStringList listShown = refused.listFault.mid(0, nMostFaults);
+    for (const QString& strFault : listShown) {
+        strText += QStringLiteral("\n– ") + MakeBreakable(strFault);
+    }
+    return refused.listFault.size() > nMostFaults ? strText + QStringLiteral("\n– …") : strText;
+}
+
+QString CRefusedList::GetContentText(const SRefusedList& refused)
+{
+    const QString strCounts = tr("What can be read: %1, %2; %3.");
+    return strCounts.arg(tr("%n group(s)", nullptr, refused.nGroups), tr("%n processor(s)", nullptr, refused.nProcessors),
+                         tr("%n fault(s)", nullptr, refused.listFault.size()))
+        + QLatin1Char('\n') + tr("The refused file is kept beside it.") + QStringLiteral("\n\n") + tr("Use this list?");
 }

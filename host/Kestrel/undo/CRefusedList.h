@@ -29,6 +29,8 @@ signals:
 
 private:
     void Ask(const SRefusedList& refused);
+    static QString GetFaultText(const SRefusedList& refused);
+    static QString GetContentText(const SRefusedList& refused);
 
     IControlHost& host;
     CDiskWork& work;
