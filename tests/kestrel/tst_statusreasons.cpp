@@ -1,3 +1,4 @@
+#include "CDialogDriver.h"
 #include "CDoubledWindow.h"
 #include "Kestrel/CBusyIndicator.h"
 #include "Kestrel/CElidedLabel.h"
@@ -47,6 +48,25 @@ public:
     {
         emit host.CommandRefused(refusal);
         Settle();
+    }
+
+    /// The entry of the menus with that text; null when there is none.
+    QAction* Find(const QString& strText) const
+    {
+        const QList<QAction*> listAction = pWindow->findChildren<QAction*>();
+        for (QAction* pAction : listAction) {
+            if (pAction->text() == strText) {
+                return pAction;
+            }
+        }
+        return nullptr;
+    }
+
+    void Press(const QString& strText) const
+    {
+        QAction* pAction = Find(strText);
+        QVERIFY2(pAction, qPrintable(strText));
+        pAction->trigger();
     }
 
     QString BusyText() const
@@ -133,15 +153,42 @@ private slots:
         CScene::Settle();
         scene.host.reason = ReasonListFull;
 
-        for (QAction* pAction : scene.pWindow->findChildren<QAction*>()) {
-            if (pAction->text() == "&Undo: Rename to Wall left") {
-                pAction->trigger();
-            }
-        }
+        scene.Press("&Undo: Rename to Wall left");
         CScene::Settle();
 
         QCOMPARE(scene.Note()->text(),
                  QStringLiteral("Undo of “Rename to Wall left”: the list has all the processors that it can have"));
+    }
+
+    void aStepRefusedTwiceIsOfferedToBeLeftOut_data()
+    {
+        QTest::addColumn<QString>("strAnswer");
+        QTest::addColumn<bool>("bLeftOut");
+        QTest::newRow("yes") << "ButtonYes" << true;
+        QTest::newRow("the default") << "key Return" << false;
+    }
+
+    void aStepRefusedTwiceIsOfferedToBeLeftOut()
+    {
+        QFETCH(QString, strAnswer);
+        QFETCH(bool, bLeftOut);
+        CScene scene;
+        SListEdit edit = Edit(1);
+        edit.strName = "Wall left";
+        emit scene.host.ListEdited(edit);
+        CScene::Settle();
+        scene.host.reason = ReasonListFull;
+        CDialogDriver driver;
+        driver.Answer(strAnswer);
+
+        scene.Press("&Undo: Rename to Wall left");
+        QCOMPARE(driver.Shown(), QStringList());
+        scene.Press("&Undo: Rename to Wall left");
+
+        QVERIFY(driver.IsDone());
+        QVERIFY2(driver.Shown().first().startsWith("Undo: “Rename to Wall left” cannot be taken back: the list has all"),
+                 qPrintable(driver.Shown().first()));
+        QCOMPARE(scene.Find("&Undo: Rename to Wall left") == nullptr, bLeftOut);
     }
 
     void itFollowsTheLanguage()

@@ -102,6 +102,18 @@ void ExportAndRename(CPanelWindow& kestrel)
     QTRY_VERIFY(kestrel.Row("Full").isValid());
 }
 
+void ImportAnother(CPanelWindow& kestrel)
+{
+    ExportAndRename(kestrel);
+    Import(kestrel); // the list before is kept as an earlier one
+    QTRY_VERIFY(kestrel.IsOn("Undo: Import"));
+}
+
+void TakeEarlier(CPanelWindow& kestrel)
+{
+    QVERIFY(kestrel.pHost->TakeEarlierList(kestrel.pHost->GetEarlierLists().first().strPath));
+}
+
 /// The entry of the list menu, whose state is that of the open menu.
 void ToggleChief(CPanelWindow& kestrel)
 {
@@ -143,6 +155,7 @@ const QList<QPair<const char*, SCommand>>& Commands()
             {} } },
         { "ungroup",
           { "Ungroup Main stage", [](CPanelWindow& kestrel) { kestrel.Choose({ "Main stage" }, { "Ungroup" }); }, {} } },
+        { "earlier list", { "Take back an earlier list", TakeEarlier, ImportAnother } },
         { "import", { "Import", Import, ExportAndRename } },
         { "Chief", { "Chief of Main stage", ToggleChief, {} } },
     };
