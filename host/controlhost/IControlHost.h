@@ -80,7 +80,7 @@ public:
     /// The list as it stands.
     virtual SListSnapshot GetSnapshot() const = 0;
 
-    /// Why RestoreList would be refused now; ReasonNone when it would not be.
+    /// Why RestoreList would be refused now; ReasonNone when it would not be. Its strLine is the reason alone.
     virtual SRefusal FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const = 0;
 
     /// Takes an edit back (from its after to its before), or makes it again (from its before to its after), or several in

@@ -6,9 +6,9 @@
 /// An earlier list, as it is kept beside the list.
 struct SEarlierList
 {
-    QString strPath;
-    QDateTime date;  ///< at which it was replaced, local time
-    int nGroups = 0; ///< 0 for one that cannot be read
-    int nProcessors = 0;
-    QString strFault; ///< why it cannot be taken back, in English; empty when it can
+    QString strPath;     ///< absolute
+    QDateTime date;      ///< at which it was replaced, local time
+    int nGroups = 0;     ///< 0 for one that cannot be read
+    int nProcessors = 0; ///< members of groups included; 0 for one that cannot be read
+    QString strFault;    ///< why it cannot be taken back, in English; empty when it can
 };

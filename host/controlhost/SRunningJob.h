@@ -8,10 +8,10 @@
 /// A blocking call that is under way in the control library, or a job of several.
 struct SRunningJob
 {
-    QString strJob; ///< what it does, in English
-    QDateTime timeSince;
-    int nDone = 0; ///< devices asked, nodes deleted
-    int nAll = 0;  ///< of how many; 0 where nobody knows
+    QString strJob;      ///< what it does, in English
+    QDateTime timeSince; ///< its beginning, local time
+    int nDone = 0;       ///< devices asked, nodes deleted
+    int nAll = 0;        ///< of how many; 0 where nobody knows
 };
 
 Q_DECLARE_METATYPE(SRunningJob)

@@ -160,7 +160,7 @@ private slots:
 
     void aJobOfDeletionsSaysHowManyItHasDeleted()
     {
-        pFixture->Start(Root({}, { Processor("alpha"), Processor("beta"), Processor("gamma") }));
+        pFixture->Start(Root({}, { Processor("alpha"), Processor("beta"), Processor("gamma"), Processor("delta") }));
         const auto remove = [](const QString& strName) { g_pPrcListControl->DeleteProcessor(ProcessorId(strName), false); };
         g_pRuntimeControl->SetBusy(true);
         remove("alpha");
@@ -169,6 +169,7 @@ private slots:
         QCOMPARE(job.nAll, 0);
         g_pRuntimeControl->SetBusy(false);
         QCOMPARE(RecordProgress([&] { remove("gamma"); }).last().nDone, 1);
+        QCOMPARE(RecordProgress([&] { remove("delta"); }).last().nDone, 1);
     }
 
     void aGroupThatIsDeletedSaysOfHowMany()

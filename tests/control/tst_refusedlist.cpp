@@ -97,6 +97,8 @@ private slots:
         row("a key too many", Change("\"portA\"", "\"colour\": \"red\", \"portA\""), strAll, 0, 0, "check sum");
         row("a processor without its end", Change("\n                },", "\n                 ,"), strAll, 0, 0, "check sum");
         row("a list without its beginning", Change("\"processors\": [", "\"processors\": "), strAll, 0, 0, "check sum");
+        row("numbers without their end", Change("\"aux\": [\n            ]", "\"aux\": [\n            {"),
+            QString(strAll).remove(" led by alpha"), 0, 1, "group 1: \"chief\"");
         row("a text without its end", Change("\"project\": \"\"", "\"project\": \""), strAll, 0, 1, "\"project\"");
         row("a processor that is there twice",
             Change("192.168.1.21", "192.168.1.20")

@@ -48,7 +48,7 @@ private slots:
         vecThread.emplace_back([&] { Report(); });
         vecThread.emplace_back([&] { Save(); });
         QString strFault;
-        for (int n = 0; strFault.isEmpty() && (n < 2000 || nRestored < 100); ++n) {
+        for (int n = 0; strFault.isEmpty() && (n < 2000 || nRestored < 500); ++n) {
             strFault = FindFault(pLibrary->processors.GetTree(false));
         }
         bStop = true;

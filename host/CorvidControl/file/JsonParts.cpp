@@ -14,7 +14,9 @@ constexpr int nMaxParts = 65536;
 class CScanner
 {
 public:
-    CScanner(const QByteArray& textIn, const QStringList& listArrayIn) : text(textIn), listArray(listArrayIn) { }
+    CScanner(const QByteArray& textIn, const QStringList& listArrayIn, const QStringList& listPlainIn)
+        : text(textIn), listArray(listArrayIn), listPlain(listPlainIn)
+    { }
 
     SJsonPart ReadFirst()
     {
@@ -44,6 +46,7 @@ private:
 
     const QByteArray text;
     const QStringList listArray;
+    const QStringList listPlain;
     int nAt = 0;
     int nParts = 0;
 };
@@ -171,7 +174,7 @@ bool CScanner::HoldsObjects(const QString& strKey) const
         ++nNext;
     }
     const bool bOwnLine = !IsEnd() && text.at(nAt) == '\n' && nNext < text.size() && text.at(nNext) == '{';
-    return strKey.isEmpty() || bOwnLine || listArray.contains(strKey);
+    return !listPlain.contains(strKey) && (strKey.isEmpty() || bOwnLine || listArray.contains(strKey));
 }
 
 // True when nothing but blanks follows this sign.
@@ -182,7 +185,7 @@ bool CScanner::IsLast() const
 
 } // namespace
 
-SJsonPart JsonParts::Read(const QByteArray& text, const QStringList& listArray)
+SJsonPart JsonParts::Read(const QByteArray& text, const QStringList& listArray, const QStringList& listPlain)
 {
-    return CScanner(text, listArray).ReadFirst();
+    return CScanner(text, listArray, listPlain).ReadFirst();
 }

@@ -19,7 +19,8 @@ struct SJsonPart
 namespace JsonParts {
 
 /// The first object of the text with all that can be read of it; accepts any bytes, in bounded memory. What does not belong
-/// to an object is passed over. listArray: the keys whose arrays hold objects.
-SJsonPart Read(const QByteArray& text, const QStringList& listArray);
+/// to an object is passed over. listArray: the keys whose arrays hold objects; listPlain: those whose arrays never do. An array
+/// of any other key is one whose key is damaged.
+SJsonPart Read(const QByteArray& text, const QStringList& listArray, const QStringList& listPlain);
 
 } // namespace JsonParts

@@ -121,7 +121,8 @@ SRefusedList ListSalvage::Read(const QByteArray& bytes, const SListLimits& limit
     const QByteArray body = nStart < 0 ? QByteArray() : bytes.mid(nStart);
     list.bUsable = bytes.startsWith("kvtl ") && ReadWhole(body, limits, list);
     if (!list.bUsable) {
-        const SJsonPart root = JsonParts::Read(body, { QStringLiteral("groups"), QStringLiteral("processors") });
+        const SJsonPart root
+            = JsonParts::Read(body, { QStringLiteral("groups"), QStringLiteral("processors") }, { QStringLiteral("aux") });
         list.bUsable = bytes.size() <= limits.nBytes && IsList(bytes, root);
         if (list.bUsable) {
             CListSalvage(limits).Read(root, list);

@@ -345,6 +345,7 @@ void CProcessorList::Carry(const SListCommand& command, const Body& body, const 
         Refuse(SenderPrcList, command, outcome.fault);
     }
     Announce(outcome, notice);
+    edits.Deliver();
 }
 
 void CProcessorList::Announce(const SOutcome& outcome, const SNotice& notice)
@@ -355,7 +356,6 @@ void CProcessorList::Announce(const SOutcome& outcome, const SNotice& notice)
     if (outcome.IsEdit() && listenerEdit) {
         listenerEdit();
     }
-    edits.Deliver();
 }
 
 void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)

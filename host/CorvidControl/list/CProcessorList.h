@@ -116,7 +116,8 @@ public:
     void ReportEdits();
 
     /// Takes back or makes again what lies between two snapshots, in both panes, by PaneMerge: all or nothing. restore
-    /// has what is heard of processors that come back, and then what came and went. What it returns was refused.
+    /// has what is heard of processors that come back, and then what came and went. What it returns was refused. May be called
+    /// with a lock held: it reports nothing but the message.
     SFault Restore(const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore);
 
     /// What Restore would refuse now.
