@@ -1,4 +1,4 @@
-#include "CPanelWindow.h"
+#include "CListWindow.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/status/CPanelCounts.h"
 #include "Kestrel/status/CountText.h"
@@ -18,7 +18,7 @@ namespace {
 const QString strCount = QStringLiteral("CountBadge");
 
 /// Opens the panel's search and types.
-void Search(const CPanelWindow& kestrel, const QString& strText)
+void Search(const CListWindow& kestrel, const QString& strText)
 {
     QWidget* pPanel = kestrel.pPanel->GetWidget();
     QLineEdit* pEdit = PanelAccess::FindSearchEdit(pPanel);
@@ -38,7 +38,7 @@ class CSelectionCountTest : public QObject
 private slots:
     void theRootCountsAsNothing()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Select({ "Wall 1" });
         QTRY_VERIFY(kestrel.Label(strCount, "1 processor selected"));
 
@@ -48,7 +48,7 @@ private slots:
 
     void processorsAndGroupsAreCounted()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Select({ "Wall 1", "Door 1", "Door 2" });
         QTRY_VERIFY(kestrel.Label(strCount, "3 processors selected"));
 
@@ -61,7 +61,7 @@ private slots:
 
     void informationRowsAreNoProcessors()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Tree()->expand(kestrel.Row("Door 1"));
         kestrel.Select({ "Door 1" });
         PanelAccess::ClickRow(kestrel.Tree(), kestrel.Row("Door 2"), Qt::ShiftModifier);
@@ -71,7 +71,7 @@ private slots:
 
     void aSearchSaysWhatItFoundAndHides()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Select({ "Wall 1", "Door 1", "Door 2" });
 
         Search(kestrel, "Door");
@@ -89,7 +89,7 @@ private slots:
 
     void theCountFollowsTheList()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         Search(kestrel, "Door");
         QTRY_VERIFY(kestrel.Label(strCount, "3 of 7 processors found"));
         kestrel.Select({ "Door 3" });
@@ -100,7 +100,7 @@ private slots:
 
     void theOtherPaneHasItsOwnCount()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Select({ "Door 1", "Door 2" });
         QTRY_VERIFY(kestrel.Label(strCount, "2 processors selected"));
         PanelAccess::FindTab(kestrel.pPanel->GetWidget(), true)->click();
@@ -111,7 +111,7 @@ private slots:
 
     void manySignalsOfATurnAreOneCount()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         CPanelCounts counts(kestrel.pPanel->GetWidget());
         QSignalSpy spyCounted(&counts, &CPanelCounts::Counted);
         QTRY_COMPARE(spyCounted.size(), 1);
@@ -124,7 +124,7 @@ private slots:
 
     void theCountFollowsTheLanguage()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Select({ "Door 1", "Door 2" });
         QTRY_VERIFY(kestrel.Label(strCount, "2 processors selected"));
         kestrel.language.Set("de");

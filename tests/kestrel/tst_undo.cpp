@@ -1,5 +1,5 @@
 #include "CDialogDriver.h"
-#include "CPanelWindow.h"
+#include "CListWindow.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
@@ -21,7 +21,7 @@
 
 namespace {
 
-using FnCommand = std::function<void(CPanelWindow&)>;
+using FnCommand = std::function<void(CListWindow&)>;
 
 /// A command as a user gives it, and what its step is called.
 struct SCommand
@@ -31,22 +31,22 @@ struct SCommand
     FnCommand fnPrepare; ///< what must be so before; steps of their own
 };
 
-QWidget* Panel(const CPanelWindow& kestrel)
+QWidget* Panel(const CListWindow& kestrel)
 {
     return kestrel.pPanel->GetWidget();
 }
 
-void PressTool(CPanelWindow& kestrel, const QString& strToolTip)
+void PressTool(CListWindow& kestrel, const QString& strToolTip)
 {
     PanelAccess::FindButton(Panel(kestrel), strToolTip)->click();
 }
 
-void PressMenu(CPanelWindow& kestrel, const char* szEntry)
+void PressMenu(CListWindow& kestrel, const char* szEntry)
 {
     PanelAccess::FindAction(Panel(kestrel), "CProcessorTreeToolBar", szEntry)->trigger();
 }
 
-void Rename(CPanelWindow& kestrel, const QString& strName, const QString& strNew)
+void Rename(CListWindow& kestrel, const QString& strName, const QString& strNew)
 {
     kestrel.Select({ strName });
     kestrel.Key(Qt::Key_F2);
@@ -54,14 +54,14 @@ void Rename(CPanelWindow& kestrel, const QString& strName, const QString& strNew
     kestrel.Key(Qt::Key_Return);
 }
 
-void Delete(CPanelWindow& kestrel, const QStringList& listName)
+void Delete(CListWindow& kestrel, const QStringList& listName)
 {
     kestrel.Select(listName);
     kestrel.Key(Qt::Key_Delete);
 }
 
 /// With the question that comes for a group that is not empty.
-void DeleteGroupOnly(CPanelWindow& kestrel)
+void DeleteGroupOnly(CListWindow& kestrel)
 {
     CDialogDriver driver;
     driver.Answer("Delete group only");
@@ -71,7 +71,7 @@ void DeleteGroupOnly(CPanelWindow& kestrel)
 }
 
 /// As the panel's own jobs, on a thread of its own.
-void AddProcessor(CPanelWindow& /*kestrel*/)
+void AddProcessor(CListWindow& /*kestrel*/)
 {
     g_pRuntimeControl->SetBusy(true);
     std::thread([] {
@@ -80,12 +80,12 @@ void AddProcessor(CPanelWindow& /*kestrel*/)
     }).join();
 }
 
-void AddSimulators(CPanelWindow& /*kestrel*/)
+void AddSimulators(CListWindow& /*kestrel*/)
 {
-    g_pPrcBasicControl->AddSimulators({ CPanelWindow::List().listProcessor.first().nModel, 2, 3 });
+    g_pPrcBasicControl->AddSimulators({ CListWindow::List().listProcessor.first().nModel, 2, 3 });
 }
 
-void Import(CPanelWindow& kestrel)
+void Import(CListWindow& kestrel)
 {
     CDialogDriver driver;
     driver.Answer("ButtonYes");
@@ -95,27 +95,27 @@ void Import(CPanelWindow& kestrel)
     QTRY_VERIFY(driver.IsDone());
 }
 
-void ExportAndRename(CPanelWindow& kestrel)
+void ExportAndRename(CListWindow& kestrel)
 {
     g_pPrcListControl->ExportList(kestrel.folder.filePath("other.kvtl"), 0);
     Rename(kestrel, "Empty", "Full");
     QTRY_VERIFY(kestrel.Row("Full").isValid());
 }
 
-void ImportAnother(CPanelWindow& kestrel)
+void ImportAnother(CListWindow& kestrel)
 {
     ExportAndRename(kestrel);
     Import(kestrel); // the list before is kept as an earlier one
     QTRY_VERIFY(kestrel.IsOn("Undo: Import"));
 }
 
-void TakeEarlier(CPanelWindow& kestrel)
+void TakeEarlier(CListWindow& kestrel)
 {
     QVERIFY(kestrel.pHost->TakeEarlierList(kestrel.pHost->GetEarlierLists().first().strPath));
 }
 
 /// The entry of the list menu, whose state is that of the open menu.
-void ToggleChief(CPanelWindow& kestrel)
+void ToggleChief(CListWindow& kestrel)
 {
     kestrel.Select({ "Wall 2" });
     QAction* pChief = kestrel.Action("Chief of its group");
@@ -129,32 +129,32 @@ void ToggleChief(CPanelWindow& kestrel)
 const QList<QPair<const char*, SCommand>>& Commands()
 {
     static const QList<QPair<const char*, SCommand>> listCommand{
-        { "add a group", { "Add the group Group 1", [](CPanelWindow& kestrel) { PressTool(kestrel, "Add group"); }, {} } },
+        { "add a group", { "Add the group Group 1", [](CListWindow& kestrel) { PressTool(kestrel, "Add group"); }, {} } },
         { "add a processor", { "Add the processor 192.168.1.42", AddProcessor, {} } },
         { "add simulators", { "Add 2 simulators", AddSimulators, {} } },
-        { "delete a processor", { "Delete Door 2", [](CPanelWindow& kestrel) { Delete(kestrel, { "Door 2" }); }, {} } },
+        { "delete a processor", { "Delete Door 2", [](CListWindow& kestrel) { Delete(kestrel, { "Door 2" }); }, {} } },
         { "delete processors",
-          { "Delete 3 processors", [](CPanelWindow& kestrel) { Delete(kestrel, { "Door 1", "Wall 2", "Door 3" }); }, {} } },
+          { "Delete 3 processors", [](CListWindow& kestrel) { Delete(kestrel, { "Door 1", "Wall 2", "Door 3" }); }, {} } },
         { "delete a group",
           { "Delete the group Main stage with 4 processors",
-            [](CPanelWindow& kestrel) { Delete(kestrel, { "Main stage" }); },
+            [](CListWindow& kestrel) { Delete(kestrel, { "Main stage" }); },
             {} } },
         { "delete a group only", { "Ungroup Main stage", DeleteGroupOnly, {} } },
-        { "rename a processor", { "Rename to Left", [](CPanelWindow& kestrel) { Rename(kestrel, "Wall 1", "Left"); }, {} } },
-        { "rename a group", { "Rename to Hall", [](CPanelWindow& kestrel) { Rename(kestrel, "Main stage", "Hall"); }, {} } },
-        { "drop", { "Move 2 processors", [](CPanelWindow& kestrel) { kestrel.Drop({ "Door 1", "Door 2" }, "Empty"); }, {} } },
+        { "rename a processor", { "Rename to Left", [](CListWindow& kestrel) { Rename(kestrel, "Wall 1", "Left"); }, {} } },
+        { "rename a group", { "Rename to Hall", [](CListWindow& kestrel) { Rename(kestrel, "Main stage", "Hall"); }, {} } },
+        { "drop", { "Move 2 processors", [](CListWindow& kestrel) { kestrel.Drop({ "Door 1", "Door 2" }, "Empty"); }, {} } },
         { "move to a group",
           { "Move 2 processors",
-            [](CPanelWindow& kestrel) { kestrel.Choose({ "Door 1", "Door 3" }, { "Move to group", "Main stage" }); },
+            [](CListWindow& kestrel) { kestrel.Choose({ "Door 1", "Door 3" }, { "Move to group", "Main stage" }); },
             {} } },
         { "remove from a group",
-          { "Move Wall 2", [](CPanelWindow& kestrel) { kestrel.Choose({ "Wall 2" }, { "Remove from group" }); }, {} } },
+          { "Move Wall 2", [](CListWindow& kestrel) { kestrel.Choose({ "Wall 2" }, { "Remove from group" }); }, {} } },
         { "group",
           { "Group 3 processors",
-            [](CPanelWindow& kestrel) { kestrel.Choose({ "Door 1", "Wall 1", "Door 2" }, { "Group" }); },
+            [](CListWindow& kestrel) { kestrel.Choose({ "Door 1", "Wall 1", "Door 2" }, { "Group" }); },
             {} } },
         { "ungroup",
-          { "Ungroup Main stage", [](CPanelWindow& kestrel) { kestrel.Choose({ "Main stage" }, { "Ungroup" }); }, {} } },
+          { "Ungroup Main stage", [](CListWindow& kestrel) { kestrel.Choose({ "Main stage" }, { "Ungroup" }); }, {} } },
         { "earlier list", { "Take back an earlier list", TakeEarlier, ImportAnother } },
         { "import", { "Import", Import, ExportAndRename } },
         { "Chief", { "Chief of Main stage", ToggleChief, {} } },
@@ -162,13 +162,13 @@ const QList<QPair<const char*, SCommand>>& Commands()
     return listCommand;
 }
 
-QLineEdit* FindEditor(const CPanelWindow& kestrel)
+QLineEdit* FindEditor(const CListWindow& kestrel)
 {
     return kestrel.Tree()->viewport()->findChild<QLineEdit*>();
 }
 
 /// With the mouse: the menu, then its entry.
-void ClickEntry(CPanelWindow& kestrel, const QString& strBegin)
+void ClickEntry(CListWindow& kestrel, const QString& strBegin)
 {
     QAction* pAction = kestrel.Action(strBegin);
     QMenuBar* pBar = kestrel.window.menuBar();
@@ -202,35 +202,35 @@ private slots:
     {
         QFETCH(int, nCommand);
         const SCommand& command = Commands().at(nCommand).second;
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         if (command.fnPrepare) {
             command.fnPrepare(kestrel);
         }
-        const QString strBefore = CPanelWindow::ListText();
+        const QString strBefore = CListWindow::ListText();
         command.fnGive(kestrel);
         QTRY_COMPARE(kestrel.Action("Undo")->text(), "&Undo: " + command.strStep);
         QTRY_VERIFY(kestrel.IsOn("Undo"));
-        const QString strAfter = CPanelWindow::ListText();
+        const QString strAfter = CListWindow::ListText();
         QVERIFY(strAfter != strBefore);
         kestrel.Focus();
 
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(CPanelWindow::ListText(), strBefore);
+        QCOMPARE(CListWindow::ListText(), strBefore);
         QTRY_COMPARE(kestrel.Action("Redo")->text(), "&Redo: " + command.strStep);
 
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
 
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
         kestrel.Key(Qt::Key_Y, Qt::ControlModifier);
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
     }
 
     void manyStepsAreTakenBackOneByOne()
     {
-        CPanelWindow kestrel;
-        QStringList listText{ CPanelWindow::ListText() };
-        const auto note = [&] { listText.append(CPanelWindow::ListText()); };
+        CListWindow kestrel;
+        QStringList listText{ CListWindow::ListText() };
+        const auto note = [&] { listText.append(CListWindow::ListText()); };
         kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         note();
         kestrel.AndShown([&] { kestrel.Drop({ "Door 2" }, "Main stage"); });
@@ -239,32 +239,32 @@ private slots:
         note();
 
         while (listText.size() > 1) {
-            QCOMPARE(CPanelWindow::ListText(), listText.takeLast());
+            QCOMPARE(CListWindow::ListText(), listText.takeLast());
             kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
         }
-        QCOMPARE(CPanelWindow::ListText(), listText.first());
+        QCOMPARE(CListWindow::ListText(), listText.first());
         QTRY_COMPARE(kestrel.Action("Undo")->text(), QStringLiteral("&Undo"));
     }
 
     void whatIsNoCommandStays()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
         kestrel.pHost->SetChiefMode(true);
         kestrel.Tree()->collapse(kestrel.Row("Main stage"));
-        QVERIFY(!CPanelWindow::List().listGroup.first().bExpanded);
+        QVERIFY(!CListWindow::List().listGroup.first().bExpanded);
 
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
 
-        QVERIFY(CPanelWindow::ListText().contains("Door 1"));
-        QVERIFY(!CPanelWindow::List().listGroup.first().bExpanded);
+        QVERIFY(CListWindow::ListText().contains("Door 1"));
+        QVERIFY(!CListWindow::List().listGroup.first().bExpanded);
         QVERIFY(kestrel.pHost->IsChiefMode());
     }
 
     void aRefusedCommandIsNoStepAndItsReasonIsShown()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.pHost->SetListLocked(true);
         kestrel.Drop({ "Door 1" }, "Main stage");
 
@@ -275,32 +275,32 @@ private slots:
 
     void nothingIsTakenBackWhileBusyOrLocked()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         Rename(kestrel, "Door 1", "Gate");
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
-        const QString strAfter = CPanelWindow::ListText();
+        const QString strAfter = CListWindow::ListText();
 
         kestrel.pHost->SetListLocked(true);
         QTRY_VERIFY(!kestrel.IsOn("Undo"));
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
         kestrel.pHost->SetListLocked(false);
         QTRY_VERIFY(kestrel.IsOn("Undo"));
 
         g_pRuntimeControl->SetBusy(true);
         QTRY_VERIFY(!kestrel.IsOn("Undo"));
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
         g_pRuntimeControl->SetBusy(false);
         QTRY_VERIFY(kestrel.IsOn("Undo"));
     }
 
     void anOpenEditorKeepsTheKeysForItself()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
-        const QString strAfter = CPanelWindow::ListText();
+        const QString strAfter = CListWindow::ListText();
         kestrel.Select({ "Door 2" });
         kestrel.Key(Qt::Key_F2);
         kestrel.Type("Bar");
@@ -316,17 +316,17 @@ private slots:
         }
         QVERIFY(FindEditor(kestrel));
         kestrel.Key(Qt::Key_Escape);
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
     }
 
     void theSearchBoxKeepsTheKeysForItself()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
         kestrel.AndShown([&] { Rename(kestrel, "Door 2", "Bar"); });
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
         QTRY_VERIFY(kestrel.IsOn("Redo: Rename to Bar"));
-        const QString strAfter = CPanelWindow::ListText();
+        const QString strAfter = CListWindow::ListText();
         PressMenu(kestrel, "Search");
         QLineEdit* pSearch = PanelAccess::FindSearchEdit(Panel(kestrel));
         pSearch->setFocus();
@@ -337,15 +337,15 @@ private slots:
         kestrel.Key(Qt::Key_Y, Qt::ControlModifier);
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
 
-        QCOMPARE(CPanelWindow::ListText(), strAfter);
+        QCOMPARE(CListWindow::ListText(), strAfter);
         kestrel.Focus();
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(CPanelWindow::ListText().contains("Door 1"));
+        QVERIFY(CListWindow::ListText().contains("Door 1"));
     }
 
     void outsideThePanelTheKeysDoNothingAndTheMenuDoes()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         Rename(kestrel, "Door 1", "Gate");
         QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
         auto* pJournal = kestrel.window.findChild<QDockWidget*>();
@@ -354,15 +354,15 @@ private slots:
         QVERIFY(!kestrel.Tree()->hasFocus());
 
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(!CPanelWindow::ListText().contains("Door 1"));
+        QVERIFY(!CListWindow::ListText().contains("Door 1"));
 
         ClickEntry(kestrel, "Undo: Rename to Gate");
-        QVERIFY(CPanelWindow::ListText().contains("Door 1"));
+        QVERIFY(CListWindow::ListText().contains("Door 1"));
     }
 
     void theTextsFollowTheLanguage()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.Drop({ "Door 1", "Door 2" }, "Empty");
         QTRY_COMPARE(kestrel.Action("Undo")->text(), QStringLiteral("&Undo: Move 2 processors"));
         QAction* pUndo = kestrel.Action("Undo");
@@ -374,16 +374,16 @@ private slots:
 
     void aNameWithAnAmpersandIsShownAsItIs()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         Rename(kestrel, "Door 1", "A&B");
         QTRY_COMPARE(kestrel.Action("Undo")->text(), QStringLiteral("&Undo: Rename to A&&B"));
     }
 
     void theChiefIsThatOfTheSelectedProcessor()
     {
-        CPanelWindow kestrel;
+        CListWindow kestrel;
         kestrel.AndShown([&] { ToggleChief(kestrel); });
-        QVERIFY(CPanelWindow::ListText().contains("Main stage (Chief)"));
+        QVERIFY(CListWindow::ListText().contains("Main stage (Chief)"));
         QAction* pChief = kestrel.Action("Chief of its group");
         auto* pMenu = qobject_cast<QMenu*>(pChief->associatedWidgets().value(0));
         for (const QString& strName : { QStringLiteral("Door 1"), QStringLiteral("Main stage") }) {
@@ -395,7 +395,7 @@ private slots:
         emit pMenu->aboutToShow();
         QVERIFY(pChief->isChecked());
         pChief->trigger();
-        QVERIFY(!CPanelWindow::ListText().contains("(Chief)"));
+        QVERIFY(!CListWindow::ListText().contains("(Chief)"));
     }
 };
 

@@ -190,7 +190,8 @@ CStepCommand* CUndoSteps::GetCommand(int nIndex) const
     return const_cast<CStepCommand*>(static_cast<const CStepCommand*>(stack.command(nIndex)));
 }
 
-// All of the step or nothing: what was restored before a pair is refused is put back.
+// All of the step or nothing: what was restored before a pair is refused is put back. Should that be refused too, the
+// next attempt finds those pairs done, which a restore allows.
 bool CUndoSteps::Restore(SUndoStep step, bool bRedo)
 {
     if (!bRedo) {

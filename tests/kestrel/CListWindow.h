@@ -25,10 +25,10 @@ class QTreeView;
 ///     Door 1, Door 2, Door 3
 ///
 /// and the panel shows it. All steps below are those of a user.
-class CPanelWindow
+class CListWindow
 {
 public:
-    CPanelWindow();
+    CListWindow();
 
     QTreeView* Tree() const;
     QModelIndex Row(const QString& strName) const;

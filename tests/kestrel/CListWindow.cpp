@@ -1,4 +1,4 @@
-#include "CPanelWindow.h"
+#include "CListWindow.h"
 
 #include "CMenuDriver.h"
 #include "Kestrel/player/PanelAccess.h"
@@ -70,7 +70,7 @@ QUuid FindId(const SProcessorAllNode& node, const QString& strName)
 
 } // namespace
 
-CPanelWindow::CPanelWindow() : pHost(Start()), window(*pHost, pointers, log, language, theme)
+CListWindow::CListWindow() : pHost(Start()), window(*pHost, pointers, log, language, theme)
 {
     language.Set(QStringLiteral("en"));
     pPanel = loader.Load({}, window);
@@ -86,29 +86,29 @@ CPanelWindow::CPanelWindow() : pHost(Start()), window(*pHost, pointers, log, lan
     Focus();
 }
 
-void CPanelWindow::Focus()
+void CListWindow::Focus()
 {
     QApplication::setActiveWindow(&window);
     Tree()->setFocus();
 }
 
-bool CPanelWindow::IsOn(const QString& strBegin) const
+bool CListWindow::IsOn(const QString& strBegin) const
 {
     const QAction* pAction = Find(strBegin);
     return pAction && pAction->isEnabled();
 }
 
-QTreeView* CPanelWindow::Tree() const
+QTreeView* CListWindow::Tree() const
 {
     return PanelAccess::FindCurrentTree(pPanel->GetWidget());
 }
 
-QModelIndex CPanelWindow::Row(const QString& strName) const
+QModelIndex CListWindow::Row(const QString& strName) const
 {
     return PanelAccess::FindRow(pointers, Tree(), strName);
 }
 
-void CPanelWindow::Select(const QStringList& listName) const
+void CListWindow::Select(const QStringList& listName) const
 {
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
     for (const QString& strName : listName) {
@@ -118,26 +118,26 @@ void CPanelWindow::Select(const QStringList& listName) const
     }
 }
 
-void CPanelWindow::AndShown(const std::function<void()>& fnCommand) const
+void CListWindow::AndShown(const std::function<void()>& fnCommand) const
 {
     const QSignalSpy spyRows(Tree()->model(), &QAbstractItemModel::rowsInserted);
     fnCommand();
     QTRY_VERIFY(!spyRows.isEmpty());
 }
 
-void CPanelWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+void CListWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
     QTest::keyClick(window.windowHandle(), key, modifiers);
 }
 
-void CPanelWindow::Type(const QString& strText) const
+void CListWindow::Type(const QString& strText) const
 {
     for (const QChar& character : strText) {
         QTest::keyClick(window.windowHandle(), character.toLatin1());
     }
 }
 
-void CPanelWindow::Choose(const QStringList& listName, const QStringList& listPath) const
+void CListWindow::Choose(const QStringList& listName, const QStringList& listPath) const
 {
     Select(listName);
     const CMenuDriver driver([&](QMenu* pMenu) { CMenuDriver::Choose(pMenu, listPath); });
@@ -148,7 +148,7 @@ void CPanelWindow::Choose(const QStringList& listName, const QStringList& listPa
 }
 
 // The platform of the tests runs no drag, and without one the application hands no drop on.
-void CPanelWindow::Drop(const QStringList& listName, const QString& strTarget) const
+void CListWindow::Drop(const QStringList& listName, const QString& strTarget) const
 {
     Select(listName);
     QByteArray bytes;
@@ -160,7 +160,7 @@ void CPanelWindow::Drop(const QStringList& listName, const QString& strTarget) c
     (Tree()->*CDropAccess::Get())(&event);
 }
 
-QAction* CPanelWindow::Action(const QString& strBegin) const
+QAction* CListWindow::Action(const QString& strBegin) const
 {
     QAction* pAction = Find(strBegin);
     if (!pAction) {
@@ -169,7 +169,7 @@ QAction* CPanelWindow::Action(const QString& strBegin) const
     return pAction;
 }
 
-QAction* CPanelWindow::Find(const QString& strBegin) const
+QAction* CListWindow::Find(const QString& strBegin) const
 {
     const QList<QMenu*> listMenu = window.menuBar()->findChildren<QMenu*>();
     for (const QMenu* pMenu : listMenu) {
@@ -183,7 +183,7 @@ QAction* CPanelWindow::Find(const QString& strBegin) const
     return nullptr;
 }
 
-QLabel* CPanelWindow::Label(const QString& strObject, const QString& strBegin) const
+QLabel* CListWindow::Label(const QString& strObject, const QString& strBegin) const
 {
     const QList<QLabel*> listLabel = window.statusBar()->findChildren<QLabel*>(strObject);
     for (QLabel* pLabel : listLabel) {
@@ -194,7 +194,7 @@ QLabel* CPanelWindow::Label(const QString& strObject, const QString& strBegin) c
     return nullptr;
 }
 
-QString CPanelWindow::ListText()
+QString CListWindow::ListText()
 {
     QStringList listLine;
     const SProcessorAllNode node = List();
@@ -207,21 +207,21 @@ QString CPanelWindow::ListText()
     return listLine.join('\n');
 }
 
-SProcessorAllNode CPanelWindow::List(bool bSimulator)
+SProcessorAllNode CListWindow::List(bool bSimulator)
 {
     SProcessorAllNode node;
     bSimulator ? g_pPrcListControl->GetSimulatorTree(node) : g_pPrcListControl->GetDiscoveredTree(node);
     return node;
 }
 
-QUuid CPanelWindow::Id(const QString& strName)
+QUuid CListWindow::Id(const QString& strName)
 {
     const QUuid id = FindId(List(), strName);
     return id.isNull() ? FindId(List(true), strName) : id;
 }
 
 // The devices are found by a scan, and named before anybody listens.
-std::unique_ptr<CControlHost> CPanelWindow::Start() const
+std::unique_ptr<CControlHost> CListWindow::Start() const
 {
     SControlOptions options;
     options.strListFile = folder.filePath(QStringLiteral("list.kvtl"));
