@@ -29,7 +29,7 @@ MOMENT = "10"  # of the scenario, in seconds: Chief-Member mode is on, a fail-ov
 
 
 def save(image, path):
-    image.convert("RGB").quantize(256).save(path, optimize=True)
+    image.convert("RGB").save(path, optimize=True)
 
 
 def take_kestrel(build, path):

@@ -13,7 +13,7 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
-HEADERS = ("src/interfaces", "src/data/nodes", "host/controlhost")
+HEADERS = ("src/interfaces", "src/data/nodes", "host/controlhost", "host/journal")
 INCLUDE_ROOTS = ("src", "src/data", "host")
 LIBRARIES = ("ProcessorTreeView", "CommonComponent", "ControlHost", "CorvidControl")
 RELEASE = ROOT / "packaging/abi"

@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
+#include <QTimer>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
@@ -20,6 +22,7 @@ constexpr int nFields = 4;
 constexpr int nBits = 8;
 constexpr int nMargin = 4;
 constexpr int nMarkSize = 16;
+constexpr int nRefusalMs = 1500; ///< long enough to be read
 
 } // namespace
 
@@ -38,11 +41,14 @@ public:
     void CopyAddress() const;
     QString FindError() const;
     void UpdateError(bool bByUser);
+    void ShowRefusal(int nField);
+    void EndRefusal();
 
     CIPEdit* pEdit;
     std::array<CIPField*, nFields> fields{};
     QLabel* pMark;
     QList<quint32> listLimit;
+    QTimer timerRefusal;
     bool bError = true;    ///< a new edit is empty, which is incomplete
     bool bSetting = false; ///< several places change; the state is that after the last one
 };
@@ -85,12 +91,19 @@ void CIPEdit::CPrivate::SetConnection()
     for (int i = 0; i < nFields; ++i) {
         ConnectField(i);
     }
+    timerRefusal.setSingleShot(true);
+    timerRefusal.setInterval(nRefusalMs);
+    connect(&timerRefusal, &QTimer::timeout, pEdit, [this] { EndRefusal(); });
 }
 
 void CIPEdit::CPrivate::ConnectField(int nField)
 {
     const CIPField* pField = fields[nField];
-    connect(pField, &QLineEdit::textChanged, pEdit, [this] { UpdateError(true); });
+    connect(pField, &QLineEdit::textChanged, pEdit, [this] {
+        EndRefusal();
+        UpdateError(true);
+    });
+    connect(pField, &QLineEdit::inputRejected, pEdit, [this, nField] { ShowRefusal(nField); });
     connect(pField, &CIPField::SignalDot, pEdit, [this, nField] { GoNext(nField, true); });
     connect(pField, &CIPField::SignalFull, pEdit, [this, nField] { GoNext(nField, false); });
     connect(pField, &CIPField::SignalStep, pEdit, [this, nField](int nDirection) { GoTo(nField, nDirection); });
@@ -180,6 +193,31 @@ void CIPEdit::CPrivate::UpdateError(bool bByUser)
         bError = bNow;
         emit pEdit->ExistError(bNow);
     }
+}
+
+// A key that does nothing looks like a broken one.
+void CIPEdit::CPrivate::ShowRefusal(int nField)
+{
+    EndRefusal();
+    CIPField* pField = fields[nField];
+    const QString strHint = CIPEdit::tr("Each part is a number from 0 to 255.");
+    SetStyleProperty(pEdit, "Refused", true);
+    pField->setAccessibleDescription(strHint);
+    QToolTip::showText(pField->mapToGlobal(QPoint(0, pField->height())), strHint, pField, QRect(), nRefusalMs);
+    timerRefusal.start();
+}
+
+void CIPEdit::CPrivate::EndRefusal()
+{
+    if (!pEdit->property("Refused").toBool()) {
+        return;
+    }
+    timerRefusal.stop();
+    SetStyleProperty(pEdit, "Refused", false);
+    for (CIPField* pField : fields) {
+        pField->setAccessibleDescription(QString());
+    }
+    QToolTip::hideText();
 }
 
 CIPEdit::CIPEdit(QWidget* parent) : QWidget(parent), d(new CPrivate(this))

@@ -35,7 +35,7 @@ bool CIconButton::event(QEvent* event)
 
 void CIconButton::TakeNameFromToolTip()
 {
-    if (accessibleName() == strTakenName) {
+    if (accessibleName() == strTakenName && toolTip() != strTakenName) { // a name that is set again is announced again
         strTakenName = toolTip();
         setAccessibleName(strTakenName);
     }

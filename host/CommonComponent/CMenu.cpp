@@ -1,8 +1,12 @@
 #include "interfaces/widgets/CMenu.h"
 
+#include "CommonComponent/CMenuSearch.h"
 #include "CommonComponent/StyleHooks.h"
 
-CMenu::CMenu(QWidget* parent) : QMenu(parent) { }
+CMenu::CMenu(QWidget* parent) : QMenu(parent)
+{
+    new CMenuSearch(this);
+}
 
 CMenu::~CMenu()
 {

@@ -72,7 +72,9 @@ void CSearchBox::CPrivate::SetConnection(CSearchBox* pBox)
 void CSearchBox::CPrivate::UpdateText()
 {
     pEdit->setPlaceholderText(CSearchBox::tr("Search"));
-    pEdit->setAccessibleName(CSearchBox::tr("Search"));
+    if (pEdit->accessibleName() != CSearchBox::tr("Search")) { // a name that is set again is announced again
+        pEdit->setAccessibleName(CSearchBox::tr("Search"));
+    }
     pClear->setToolTip(CSearchBox::tr("Clear"));
 }
 

@@ -19,9 +19,7 @@ constexpr int nLeastCharacters = 16;
 } // namespace
 
 CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
-    : QWidget(parent),
-      pSpinner(new CSpinner(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("accent")), this)),
-      pLabel(new CElidedLabel(this))
+    : QWidget(parent), pSpinner(new CSpinner(this)), pLabel(new CElidedLabel(this))
 {
     setObjectName(QStringLiteral("BusyIndicator"));
     pLabel->SetLeastCharacters(nLeastCharacters);
@@ -32,6 +30,8 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     pLayout->addWidget(pLabel, 1);
     timer.setInterval(nSecondMs);
     connect(&timer, &QTimer::timeout, this, &CBusyIndicator::UpdateText);
+    connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
+    UpdateColours(theme);
     UpdateText();
 }
 
@@ -59,6 +59,11 @@ void CBusyIndicator::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         UpdateText();
     }
+}
+
+void CBusyIndicator::UpdateColours(const CTheme& theme)
+{
+    pSpinner->SetColours(theme.GetColour(QStringLiteral("line")), theme.GetColour(QStringLiteral("textStrong")));
 }
 
 void CBusyIndicator::UpdateText()

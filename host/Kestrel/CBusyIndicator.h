@@ -17,7 +17,7 @@ class CBusyIndicator : public QWidget
     Q_OBJECT
 
 public:
-    /// The colours of the arc are the theme's.
+    /// The colours of the arc are the theme's, which must outlive it or change no more.
     CBusyIndicator(const CTheme& theme, QWidget* parent);
 
     /// timeSince is looked at only when bBusy; vecJob holds the calls under way, oldest first.
@@ -30,6 +30,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void UpdateColours(const CTheme& theme);
     void UpdateText();
     QString GetWhat() const;
     QString GetBusyText() const;

@@ -2,6 +2,7 @@
 
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/OptionFiles.h"
+#include "Kestrel/theme/CTheme.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -29,6 +30,7 @@ constexpr QLatin1String strScale = Literal("scale");
 constexpr QLatin1String strScenario = Literal("scenario");
 constexpr QLatin1String strShot = Literal("shot");
 constexpr QLatin1String strShots = Literal("shots");
+constexpr QLatin1String strTheme = Literal("theme");
 constexpr QLatin1String strVersion = Literal("version");
 
 /// An option whose value is taken as it stands, and where it goes.
@@ -38,7 +40,7 @@ struct STextOption
     QString SKestrelOptions::* pValue;
 };
 
-constexpr std::array<STextOption, 8> listText{ {
+constexpr std::array<STextOption, 9> listText{ {
     { Literal("control"), &SKestrelOptions::strControlFile },
     { Literal("journal"), &SKestrelOptions::strJournalFile },
     { strLang, &SKestrelOptions::strLanguage },
@@ -47,6 +49,7 @@ constexpr std::array<STextOption, 8> listText{ {
     { strScenario, &SKestrelOptions::strScenarioFile },
     { strShot, &SKestrelOptions::strShotFile },
     { strShots, &SKestrelOptions::strShotFolder },
+    { strTheme, &SKestrelOptions::strTheme },
 } };
 
 void AddOption(QCommandLineParser& parser, QLatin1String strName)
@@ -122,10 +125,14 @@ void CCommandLine::ReadTexts(const QCommandLineParser& parser)
             Refuse(QStringLiteral("--%1 is empty").arg(option.strName));
         }
     }
-    const QStringList listCode = CLanguage::GetCodes();
-    if (parser.isSet(strLang) && !listCode.contains(options.strLanguage)) {
-        Refuse(
-            QStringLiteral("Unknown language '%1': there are %2").arg(options.strLanguage, listCode.join(QLatin1String(", "))));
+    CheckChoice(options.strLanguage, QStringLiteral("language"), CLanguage::GetCodes());
+    CheckChoice(options.strTheme, QStringLiteral("theme"), CTheme::GetNames());
+}
+
+void CCommandLine::CheckChoice(const QString& strValue, const QString& strWhat, const QStringList& listChoice)
+{
+    if (!strValue.isEmpty() && !listChoice.contains(strValue)) {
+        Refuse(QStringLiteral("Unknown %1 '%2': there are %3").arg(strWhat, strValue, listChoice.join(QLatin1String(", "))));
     }
 }
 

@@ -19,6 +19,7 @@ public:
 
 private:
     void ReadTexts(const class QCommandLineParser& parser);
+    void CheckChoice(const QString& strValue, const QString& strWhat, const QStringList& listChoice);
     void ReadNumbers(const QCommandLineParser& parser);
     void CheckCompany(const QCommandLineParser& parser);
     double ReadNumber(const QCommandLineParser& parser, const QString& strOption, double dLeast, double dMost);

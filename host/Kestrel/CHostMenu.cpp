@@ -53,6 +53,11 @@ void CHostMenu::UpdateText()
     pLanguageMenu->setTitle(tr("L&anguage"));
 }
 
+QMenu& CHostMenu::GetViewMenu() const
+{
+    return *pViewMenu;
+}
+
 void CHostMenu::MakeProjectMenu()
 {
     pOpenProject = MakeAction(pProjectMenu, QKeySequence::Open);

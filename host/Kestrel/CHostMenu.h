@@ -27,6 +27,9 @@ public:
     /// All texts, after the language has changed.
     void UpdateText();
 
+    /// For what others have to say about the view. Owned by the window.
+    QMenu& GetViewMenu() const;
+
 signals:
     /// The user wants everything in the list selected.
     void SelectAllRequested();

@@ -52,6 +52,7 @@ int CKestrel::Run()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     theme.Apply(*qApp);
+    theme.Set(options.strTheme);
     language.Set(options.strLanguage.isEmpty() ? CLanguage::GetSystemCode() : options.strLanguage);
 
     CCallLog log(nJournalLines);

@@ -3,9 +3,11 @@
 
 #include "Kestrel/CHostMenu.h"
 #include "Kestrel/CHostStatus.h"
+#include "Kestrel/CKeyWays.h"
 #include "Kestrel/journal/CJournalDock.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
+#include "Kestrel/theme/CThemeMenu.h"
 #include "Kestrel/undo/CUndoMenu.h"
 #include "controlhost/IControlHost.h"
 
@@ -25,16 +27,19 @@ constexpr int nGraceMs = 2000;
 } // namespace
 
 CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
-                         const CTheme& theme)
-    : host(hostIn), finalSave(hostIn, pointers, *this), undoSteps(hostIn), pFrame(new QWidget(this)),
+                         CTheme& themeIn)
+    : host(hostIn), theme(themeIn), finalSave(hostIn, pointers, *this), undoSteps(hostIn), pFrame(new QWidget(this)),
       pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
     addDockWidget(Qt::RightDockWidgetArea, pDock);
+    pDock->hide();
     pMenu = new CHostMenu(*this, host, language, pDock->toggleViewAction());
+    pMenu->GetViewMenu().addMenu(new CThemeMenu(themeIn, this));
+    pKeyWays = new CKeyWays(*this, pMenu->GetViewMenu());
     pStatus = new CHostStatus(host, theme, this);
     pUndoMenu = new CUndoMenu(*this, pMenu->GetListMenu(), *pFrame, host, undoSteps, pStatus->GetRefusalNote());
-    InitWidget(theme);
+    InitWidget();
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();
 }
@@ -50,6 +55,7 @@ void CMainWindow::SetPanel(QWidget* pWidget)
     pFrameLayout->addWidget(pWidget);
     pStatus->SetPanel(pWidget);
     pUndoMenu->SetPanel(pWidget);
+    pKeyWays->SetPanel(pWidget);
     if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
     }
@@ -103,13 +109,14 @@ void CMainWindow::changeEvent(QEvent* event)
     }
     pMenu->UpdateText();
     pUndoMenu->UpdateText();
+    pKeyWays->UpdateText();
     pStatus->UpdateState();
     pStatus->UpdateCounts();
     pStatus->UpdateTrouble();
     RepaintPanel();
 }
 
-void CMainWindow::InitWidget(const CTheme& theme)
+void CMainWindow::InitWidget()
 {
     setWindowTitle(QStringLiteral("Kestrel"));
     resize(sizeWindow);
@@ -131,6 +138,7 @@ void CMainWindow::SetConnection()
     connect(&host, &IControlHost::StateChanged, pStatus, &CHostStatus::UpdateState, Qt::QueuedConnection);
     connect(&host, &IControlHost::ListTroubleChanged, pStatus, &CHostStatus::UpdateTrouble, Qt::QueuedConnection);
     connect(&unwinding, &CUnwinding::Unwound, this, &QWidget::close);
+    connect(&theme, &CTheme::Changed, this, &CMainWindow::UpdateSheet);
     connect(pMenu, &CHostMenu::SelectAllRequested, this, &CMainWindow::SelectAll);
     connect(&timerGrace, &QTimer::timeout, this, [this] {
         bGraceOver = host.GetRunningJobs().isEmpty();
@@ -180,6 +188,15 @@ void CMainWindow::RepaintPanel()
     const QList<QWidget*> listWidget = pPanelWidget->findChildren<QWidget*>();
     for (QWidget* pWidget : listWidget) {
         pWidget->update();
+    }
+}
+
+void CMainWindow::UpdateSheet()
+{
+    const QString strOld = pFrame->styleSheet();
+    pFrame->setStyleSheet(theme.GetPanelSheet());
+    if (pPanelWidget) {
+        PanelAccess::ReplaceSheet(pPanelWidget, strOld, pFrame->styleSheet());
     }
 }
 

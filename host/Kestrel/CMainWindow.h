@@ -15,6 +15,7 @@ class CCallLog;
 class IControlHost;
 class CHostMenu;
 class CHostStatus;
+class CKeyWays;
 class CLanguage;
 class CTheme;
 class CUndoMenu;
@@ -28,8 +29,7 @@ class CMainWindow : public QMainWindow, public IUIManagement
 
 public:
     /// All arguments must outlive the window.
-    CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
-                const CTheme& theme);
+    CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language, CTheme& themeIn);
 
     /// The widget that carries the panel's style sheet.
     QWidget* GetParentWidget() override;
@@ -58,21 +58,25 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void InitWidget(const CTheme& theme);
+    void InitWidget();
     void SetConnection();
     void SelectAll();
     void UpdateBusy();
     void WaitForJobs();
     void RepaintPanel();
+    /// Gives the frame, and the panel that has copied its sheet, the sheet of the present theme.
+    void UpdateSheet();
     bool IsJobRunning() const;
 
     IControlHost& host;
+    const CTheme& theme;
     CFinalSave finalSave;
     CUnwinding unwinding;
     CUndoSteps undoSteps;
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
+    CKeyWays* pKeyWays = nullptr;
     CHostStatus* pStatus = nullptr;
     CUndoMenu* pUndoMenu = nullptr;
     QPointer<QWidget> pPanelWidget;

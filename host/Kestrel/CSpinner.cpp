@@ -14,11 +14,18 @@ constexpr int nSixteenth = 16; ///< QPainter counts angles in sixteenths of a de
 
 } // namespace
 
-CSpinner::CSpinner(const QColor& trackIn, const QColor& arcIn, QWidget* parent) : QWidget(parent), track(trackIn), arc(arcIn)
+CSpinner::CSpinner(QWidget* parent) : QWidget(parent)
 {
     setFixedSize(nEdge, nEdge);
     timer.setInterval(nPeriodMs);
     connect(&timer, &QTimer::timeout, this, &CSpinner::Turn);
+}
+
+void CSpinner::SetColours(const QColor& trackIn, const QColor& arcIn)
+{
+    track = trackIn;
+    arc = arcIn;
+    update();
 }
 
 void CSpinner::SetTurning(bool bTurning)

@@ -10,8 +10,10 @@ class CSpinner : public QWidget
     Q_OBJECT
 
 public:
-    /// trackIn is the whole ring, arcIn the part that turns.
-    CSpinner(const QColor& trackIn, const QColor& arcIn, QWidget* parent);
+    explicit CSpinner(QWidget* parent);
+
+    /// trackIn is for the whole ring, arcIn for the part that turns.
+    void SetColours(const QColor& trackIn, const QColor& arcIn);
 
     /// A widget that rests shows nothing and needs no timer.
     void SetTurning(bool bTurning);
@@ -24,8 +26,8 @@ protected:
 private:
     void Turn();
 
-    const QColor track;
-    const QColor arc;
+    QColor track;
+    QColor arc;
     QTimer timer;
     int nAngle = 0; ///< degrees, clockwise from the top
 };

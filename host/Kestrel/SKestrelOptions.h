@@ -18,6 +18,7 @@ struct SKestrelOptions
     QString strControlFile;  ///< the control library; empty: the one of the installation
     QString strPanelFile;    ///< the panel's library; empty: the one of the installation
     QString strLanguage;     ///< "en", "de", "zh_CN"; empty: the system's
+    QString strTheme;        ///< "dark", "contrast"; empty: not asked for
     double dPace = 1.0;      ///< how many times as fast the quiet day goes
     double dScale = 0.0;     ///< pixels a point; 0: as the screen says
 };

@@ -6,8 +6,8 @@
 /// them.
 struct SListSnapshot
 {
-    SProcessorAllNode discovered; ///< the Discovered pane
-    SProcessorAllNode simulators; ///< the Simulator pane
+    SProcessorAllNode discovered; ///< the root of the Discovered pane
+    SProcessorAllNode simulators; ///< that of the Simulator pane
 
     /// Counts what has changed in either pane but by folding and by reports of devices: commands, found
     /// devices, steps of a scenario, restores. Equal numbers of one host are the same list in these respects.

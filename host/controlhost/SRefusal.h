@@ -9,9 +9,9 @@
 /// A command of the user that was refused or has failed, in parts, so that an application can put it into its own words.
 struct SRefusal
 {
-    EnListCommand command = CommandAddGroup; ///< that was refused
+    EnListCommand command = CommandAddGroup; ///< what the user wanted
     QString strName;                         ///< as SListEdit::strName, where it is known
-    EnRefusalReason reason = ReasonNone;     ///< never ReasonNone in a signal
+    EnRefusalReason reason = ReasonNone;     ///< why not
     QString strDetail;                       ///< see EnRefusalReason
     QString strLine; ///< the whole in English, as in the log, for a reason that an application has no words for
 };

@@ -9,7 +9,7 @@
 struct SRunningJob
 {
     QString strJob;      ///< what it does, in English
-    QDateTime timeSince; ///< its beginning, local time
+    QDateTime timeSince; ///< when it began, local time
     int nDone = 0;       ///< devices asked, nodes deleted
     int nAll = 0;        ///< of how many; 0 where nobody knows
 };

@@ -1,6 +1,7 @@
 #include "data/CProcessorTreeData.h"
 #include "delegate/CProcessorTreeDelegate.h"
 #include "delegate/RowLook.h"
+#include "delegate/RowText.h"
 #include "delegate/SGroupRowGeometry.h"
 #include "delegate/SInfoRowGeometry.h"
 #include "delegate/SProcessorRowGeometry.h"
@@ -9,7 +10,6 @@
 #include "model/SPrcNodeItem.h"
 
 #include <QFontMetrics>
-#include <QHostAddress>
 #include <QPainter>
 #include <QRadialGradient>
 #include <QStringList>
@@ -109,33 +109,6 @@ bool ShowsChief(const SProcessorGroupNode& group)
     return !group.idChief.isNull() && g_pProcessorTreeData->IsChiefMode();
 }
 
-QString Address(const SProcessorNode& node)
-{
-    return CProcessorTreeDelegate::tr("IP: %1").arg(QHostAddress(node.nIP).toString());
-}
-
-QString ProjectText(const SProcessorNode& node)
-{
-    return node.strProject.isEmpty() ? QStringLiteral("--") : node.strProject;
-}
-
-QString IdText(const SProcessorNode& node)
-{
-    return node.idNode.toString(QUuid::WithoutBraces);
-}
-
-QStringList OnlineLines(const SProcessorNode& node, const QString& strProject, const QString& strId)
-{
-    return { CProcessorTreeDelegate::tr("Type: ") + node.strType, Address(node),
-             CProcessorTreeDelegate::tr("Project: ") + strProject, CProcessorTreeDelegate::tr("UID: ") + strId };
-}
-
-QStringList OfflineLines(const SProcessorNode& node)
-{
-    return { CProcessorTreeDelegate::tr("Type: --"), Address(node), CProcessorTreeDelegate::tr("Project: --"),
-             CProcessorTreeDelegate::tr("UID: --") };
-}
-
 void DrawLines(QPainter* painter, const SInfoRowGeometry& geometry, const QStringList& listLine)
 {
     for (int i = 0; i < listLine.size(); ++i) {
@@ -179,7 +152,7 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
     QString strText;
     bool bChief = false;
     if (bAll) {
-        strText = tr("All processors(%1)").arg(g_pProcessorTreeData->GetProcessorCount());
+        strText = RowText::All(g_pProcessorTreeData->GetProcessorCount());
     } else {
         const QUuid id = RowValue::NodeId(index);
         const SProcessorGroupNode group = g_pProcessorTreeData->GetGroup(id);
@@ -214,11 +187,11 @@ void CProcessorTreeDelegate::PaintInfo(QPainter* painter, const QStyleOptionView
     SetRowFont(painter);
     painter->setPen(QColor(RowLook::rgbText));
     if (!node.bOnline) {
-        DrawLines(painter, geometry, OfflineLines(node));
+        DrawLines(painter, geometry, RowText::InfoLines(node));
         return;
     }
-    const QString strProject = GetElidedText(ProjectText(node), geometry.nProjectWidth, painter->font(), index);
-    const QString strId = GetElidedText(IdText(node), geometry.nIdWidth, painter->font(), index);
-    DrawLines(painter, geometry, OnlineLines(node, strProject, strId));
-    RowValue::Write(index, OnlineLines(node, ProjectText(node), IdText(node)).join(QLatin1Char('\n')), RoleToolTip);
+    const QString strProject = GetElidedText(RowText::Project(node), geometry.nProjectWidth, painter->font(), index);
+    const QString strId = GetElidedText(RowText::Uid(node), geometry.nIdWidth, painter->font(), index);
+    DrawLines(painter, geometry, RowText::OnlineLines(node, strProject, strId));
+    RowValue::Write(index, RowText::InfoLines(node).join(QLatin1Char('\n')), RoleToolTip);
 }

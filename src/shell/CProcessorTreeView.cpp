@@ -254,8 +254,8 @@ void CProcessorTreeView::UpdateText()
 {
     pDiscoveredTab->setText(tr("Discovered"));
     pSimulatorTab->setText(tr("Simulator"));
-    pRefreshButton->setToolTip(tr("Refresh"));
-    pCloseSearchButton->setToolTip(tr("Close search box"));
+    PanelParts::NameButton(pRefreshButton, tr("Refresh"));
+    PanelParts::NameButton(pCloseSearchButton, tr("Close search box"));
 }
 
 void CProcessorTreeView::StartWorker()

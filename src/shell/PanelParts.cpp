@@ -30,6 +30,7 @@ void PanelParts::DressTab(QPushButton* pTab, const QString& strPosition)
     pTab->setObjectName(QStringLiteral("Tab"));
     pTab->setProperty("Position", strPosition);
     pTab->setFixedHeight(nTabHeight);
+    pTab->setAutoExclusive(true); // for screen readers alone: which one is chosen is up to the group of buttons
 }
 
 void PanelParts::DressRefreshButton(QToolButton* pButton)
@@ -41,6 +42,14 @@ void PanelParts::DressRefreshButton(QToolButton* pButton)
 void PanelParts::DressCloseSearchButton(QToolButton* pButton)
 {
     DressIconButton(pButton, QStringLiteral("CloseSearchBox"), QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
+}
+
+void PanelParts::NameButton(QToolButton* pButton, const QString& strName)
+{
+    pButton->setToolTip(strName);
+    if (pButton->accessibleName() != strName) { // a name that is set again is announced again
+        pButton->setAccessibleName(strName);
+    }
 }
 
 void PanelParts::LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton)

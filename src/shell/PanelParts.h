@@ -12,7 +12,7 @@ class QWidget;
 /// sheet relies on the object names and properties. Widgets stay owned by their parents.
 namespace PanelParts {
 
-/// Makes a button one of the tabs; strPosition is its place among them, "first" or "middle".
+/// Makes a button one of the tabs, of which one is chosen; strPosition is its place among them, "first" or "middle".
 void DressTab(QPushButton* pTab, const QString& strPosition);
 
 /// The button that refreshes, at the right end of the header.
@@ -20,6 +20,9 @@ void DressRefreshButton(QToolButton* pButton);
 
 /// The button that closes the search row.
 void DressCloseSearchButton(QToolButton* pButton);
+
+/// What a button without a text does: its tool tip, and its name for screen readers.
+void NameButton(QToolButton* pButton, const QString& strName);
 
 /// Lays the tabs and the refresh button out in the header.
 void LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton);

@@ -12,6 +12,7 @@
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 #include "tree/CRenameWatch.h"
+#include "tree/CRowReader.h"
 #include "tree/CSelectionAnchor.h"
 #include "tree/CTreeKeys.h"
 #include "tree/NeighbourNode.h"
@@ -71,6 +72,7 @@ void CProcessorTree::InitWidget()
     header()->hide();
     InitView();
     InitScrollBars();
+    pReader = new CRowReader(*this, *pModel, bDiscovered);
 }
 
 void CProcessorTree::InitView()
@@ -123,6 +125,7 @@ void CProcessorTree::UpdateText()
     for (auto it = mapAction.cbegin(); it != mapAction.cend(); ++it) {
         it.value()->setText(GetActionText(it.key()));
     }
+    pReader->UpdateText();
 }
 
 void CProcessorTree::UpdateScrollBars()
@@ -166,6 +169,7 @@ void CProcessorTree::RefreshTree()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
+    pReader->Note();
     DropEditor();
     bRebuilding = true;
     blockSignals(true);
@@ -174,6 +178,7 @@ void CProcessorTree::RefreshTree()
     pAnchor->Restore(place);
     bRebuilding = false;
     blockSignals(false);
+    pReader->Write();
 }
 
 void CProcessorTree::SetSearchText(const QString& strText)

@@ -13,6 +13,7 @@
 class CProcessorTreeDelegate;
 class CProcessorTreeModel;
 class CRenameWatch;
+class CRowReader;
 class CScrollBar;
 class CSelectionAnchor;
 class CTreeKeys;
@@ -175,4 +176,5 @@ private:
     std::unique_ptr<CSelectionAnchor> pAnchor;
     std::unique_ptr<CTreeKeys> pKeys;
     std::unique_ptr<CRenameWatch> pRenameWatch; ///< ends the suppression when the editor goes unclosed
+    CRowReader* pReader = nullptr;              ///< what screen readers say of the rows
 };

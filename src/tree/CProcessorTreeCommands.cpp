@@ -9,6 +9,7 @@
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorGroupNode.h"
 #include "tree/CRenameWatch.h"
+#include "tree/CRowReader.h"
 #include "tree/CTreeKeys.h"
 #include "tree/CTreeMenu.h"
 #include "tree/TreeAction.h"
@@ -99,6 +100,7 @@ void CProcessorTree::Rename()
     bSuppressSelection = true;
     edit(index, AllEditTriggers, nullptr);
     if (QWidget* const pEditor = indexWidget(index)) {
+        pReader->NameEditor(pEditor, index);
         pRenameWatch->Start(pEditor);
     } else if (state() != EditingState) {
         pRenameWatch->Stop(); // an editor that a rebuild has taken must not end this rename when it dies

@@ -97,6 +97,39 @@ private slots:
         QVERIFY(!pMenu->isVisible());
     }
 
+    void typingGoesToTheEntryThatBeginsWithIt_data()
+    {
+        QTest::addColumn<QString>("strTyped");
+        QTest::addColumn<QString>("strEntry");
+        QTest::newRow("a letter") << "b" << "Beta";
+        QTest::newRow("a name") << "hall 2" << "Hall 2";
+        QTest::newRow("the first of several") << "H" << "Hall 1";
+        QTest::newRow("what does not go on is left out") << "hall 2x" << "Hall 2";
+        QTest::newRow("no disabled entry") << "G" << "Gimlet";
+    }
+    void typingGoesToTheEntryThatBeginsWithIt()
+    {
+        QFETCH(QString, strTyped);
+        pMenu->addAction("Hall 1");
+        pMenu->addAction("Hall 2");
+        pMenu->addAction("Gimlet");
+        pMenu->actions().at(2)->setEnabled(false);
+        pMenu->popup(QPoint(10, 10));
+        QTest::keyClicks(pMenu, strTyped);
+        QTEST(pMenu->activeAction() ? pMenu->activeAction()->text() : QString(), "strEntry");
+    }
+
+    void aMenuThatOpensAgainHasForgottenWhatWasTyped()
+    {
+        pMenu->addAction("Hall ba");
+        pMenu->popup(QPoint(10, 10));
+        QTest::keyClicks(pMenu, "hall ");
+        pMenu->close();
+        pMenu->popup(QPoint(10, 10));
+        QTest::keyClicks(pMenu, "b");
+        QCOMPARE(pMenu->activeAction()->text(), QStringLiteral("Beta"));
+    }
+
 private:
     std::unique_ptr<QWidget> pWindow;
     CMenu* pMenu = nullptr;

@@ -8,10 +8,13 @@ from pathlib import Path
 
 from PIL import Image
 
+from walk import ONLINE, near
+
 BUILD = sys.argv.pop(1)
 ROOT = Path(__file__).resolve().parents[2]
 SCRIPT = ROOT / "scripts/pictures.py"
 FEWEST_COLOURS = 20
+FEWEST_ONLINE_PIXELS = 60  # the dots of three rows
 
 
 def shown():
@@ -33,7 +36,9 @@ class PicturesTest(unittest.TestCase):
             for path in set(shown()):
                 with self.subTest(path.name), Image.open(path) as old, Image.open(Path(folder) / path.name) as new:
                     self.assertEqual(new.size, old.size)
-                    self.assertGreater(len(new.convert("RGB").getcolors(1 << 24)), FEWEST_COLOURS)
+                    colours = new.convert("RGB").getcolors(1 << 24)
+                    self.assertGreater(len(colours), FEWEST_COLOURS)
+                    self.assertGreater(sum(count for count, colour in colours if near(colour, ONLINE)), FEWEST_ONLINE_PIXELS)
 
 
 if __name__ == "__main__":

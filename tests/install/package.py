@@ -148,13 +148,18 @@ class InstallTest(unittest.TestCase):
         run("g++", "-std=c++17", "-fPIC", *self.pkg_config("--cflags"), source, "-o", WORK / "everything", *self.pkg_config("--libs"))
         run(WORK / "everything")
 
+    def menu_entry(self, key):
+        entry = (PREFIX / "share/applications/kestrel.desktop").read_text(encoding="utf-8")
+        return re.search(rf"^{key}=(\S+)$", entry, re.M).group(1)
+
+    def test_the_menu_entry_has_its_icon(self):
+        self.assertTrue((PREFIX / f"share/icons/hicolor/scalable/apps/{self.menu_entry('Icon')}.svg").is_file())
+
     def kestrel(self, *arguments):
         """Kestrel as the menu starts it, but without a screen and with nothing of this build in its way."""
-        entry = (PREFIX / "share/applications/kestrel.desktop").read_text(encoding="utf-8")
-        command = re.search(r"^Exec=(\S+)$", entry, re.M).group(1)
         environment = {"PATH": f"{PREFIX}/bin:/usr/bin:/bin", "HOME": str(WORK), "XDG_RUNTIME_DIR": str(WORK),
                        "QT_QPA_PLATFORM": "offscreen", "LC_ALL": "C.UTF-8"}
-        return run(shutil.which(command, path=environment["PATH"]), *arguments, env=environment, cwd=WORK)
+        return run(shutil.which(self.menu_entry("Exec"), path=environment["PATH"]), *arguments, env=environment, cwd=WORK)
 
     def test_kestrel_says_its_version(self):
         self.assertIn(version(), self.kestrel("--version"))

@@ -8,6 +8,9 @@ from pathlib import Path
 
 LIBRARIES = Path(sys.argv.pop()).resolve()
 ROOT = Path(sys.argv.pop()).resolve()
+sys.path.insert(0, str(ROOT / "scripts"))
+
+from surface import HEADERS  # noqa: E402
 
 
 def check(root, libraries=LIBRARIES):
@@ -20,7 +23,7 @@ class SurfaceTest(unittest.TestCase):
         """A copy of the headers in which one of them is different."""
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
-        for part in ("src/interfaces", "src/data/nodes", "host/controlhost"):
+        for part in HEADERS:
             shutil.copytree(ROOT / part, Path(folder.name) / part)
         header = Path(folder.name) / name
         text = header.read_text(encoding="utf-8")
@@ -34,7 +37,7 @@ class SurfaceTest(unittest.TestCase):
 
     def test_an_operation_in_the_middle_of_an_interface_is_noticed(self):
         old = "    virtual void Detach("
-        result = check(self.headers_with("src/interfaces/control/IPrcListControl.h", old, f"    virtual void Planted() = 0;\n{old}"))
+        result = check(self.headers_with("src/interfaces/control/IPrcListControl.h", old, f"    virtual void Planted() {{ }}\n{old}"))
         self.assertEqual(result.returncode, 1, result.stdout + result.stderr)
         self.assertIn("IPrcListControl::Detach", result.stdout)
 

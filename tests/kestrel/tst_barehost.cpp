@@ -81,7 +81,9 @@ private slots:
     {
         const CBareWindow kestrel;
 
-        QCOMPARE(kestrel.Entries(), (QStringList{ "Quit", "Select all", "Journal" }));
+        QCOMPARE(kestrel.Entries(),
+                 (QStringList{ "Quit", "Select all", "Journal", "Search the list", "Next part of the window",
+                               "Previous part of the window" }));
     }
 
     void theBadgesFollowTheLibrary_data()

@@ -71,6 +71,24 @@ private slots:
         }
     }
 
+    void aMarkOpensAndShutsTheJournal()
+    {
+        CProgram program;
+        QVERIFY(QDir().mkdir(program.Path("shots")));
+        const QString strScenario = program.Write("a.json", R"({"steps": [], "ui": [
+            {"at": 0.3, "shot": "shut"}, {"at": 0.4, "journal": true}, {"at": 0.6, "shot": "open"},
+            {"at": 0.7, "journal": false}, {"at": 0.9, "shot": "shut"}]})");
+
+        QVERIFY(program.Run(
+            { "--list", program.CopyExample("studio.kvtl"), "--scenario", strScenario, "--shots", program.Path("shots") }));
+
+        QCOMPARE(program.Errors(), QStringList());
+        const auto Load = [&](const char* szName) { return QImage(program.Path("shots/") + szName).copy(600, 0, 440, 680); };
+        QVERIFY(!Load("01-shut.png").isNull());
+        QVERIFY(Load("01-shut.png") != Load("02-open.png"));
+        QCOMPARE(Load("01-shut.png"), Load("03-shut.png"));
+    }
+
     void aMarkThatCannotBeCarriedOutEndsWithALineAndCodeTwo_data()
     {
         QTest::addColumn<QByteArray>("mark");
@@ -115,6 +133,7 @@ private slots:
         }
         row(R"(, "press": "")", "\"press\" must be a text that is not empty");
         row(R"(, "press": ["Add"])", "\"press\" must be a text that is not empty");
+        row(R"(, "journal": "shown")", "\"journal\" must be true or false");
     }
 
     void aMarkThatCannotBeMeantIsRefusedBeforeItsTime()

@@ -54,7 +54,7 @@ private slots:
     {
         QFETCH(QList<int>, listBatch);
         QFETCH(QStringList, listLeft);
-        CJournalModel model(3, {}, nullptr);
+        CJournalModel model(3, nullptr);
         const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
         int nNext = 0;
         for (const int nCount : std::as_const(listBatch)) {
@@ -66,7 +66,7 @@ private slots:
 
     void aBatchIsOneInsertion()
     {
-        CJournalModel model(100, {}, nullptr);
+        CJournalModel model(100, nullptr);
         QSignalSpy spyInserted(&model, &QAbstractItemModel::rowsInserted);
         QSignalSpy spyRemoved(&model, &QAbstractItemModel::rowsRemoved);
         model.Append(Records(0, 90));
@@ -77,7 +77,7 @@ private slots:
 
     void readingCallsAreHiddenUntilTheyAreAskedFor()
     {
-        CJournalModel model(100, {}, nullptr);
+        CJournalModel model(100, nullptr);
         CJournalFilter filter(nullptr);
         const QAbstractItemModelTester tester(&filter, QAbstractItemModelTester::FailureReportingMode::Fatal);
         filter.setSourceModel(&model);
@@ -90,7 +90,7 @@ private slots:
 
     void theFilterLooksAtObjectAndCallInAnyCase()
     {
-        CJournalModel model(100, {}, nullptr);
+        CJournalModel model(100, nullptr);
         CJournalFilter filter(nullptr);
         filter.setSourceModel(&model);
         filter.SetReadsShown(true);

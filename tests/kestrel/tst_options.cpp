@@ -73,8 +73,8 @@ private slots:
         QTest::newRow("pictures without a scenario") << "--shots ."
                                                      << "--shots";
         AddFiles();
-        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace",
-                                      "--journal", "--panel", "--control" }) {
+        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale",
+                                      "--pace", "--journal", "--panel", "--control" }) {
             QTest::addRow("%s with nothing", szOption) << szOption + QStringLiteral(" ") << szOption;
         }
     }
@@ -220,8 +220,8 @@ private slots:
 
         QCOMPARE(program.ExitCode(), 0);
         for (const char* szOption :
-             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--scale", "--pace", "--journal", "--panel",
-               "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
+             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale", "--pace", "--journal",
+               "--panel", "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display" }) {
             QVERIFY2(program.Output().contains(szOption), szOption);
         }
     }
@@ -237,6 +237,18 @@ private slots:
         const QString strError = program.Errors().value(0);
         const QString strCodes = strError.mid(strError.indexOf(": there are ") + 12).section(QLatin1Char(';'), 0, 0);
         QVERIFY2(strCodes.contains("zh_CN") && strHelp.contains("LANGUAGE    " + strCodes + "\n"), qPrintable(strError));
+    }
+
+    void helpNamesTheThemesThatThereAre()
+    {
+        CProgram program;
+        QVERIFY(program.Run({ "--help" }));
+        const QString strHelp = program.Output();
+
+        QVERIFY(program.Run({ "--theme", "pink" }));
+
+        QCOMPARE(program.Errors(), QStringList{ "kestrel: Unknown theme 'pink': there are dark, contrast; see --help" });
+        QVERIFY(strHelp.contains("--theme THEME      dark, contrast\n"));
     }
 
     void theVersionIsThatOfTheProject()

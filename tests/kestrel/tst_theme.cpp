@@ -1,28 +1,80 @@
+#include "Contrast.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
 #include "interfaces/widgets/CScrollBar.h"
 
+#include <QDirIterator>
 #include <QFontDatabase>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QVBoxLayout>
 
-#include <cmath>
+#include <memory>
 
 namespace {
 
-/// The contrast of two colours, 1 to 21, as the rules for readable web pages define it.
-double Luminance(const QColor& colour)
+constexpr char szPanelSheet[] = ":/theme/panel.qss";
+constexpr char szApplicationSheet[] = ":/theme/kestrel.qss";
+
+QString Read(const QString& strPath)
 {
-    const auto Linear = [](double dPart) { return dPart <= 0.03928 ? dPart / 12.92 : std::pow((dPart + 0.055) / 1.055, 2.4); };
-    return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
+    QFile file(strPath);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-double Contrast(const QColor& a, const QColor& b)
+/// The theme of that name, without an application that looks like it.
+std::unique_ptr<CTheme> MakeTheme(const QString& strName)
 {
-    const double dA = Luminance(a) + 0.05;
-    const double dB = Luminance(b) + 0.05;
-    return std::max(dA, dB) / std::min(dA, dB);
+    auto pTheme = std::make_unique<CTheme>();
+    pTheme->Set(strName);
+    qApp->setStyleSheet(QString());
+    return pTheme;
+}
+
+/// The names of a theme's file.
+QStringList ColourNames(const QString& strTheme)
+{
+    QStringList listName;
+    auto match = QRegularExpression("^(\\w+) +#", QRegularExpression::MultilineOption)
+                     .globalMatch(Read(QStringLiteral(":/theme/%1.txt").arg(strTheme)));
+    while (match.hasNext()) {
+        listName.append(match.next().captured(1));
+    }
+    return listName;
+}
+
+/// The rules of a sheet that use one of the colours of the focus, as "selectors" without their declarations.
+QStringList FocusColouredSelectors(const QString& strSheet)
+{
+    QString strText = Read(strSheet);
+    strText.remove(QRegularExpression("/\\*.*?\\*/", QRegularExpression::DotMatchesEverythingOption));
+    QStringList listSelector;
+    auto match = QRegularExpression("([^{}]+)\\{([^{}]*)\\}").globalMatch(strText);
+    while (match.hasNext()) {
+        const QRegularExpressionMatch rule = match.next();
+        if (rule.captured(2).contains(QRegularExpression("@(accent|onAccent)"))) {
+            for (const QString& strSelector : rule.captured(1).split(',')) {
+                listSelector.append(strSelector.simplified());
+            }
+        }
+    }
+    return listSelector;
+}
+
+/// Files below a folder of the sources whose text matches, by their path below it.
+QStringList FilesWith(const QString& strFolder, const QStringList& listFilter, const QRegularExpression& expression)
+{
+    QStringList listFile;
+    const QDir root(SOURCE_FOLDER "/" + strFolder);
+    QDirIterator files(root.path(), listFilter, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString strFile = files.next();
+        if (Read(strFile).contains(expression)) {
+            listFile.append(root.relativeFilePath(strFile));
+        }
+    }
+    listFile.sort();
+    return listFile;
 }
 
 // A bar at the start of its way, and points on it.
@@ -38,69 +90,140 @@ class CThemeTest : public QObject
     Q_OBJECT
 
 private slots:
-    void everyNameInTheSheetsIsAColour_data()
+    void everyThemeHasEachNameOfTheSheets_data()
     {
-        QTest::addColumn<QString>("strFile");
-        QTest::newRow("panel") << ":/theme/panel.qss";
-        QTest::newRow("application") << ":/theme/kestrel.qss";
+        AddThemes();
     }
 
-    void everyNameInTheSheetsIsAColour()
+    void everyThemeHasEachNameOfTheSheets()
     {
-        QFETCH(QString, strFile);
-        QFile file(strFile);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const CTheme theme;
-        auto match = QRegularExpression(QStringLiteral("@(\\w+)")).globalMatch(QString::fromUtf8(file.readAll()));
-        QVERIFY(match.hasNext());
-        while (match.hasNext()) {
-            const QString strName = match.next().captured(1);
-            QVERIFY2(theme.GetColour(strName).isValid(), qPrintable(strName));
+        QFETCH(QString, strTheme);
+        const std::unique_ptr<CTheme> pTheme = MakeTheme(strTheme);
+        QCOMPARE(pTheme->GetName(), strTheme);
+        QCOMPARE(ColourNames(strTheme), ColourNames("dark"));
+        for (const char* szFile : { szPanelSheet, szApplicationSheet }) {
+            auto match = QRegularExpression(QStringLiteral("@(\\w+)")).globalMatch(Read(szFile));
+            QVERIFY(match.hasNext());
+            while (match.hasNext()) {
+                const QString strName = match.next().captured(1);
+                QVERIFY2(pTheme->GetColour(strName).isValid(), qPrintable(strName));
+            }
         }
     }
 
     void noSheetWritesAColourByItself()
     {
-        for (const char* szFile : { ":/theme/panel.qss", ":/theme/kestrel.qss" }) {
-            QFile file(szFile);
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QVERIFY(!QString::fromUtf8(file.readAll()).contains(QRegularExpression(": [^;]*(#[0-9A-Fa-f]{3}|rgb)")));
+        for (const char* szFile : { szPanelSheet, szApplicationSheet }) {
+            QVERIFY(!Read(szFile).contains(QRegularExpression(": [^;]*(#[0-9A-Fa-f]{3}|rgb)")));
         }
+    }
+
+    void theColourOfTheFocusStandsForNothingElse()
+    {
+        // The focus; the default button; an editor or a list of choices, which is there only while it has the focus.
+        const QRegularExpression allowed(":focus|\\[Focus=\"true\"\\]|:default|^#ProcessorTree QLineEdit$|^CComboBox:on$");
+        for (const char* szFile : { szPanelSheet, szApplicationSheet }) {
+            const QStringList listSelector = FocusColouredSelectors(szFile);
+            QVERIFY(listSelector.size() > 3);
+            for (const QString& strSelector : listSelector) {
+                QVERIFY2(strSelector.contains(allowed), qPrintable(strSelector));
+            }
+        }
+    }
+
+    void orangeStandsForFocusDefaultButtonAndChief()
+    {
+        const QRegularExpression orange("\"accent|#ED811D|0xED, 0x81, 0x1D|#FFAA4D", QRegularExpression::CaseInsensitiveOption);
+        // The Chief's crowns, and the program's own picture, which no widget shows.
+        QCOMPARE(FilesWith("host/Kestrel/icons", { "*.svg" }, orange),
+                 (QStringList{ "kestrel/kestrel.svg", "treeView/chief/chief.svg", "treeView/groupNode/group_hasChief.svg" }));
+        QCOMPARE(FilesWith("host", { "*.cpp", "*.h" }, orange), QStringList());
+        // The place of a drop, while a drag hovers.
+        QCOMPARE(FilesWith("src", { "*.cpp", "*.h" }, orange), QStringList{ "delegate/RowLook.h" });
     }
 
     void textIsReadableOnItsGround_data()
     {
+        QTest::addColumn<QString>("strTheme");
         QTest::addColumn<QString>("strText");
         QTest::addColumn<QString>("strGround");
+        const auto Add = [](const QString& strText, const QString& strGround) {
+            for (const QString& strTheme : CTheme::GetNames()) {
+                QTest::addRow("%s: %s on %s", qPrintable(strTheme), qPrintable(strText), qPrintable(strGround))
+                    << strTheme << strText << strGround;
+            }
+        };
 
         for (const char* szGround : { "tree", "bar", "field" }) {
             for (const char* szText : { "text", "textStrong", "textHint" }) {
-                QTest::addRow("%s on %s", szText, szGround) << szText << szGround;
+                Add(szText, szGround);
             }
         }
-        QTest::newRow("hover") << "textStrong"
-                               << "hoverFill";
-        QTest::newRow("selected") << "textSelected"
-                                  << "selectFill";
-        QTest::newRow("default button") << "onAccent"
-                                        << "accent";
-        QTest::newRow("default button, hover") << "onAccent"
-                                               << "accentHover";
-        QTest::newRow("default button, pressed") << "onAccent"
-                                                 << "accentPressed";
-        QTest::newRow("badge") << "accent"
-                               << "field";
-        QTest::newRow("journal's notes") << "accent"
-                                         << "tree";
+        Add("textStrong", "raised");
+        Add("textStrong", "hoverFill");
+        Add("textSelected", "selectFill");
+        Add("textStrong", "troubleFill");
+        for (const char* szGround : { "accent", "accentHover", "accentPressed" }) {
+            Add("onAccent", szGround);
+        }
     }
 
     void textIsReadableOnItsGround()
     {
+        QFETCH(QString, strTheme);
         QFETCH(QString, strText);
         QFETCH(QString, strGround);
-        const CTheme theme;
-        const double dContrast = Contrast(theme.GetColour(strText), theme.GetColour(strGround));
+        const std::unique_ptr<CTheme> pTheme = MakeTheme(strTheme);
+        const double dContrast = Contrast::Get(pTheme->GetColour(strText), pTheme->GetColour(strGround));
         QVERIFY2(dContrast >= 4.5, qPrintable(QString::number(dContrast)));
+    }
+
+    void aBorderIsSeenOnBothOfItsSides_data()
+    {
+        QTest::addColumn<QString>("strTheme");
+        QTest::addColumn<QString>("strBorder");
+        QTest::addColumn<QString>("strGround");
+        QTest::addColumn<double>("dLeast");
+        for (const char* szBorder : { "control", "accent", "trouble" }) {
+            for (const char* szGround : { "tree", "bar", "field" }) {
+                QTest::addRow("dark: %s on %s", szBorder, szGround) << "dark" << szBorder << szGround << 3.0;
+            }
+        }
+        QTest::newRow("dark: a button's") << "dark" << "control" << "raised" << 3.0;
+        QTest::newRow("dark: of what is hovered") << "dark" << "text" << "hoverFill" << 3.0;
+        for (const char* szBorder : { "control", "accent", "trouble", "line", "lineStrong" }) {
+            for (const char* szGround : { "tree", "bar", "field", "raised" }) {
+                QTest::addRow("contrast: %s on %s", szBorder, szGround) << "contrast" << szBorder << szGround << 4.5;
+            }
+        }
+    }
+
+    void aBorderIsSeenOnBothOfItsSides()
+    {
+        QFETCH(QString, strTheme);
+        QFETCH(QString, strBorder);
+        QFETCH(QString, strGround);
+        QFETCH(double, dLeast);
+        const std::unique_ptr<CTheme> pTheme = MakeTheme(strTheme);
+        const double dContrast = Contrast::Get(pTheme->GetColour(strBorder), pTheme->GetColour(strGround));
+        QVERIFY2(dContrast >= dLeast, qPrintable(QString::number(dContrast)));
+    }
+
+    void aThemeIsSetAtOnceAndReportedOnce()
+    {
+        CTheme theme;
+        theme.Apply(*qApp);
+        QSignalSpy spyChanged(&theme, &CTheme::Changed);
+        theme.Set("contrast");
+        QCOMPARE(spyChanged.count(), 1);
+        QCOMPARE(QApplication::palette().color(QPalette::Base), QColor(Qt::black));
+        QCOMPARE(qApp->styleSheet(), theme.GetApplicationSheet());
+
+        theme.Set("contrast");
+        theme.Set("of another program");
+        QCOMPARE(spyChanged.count(), 1);
+        QCOMPARE(theme.GetName(), QString("contrast"));
+        qApp->setStyleSheet(QString());
     }
 
     void thePanelsSheetGivesTheTreeWhatItNeeds()
@@ -207,7 +330,7 @@ private slots:
         QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, ptThumb);
 
         QCOMPARE(image.pixelColor(ptGroove), colourGround);
-        const double dContrast = Contrast(image.pixelColor(ptThumb), colourGround);
+        const double dContrast = Contrast::Get(image.pixelColor(ptThumb), colourGround);
         QVERIFY2(dContrast >= 3, qPrintable(QString::number(dContrast)));
     }
 
@@ -217,6 +340,15 @@ private slots:
         CTheme().Apply(*qApp);
         QCOMPARE(QFontInfo(QApplication::font()).family(), QStringLiteral("Inter"));
         QCOMPARE(QApplication::font().pixelSize(), 12);
+    }
+
+private:
+    static void AddThemes()
+    {
+        QTest::addColumn<QString>("strTheme");
+        for (const QString& strTheme : CTheme::GetNames()) {
+            QTest::newRow(qPrintable(strTheme)) << strTheme;
+        }
     }
 };
 

@@ -108,15 +108,16 @@ private slots:
         QCOMPARE(panel.listId, QList<int>{ 18 });
     }
 
-    void theJournalHidesAndComesBackByItsShortcut()
+    void theJournalComesAndHidesByItsShortcut()
     {
         CBadgedWindow kestrel;
         const auto* pDock = kestrel.window.findChild<QDockWidget*>();
-        QVERIFY(pDock->isVisible());
-        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
         QVERIFY(!pDock->isVisible());
         QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
         QVERIFY(pDock->isVisible());
+        QTRY_COMPARE(pDock->width(), 680);
+        QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
+        QVERIFY(!pDock->isVisible());
     }
 
     void theMenuFollowsWhatChangesElsewhere()

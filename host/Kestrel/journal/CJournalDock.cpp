@@ -29,9 +29,9 @@ constexpr int nBarMargin = 5; ///< makes the bar as high as the panel's header a
 } // namespace
 
 CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent)
-    : QDockWidget(parent), journal(journalIn), pModel(new CJournalModel(nMostRows, GetKindColours(theme), this)),
-      pFilter(new CJournalFilter(this)), pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox),
-      pClear(new QToolButton), pClose(new QToolButton)
+    : QDockWidget(parent), journal(journalIn), pModel(new CJournalModel(nMostRows, this)), pFilter(new CJournalFilter(this)),
+      pView(new QTreeView), pTitle(new QLabel), pSearch(new QLineEdit), pReads(new QCheckBox), pClear(new QToolButton),
+      pClose(new QToolButton)
 {
     setObjectName(QStringLiteral("JournalDock"));
     setFeatures(DockWidgetClosable);
@@ -39,6 +39,8 @@ CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* pa
     setWidget(pView);
     MakeView();
     SetConnection();
+    connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
+    UpdateColours(theme);
     UpdateText();
     ReadSoon();
 }
@@ -56,7 +58,7 @@ QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
     return { { RecordCommand, theme.GetColour(QStringLiteral("textStrong")) },
              { RecordRead, theme.GetColour(QStringLiteral("textHint")) },
              { RecordMessage, theme.GetColour(QStringLiteral("textHint")) },
-             { RecordNote, theme.GetColour(QStringLiteral("accent")) } };
+             { RecordNote, theme.GetColour(QStringLiteral("text")) } };
 }
 
 QWidget* CJournalDock::MakeBar()
@@ -104,6 +106,11 @@ void CJournalDock::SetConnection()
     connect(pReads, &QCheckBox::toggled, pFilter, &CJournalFilter::SetReadsShown);
     connect(pClear, &QToolButton::clicked, pModel, &CJournalModel::Clear);
     connect(pClose, &QToolButton::clicked, this, &QWidget::close);
+}
+
+void CJournalDock::UpdateColours(const CTheme& theme)
+{
+    pModel->SetColours(GetKindColours(theme));
 }
 
 void CJournalDock::UpdateText()

@@ -22,7 +22,7 @@ class CJournalDock : public QDockWidget
     Q_OBJECT
 
 public:
-    /// journalIn must outlive the dock.
+    /// journalIn must outlive the dock; theme must, or change no more.
     CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* parent);
 
 protected:
@@ -33,6 +33,7 @@ private:
     QWidget* MakeBar();
     void MakeView();
     void SetConnection();
+    void UpdateColours(const CTheme& theme);
     void UpdateText();
     void ReadSoon();
     void Read();

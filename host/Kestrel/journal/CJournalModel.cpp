@@ -4,9 +4,15 @@
 
 #include <algorithm>
 
-CJournalModel::CJournalModel(int nMostRows, const QMap<int, QColor>& mapColourIn, QObject* parent)
-    : QAbstractTableModel(parent), nMost(std::max(1, nMostRows)), mapColour(mapColourIn)
-{ }
+CJournalModel::CJournalModel(int nMostRows, QObject* parent) : QAbstractTableModel(parent), nMost(std::max(1, nMostRows)) { }
+
+void CJournalModel::SetColours(const QMap<int, QColor>& mapColourIn)
+{
+    mapColour = mapColourIn;
+    if (!listRecord.empty()) {
+        emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1), { Qt::ForegroundRole });
+    }
+}
 
 void CJournalModel::Append(const std::vector<SCallRecord>& vecRecord)
 {

@@ -27,9 +27,11 @@ public:
     /// The kind of a row, an EnRecordKind.
     static constexpr int RoleKind = Qt::UserRole + 1;
 
-    /// At least one row is kept, whatever nMostRows. mapColourIn gives the text colour of each EnRecordKind; the view's own where
-    /// one is missing.
-    CJournalModel(int nMostRows, const QMap<int, QColor>& mapColourIn, QObject* parent);
+    /// At least one row is kept, whatever nMostRows.
+    CJournalModel(int nMostRows, QObject* parent);
+
+    /// The text colour of each EnRecordKind; the view's own where one is missing.
+    void SetColours(const QMap<int, QColor>& mapColourIn);
 
     /// Adds records at the end; one insertion and at most one removal, however many they are.
     void Append(const std::vector<SCallRecord>& vecRecord);
@@ -49,6 +51,6 @@ private:
     static QString GetText(const SCallRecord& record, int nColumn);
 
     const int nMost;
-    const QMap<int, QColor> mapColour;
+    QMap<int, QColor> mapColour;
     std::deque<SCallRecord> listRecord;
 };

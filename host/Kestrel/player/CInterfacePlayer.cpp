@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QDir>
+#include <QDockWidget>
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QPixmap>
@@ -56,6 +57,8 @@ void CInterfacePlayer::Play(const QJsonObject& mark)
         ChoosePane(mark.value(QLatin1String("pane")).toString());
     } else if (mark.contains(QLatin1String("select"))) {
         Select(mark.value(QLatin1String("select")).toArray());
+    } else if (mark.contains(QLatin1String("journal"))) {
+        ShowJournal(mark.value(QLatin1String("journal")).toBool());
     } else {
         Press(mark.value(QLatin1String("press")).toString());
     }
@@ -128,4 +131,9 @@ void CInterfacePlayer::Press(const QString& strToolTip)
     } else {
         emit MarkFailed(QStringLiteral("The panel has no button '%1'").arg(strToolTip));
     }
+}
+
+void CInterfacePlayer::ShowJournal(bool bShown)
+{
+    window.findChild<QDockWidget*>(QStringLiteral("JournalDock"))->setVisible(bShown);
 }

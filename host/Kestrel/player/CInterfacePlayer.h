@@ -40,6 +40,7 @@ private:
     void ChoosePane(const QString& strPane);
     void Select(const QJsonArray& listName);
     void Press(const QString& strToolTip);
+    void ShowJournal(bool bShown);
 
     CMainWindow& window;
     const SControlPointers& pointers;

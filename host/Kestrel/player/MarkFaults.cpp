@@ -41,12 +41,13 @@ bool IsNames(const QJsonValue& value)
     return !array.isEmpty() && std::all_of(array.begin(), array.end(), IsText);
 }
 
-constexpr std::array<SMarkKey, 5> listKey{ {
+constexpr std::array<SMarkKey, 6> listKey{ {
     { "shot", "a name of letters, digits and -, at most 100", IsPictureName },
     { "search", "a text", [](const QJsonValue& value) { return value.isString(); } },
     { "pane", "discovered or simulator", IsPane },
     { "select", "a list of names", IsNames },
     { "press", "a text that is not empty", IsText },
+    { "journal", "true or false", [](const QJsonValue& value) { return value.isBool(); } },
 } };
 
 QString FindKeyFault(const QString& strKey, const QJsonValue& value)

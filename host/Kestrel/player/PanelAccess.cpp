@@ -23,6 +23,7 @@ constexpr int nRoleNodeId = Qt::UserRole + 1;
 constexpr int nRoleNodeType = Qt::UserRole + 2;
 
 constexpr char szTree[] = "ProcessorTree"; ///< the name of both trees
+constexpr int nInfoRow = 4;                ///< the kind of an information row
 
 QUuid FindId(const QList<SProcessorNode>& listProcessor, const QString& strName)
 {
@@ -123,6 +124,11 @@ QModelIndex PanelAccess::FindRow(const SControlPointers& pointers, const QTreeVi
     return listFound.value(0);
 }
 
+bool PanelAccess::IsInfoRow(const QModelIndex& index)
+{
+    return index.data(nRoleNodeType).toInt() == nInfoRow;
+}
+
 QAction* PanelAccess::FindAction(QWidget* pPanel, const char* szContext, const char* szText)
 {
     const QString strWanted = QCoreApplication::translate(szContext, szText);
@@ -181,6 +187,16 @@ void PanelAccess::TypeText(QLineEdit* pEdit, const QString& strText)
         for (const QEvent::Type type : { QEvent::KeyPress, QEvent::KeyRelease }) {
             QKeyEvent event(type, Qt::Key_unknown, Qt::NoModifier, QString(character));
             QCoreApplication::sendEvent(pEdit, &event);
+        }
+    }
+}
+
+void PanelAccess::ReplaceSheet(QWidget* pPanel, const QString& strOld, const QString& strNew)
+{
+    const QList<QWidget*> listWidget = QList<QWidget*>{ pPanel } + pPanel->findChildren<QWidget*>();
+    for (QWidget* pWidget : listWidget) {
+        if (pWidget->styleSheet() == strOld) {
+            pWidget->setStyleSheet(strNew);
         }
     }
 }

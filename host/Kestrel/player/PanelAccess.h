@@ -37,6 +37,9 @@ bool IsRowEditor(const QObject* pObject);
 /// The row of a group or processor of that name in the current pane of the library; invalid when there is none.
 QModelIndex FindRow(const SControlPointers& pointers, const QTreeView* pTree, const QString& strName);
 
+/// Whether it is the information row under a processor.
+bool IsInfoRow(const QModelIndex& index);
+
 /// By the English text, which szContext translates.
 QAction* FindAction(QWidget* pPanel, const char* szContext, const char* szText);
 
@@ -51,6 +54,9 @@ void EndEdit(QWidget* pPanel);
 
 /// Replaces the text, key by key.
 void TypeText(QLineEdit* pEdit, const QString& strText);
+
+/// The panel and those of its parts that have copied the sheet strOld from their parent get strNew in its place.
+void ReplaceSheet(QWidget* pPanel, const QString& strOld, const QString& strNew);
 
 /// Scrolls to the row and clicks it with the left button.
 void ClickRow(QTreeView* pTree, const QModelIndex& index, Qt::KeyboardModifiers modifiers);

@@ -1,5 +1,7 @@
 #include "Kestrel/theme/CTheme.h"
 
+#include "Kestrel/GuiThread.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFont>
@@ -22,25 +24,40 @@ QString ReadText(const QString& strPath)
 
 } // namespace
 
-CTheme::CTheme()
+CTheme::CTheme() : strCurrent(GetNames().constFirst())
 {
-    static const QRegularExpression expression(QStringLiteral("^(\\w+)\\s+(#[0-9A-F]{6,8})$"),
-                                               QRegularExpression::MultilineOption);
-    auto match = expression.globalMatch(ReadText(QStringLiteral(":/theme/colours.txt")));
-    while (match.hasNext()) {
-        const QRegularExpressionMatch line = match.next();
-        mapColour.insert(line.captured(1), QColor(line.captured(2)));
-    }
+    ReadColours();
+}
+
+QStringList CTheme::GetNames()
+{
+    return { QStringLiteral("dark"), QStringLiteral("contrast") };
+}
+
+QString CTheme::GetName() const
+{
+    return strCurrent;
 }
 
 void CTheme::Apply(QApplication& application) const
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(GetPalette());
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(nFontPixels);
     QApplication::setFont(font);
-    application.setStyleSheet(GetApplicationSheet());
+    ApplyColours(application);
+}
+
+void CTheme::Set(const QString& strName)
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+    if (strName == strCurrent || !GetNames().contains(strName)) {
+        return;
+    }
+    strCurrent = strName;
+    ReadColours();
+    ApplyColours(*qApp);
+    emit Changed();
 }
 
 QString CTheme::GetPanelSheet() const
@@ -56,6 +73,24 @@ QString CTheme::GetApplicationSheet() const
 QColor CTheme::GetColour(const QString& strName) const
 {
     return mapColour.value(strName);
+}
+
+void CTheme::ReadColours()
+{
+    static const QRegularExpression expression(QStringLiteral("^(\\w+)\\s+(#[0-9A-F]{6,8})$"),
+                                               QRegularExpression::MultilineOption);
+    mapColour.clear();
+    auto match = expression.globalMatch(ReadText(QStringLiteral(":/theme/%1.txt").arg(strCurrent)));
+    while (match.hasNext()) {
+        const QRegularExpressionMatch line = match.next();
+        mapColour.insert(line.captured(1), QColor(line.captured(2)));
+    }
+}
+
+void CTheme::ApplyColours(QApplication& application) const
+{
+    QApplication::setPalette(GetPalette());
+    application.setStyleSheet(GetApplicationSheet());
 }
 
 QString CTheme::GetSheet(const QString& strPath) const
@@ -86,7 +121,7 @@ QPalette CTheme::GetPalette() const
     palette.setColor(QPalette::PlaceholderText, GetColour(QStringLiteral("textHint")));
     palette.setColor(QPalette::Highlight, GetColour(QStringLiteral("selectFill")));
     palette.setColor(QPalette::HighlightedText, GetColour(QStringLiteral("textSelected")));
-    palette.setColor(QPalette::Link, GetColour(QStringLiteral("accent")));
+    palette.setColor(QPalette::Link, GetColour(QStringLiteral("textStrong")));
     for (const QPalette::ColorRole role : { QPalette::Text, QPalette::WindowText, QPalette::ButtonText }) {
         palette.setColor(QPalette::Disabled, role, GetColour(QStringLiteral("textDisabled")));
     }

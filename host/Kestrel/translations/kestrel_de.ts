@@ -274,6 +274,10 @@
         <source>IP address</source>
         <translation>IP-Adresse</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>Jeder Teil ist eine Zahl von 0 bis 255.</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -315,6 +319,21 @@
     <message>
         <source>Call or message</source>
         <translation>Aufruf oder Nachricht</translation>
+    </message>
+</context>
+<context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>Liste durch&amp;suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>&amp;Nächster Teil des Fensters</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>&amp;Voriger Teil des Fensters</translation>
     </message>
 </context>
 <context>
@@ -556,16 +575,16 @@ Fortfahren?</translation>
 <context>
     <name>CRefusedList</name>
     <message>
-        <source>The list was refused at the start:</source>
-        <translation>Die Liste wurde beim Start abgelehnt:</translation>
-    </message>
-    <message>
         <source>Refused list</source>
         <translation>Abgelehnte Liste</translation>
     </message>
     <message>
         <source>Nothing of it can be read.</source>
         <translation>Nichts davon ist lesbar.</translation>
+    </message>
+    <message>
+        <source>The list was refused at the start:</source>
+        <translation>Die Liste wurde beim Start abgelehnt:</translation>
     </message>
     <message>
         <source>What can be read: %1, %2; %3.</source>
@@ -613,6 +632,21 @@ Fortfahren?</translation>
     </message>
 </context>
 <context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>&amp;Hoher Kontrast</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
+</context>
+<context>
     <name>CUndoMenu</name>
     <message>
         <source>Chief of its &amp;group</source>
@@ -621,6 +655,10 @@ Fortfahren?</translation>
     <message>
         <source>&amp;Earlier lists…</source>
         <translation>&amp;Frühere Listen …</translation>
+    </message>
+    <message>
+        <source>Use this list &amp;nevertheless…</source>
+        <translation>Liste &amp;trotzdem verwenden …</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -657,10 +695,6 @@ Fortfahren?</translation>
     <message>
         <source>Undo</source>
         <translation>Rückgängig</translation>
-    </message>
-    <message>
-        <source>Use this list &amp;nevertheless…</source>
-        <translation>Liste &amp;trotzdem verwenden …</translation>
     </message>
 </context>
 <context>
@@ -932,6 +966,73 @@ Fortfahren?</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>RowSpeech</name>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>Primary</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>1 processor</source>
+        <translation>1 Prozessor</translation>
+    </message>
+    <message>
+        <source>%1 processors</source>
+        <translation>%1 Prozessoren</translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>hat einen Chief</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>Chief %1</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>Chief</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>Gefundene Prozessoren</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>Simulatoren</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>Name von %1</translation>
     </message>
 </context>
 <context>

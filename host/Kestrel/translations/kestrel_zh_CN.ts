@@ -274,6 +274,10 @@
         <source>IP address</source>
         <translation>IP 地址</translation>
     </message>
+    <message>
+        <source>Each part is a number from 0 to 255.</source>
+        <translation>每一段都是 0 到 255 的数字。</translation>
+    </message>
 </context>
 <context>
     <name>CJournalDock</name>
@@ -315,6 +319,21 @@
     <message>
         <source>Call or message</source>
         <translation>调用或消息</translation>
+    </message>
+</context>
+<context>
+    <name>CKeyWays</name>
+    <message>
+        <source>&amp;Search the list</source>
+        <translation>搜索列表(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Next part of the window</source>
+        <translation>窗口的下一部分(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Previous part of the window</source>
+        <translation>窗口的上一部分(&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -556,16 +575,16 @@ Continue?</source>
 <context>
     <name>CRefusedList</name>
     <message>
-        <source>The list was refused at the start:</source>
-        <translation>启动时拒绝了此列表：</translation>
-    </message>
-    <message>
         <source>Refused list</source>
         <translation>被拒绝的列表</translation>
     </message>
     <message>
         <source>Nothing of it can be read.</source>
         <translation>其中没有可读取的内容。</translation>
+    </message>
+    <message>
+        <source>The list was refused at the start:</source>
+        <translation>启动时拒绝了此列表：</translation>
     </message>
     <message>
         <source>What can be read: %1, %2; %3.</source>
@@ -610,6 +629,21 @@ Continue?</source>
     </message>
 </context>
 <context>
+    <name>CThemeMenu</name>
+    <message>
+        <source>&amp;Theme</source>
+        <translation>主题(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;High contrast</source>
+        <translation>高对比度(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>深色(&amp;D)</translation>
+    </message>
+</context>
+<context>
     <name>CUndoMenu</name>
     <message>
         <source>Chief of its &amp;group</source>
@@ -618,6 +652,10 @@ Continue?</source>
     <message>
         <source>&amp;Earlier lists…</source>
         <translation>早先的列表(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Use this list &amp;nevertheless…</source>
+        <translation>仍然使用此列表(&amp;N)…</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -654,10 +692,6 @@ Continue?</source>
     <message>
         <source>Undo</source>
         <translation>撤销</translation>
-    </message>
-    <message>
-        <source>Use this list &amp;nevertheless…</source>
-        <translation>仍然使用此列表(&amp;N)…</translation>
     </message>
 </context>
 <context>
@@ -923,6 +957,73 @@ Continue?</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>RowSpeech</name>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>主用</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备用</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>项目 %1</translation>
+    </message>
+    <message>
+        <source>1 processor</source>
+        <translation>1 台处理器</translation>
+    </message>
+    <message>
+        <source>%1 processors</source>
+        <translation>%1 台处理器</translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>有主控</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>主控 %1</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>组</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>在线</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>离线</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>主控</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>已发现的处理器</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>模拟器</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>%1 的名称</translation>
     </message>
 </context>
 <context>
