@@ -1,11 +1,11 @@
 #include "Kestrel/CBusyIndicator.h"
 
+#include "Kestrel/CElidedLabel.h"
 #include "Kestrel/CSpinner.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 
 #include <array>
 #include <utility>
@@ -14,13 +14,15 @@ namespace {
 
 constexpr int nSpacing = 8;
 constexpr int nSecondMs = 1000;
+constexpr int nLeastCharacters = 16;
 
 } // namespace
 
 CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
-    : QWidget(parent), pSpinner(new CSpinner(this)), pLabel(new QLabel(this))
+    : QWidget(parent), pSpinner(new CSpinner(this)), pLabel(new CElidedLabel(this))
 {
     setObjectName(QStringLiteral("BusyIndicator"));
+    pLabel->SetLeastCharacters(nLeastCharacters);
     auto* pLayout = new QHBoxLayout(this);
     pLayout->setContentsMargins(nSpacing, 0, nSpacing, 0);
     pLayout->setSpacing(nSpacing);
@@ -33,14 +35,14 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     UpdateText();
 }
 
-void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob)
+void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QVector<SRunningJob>& vecJob)
 {
     if (!bShown || timeBegin != timeSince) {
         timerBusy.start();
     }
     bShown = bBusy;
     timeBegin = timeSince;
-    listRunning = listJob;
+    vecRunning = vecJob;
     pSpinner->SetTurning(bBusy);
     bBusy ? timer.start() : timer.stop();
     UpdateText();
@@ -66,19 +68,31 @@ void CBusyIndicator::UpdateColours(const CTheme& theme)
 
 void CBusyIndicator::UpdateText()
 {
-    if (!bShown) {
-        pLabel->setText(tr("Ready"));
-        return;
+    pLabel->setText(bShown ? GetBusyText() : tr("Ready"));
+    pLabel->setToolTip(bShown ? pLabel->text() : QString());
+}
+
+QString CBusyIndicator::GetBusyText() const
+{
+    const QString strSince = timeBegin.toString(QStringLiteral("HH:mm:ss"));
+    const QString strSeconds = QString::number(timerBusy.elapsed() / nSecondMs);
+    for (const SRunningJob& job : vecRunning) {
+        if (job.nAll > 1) {
+            const QString strText = tr("%1 – %2 of %3, since %4 (%5 s)");
+            return strText.arg(GetWhat(), QString::number(job.nDone), QString::number(job.nAll), strSince, strSeconds);
+        }
+        if (job.nAll == 0 && job.nDone > 0) {
+            return tr("%1 – %2 done, since %3 (%4 s)").arg(GetWhat(), QString::number(job.nDone), strSince, strSeconds);
+        }
     }
-    const qint64 nSeconds = timerBusy.elapsed() / nSecondMs;
-    pLabel->setText(tr("%1 – since %2 (%3 s)").arg(GetWhat(), timeBegin.toString(QStringLiteral("HH:mm:ss"))).arg(nSeconds));
+    return tr("%1 – since %2 (%3 s)").arg(GetWhat(), strSince, strSeconds);
 }
 
 QString CBusyIndicator::GetWhat() const
 {
     QStringList listText;
-    for (const QString& strJob : listRunning) {
-        const QString strText = GetJobText(strJob);
+    for (const SRunningJob& job : vecRunning) {
+        const QString strText = GetJobText(job.strJob);
         if (!listText.contains(strText)) {
             listText.append(strText);
         }
@@ -95,6 +109,10 @@ QString CBusyIndicator::GetJobText(const QString& strJob)
         { QLatin1String("Deleting "), tr("Deleting %1") },
         { QLatin1String("Importing "), tr("Importing %1") },
     } };
+    const QLatin1String strMembers(" with its processors");
+    if (strJob.startsWith(listText.at(2).first) && strJob.endsWith(strMembers)) {
+        return tr("Deleting %1 with its processors").arg(strJob.mid(listText.at(2).first.size()).chopped(strMembers.size()));
+    }
     for (const auto& [strBegin, strText] : listText) {
         if (strJob.startsWith(strBegin)) {
             return strText.contains(QLatin1String("%1")) ? strText.arg(strJob.mid(strBegin.size())) : strText;

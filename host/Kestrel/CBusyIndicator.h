@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QDateTime>
+#include "controlhost/SRunningJob.h"
+
 #include <QElapsedTimer>
-#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
+class CElidedLabel;
 class CSpinner;
 class CTheme;
-class QLabel;
 
-/// The part of the status bar that says what is busy and since when: a job that never ends must not leave
+/// The part of the status bar that says what is busy, how far it is and since when: a job that never ends must not leave
 /// an operator guessing.
 class CBusyIndicator : public QWidget
 {
@@ -20,8 +20,8 @@ public:
     /// The colours of the arc are the theme's, which must outlive it or change no more.
     CBusyIndicator(const CTheme& theme, QWidget* parent);
 
-    /// timeSince is looked at only when bBusy; listJob holds the calls under way, oldest first.
-    void SetState(bool bBusy, const QDateTime& timeSince, const QStringList& listJob);
+    /// timeSince is looked at only when bBusy; vecJob holds the calls under way, oldest first.
+    void SetState(bool bBusy, const QDateTime& timeSince, const QVector<SRunningJob>& vecJob);
 
     /// What it shows; "Ready", translated, while nothing is busy.
     QString GetText() const;
@@ -33,13 +33,14 @@ private:
     void UpdateColours(const CTheme& theme);
     void UpdateText();
     QString GetWhat() const;
+    QString GetBusyText() const;
     static QString GetJobText(const QString& strJob);
 
     CSpinner* pSpinner;
-    QLabel* pLabel;
+    CElidedLabel* pLabel;
     QTimer timer; ///< counts the seconds while busy
     bool bShown = false;
     QDateTime timeBegin;
     QElapsedTimer timerBusy; ///< the seconds: timeBegin is a reading of a clock that may be set back
-    QStringList listRunning;
+    QVector<SRunningJob> vecRunning;
 };

@@ -4,11 +4,17 @@
 #include <QStyle>
 #include <QStyleOption>
 
-namespace {
+void CElidedLabel::SetLeastCharacters(int nCharacters)
+{
+    nLeastCharacters = nCharacters;
+    updateGeometry();
+}
 
-constexpr int nLeastCharacters = 24;
-
-} // namespace
+void CElidedLabel::SetElideMode(Qt::TextElideMode modeNew)
+{
+    mode = modeNew;
+    update();
+}
 
 QSize CElidedLabel::minimumSizeHint() const
 {
@@ -24,7 +30,7 @@ void CElidedLabel::paintEvent(QPaintEvent* /*event*/)
     drawFrame(&painter);
     QStyleOption option;
     option.initFrom(this);
-    const QString strShown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+    const QString strShown = fontMetrics().elidedText(text(), mode, contentsRect().width());
     style()->drawItemText(&painter, contentsRect(), int(Qt::AlignLeft | Qt::AlignVCenter), option.palette, isEnabled(), strShown,
                           foregroundRole());
 }

@@ -24,6 +24,11 @@ CHostMenu::CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& lan
     UpdateState();
 }
 
+QMenu& CHostMenu::GetListMenu() const
+{
+    return *pListMenu;
+}
+
 void CHostMenu::UpdateState()
 {
     pCloseProject->setEnabled(!host.GetProjectName().isEmpty());

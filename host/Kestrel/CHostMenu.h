@@ -18,6 +18,9 @@ public:
     /// Fills the window's menu bar. pJournalAction shows and hides the journal. All must outlive the menu.
     CHostMenu(QMainWindow& windowIn, IControlHost& hostIn, CLanguage& languageIn, QAction* pJournalAction);
 
+    /// For what others have to say about the list. Owned by the window.
+    QMenu& GetListMenu() const;
+
     /// The check marks and the enabled states, from the control library.
     void UpdateState();
 

@@ -69,7 +69,7 @@ QString CLanguage::GetCode() const
 void CLanguage::Load(QTranslator& translator, const QString& strFile, const QString& strFolder)
 {
     QCoreApplication::removeTranslator(&translator);
-    if (strCurrent != strEnglish && translator.load(strFile, strFolder)) {
+    if (translator.load(strFile, strFolder)) { // of English the plurals
         QCoreApplication::installTranslator(&translator);
     }
 }

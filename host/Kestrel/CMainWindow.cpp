@@ -8,6 +8,7 @@
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
 #include "Kestrel/theme/CThemeMenu.h"
+#include "Kestrel/undo/CUndoMenu.h"
 #include "controlhost/IControlHost.h"
 
 #include <QAction>
@@ -27,7 +28,7 @@ constexpr int nGraceMs = 2000;
 
 CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers, CCallLog& callLog, CLanguage& language,
                          CTheme& themeIn)
-    : host(hostIn), theme(themeIn), finalSave(hostIn, pointers, *this), pFrame(new QWidget(this)),
+    : host(hostIn), theme(themeIn), finalSave(hostIn, pointers, *this), undoSteps(hostIn), pFrame(new QWidget(this)),
       pFrameLayout(new QVBoxLayout(pFrame))
 {
     auto* pDock = new CJournalDock(callLog, theme, this);
@@ -37,6 +38,7 @@ CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers,
     pMenu->GetViewMenu().addMenu(new CThemeMenu(themeIn, this));
     pKeyWays = new CKeyWays(*this, pMenu->GetViewMenu());
     pStatus = new CHostStatus(host, theme, this);
+    pUndoMenu = new CUndoMenu(*this, pMenu->GetListMenu(), *pFrame, host, undoSteps, pStatus->GetRefusalNote());
     InitWidget();
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();
@@ -51,6 +53,8 @@ void CMainWindow::SetPanel(QWidget* pWidget)
 {
     pPanelWidget = pWidget;
     pFrameLayout->addWidget(pWidget);
+    pStatus->SetPanel(pWidget);
+    pUndoMenu->SetPanel(pWidget);
     pKeyWays->SetPanel(pWidget);
     if (QTreeView* pTree = PanelAccess::FindCurrentTree(pWidget)) {
         pTree->setFocus();
@@ -104,8 +108,10 @@ void CMainWindow::changeEvent(QEvent* event)
         return;
     }
     pMenu->UpdateText();
+    pUndoMenu->UpdateText();
     pKeyWays->UpdateText();
     pStatus->UpdateState();
+    pStatus->UpdateCounts();
     pStatus->UpdateTrouble();
     RepaintPanel();
 }

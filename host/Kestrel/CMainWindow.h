@@ -2,6 +2,7 @@
 
 #include "Kestrel/CFinalSave.h"
 #include "Kestrel/CUnwinding.h"
+#include "Kestrel/undo/CUndoSteps.h"
 #include "interfaces/host/IUIManagement.h"
 
 #include <QMainWindow>
@@ -17,6 +18,7 @@ class CHostStatus;
 class CKeyWays;
 class CLanguage;
 class CTheme;
+class CUndoMenu;
 class QVBoxLayout;
 struct SControlPointers;
 
@@ -70,11 +72,13 @@ private:
     const CTheme& theme;
     CFinalSave finalSave;
     CUnwinding unwinding;
+    CUndoSteps undoSteps;
     QWidget* pFrame;
     QVBoxLayout* pFrameLayout;
     CHostMenu* pMenu = nullptr;
     CKeyWays* pKeyWays = nullptr;
     CHostStatus* pStatus = nullptr;
+    CUndoMenu* pUndoMenu = nullptr;
     QPointer<QWidget> pPanelWidget;
     QTimer timerGrace;        ///< how long a busy flag counts that no call stands behind
     bool bClosing = false;    ///< the window is to go and a job is still running

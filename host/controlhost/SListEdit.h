@@ -10,8 +10,8 @@ struct SListEdit
 {
     EnListCommand command = CommandAddGroup; ///< what the user has done
 
-    /// For display: the name that the node had, for CommandRename the one that it has now; of a Chief's group the
-    /// group's, of a new processor its address, of simulators the first's name, of a list its file. Empty for CommandUseRefused.
+    /// For display: the name that the node had, for CommandRename the one that it has now, of a Chief's group the
+    /// group's; the file; of a new processor its address. Empty for CommandUseRefused.
     QString strName;
 
     int nNodes = 1;       ///< that were added, deleted, moved, named; of a group that went its processors too; of a list all

@@ -18,6 +18,21 @@ struct SText
     bool bFinished = false;
 };
 
+/// The text of a translation, or each of its plural forms.
+QStringList ReadForms(QXmlStreamReader& xml)
+{
+    QStringList listForm;
+    QString strText;
+    while (xml.readNext() != QXmlStreamReader::EndElement) {
+        if (xml.isStartElement()) {
+            listForm.append(xml.readElementText());
+        } else if (xml.isCharacters()) {
+            strText += xml.text();
+        }
+    }
+    return listForm.isEmpty() ? QStringList(strText) : listForm;
+}
+
 QList<SText> ReadTexts(const QString& strFile)
 {
     QFile file(strFile);
@@ -37,8 +52,10 @@ QList<SText> ReadTexts(const QString& strFile)
             text.strSource = xml.readElementText();
         } else if (xml.name() == QLatin1String("translation")) {
             text.bFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
-            text.strTranslation = xml.readElementText();
-            listText.append(text);
+            for (const QString& strTranslation : ReadForms(xml)) {
+                text.strTranslation = strTranslation;
+                listText.append(text);
+            }
         }
     }
     return listText;
@@ -65,7 +82,7 @@ QString UpdatedFile(const QTemporaryDir& folder, const QString& strLanguage)
 
 QStringList Placeholders(const QString& strText)
 {
-    static const QRegularExpression expression(QStringLiteral("%\\d"));
+    static const QRegularExpression expression(QStringLiteral("%[\\dn]"));
     QStringList listFound;
     auto match = expression.globalMatch(strText);
     while (match.hasNext()) {

@@ -18,9 +18,12 @@
 
 namespace {
 
-constexpr int nRoleNodeId = Qt::UserRole + 1;   ///< of the panel's rows: the id of the node
-constexpr int nRoleNodeType = Qt::UserRole + 2; ///< and their kind
-constexpr int nInfoRow = 4;                     ///< the kind of an information row
+// Of the panel's rows.
+constexpr int nRoleNodeId = Qt::UserRole + 1;
+constexpr int nRoleNodeType = Qt::UserRole + 2;
+
+constexpr char szTree[] = "ProcessorTree"; ///< the name of both trees
+constexpr int nInfoRow = 4;                ///< the kind of an information row
 
 QUuid FindId(const QList<SProcessorNode>& listProcessor, const QString& strName)
 {
@@ -76,8 +79,28 @@ void SendMouse(QWidget* pTarget, QEvent::Type type, const QPoint& point, Qt::Key
 
 QTreeView* PanelAccess::FindCurrentTree(QWidget* pPanel)
 {
-    const auto* pLayout = pPanel->findChild<QStackedLayout*>();
+    const QStackedLayout* pLayout = FindPanes(pPanel);
     return pLayout ? qobject_cast<QTreeView*>(pLayout->currentWidget()) : nullptr;
+}
+
+QList<QTreeView*> PanelAccess::FindTrees(QWidget* pPanel)
+{
+    return pPanel->findChildren<QTreeView*>(QLatin1String(szTree));
+}
+
+QStackedLayout* PanelAccess::FindPanes(QWidget* pPanel)
+{
+    return pPanel->findChild<QStackedLayout*>();
+}
+
+int PanelAccess::GetNodeType(const QModelIndex& index)
+{
+    return index.data(nRoleNodeType).toInt();
+}
+
+QUuid PanelAccess::GetNodeId(const QModelIndex& index)
+{
+    return index.data(nRoleNodeId).toUuid();
 }
 
 bool PanelAccess::IsRowEditor(const QObject* pObject)
@@ -86,7 +109,7 @@ bool PanelAccess::IsRowEditor(const QObject* pObject)
         return false;
     }
     const auto* pTree = qobject_cast<const QAbstractItemView*>(pObject->parent()->parent());
-    return pTree && pTree->viewport() == pObject->parent() && pTree->objectName() == QLatin1String("ProcessorTree");
+    return pTree && pTree->viewport() == pObject->parent() && pTree->objectName() == QLatin1String(szTree);
 }
 
 QModelIndex PanelAccess::FindRow(const SControlPointers& pointers, const QTreeView* pTree, const QString& strName)

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <Qt>
+#include <QList>
+#include <QUuid>
 
 class QAbstractButton;
 class QAction;
 class QLineEdit;
 class QModelIndex;
 class QObject;
+class QStackedLayout;
 class QString;
 class QTreeView;
 class QWidget;
@@ -18,6 +20,16 @@ namespace PanelAccess {
 
 /// The tree of the current pane, or null.
 QTreeView* FindCurrentTree(QWidget* pPanel);
+
+/// Those of both panes, and what shows one of them; empty and null in a widget that is no panel.
+QList<QTreeView*> FindTrees(QWidget* pPanel);
+QStackedLayout* FindPanes(QWidget* pPanel);
+
+/// EnNodeType of a row; 0 for what is no row of the panel.
+int GetNodeType(const QModelIndex& index);
+
+/// Null for the root.
+QUuid GetNodeId(const QModelIndex& index);
 
 /// Whether it is the editor of a row of the panel.
 bool IsRowEditor(const QObject* pObject);

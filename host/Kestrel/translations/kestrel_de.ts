@@ -80,12 +80,63 @@
         <source>Importing %1</source>
         <translation>%1 wird importiert</translation>
     </message>
+    <message>
+        <source>%1 – %2 of %3, since %4 (%5 s)</source>
+        <translation>%1 – %2 von %3, seit %4 (%5 s)</translation>
+    </message>
+    <message>
+        <source>%1 – %2 done, since %3 (%4 s)</source>
+        <translation>%1 – %2 erledigt, seit %3 (%4 s)</translation>
+    </message>
+    <message>
+        <source>Deleting %1 with its processors</source>
+        <translation>%1 wird mit seinen Prozessoren gelöscht</translation>
+    </message>
 </context>
 <context>
     <name>CDialogTitleBar</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>CEarlierLists</name>
+    <message>
+        <source>Earlier lists</source>
+        <translation>Frühere Listen</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>Wird gelesen …</translation>
+    </message>
+    <message>
+        <source>Taking back…</source>
+        <translation>Wird zurückgeholt …</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>Processors</source>
+        <translation>Prozessoren</translation>
+    </message>
+    <message>
+        <source>&amp;Take back</source>
+        <translation>&amp;Zurückholen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>There is no earlier list.</source>
+        <translation>Es gibt keine frühere Liste.</translation>
     </message>
 </context>
 <context>
@@ -522,6 +573,54 @@ Fortfahren?</translation>
     </message>
 </context>
 <context>
+    <name>CRefusedList</name>
+    <message>
+        <source>Refused list</source>
+        <translation>Abgelehnte Liste</translation>
+    </message>
+    <message>
+        <source>Nothing of it can be read.</source>
+        <translation>Nichts davon ist lesbar.</translation>
+    </message>
+    <message>
+        <source>The list was refused at the start:</source>
+        <translation>Die Liste wurde beim Start abgelehnt:</translation>
+    </message>
+    <message>
+        <source>What can be read: %1, %2; %3.</source>
+        <translation>Lesbar sind %1, %2; %3.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n Gruppe</numerusform>
+            <numerusform>%n Gruppen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor</numerusform>
+            <numerusform>%n Prozessoren</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n fault(s)</source>
+        <translation>
+            <numerusform>%n Fehler</numerusform>
+            <numerusform>%n Fehler</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The refused file is kept beside it.</source>
+        <translation>Die abgelehnte Datei bleibt daneben erhalten.</translation>
+    </message>
+    <message>
+        <source>Use this list?</source>
+        <translation>Diese Liste verwenden?</translation>
+    </message>
+</context>
+<context>
     <name>CSearchBox</name>
     <message>
         <source>Search</source>
@@ -548,10 +647,325 @@ Fortfahren?</translation>
     </message>
 </context>
 <context>
+    <name>CUndoMenu</name>
+    <message>
+        <source>Chief of its &amp;group</source>
+        <translation>Chief der &amp;Gruppe</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier lists…</source>
+        <translation>&amp;Frühere Listen …</translation>
+    </message>
+    <message>
+        <source>Use this list &amp;nevertheless…</source>
+        <translation>Liste &amp;trotzdem verwenden …</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Redo of “%1”</source>
+        <translation>Wiederholen von „%1“</translation>
+    </message>
+    <message>
+        <source>Undo of “%1”</source>
+        <translation>Rückgängig „%1“</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be taken back: %2.</source>
+        <translation>„%1“ lässt sich nicht zurücknehmen: %2.</translation>
+    </message>
+    <message>
+        <source>Leave this step out, so that the ones before it can be taken back?</source>
+        <translation>Diesen Schritt auslassen, damit sich die davor zurücknehmen lassen?</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
+    <name>CountText</name>
+    <message numerus="yes">
+        <source>%n processor(s) selected</source>
+        <translation>
+            <numerusform>%n Prozessor ausgewählt</numerusform>
+            <numerusform>%n Prozessoren ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s) selected</source>
+        <translation>
+            <numerusform>%n Gruppe ausgewählt</numerusform>
+            <numerusform>%n Gruppen ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2 selected</source>
+        <translation>%1 und %2 ausgewählt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n Gruppe</numerusform>
+            <numerusform>%n Gruppen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor</numerusform>
+            <numerusform>%n Prozessoren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, hidden by the search</source>
+        <translation>%1, durch die Suche verborgen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n of them hidden by the search</source>
+        <translation>
+            <numerusform>%1, %n davon durch die Suche verborgen</numerusform>
+            <numerusform>%1, %n davon durch die Suche verborgen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n processor(s) found</source>
+        <translation>
+            <numerusform>%1 von %n Prozessor gefunden</numerusform>
+            <numerusform>%1 von %n Prozessoren gefunden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>QLineEdit</name>
     <message>
         <source>&amp;Paste</source>
         <translation>E&amp;infügen</translation>
+    </message>
+</context>
+<context>
+    <name>RefusalText</name>
+    <message>
+        <source>Add the group %1</source>
+        <translation>Gruppe %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add the processor %1</source>
+        <translation>Prozessor %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add simulators</source>
+        <translation>Simulatoren hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+    <message>
+        <source>Delete the group %1</source>
+        <translation>Gruppe %1 löschen</translation>
+    </message>
+    <message>
+        <source>Ungroup %1</source>
+        <translation>Gruppierung %1 aufheben</translation>
+    </message>
+    <message>
+        <source>Rename to %1</source>
+        <translation>Umbenennen in %1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
+    <message>
+        <source>Chief of %1</source>
+        <translation>Chief von %1</translation>
+    </message>
+    <message>
+        <source>Import %1</source>
+        <translation>%1 importieren</translation>
+    </message>
+    <message>
+        <source>Take back an earlier list</source>
+        <translation>Frühere Liste zurückholen</translation>
+    </message>
+    <message>
+        <source>Use the refused list</source>
+        <translation>Abgelehnte Liste verwenden</translation>
+    </message>
+    <message>
+        <source>Undo or redo</source>
+        <translation>Rückgängig oder Wiederholen</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>%1 exportieren</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>the list is locked</source>
+        <translation>die Liste ist gesperrt</translation>
+    </message>
+    <message>
+        <source>refresh is blocked</source>
+        <translation>das Aktualisieren ist blockiert</translation>
+    </message>
+    <message>
+        <source>a job is still running</source>
+        <translation>ein Vorgang läuft noch</translation>
+    </message>
+    <message>
+        <source>the control library cannot do that</source>
+        <translation>die Steuerungsbibliothek kann das nicht</translation>
+    </message>
+    <message>
+        <source>the name is empty</source>
+        <translation>der Name ist leer</translation>
+    </message>
+    <message>
+        <source>the name holds line ends or control characters</source>
+        <translation>der Name enthält Zeilenenden oder Steuerzeichen</translation>
+    </message>
+    <message>
+        <source>the name begins or ends with a blank</source>
+        <translation>der Name beginnt oder endet mit einem Leerzeichen</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>vom Namen ist nichts zu sehen</translation>
+    </message>
+    <message>
+        <source>the name turns the direction of the text around</source>
+        <translation>der Name kehrt die Schreibrichtung um</translation>
+    </message>
+    <message>
+        <source>a name may not hold any of %1</source>
+        <translation>ein Name darf keines der Zeichen %1 enthalten</translation>
+    </message>
+    <message>
+        <source>the name is longer than %1 bytes</source>
+        <translation>der Name ist länger als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it is not in the list any more</source>
+        <translation>es ist nicht mehr in der Liste</translation>
+    </message>
+    <message>
+        <source>the group is not in the list any more</source>
+        <translation>die Gruppe ist nicht mehr in der Liste</translation>
+    </message>
+    <message>
+        <source>the processor is not in the group</source>
+        <translation>der Prozessor ist nicht in der Gruppe</translation>
+    </message>
+    <message>
+        <source>%1 runs the open project</source>
+        <translation>%1 führt das offene Projekt aus</translation>
+    </message>
+    <message>
+        <source>the list has a node of that id</source>
+        <translation>die Liste hat schon einen Eintrag mit dieser Kennung</translation>
+    </message>
+    <message>
+        <source>the group carries more numbers than a list file takes</source>
+        <translation>die Gruppe trägt mehr Nummern, als eine Listendatei fasst</translation>
+    </message>
+    <message>
+        <source>the list has all the groups that it can have</source>
+        <translation>die Liste fasst keine weiteren Gruppen</translation>
+    </message>
+    <message>
+        <source>the list has all the processors that it can have</source>
+        <translation>die Liste fasst keine weiteren Prozessoren</translation>
+    </message>
+    <message>
+        <source>it is in the list already</source>
+        <translation>es ist schon in der Liste</translation>
+    </message>
+    <message>
+        <source>there is no simulator of that type or output</source>
+        <translation>es gibt keinen Simulator dieses Typs oder Ausgangs</translation>
+    </message>
+    <message>
+        <source>more than two simulators cannot exist</source>
+        <translation>mehr als zwei Simulatoren sind nicht möglich</translation>
+    </message>
+    <message>
+        <source>the address is reserved</source>
+        <translation>die Adresse ist reserviert</translation>
+    </message>
+    <message>
+        <source>a processor of the list has the address</source>
+        <translation>ein Prozessor der Liste hat die Adresse</translation>
+    </message>
+    <message>
+        <source>nothing answers there</source>
+        <translation>dort antwortet nichts</translation>
+    </message>
+    <message>
+        <source>the file does not exist any more</source>
+        <translation>die Datei gibt es nicht mehr</translation>
+    </message>
+    <message>
+        <source>the file is no good list (%1)</source>
+        <translation>die Datei ist keine gültige Liste (%1)</translation>
+    </message>
+    <message>
+        <source>the file holds more than the list takes (%1)</source>
+        <translation>die Datei enthält mehr, als die Liste fasst (%1)</translation>
+    </message>
+    <message>
+        <source>the file was not written (%1)</source>
+        <translation>die Datei wurde nicht geschrieben (%1)</translation>
+    </message>
+    <message>
+        <source>the file was not replaced (%1)</source>
+        <translation>die Datei wurde nicht ersetzt (%1)</translation>
+    </message>
+    <message>
+        <source>the list before was not kept (%1)</source>
+        <translation>die bisherige Liste wurde nicht aufbewahrt (%1)</translation>
+    </message>
+    <message>
+        <source>another program has the file open (%1)</source>
+        <translation>ein anderes Programm hat die Datei geöffnet (%1)</translation>
+    </message>
+    <message>
+        <source>the file is not the one that was refused</source>
+        <translation>die Datei ist nicht mehr die abgelehnte</translation>
+    </message>
+    <message>
+        <source>nothing of the file can be read (%1)</source>
+        <translation>nichts von der Datei ist lesbar (%1)</translation>
+    </message>
+    <message>
+        <source>no list was refused</source>
+        <translation>keine Liste wurde abgelehnt</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -619,6 +1033,120 @@ Fortfahren?</translation>
     <message>
         <source>Name of %1</source>
         <translation>Name von %1</translation>
+    </message>
+</context>
+<context>
+    <name>StepName</name>
+    <message>
+        <source>Delete %1</source>
+        <translation>%1 löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor löschen</numerusform>
+            <numerusform>%n Prozessoren löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the group %1</source>
+        <translation>Gruppe %1 löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the group %1 with %n processor(s)</source>
+        <translation>
+            <numerusform>Gruppe %1 mit %n Prozessor löschen</numerusform>
+            <numerusform>Gruppe %1 mit %n Prozessoren löschen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n group(s)</source>
+        <translation>
+            <numerusform>%n Gruppe löschen</numerusform>
+            <numerusform>%n Gruppen löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete %1 and %2</source>
+        <translation>%1 und %2 löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n Gruppe</numerusform>
+            <numerusform>%n Gruppen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor</numerusform>
+            <numerusform>%n Prozessoren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ungroup %1</source>
+        <translation>Gruppierung %1 aufheben</translation>
+    </message>
+    <message numerus="yes">
+        <source>Ungroup %n group(s)</source>
+        <translation>
+            <numerusform>%n Gruppierung aufheben</numerusform>
+            <numerusform>%n Gruppierungen aufheben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor gruppieren</numerusform>
+            <numerusform>%n Prozessoren gruppieren</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n simulator(s)</source>
+        <translation>
+            <numerusform>%n Simulator hinzufügen</numerusform>
+            <numerusform>%n Simulatoren hinzufügen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n processor(s)</source>
+        <translation>
+            <numerusform>%n Prozessor verschieben</numerusform>
+            <numerusform>%n Prozessoren verschieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add the group %1</source>
+        <translation>Gruppe %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add the processor %1</source>
+        <translation>Prozessor %1 hinzufügen</translation>
+    </message>
+    <message>
+        <source>Rename to %1</source>
+        <translation>Umbenennen in %1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>%1 verschieben</translation>
+    </message>
+    <message>
+        <source>Chief of %1</source>
+        <translation>Chief von %1</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Take back an earlier list</source>
+        <translation>Frühere Liste zurückholen</translation>
+    </message>
+    <message>
+        <source>Use the refused list</source>
+        <translation>Abgelehnte Liste verwenden</translation>
     </message>
 </context>
 </TS>

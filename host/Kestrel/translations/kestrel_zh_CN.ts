@@ -80,12 +80,63 @@
         <source>Importing %1</source>
         <translation>正在导入 %1</translation>
     </message>
+    <message>
+        <source>%1 – %2 of %3, since %4 (%5 s)</source>
+        <translation>%1 – %2/%3，自 %4 起(%5 秒)</translation>
+    </message>
+    <message>
+        <source>%1 – %2 done, since %3 (%4 s)</source>
+        <translation>%1 – 已完成 %2，自 %3 起(%4 秒)</translation>
+    </message>
+    <message>
+        <source>Deleting %1 with its processors</source>
+        <translation>正在删除 %1 及其处理器</translation>
+    </message>
 </context>
 <context>
     <name>CDialogTitleBar</name>
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>CEarlierLists</name>
+    <message>
+        <source>Earlier lists</source>
+        <translation>早先的列表</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation>正在读取…</translation>
+    </message>
+    <message>
+        <source>Taking back…</source>
+        <translation>正在取回…</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>日期和时间</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>组</translation>
+    </message>
+    <message>
+        <source>Processors</source>
+        <translation>处理器</translation>
+    </message>
+    <message>
+        <source>&amp;Take back</source>
+        <translation>取回(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>There is no earlier list.</source>
+        <translation>没有早先的列表。</translation>
     </message>
 </context>
 <context>
@@ -522,6 +573,51 @@ Continue?</source>
     </message>
 </context>
 <context>
+    <name>CRefusedList</name>
+    <message>
+        <source>Refused list</source>
+        <translation>被拒绝的列表</translation>
+    </message>
+    <message>
+        <source>Nothing of it can be read.</source>
+        <translation>其中没有可读取的内容。</translation>
+    </message>
+    <message>
+        <source>The list was refused at the start:</source>
+        <translation>启动时拒绝了此列表：</translation>
+    </message>
+    <message>
+        <source>What can be read: %1, %2; %3.</source>
+        <translation>可读取：%1，%2；%3。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n 个组</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n fault(s)</source>
+        <translation>
+            <numerusform>%n 处错误</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The refused file is kept beside it.</source>
+        <translation>被拒绝的文件会保留在旁边。</translation>
+    </message>
+    <message>
+        <source>Use this list?</source>
+        <translation>要使用此列表吗？</translation>
+    </message>
+</context>
+<context>
     <name>CSearchBox</name>
     <message>
         <source>Search</source>
@@ -548,10 +644,319 @@ Continue?</source>
     </message>
 </context>
 <context>
+    <name>CUndoMenu</name>
+    <message>
+        <source>Chief of its &amp;group</source>
+        <translation>设为组的主控(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier lists…</source>
+        <translation>早先的列表(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>Use this list &amp;nevertheless…</source>
+        <translation>仍然使用此列表(&amp;N)…</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo: %1</source>
+        <translation>撤销(&amp;U)：%1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>重做(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo: %1</source>
+        <translation>重做(&amp;R)：%1</translation>
+    </message>
+    <message>
+        <source>Redo of “%1”</source>
+        <translation>重做“%1”</translation>
+    </message>
+    <message>
+        <source>Undo of “%1”</source>
+        <translation>撤销“%1”</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be taken back: %2.</source>
+        <translation>无法撤销“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>Leave this step out, so that the ones before it can be taken back?</source>
+        <translation>要跳过此步骤，以便撤销更早的步骤吗？</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+</context>
+<context>
+    <name>CountText</name>
+    <message numerus="yes">
+        <source>%n processor(s) selected</source>
+        <translation>
+            <numerusform>已选 %n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s) selected</source>
+        <translation>
+            <numerusform>已选 %n 个组</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2 selected</source>
+        <translation>已选 %1和%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n 个组</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, hidden by the search</source>
+        <translation>%1，被搜索隐藏</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, %n of them hidden by the search</source>
+        <translation>
+            <numerusform>%1，其中 %n 项被搜索隐藏</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n processor(s) found</source>
+        <translation>
+            <numerusform>找到 %1/%n 台处理器</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>QLineEdit</name>
     <message>
         <source>&amp;Paste</source>
         <translation>粘贴(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>RefusalText</name>
+    <message>
+        <source>Add the group %1</source>
+        <translation>添加组 %1</translation>
+    </message>
+    <message>
+        <source>Add the processor %1</source>
+        <translation>添加处理器 %1</translation>
+    </message>
+    <message>
+        <source>Add simulators</source>
+        <translation>添加模拟器</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>删除 %1</translation>
+    </message>
+    <message>
+        <source>Delete the group %1</source>
+        <translation>删除组 %1</translation>
+    </message>
+    <message>
+        <source>Ungroup %1</source>
+        <translation>取消分组 %1</translation>
+    </message>
+    <message>
+        <source>Rename to %1</source>
+        <translation>重命名为 %1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移动 %1</translation>
+    </message>
+    <message>
+        <source>Chief of %1</source>
+        <translation>%1 的主控</translation>
+    </message>
+    <message>
+        <source>Import %1</source>
+        <translation>导入 %1</translation>
+    </message>
+    <message>
+        <source>Take back an earlier list</source>
+        <translation>取回早先的列表</translation>
+    </message>
+    <message>
+        <source>Use the refused list</source>
+        <translation>使用被拒绝的列表</translation>
+    </message>
+    <message>
+        <source>Undo or redo</source>
+        <translation>撤销或重做</translation>
+    </message>
+    <message>
+        <source>Export %1</source>
+        <translation>导出 %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>the list is locked</source>
+        <translation>列表已锁定</translation>
+    </message>
+    <message>
+        <source>refresh is blocked</source>
+        <translation>刷新已被禁止</translation>
+    </message>
+    <message>
+        <source>a job is still running</source>
+        <translation>仍有任务在进行</translation>
+    </message>
+    <message>
+        <source>the control library cannot do that</source>
+        <translation>控制库不支持此操作</translation>
+    </message>
+    <message>
+        <source>the name is empty</source>
+        <translation>名称为空</translation>
+    </message>
+    <message>
+        <source>the name holds line ends or control characters</source>
+        <translation>名称含有换行符或控制字符</translation>
+    </message>
+    <message>
+        <source>the name begins or ends with a blank</source>
+        <translation>名称以空格开头或结尾</translation>
+    </message>
+    <message>
+        <source>nothing of the name can be seen</source>
+        <translation>名称没有可见的字符</translation>
+    </message>
+    <message>
+        <source>the name turns the direction of the text around</source>
+        <translation>名称会改变文字方向</translation>
+    </message>
+    <message>
+        <source>a name may not hold any of %1</source>
+        <translation>名称不得含有 %1 中的任何字符</translation>
+    </message>
+    <message>
+        <source>the name is longer than %1 bytes</source>
+        <translation>名称超过 %1 个字节</translation>
+    </message>
+    <message>
+        <source>it is not in the list any more</source>
+        <translation>它已不在列表中</translation>
+    </message>
+    <message>
+        <source>the group is not in the list any more</source>
+        <translation>该组已不在列表中</translation>
+    </message>
+    <message>
+        <source>the processor is not in the group</source>
+        <translation>该处理器不在该组中</translation>
+    </message>
+    <message>
+        <source>%1 runs the open project</source>
+        <translation>%1 正在运行打开的项目</translation>
+    </message>
+    <message>
+        <source>the list has a node of that id</source>
+        <translation>列表中已有相同标识的条目</translation>
+    </message>
+    <message>
+        <source>the group carries more numbers than a list file takes</source>
+        <translation>该组的编号多于列表文件所能容纳的数量</translation>
+    </message>
+    <message>
+        <source>the list has all the groups that it can have</source>
+        <translation>列表无法再容纳更多组</translation>
+    </message>
+    <message>
+        <source>the list has all the processors that it can have</source>
+        <translation>列表无法再容纳更多处理器</translation>
+    </message>
+    <message>
+        <source>it is in the list already</source>
+        <translation>它已在列表中</translation>
+    </message>
+    <message>
+        <source>there is no simulator of that type or output</source>
+        <translation>没有该类型或输出的模拟器</translation>
+    </message>
+    <message>
+        <source>more than two simulators cannot exist</source>
+        <translation>模拟器不能超过两个</translation>
+    </message>
+    <message>
+        <source>the address is reserved</source>
+        <translation>该地址已保留</translation>
+    </message>
+    <message>
+        <source>a processor of the list has the address</source>
+        <translation>列表中已有处理器使用该地址</translation>
+    </message>
+    <message>
+        <source>nothing answers there</source>
+        <translation>该地址没有应答</translation>
+    </message>
+    <message>
+        <source>the file does not exist any more</source>
+        <translation>文件已不存在</translation>
+    </message>
+    <message>
+        <source>the file is no good list (%1)</source>
+        <translation>文件不是有效的列表(%1)</translation>
+    </message>
+    <message>
+        <source>the file holds more than the list takes (%1)</source>
+        <translation>文件内容超出列表的容量(%1)</translation>
+    </message>
+    <message>
+        <source>the file was not written (%1)</source>
+        <translation>文件未写入(%1)</translation>
+    </message>
+    <message>
+        <source>the file was not replaced (%1)</source>
+        <translation>文件未替换(%1)</translation>
+    </message>
+    <message>
+        <source>the list before was not kept (%1)</source>
+        <translation>先前的列表未能保留(%1)</translation>
+    </message>
+    <message>
+        <source>another program has the file open (%1)</source>
+        <translation>另一个程序已打开该文件(%1)</translation>
+    </message>
+    <message>
+        <source>the file is not the one that was refused</source>
+        <translation>文件已不是被拒绝的那个</translation>
+    </message>
+    <message>
+        <source>nothing of the file can be read (%1)</source>
+        <translation>文件中没有可读取的内容(%1)</translation>
+    </message>
+    <message>
+        <source>no list was refused</source>
+        <translation>没有被拒绝的列表</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
     </message>
 </context>
 <context>
@@ -619,6 +1024,111 @@ Continue?</source>
     <message>
         <source>Name of %1</source>
         <translation>%1 的名称</translation>
+    </message>
+</context>
+<context>
+    <name>StepName</name>
+    <message>
+        <source>Delete %1</source>
+        <translation>删除 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n processor(s)</source>
+        <translation>
+            <numerusform>删除 %n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the group %1</source>
+        <translation>删除组 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the group %1 with %n processor(s)</source>
+        <translation>
+            <numerusform>删除组 %1 及 %n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n group(s)</source>
+        <translation>
+            <numerusform>删除 %n 个组</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete %1 and %2</source>
+        <translation>删除 %1和%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n group(s)</source>
+        <translation>
+            <numerusform>%n 个组</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n processor(s)</source>
+        <translation>
+            <numerusform>%n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ungroup %1</source>
+        <translation>取消分组 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Ungroup %n group(s)</source>
+        <translation>
+            <numerusform>取消 %n 个组的分组</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Group %n processor(s)</source>
+        <translation>
+            <numerusform>将 %n 台处理器分组</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Add %n simulator(s)</source>
+        <translation>
+            <numerusform>添加 %n 个模拟器</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n processor(s)</source>
+        <translation>
+            <numerusform>移动 %n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add the group %1</source>
+        <translation>添加组 %1</translation>
+    </message>
+    <message>
+        <source>Add the processor %1</source>
+        <translation>添加处理器 %1</translation>
+    </message>
+    <message>
+        <source>Rename to %1</source>
+        <translation>重命名为 %1</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移动 %1</translation>
+    </message>
+    <message>
+        <source>Chief of %1</source>
+        <translation>%1 的主控</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>Take back an earlier list</source>
+        <translation>取回早先的列表</translation>
+    </message>
+    <message>
+        <source>Use the refused list</source>
+        <translation>使用被拒绝的列表</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,63 @@
+#include "Kestrel/status/CRefusalNote.h"
+
+#include "Kestrel/GuiThread.h"
+
+#include <QEvent>
+#include <QTextDocument>
+
+CRefusalNote::CRefusalNote(QWidget* parent) : CElidedLabel(parent)
+{
+    setObjectName(QStringLiteral("RefusalBadge"));
+    setTextFormat(Qt::PlainText);
+    timer.setSingleShot(true);
+    timer.setInterval(nShownMs);
+    connect(&timer, &QTimer::timeout, this, &CRefusalNote::Forget);
+    Forget();
+}
+
+void CRefusalNote::Say(const std::function<QString()>& fnTextNew)
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+    fnText = fnTextNew;
+    bFresh = true;
+    // Behind the other commands of the turn, which are in the queue already.
+    QMetaObject::invokeMethod(this, [this] { bFresh = bFresh && bBusy; }, Qt::QueuedConnection);
+    UpdateText();
+    show();
+    timer.start();
+}
+
+void CRefusalNote::NoteSuccess()
+{
+    if (!bFresh) {
+        Forget();
+    }
+}
+
+void CRefusalNote::SetBusy(bool bBusyNow)
+{
+    bFresh = bFresh && (bBusyNow || !bBusy);
+    bBusy = bBusyNow;
+}
+
+void CRefusalNote::changeEvent(QEvent* event)
+{
+    CElidedLabel::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange && fnText) {
+        UpdateText();
+    }
+}
+
+void CRefusalNote::Forget()
+{
+    fnText = nullptr;
+    timer.stop();
+    hide();
+}
+
+void CRefusalNote::UpdateText()
+{
+    setText(fnText());
+    // As rich text it is broken into lines.
+    setToolTip(Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal));
+}

@@ -1,0 +1,331 @@
+#include "CDialogDriver.h"
+#include "CDoubledWindow.h"
+#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/CElidedLabel.h"
+#include "Kestrel/status/CRefusalNote.h"
+#include "Kestrel/status/RefusalText.h"
+#include "TestMain.h"
+
+#include <QAction>
+#include <QStatusBar>
+
+Q_DECLARE_METATYPE(EnListCommand)
+Q_DECLARE_METATYPE(EnRefusalReason)
+
+namespace {
+
+SRefusal Refusal(EnListCommand command, EnRefusalReason reason, const QString& strDetail = {})
+{
+    return { command, QStringLiteral("Wall left"), reason, strDetail, QStringLiteral("in English") };
+}
+
+SListEdit Edit(quint64 nEdition)
+{
+    SListEdit edit;
+    edit.command = CommandRename;
+    edit.before.nEdition = nEdition;
+    edit.after.nEdition = nEdition + 1;
+    return edit;
+}
+
+/// A window with what a test asks of its status bar.
+class CScene : public CDoubledWindow
+{
+public:
+    CRefusalNote* Note() const
+    {
+        return pWindow->findChild<CRefusalNote*>();
+    }
+
+    /// What was emitted is delivered.
+    static void Settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    void Refuse(const SRefusal& refusal)
+    {
+        emit host.CommandRefused(refusal);
+        Settle();
+    }
+
+    /// The entry of the menus with that text; null when there is none.
+    QAction* Find(const QString& strText) const
+    {
+        const QList<QAction*> listAction = pWindow->findChildren<QAction*>();
+        for (QAction* pAction : listAction) {
+            if (pAction->text() == strText) {
+                return pAction;
+            }
+        }
+        return nullptr;
+    }
+
+    void Press(const QString& strText) const
+    {
+        QAction* pAction = Find(strText);
+        QVERIFY2(pAction, qPrintable(strText));
+        pAction->trigger();
+    }
+
+    QString BusyText() const
+    {
+        return pWindow->findChild<CBusyIndicator*>()->GetText();
+    }
+};
+
+} // namespace
+
+/// Why a command was refused, and how far a job is, in the status bar.
+class CStatusReasonsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theReasonOfARefusalIsShown()
+    {
+        CScene scene;
+        QVERIFY(!scene.Note()->isVisible());
+
+        scene.Refuse(Refusal(CommandRename, ReasonListLocked));
+
+        QVERIFY(scene.Note()->isVisible());
+        QCOMPARE(scene.Note()->text(), QStringLiteral("Rename to Wall left: the list is locked"));
+        QVERIFY(scene.Note()->toolTip().contains("Wall left: the list is locked"));
+    }
+
+    void theNextSuccessTakesItAway()
+    {
+        CScene scene;
+        scene.Refuse(Refusal(CommandRename, ReasonListLocked));
+        emit scene.host.ListEdited(Edit(1));
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aSuccessOfTheSameTurnLeavesIt()
+    {
+        CScene scene;
+        emit scene.host.CommandRefused(Refusal(CommandMove, ReasonGone));
+        emit scene.host.ListEdited(Edit(1));
+        CScene::Settle();
+        QVERIFY(scene.Note()->isVisible());
+
+        emit scene.host.ListEdited(Edit(2));
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aSuccessOfTheSameJobLeavesIt()
+    {
+        CScene scene;
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        scene.Refuse(Refusal(CommandDelete, ReasonInUse, "Wall left"));
+        SListEdit edit = Edit(1);
+        edit.command = CommandDelete;
+        emit scene.host.ListEdited(edit);
+        CScene::Settle();
+        scene.host.ChangeBusy(false);
+        CScene::Settle();
+        QVERIFY(scene.Note()->isVisible());
+
+        emit scene.host.ListEdited(Edit(2));
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aMessageOfTheBarDoesNotHideIt()
+    {
+        CScene scene;
+        scene.Refuse(Refusal(CommandScan, ReasonRefreshBlocked));
+        scene.pWindow->statusBar()->showMessage("Something else");
+        QVERIFY(scene.Note()->isVisible());
+    }
+
+    void aRefusedUndoNamesItsStep()
+    {
+        CScene scene;
+        SListEdit edit = Edit(1);
+        edit.strName = "Wall left";
+        emit scene.host.ListEdited(edit);
+        CScene::Settle();
+        scene.host.reason = ReasonListFull;
+
+        scene.Press("&Undo: Rename to Wall left");
+        CScene::Settle();
+
+        QCOMPARE(scene.Note()->text(),
+                 QStringLiteral("Undo of “Rename to Wall left”: the list has all the processors that it can have"));
+    }
+
+    void aStepRefusedTwiceIsOfferedToBeLeftOut_data()
+    {
+        QTest::addColumn<QString>("strAnswer");
+        QTest::addColumn<bool>("bLeftOut");
+        QTest::newRow("yes") << "ButtonYes" << true;
+        QTest::newRow("the default") << "key Return" << false;
+    }
+
+    void aStepRefusedTwiceIsOfferedToBeLeftOut()
+    {
+        QFETCH(QString, strAnswer);
+        QFETCH(bool, bLeftOut);
+        CScene scene;
+        SListEdit edit = Edit(1);
+        edit.strName = "Wall left";
+        emit scene.host.ListEdited(edit);
+        CScene::Settle();
+        scene.host.reason = ReasonListFull;
+        CDialogDriver driver;
+        driver.Answer(strAnswer);
+
+        scene.Press("&Undo: Rename to Wall left");
+        QCOMPARE(driver.Shown(), QStringList());
+        scene.Press("&Undo: Rename to Wall left");
+
+        QVERIFY(driver.IsDone());
+        QVERIFY2(driver.Shown().first().startsWith("Undo: “Rename to Wall left” cannot be taken back: the list has all"),
+                 qPrintable(driver.Shown().first()));
+        QCOMPARE(scene.Find("&Undo: Rename to Wall left") == nullptr, bLeftOut);
+    }
+
+    void itFollowsTheLanguage()
+    {
+        CScene scene;
+        scene.Refuse(Refusal(CommandRename, ReasonListLocked));
+        scene.language.Set("de");
+        QTRY_COMPARE(scene.Note()->text(), QStringLiteral("Umbenennen in Wall left: die Liste ist gesperrt"));
+        scene.language.Set("zh_CN");
+        QTRY_COMPARE(scene.Note()->text(), QStringLiteral("重命名为 Wall left：列表已锁定"));
+    }
+
+    void everyReasonHasWords_data()
+    {
+        QTest::addColumn<QString>("strLanguage");
+        for (const QString& strCode : CLanguage::GetCodes()) {
+            QTest::newRow(qPrintable(strCode)) << strCode;
+        }
+    }
+
+    void everyReasonHasWords()
+    {
+        QFETCH(QString, strLanguage);
+        CLanguage language;
+        language.Set(strLanguage);
+        QStringList listText;
+        for (int n = ReasonListLocked; n <= ReasonNothingWasRefused; ++n) {
+            listText.append(RefusalText::GetReason(Refusal(CommandRename, EnRefusalReason(n), "§")));
+            QVERIFY2(!listText.last().isEmpty() && !listText.last().contains("%1"), qPrintable(listText.last()));
+        }
+        QCOMPARE(listText.removeDuplicates(), 0);
+        for (int n = CommandAddGroup; n <= CommandScan; ++n) {
+            const QString strText = RefusalText::Get(Refusal(EnListCommand(n), ReasonListLocked));
+            QVERIFY2(!strText.startsWith(':') && !strText.contains('%'), qPrintable(strText));
+        }
+        language.Set("en");
+    }
+
+    void aReasonWithoutWordsIsTheLibrarysOwn()
+    {
+        QCOMPARE(RefusalText::GetReason(Refusal(CommandRename, ReasonNone)), QStringLiteral("in English"));
+    }
+
+    void aNameMayHoldAnything()
+    {
+        SRefusal refusal = Refusal(CommandRename, ReasonNameCharacters, "%1 /");
+        refusal.strName = "a%1\nb";
+        QCOMPARE(RefusalText::Get(refusal), QStringLiteral("Rename to a%1 b: a name may not hold any of %1 /"));
+    }
+
+    void longWorkSaysHowFarItIs()
+    {
+        CScene scene;
+        scene.host.vecJob = { { "Scanning the network", QDateTime::currentDateTime(), 0, 0 } };
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        const QString strSince = scene.host.GetBusySince().toString("HH:mm:ss");
+        QVERIFY2(scene.BusyText().startsWith("Scanning the network – since " + strSince), qPrintable(scene.BusyText()));
+
+        scene.host.vecJob.first().nDone = 12;
+        scene.host.vecJob.first().nAll = 40;
+        emit scene.host.JobProgressed(scene.host.vecJob);
+        CScene::Settle();
+        QVERIFY2(scene.BusyText().startsWith("Scanning the network – 12 of 40, since " + strSince), qPrintable(scene.BusyText()));
+
+        scene.language.Set("de");
+        QTRY_VERIFY(scene.BusyText().contains("12 von 40"));
+    }
+
+    void jobsAreNamedInTheLanguage_data()
+    {
+        QTest::addColumn<QString>("strJob");
+        QTest::addColumn<int>("nDone");
+        QTest::addColumn<int>("nAll");
+        QTest::addColumn<QString>("strBegin");
+        QTest::newRow("scan") << "Scanning the network" << 0 << 0 << "Das Netz wird durchsucht – seit ";
+        QTest::newRow("one device") << "Adding the processor at 10.0.0.7" << 0 << 1
+                                    << "Prozessor 10.0.0.7 wird hinzugefügt – seit ";
+        QTest::newRow("deletions") << "Deleting \"Wall\"" << 3 << 0 << "\"Wall\" wird gelöscht – 3 erledigt, seit ";
+        QTest::newRow("group") << "Deleting \"Stage\" with its processors" << 0 << 5
+                               << "\"Stage\" wird mit seinen Prozessoren gelöscht – 0 von 5, seit ";
+    }
+
+    void jobsAreNamedInTheLanguage()
+    {
+        QFETCH(QString, strJob);
+        QFETCH(int, nDone);
+        QFETCH(int, nAll);
+        QFETCH(QString, strBegin);
+        CScene scene;
+        scene.language.Set("de");
+        scene.host.vecJob = { { strJob, QDateTime::currentDateTime(), nDone, nAll } };
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        QVERIFY2(scene.BusyText().startsWith(strBegin), qPrintable(scene.BusyText()));
+        scene.language.Set("en");
+    }
+
+    void everythingFitsIntoTheSmallestWindow_data()
+    {
+        everyReasonHasWords_data();
+    }
+
+    void everythingFitsIntoTheSmallestWindow()
+    {
+        QFETCH(QString, strLanguage);
+        CScene scene;
+        scene.language.Set(strLanguage);
+        scene.host.SetChiefMode(true);
+        scene.host.SetRefreshBlocked(true);
+        scene.host.SetListLocked(true);
+        scene.host.OpenProject("Aurora");
+        emit scene.host.StateChanged();
+        scene.host.vecJob = { { "Scanning the network", QDateTime::currentDateTime(), 12, 40 } };
+        scene.host.ChangeBusy(true);
+        scene.Refuse(Refusal(CommandRename, ReasonTooManyNumbers));
+        scene.pWindow->resize(scene.pWindow->minimumSizeHint());
+        CScene::Settle();
+
+        const QStatusBar* pBar = scene.pWindow->statusBar();
+        int nShown = 0;
+        for (const QLabel* pLabel : pBar->findChildren<QLabel*>()) {
+            if (!pLabel->isVisible()) {
+                continue;
+            }
+            ++nShown;
+            const QRect rect(pLabel->mapTo(pBar, QPoint()), pLabel->size());
+            QVERIFY2(pBar->rect().contains(rect), qPrintable(pLabel->text()));
+            const bool bElided = qobject_cast<const CElidedLabel*>(pLabel);
+            QVERIFY2(pLabel->width() >= (bElided ? pLabel->minimumSizeHint() : pLabel->sizeHint()).width(),
+                     qPrintable(pLabel->text()));
+            QVERIFY2(!bElided || !pLabel->toolTip().isEmpty(), qPrintable(pLabel->text()));
+        }
+        QCOMPARE(nShown, 6);
+        scene.language.Set("en");
+    }
+};
+
+PTV_TEST_MAIN(CStatusReasonsTest)
+#include "tst_statusreasons.moc"
