@@ -14,6 +14,7 @@ run_packages=(
 test_packages=(
     qtbase5-private-dev         # events of queued calls, for the thread sanitizer
     xvfb openbox xdotool xclip x11-utils # the application on a real X server, by mouse and keyboard
+    at-spi2-core python3-pyatspi dbus # what a screen reader hears of the application
     weston                      # the application on Wayland, in a window of that X server
     gdb                         # debugging, as CONTRIBUTING.md does it
     valgrind                    # what Qt's own code, which is not instrumented, does to memory
