@@ -27,6 +27,7 @@ QList<SText> ReadTexts(const QString& strFile)
     }
     QList<SText> listText;
     SText text;
+    bool bForms = false; // a text with a number has a translation of several forms
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) {
             continue;
@@ -37,6 +38,10 @@ QList<SText> ReadTexts(const QString& strFile)
             text.strSource = xml.readElementText();
         } else if (xml.name() == QLatin1String("translation")) {
             text.bFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+        } else if (xml.name() == QLatin1String("message")) {
+            bForms = xml.attributes().hasAttribute(QLatin1String("numerus"));
+        }
+        if (xml.name() == (bForms ? QLatin1String("numerusform") : QLatin1String("translation"))) {
             text.strTranslation = xml.readElementText();
             listText.append(text);
         }
@@ -65,7 +70,7 @@ QString UpdatedFile(const QTemporaryDir& folder, const QString& strLanguage)
 
 QStringList Placeholders(const QString& strText)
 {
-    static const QRegularExpression expression(QStringLiteral("%\\d"));
+    static const QRegularExpression expression(QStringLiteral("%(?:\\d|n)"));
     QStringList listFound;
     auto match = expression.globalMatch(strText);
     while (match.hasNext()) {
