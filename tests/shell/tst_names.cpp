@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QThreadPool>
 #include <QToolButton>
 
 namespace {
@@ -146,6 +147,25 @@ private slots:
         const CMapTranslator translatorRefresh({ { "CProcessorTreeView|Refresh", "Auffrischen" } });
         QCoreApplication::sendPostedEvents();
         QCOMPARE(reader.Heard().filter("name: "), QStringList({ "name: Auffrischen" }));
+    }
+
+    void whatChangesDuringAScanIsSaidAtItsEnd()
+    {
+        CPanelFixture panel(Site);
+        panel.Refresh();
+        QApplication::setActiveWindow(&panel.host);
+        panel.Tree()->setFocus();
+        QCoreApplication::processEvents();
+        panel.control.Hold(QStringLiteral("RefreshProcessors"));
+        panel.Click(panel.RefreshButton());
+        QVERIFY(panel.control.WaitForHeld(QStringLiteral("RefreshProcessors")));
+        CScreenReader reader;
+        panel.Refresh([](SControlAnswers& answers) { answers.nodeDiscovered.listProcessor.first().bOnline = true; });
+        QCoreApplication::processEvents();
+        QCOMPARE(reader.Heard().filter("alpha"), QStringList());
+        panel.control.Release(QStringLiteral("RefreshProcessors"));
+        QTRY_COMPARE(reader.Heard().filter("alpha"), QStringList({ "focus: alpha, online / 127.0.0.1" }));
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
     }
 
     void aNewNameIsAnnouncedOnce()
