@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>CProcessorTree</name>
+    <message numerus="yes">
+        <source>%1, group, %n processors</source>
+        <translation>
+            <numerusform>%1, group, %n processor</numerusform>
+            <numerusform>%1, group, %n processors</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>CRefusedList</name>
     <message numerus="yes">
         <source>%n group(s)</source>
