@@ -13,8 +13,8 @@ int NodeType(const QModelIndex& index);
 /// The id of the row's node. Null for the root, for an invalid index and for a value that is no id.
 QUuid NodeId(const QModelIndex& index);
 
-/// Writes a value under nRole, an EnItemRole, through the row's model; nothing for an index that is invalid.
-/// GUI thread.
+/// Writes a value under nRole, an EnItemRole or a role of Qt, through the row's model; nothing for an index that is
+/// invalid. GUI thread.
 void Write(const QModelIndex& index, const QVariant& value, int nRole);
 
 } // namespace RowValue

@@ -252,6 +252,7 @@ void CProcessorTreeView::ConnectWidgets()
 
 void CProcessorTreeView::UpdateText()
 {
+    PanelParts::NamePart(pHeader, tr("Panes"));
     pDiscoveredTab->setText(tr("Discovered"));
     pSimulatorTab->setText(tr("Simulator"));
     PanelParts::NameButton(pRefreshButton, tr("Refresh"));

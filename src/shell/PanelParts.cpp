@@ -44,12 +44,17 @@ void PanelParts::DressCloseSearchButton(QToolButton* pButton)
     DressIconButton(pButton, QStringLiteral("CloseSearchBox"), QStringLiteral(":/image/control/close/close.svg"), nCloseIconSize);
 }
 
+void PanelParts::NamePart(QWidget* pPart, const QString& strName)
+{
+    if (pPart->accessibleName() != strName) { // a name that is set again is announced again
+        pPart->setAccessibleName(strName);
+    }
+}
+
 void PanelParts::NameButton(QToolButton* pButton, const QString& strName)
 {
     pButton->setToolTip(strName);
-    if (pButton->accessibleName() != strName) { // a name that is set again is announced again
-        pButton->setAccessibleName(strName);
-    }
+    NamePart(pButton, strName);
 }
 
 void PanelParts::LayOutHeader(QLabel* pHeader, QPushButton* pFirstTab, QPushButton* pSecondTab, QToolButton* pRefreshButton)

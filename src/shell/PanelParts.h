@@ -21,6 +21,9 @@ void DressRefreshButton(QToolButton* pButton);
 /// The button that closes the search row.
 void DressCloseSearchButton(QToolButton* pButton);
 
+/// The name of a part without a text for screen readers.
+void NamePart(QWidget* pPart, const QString& strName);
+
 /// What a button without a text does: its tool tip, and its name for screen readers.
 void NameButton(QToolButton* pButton, const QString& strName);
 

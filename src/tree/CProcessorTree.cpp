@@ -169,7 +169,6 @@ void CProcessorTree::RefreshTree()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     const CSelectionAnchor::SPlace place = pAnchor->Note();
-    pReader->Note();
     DropEditor();
     bRebuilding = true;
     blockSignals(true);
@@ -227,6 +226,7 @@ void CProcessorTree::RestoreSelection()
     const CSelectionAnchor::SPlace place = pAnchor->Note();
     SelectStoredNodes();
     pAnchor->Restore(place);
+    pReader->Follow();
 }
 
 // The ids are those of this tree's pane, their rows those of the current pane.

@@ -8,8 +8,8 @@
 #include "model/RowValue.h"
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorGroupNode.h"
+#include "tree/CEditorName.h"
 #include "tree/CRenameWatch.h"
-#include "tree/CRowReader.h"
 #include "tree/CTreeKeys.h"
 #include "tree/CTreeMenu.h"
 #include "tree/TreeAction.h"
@@ -98,9 +98,9 @@ void CProcessorTree::Rename()
         scrollTo(index);
     }
     bSuppressSelection = true;
+    const CEditorName editorName(viewport(), RowValue::NodeId(index));
     edit(index, AllEditTriggers, nullptr);
     if (QWidget* const pEditor = indexWidget(index)) {
-        pReader->NameEditor(pEditor, index);
         pRenameWatch->Start(pEditor);
     } else if (state() != EditingState) {
         pRenameWatch->Stop(); // an editor that a rebuild has taken must not end this rename when it dies

@@ -7,18 +7,86 @@
 #include "nodes/EnNodeType.h"
 #include "nodes/SProcessorAllNode.h"
 
+#include <QEvent>
+#include <QHash>
 #include <QSignalBlocker>
 #include <QTreeView>
 
-#include <utility>
-
 namespace {
+
+/// The records of one pane by their ids. Of several with one id the first counts, which is the one that is painted.
+struct SRecords
+{
+    SRecords(const SProcessorAllNode& node, bool bChiefModeIn) : bChiefMode(bChiefModeIn)
+    {
+        for (const SProcessorGroupNode& group : node.listGroup) {
+            if (!hashGroup.contains(group.idNode)) {
+                hashGroup.insert(group.idNode, &group);
+            }
+            AddProcessors(group.listProcessor);
+        }
+        AddProcessors(node.listProcessor);
+    }
+
+    void AddProcessors(const QList<SProcessorNode>& listProcessor)
+    {
+        for (const SProcessorNode& processor : listProcessor) {
+            if (!hashProcessor.contains(processor.idNode)) {
+                hashProcessor.insert(processor.idNode, &processor);
+            }
+        }
+    }
+
+    QHash<QUuid, const SProcessorGroupNode*> hashGroup;
+    QHash<QUuid, const SProcessorNode*> hashProcessor;
+    bool bChiefMode;
+};
 
 void WriteChanged(const QModelIndex& index, const QString& strWords, int nRole)
 {
     if (index.data(nRole).toString() != strWords) {
         RowValue::Write(index, strWords, nRole);
     }
+}
+
+void WriteRow(const QModelIndex& index, const RowSpeech::SWords& words)
+{
+    WriteChanged(index, words.strText, Qt::AccessibleTextRole);
+    WriteChanged(index, words.strDescription, Qt::AccessibleDescriptionRole);
+}
+
+void WriteProcessor(const QModelIndex& index, const QString& strGroup, const SRecords& records)
+{
+    if (const SProcessorNode* const pNode = records.hashProcessor.value(RowValue::NodeId(index))) {
+        WriteRow(index, RowSpeech::Processor(*pNode, strGroup, records.bChiefMode));
+        WriteRow(index.model()->index(0, 0, index), RowSpeech::Info(*pNode));
+    }
+}
+
+void WriteGroup(const QModelIndex& index, const SRecords& records)
+{
+    if (const SProcessorGroupNode* const pGroup = records.hashGroup.value(RowValue::NodeId(index))) {
+        WriteRow(index, RowSpeech::Group(*pGroup, records.bChiefMode));
+        for (int nRow = 0; nRow < index.model()->rowCount(index); ++nRow) {
+            WriteProcessor(index.model()->index(nRow, 0, index), pGroup->strName, records);
+        }
+    }
+}
+
+RowSpeech::SWords WordsOf(const QModelIndex& index)
+{
+    return { index.data(Qt::AccessibleTextRole).toString(), index.data(Qt::AccessibleDescriptionRole).toString() };
+}
+
+// The children of a tree are its header and then the rows as they are shown. Each call of child() makes a new object.
+QAccessibleInterface* NewInterface(QTreeView& tree, const QModelIndex& index)
+{
+    int nChild = 1;
+    for (QModelIndex indexAbove = tree.indexAbove(index); indexAbove.isValid(); indexAbove = tree.indexAbove(indexAbove)) {
+        ++nChild;
+    }
+    QAccessibleInterface* const pTree = QAccessible::queryAccessibleInterface(&tree);
+    return pTree ? pTree->child(nChild) : nullptr;
 }
 
 } // namespace
@@ -29,6 +97,9 @@ CRowReader::CRowReader(QTreeView& treeIn, CProcessorTreeModel& modelIn, bool bDi
     Q_ASSERT(GuiThread::IsCurrent());
     timerAnnounce.setSingleShot(true);
     connect(&timerAnnounce, &QTimer::timeout, this, &CRowReader::Announce);
+    connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyChiefChanged, this, &CRowReader::Write);
+    connect(tree.selectionModel(), &QItemSelectionModel::currentChanged, this, &CRowReader::NoteSaid);
+    tree.installEventFilter(this);
     QAccessible::installActivationObserver(this);
     UpdateText();
     accessibilityActiveChanged(QAccessible::isActive());
@@ -39,36 +110,33 @@ CRowReader::~CRowReader()
     QAccessible::removeActivationObserver(this);
 }
 
-void CRowReader::Note()
-{
-    Q_ASSERT(GuiThread::IsCurrent());
-    if (bActive && !keyBefore && tree.hasFocus()) {
-        keyBefore = SRowKey::Of(tree.currentIndex());
-        wordsBefore = GetWords(tree.currentIndex());
-    }
-}
-
 void CRowReader::Write()
 {
     Q_ASSERT(GuiThread::IsCurrent());
-    if (!bActive || g_pProcessorTreeData->IsSimulatorPane() == bDiscovered) {
-        keyBefore.reset();
+    if (!bActive) {
         return;
     }
     SProcessorAllNode node;
-    g_pProcessorTreeData->GetCurrentTree(node);
-    const bool bChiefMode = g_pProcessorTreeData->IsChiefMode();
+    bDiscovered ? g_pProcessorTreeData->GetDiscoveredTree(node) : g_pProcessorTreeData->GetSimulatorTree(node);
+    const SRecords records(node, g_pProcessorTreeData->IsChiefMode());
+    const QModelIndex indexRoot = model.GetRootIndex();
     const QSignalBlocker blocker(model); // the view would paint for what it does not show
-    WriteRow({ NodeAll, QUuid() }, RowSpeech::All(node));
-    for (const SProcessorGroupNode& group : std::as_const(node.listGroup)) {
-        WriteRow({ NodeGroup, group.idNode }, RowSpeech::Group(group, bChiefMode));
-        WriteMembers(group, bChiefMode);
+    WriteRow(indexRoot, RowSpeech::All(node));
+    for (int nRow = 0; nRow < model.rowCount(indexRoot); ++nRow) {
+        const QModelIndex index = model.index(nRow, 0, indexRoot);
+        if (RowValue::NodeType(index) == NodeGroup) {
+            WriteGroup(index, records);
+        } else {
+            WriteProcessor(index, QString(), records);
+        }
     }
-    for (const SProcessorNode& processor : std::as_const(node.listProcessor)) {
-        WriteProcessor(processor, QString(), bChiefMode);
-    }
-    if (keyBefore) {
-        keyAfter = SRowKey::Of(tree.currentIndex());
+    Follow();
+}
+
+void CRowReader::Follow()
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+    if (bActive && tree.hasFocus()) {
         timerAnnounce.start(0);
     }
 }
@@ -80,87 +148,55 @@ void CRowReader::UpdateText()
         tree.setAccessibleName(strName);
     }
     Write();
-}
-
-void CRowReader::NameEditor(QWidget* pEditor, const QModelIndex& index) const
-{
-    Q_ASSERT(GuiThread::IsCurrent());
-    pEditor->setAccessibleName(RowSpeech::Editor(g_pProcessorTreeData->GetNodeName(RowValue::NodeId(index))));
+    NoteSaid();
 }
 
 void CRowReader::accessibilityActiveChanged(bool active)
 {
+    Q_ASSERT(GuiThread::IsCurrent());
+    if (active == bActive) {
+        return;
+    }
     bActive = active;
-    timerAnnounce.stop();
-    keyBefore.reset();
-    disconnect(connectionChief);
-    if (active) {
-        connectionChief
-            = connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyChiefChanged, this, &CRowReader::DealChiefChanged);
-        Write();
-    }
-}
-
-void CRowReader::DealChiefChanged()
-{
-    Note();
     Write();
+    NoteSaid(); // a reader that comes asks by itself
+    timerAnnounce.stop();
 }
 
-void CRowReader::WriteMembers(const SProcessorGroupNode& group, bool bChiefMode)
+bool CRowReader::eventFilter(QObject* watched, QEvent* event)
 {
-    for (const SProcessorNode& member : group.listProcessor) {
-        WriteProcessor(member, group.strName, bChiefMode);
+    if (bActive && watched == &tree && event->type() == QEvent::FocusIn) {
+        said = SSaid(); // Qt announces the tree, behind this event
+        timerAnnounce.start(0);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// The view announces each new current row. With no current row, as between two halves of a change, what was said
+// last still stands.
+void CRowReader::NoteSaid()
+{
+    if (bActive && tree.currentIndex().isValid()) {
+        said = { SRowKey::Of(tree.currentIndex()), WordsOf(tree.currentIndex()) };
     }
 }
 
-void CRowReader::WriteProcessor(const SProcessorNode& node, const QString& strGroup, bool bChiefMode)
+bool CRowReader::IsSaid() const
 {
-    WriteRow({ NodeProcessor, node.idNode }, RowSpeech::Processor(node, strGroup, bChiefMode));
-    WriteRow({ NodeInfo, node.idNode }, RowSpeech::Info(node));
+    const RowSpeech::SWords words = WordsOf(tree.currentIndex());
+    return said.key == SRowKey::Of(tree.currentIndex()) && said.words.strText == words.strText
+        && said.words.strDescription == words.strDescription;
 }
 
-void CRowReader::WriteRow(const SRowKey& key, const RowSpeech::SWords& words)
-{
-    const QModelIndex index = model.FindRow(key); // a node whose row is still to come has none
-    WriteChanged(index, words.strText, Qt::AccessibleTextRole);
-    WriteChanged(index, words.strDescription, Qt::AccessibleDescriptionRole);
-}
-
-RowSpeech::SWords CRowReader::GetWords(const QModelIndex& index) const
-{
-    return { index.data(Qt::AccessibleTextRole).toString(), index.data(Qt::AccessibleDescriptionRole).toString() };
-}
-
-// The view announces a row to which the user has moved since.
 void CRowReader::Announce()
 {
-    const SRowKey keyNoted = *std::exchange(keyBefore, std::nullopt);
     const QModelIndex index = tree.currentIndex();
-    if (!tree.hasFocus() || !(SRowKey::Of(index) == keyAfter) || tree.visualRect(index).isEmpty()) {
+    if (!tree.hasFocus() || tree.visualRect(index).isEmpty() || IsSaid()) {
         return;
     }
-    const RowSpeech::SWords words = GetWords(index);
-    if (!(keyNoted == keyAfter)) {
-        Send(QAccessible::Focus, index);
-        return;
+    NoteSaid();
+    if (QAccessibleInterface* const pRow = NewInterface(tree, index)) {
+        QAccessibleEvent event(pRow, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
     }
-    if (words.strText != wordsBefore.strText) {
-        Send(QAccessible::NameChanged, index);
-    }
-    if (words.strDescription != wordsBefore.strDescription) {
-        Send(QAccessible::DescriptionChanged, index);
-    }
-}
-
-// The children of a tree are its header and then the rows as they are shown.
-void CRowReader::Send(QAccessible::Event event, const QModelIndex& index) const
-{
-    int nChild = 1;
-    for (QModelIndex indexAbove = tree.indexAbove(index); indexAbove.isValid(); indexAbove = tree.indexAbove(indexAbove)) {
-        ++nChild;
-    }
-    QAccessibleEvent eventRow(&tree, event);
-    eventRow.setChild(nChild);
-    QAccessible::updateAccessibility(&eventRow);
 }

@@ -4,11 +4,8 @@
 #include "tree/RowSpeech.h"
 
 #include <QAccessible>
-#include <QModelIndex>
 #include <QObject>
 #include <QTimer>
-
-#include <optional>
 
 class CProcessorTreeModel;
 class QTreeView;
@@ -17,8 +14,10 @@ class QTreeView;
 /// them into their items, under Qt's roles for it; while none listens it writes and asks nothing. It changes no row
 /// that is painted, and no view hears of what it writes. GUI thread.
 ///
-/// Of the row that has the focus, and of no other, a change is announced, after the event that brought it; so is the
-/// row that has taken the place of one that has gone.
+/// The view announces the row to which the user moves. This announces the current row of a tree with the focus
+/// whenever a reader has heard something else of it: it is said differently now, another has taken its place, or the
+/// tree has just got the focus. It does so once, after the event that brought it, as a row that gets the focus: the
+/// name and the description are said together, by an object that the reader takes for the focused one.
 class CRowReader : public QObject, public QAccessible::ActivationObserver // clazy:exclude=missing-qobject-macro
 {
 public:
@@ -27,38 +26,36 @@ public:
     ~CRowReader() override;
     Q_DISABLE_COPY(CRowReader)
 
-    /// Before rows are replaced or said differently: notes what was said last of the row that has the focus.
-    void Note();
-
-    /// Writes what is said of each row now, as far as it differs, from one copy of the store. Nothing while another
-    /// pane is the store's current one: its tree is written when it is built anew.
+    /// Writes what is said of each row now, as far as it differs, from one copy of the tree's own pane, be it the
+    /// current one or not. Rows whose nodes have gone keep their words.
     void Write();
 
-    /// The name of the tree, and all rows, in the present language.
-    void UpdateText();
+    /// After the current row may have changed without the view's knowledge.
+    void Follow();
 
-    /// The editor of a row that is being renamed says whose name it holds.
-    void NameEditor(QWidget* pEditor, const QModelIndex& index) const;
+    /// The name of the tree, and all rows, in the present language. No row is announced for it.
+    void UpdateText();
 
 protected:
     void accessibilityActiveChanged(bool active) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void DealChiefChanged();
-    void WriteMembers(const SProcessorGroupNode& group, bool bChiefMode);
-    void WriteProcessor(const SProcessorNode& node, const QString& strGroup, bool bChiefMode);
-    void WriteRow(const SRowKey& key, const RowSpeech::SWords& words);
-    RowSpeech::SWords GetWords(const QModelIndex& index) const;
+    /// What a reader has heard last of the rows of a tree.
+    struct SSaid
+    {
+        SRowKey key;
+        RowSpeech::SWords words;
+    };
+
+    void NoteSaid();
+    bool IsSaid() const;
     void Announce();
-    void Send(QAccessible::Event event, const QModelIndex& index) const;
 
     QTreeView& tree;
     CProcessorTreeModel& model;
     const bool bDiscovered;
     bool bActive = false; ///< a screen reader listens
-    QMetaObject::Connection connectionChief;
-    std::optional<SRowKey> keyBefore; ///< the row that had the focus when it was noted; unset with nothing to compare
-    RowSpeech::SWords wordsBefore;    ///< what was said of that row
-    SRowKey keyAfter;                 ///< the row that had the focus after it
-    QTimer timerAnnounce;             ///< for when the event has filtered and laid out the rows
+    SSaid said;
+    QTimer timerAnnounce; ///< for when the event has filtered and laid out the rows
 };

@@ -15,7 +15,7 @@ namespace {
 QString Join(QStringList listPart)
 {
     listPart.removeAll(QString());
-    return listPart.join(QCoreApplication::translate("RowSpeech", ", "));
+    return listPart.join(QCoreApplication::translate("CProcessorTree", ", "));
 }
 
 QString Role(const SProcessorNode& node)
@@ -23,8 +23,8 @@ QString Role(const SProcessorNode& node)
     if (!node.bOnline || node.nFailover == 0 || node.strProject.isEmpty()) {
         return QString();
     }
-    return node.nFailover == 1 ? QCoreApplication::translate("RowSpeech", "Primary")
-                               : QCoreApplication::translate("RowSpeech", "Backup");
+    return node.nFailover == 1 ? QCoreApplication::translate("CProcessorTree", "Primary")
+                               : QCoreApplication::translate("CProcessorTree", "Backup");
 }
 
 QString Project(const SProcessorNode& node)
@@ -32,21 +32,25 @@ QString Project(const SProcessorNode& node)
     if (!node.bOnline || node.strProject.isEmpty()) {
         return QString();
     }
-    return QCoreApplication::translate("RowSpeech", "project %1").arg(node.strProject);
+    return QCoreApplication::translate("CProcessorTree", "project %1").arg(node.strProject);
 }
 
-QString Count(int nProcessors)
+// One has a text of its own, so that English needs no translation to say it.
+QString GroupText(const QString& strName, int nProcessors)
 {
-    return nProcessors == 1 ? QCoreApplication::translate("RowSpeech", "1 processor")
-                            : QCoreApplication::translate("RowSpeech", "%1 processors").arg(nProcessors);
+    const QString strPattern = nProcessors == 1
+        ? QCoreApplication::translate("CProcessorTree", "%1, group, 1 processor")
+        : QCoreApplication::translate("CProcessorTree", "%1, group, %n processors", nullptr, nProcessors);
+    return strPattern.arg(strName);
 }
 
 QString Chief(const SProcessorGroupNode& group)
 {
     const auto itChief = std::find_if(group.listProcessor.cbegin(), group.listProcessor.cend(),
                                       [&group](const SProcessorNode& node) { return node.idNode == group.idChief; });
-    return itChief == group.listProcessor.cend() ? QCoreApplication::translate("RowSpeech", "has a Chief")
-                                                 : QCoreApplication::translate("RowSpeech", "Chief %1").arg(itChief->strName);
+    return itChief == group.listProcessor.cend()
+        ? QCoreApplication::translate("CProcessorTree", "has a Chief")
+        : QCoreApplication::translate("CProcessorTree", "Chief %1").arg(itChief->strName);
 }
 
 } // namespace
@@ -62,19 +66,18 @@ RowSpeech::SWords RowSpeech::All(const SProcessorAllNode& node)
 
 RowSpeech::SWords RowSpeech::Group(const SProcessorGroupNode& group, bool bChiefMode)
 {
-    const QStringList listText{ group.strName, QCoreApplication::translate("RowSpeech", "group"),
-                                Count(group.listProcessor.size()) };
-    return { Join(listText), bChiefMode && !group.idChief.isNull() ? Chief(group) : QString() };
+    return { GroupText(group.strName, group.listProcessor.size()),
+             bChiefMode && !group.idChief.isNull() ? Chief(group) : QString() };
 }
 
 RowSpeech::SWords RowSpeech::Processor(const SProcessorNode& node, const QString& strGroup, bool bChiefMode)
 {
-    const QString strOnline
-        = node.bOnline ? QCoreApplication::translate("RowSpeech", "online") : QCoreApplication::translate("RowSpeech", "offline");
+    const QString strOnline = node.bOnline ? QCoreApplication::translate("CProcessorTree", "online")
+                                           : QCoreApplication::translate("CProcessorTree", "offline");
     const bool bChief = bChiefMode && node.nChief == 1;
-    const QString strChief = bChief ? QCoreApplication::translate("RowSpeech", "Chief") : QString();
+    const QString strChief = bChief ? QCoreApplication::translate("CProcessorTree", "Chief") : QString();
     const QString strOfGroup
-        = strGroup.isEmpty() ? QString() : QCoreApplication::translate("RowSpeech", "group %1").arg(strGroup);
+        = strGroup.isEmpty() ? QString() : QCoreApplication::translate("CProcessorTree", "group %1").arg(strGroup);
     return { Join({ node.strName, strOnline, Role(node), strChief }),
              Join({ Project(node), strOfGroup, QHostAddress(node.nIP).toString() }) };
 }
@@ -86,11 +89,11 @@ RowSpeech::SWords RowSpeech::Info(const SProcessorNode& node)
 
 QString RowSpeech::Tree(bool bDiscovered)
 {
-    return bDiscovered ? QCoreApplication::translate("RowSpeech", "Discovered processors")
-                       : QCoreApplication::translate("RowSpeech", "Simulators");
+    return bDiscovered ? QCoreApplication::translate("CProcessorTree", "Discovered processors")
+                       : QCoreApplication::translate("CProcessorTree", "Simulators");
 }
 
 QString RowSpeech::Editor(const QString& strName)
 {
-    return QCoreApplication::translate("RowSpeech", "Name of %1").arg(strName);
+    return QCoreApplication::translate("CProcessorTree", "Name of %1").arg(strName);
 }

@@ -11,6 +11,14 @@ void SetListening(bool bListening)
     QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(bListening);
 }
 
+QString WhatItIs(const QAccessibleInterface& source)
+{
+    QStringList listPart{ source.text(QAccessible::Name), source.text(QAccessible::Description) };
+    listPart.removeAll(QString());
+    listPart.removeDuplicates(); // a tool tip may repeat the name
+    return listPart.join(QStringLiteral(" / "));
+}
+
 } // namespace
 
 CScreenReader* CScreenReader::pListening = nullptr;
@@ -46,7 +54,7 @@ void CScreenReader::Hear(QAccessibleEvent* pEvent)
         return;
     }
     if (pEvent->type() == QAccessible::Focus) {
-        pListening->listHeard.append(QStringLiteral("focus: ") + pSource->text(QAccessible::Name));
+        pListening->listHeard.append(QStringLiteral("focus: ") + WhatItIs(*pSource));
     } else if (pEvent->type() == QAccessible::NameChanged) {
         pListening->listHeard.append(QStringLiteral("name: ") + pSource->text(QAccessible::Name));
     } else if (pEvent->type() == QAccessible::DescriptionChanged) {

@@ -12,8 +12,8 @@ public:
     ~CScreenReader();
     Q_DISABLE_COPY(CScreenReader)
 
-    /// What was announced of rows and widgets since Forget(), one line each: "focus: alpha, online", "name: ...",
-    /// "description: ...", with the name, and with "description" the description, that it had then.
+    /// What was announced of rows and widgets since Forget(), one line each: "focus: alpha, online / 10.0.0.1",
+    /// "name: ...", "description: ...". With "focus" stands the name that it had then, and a description that differs.
     QStringList Heard() const;
     void Forget();
 

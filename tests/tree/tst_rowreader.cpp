@@ -5,7 +5,9 @@
 #include "TreeText.h"
 #include "fixtures/CTreeFixture.h"
 
+#include <QLineEdit>
 #include <QTranslator>
+#include <QWindow>
 
 namespace {
 
@@ -42,13 +44,13 @@ QStringList Spoken(CProcessorTree* pTree)
     return listName;
 }
 
-/// Counts how often a text of the rows' speech is asked for.
-class CSpeechCounter : public QTranslator
+/// Counts how often a text is asked for.
+class CTextCounter : public QTranslator
 {
 public:
-    QString translate(const char* context, const char*, const char*, int) const override
+    QString translate(const char*, const char*, const char*, int) const override
     {
-        nAsked += qstrcmp(context, "RowSpeech") == 0;
+        ++nAsked;
         return QString();
     }
     bool isEmpty() const override
@@ -103,9 +105,11 @@ private slots:
         pFixture.reset();
     }
 
+    // Out of sight, since painting asks for texts as well.
     void nobodyListensNothingIsWrittenOrAskedFor()
     {
-        CSpeechCounter counter;
+        pFixture->pTree->hide();
+        CTextCounter counter;
         QCoreApplication::installTranslator(&counter);
         Settle(); // the names of the trees follow the language
         counter.nAsked = 0;
@@ -116,6 +120,20 @@ private slots:
         for (const QModelIndex& index : { pFixture->Root(), pFixture->Row("Stage"), Row(), pFixture->Info("loose") }) {
             QVERIFY(!HasWords(index));
         }
+        QCoreApplication::removeTranslator(&counter);
+    }
+
+    void nobodyListensTheEditorHasNoName()
+    {
+        pFixture->Click(Row());
+        CTextCounter counter;
+        QCoreApplication::installTranslator(&counter);
+        Settle();
+        counter.nAsked = 0;
+        pFixture->Press(Qt::Key_F2);
+        QVERIFY(qobject_cast<QLineEdit*>(QApplication::focusWidget()));
+        QCOMPARE(counter.nAsked, 0);
+        QCOMPARE(QApplication::focusWidget()->accessibleName(), QString());
         QCoreApplication::removeTranslator(&counter);
     }
 
@@ -160,27 +178,50 @@ private slots:
         QCOMPARE(Words(indexGroup), QStringLiteral("Stage, group, 2 processors / "));
     }
 
-    void aPaneThatIsNotCurrentIsWrittenWhenItIsShown()
+    void theRowsOfACoveredPaneAreWrittenAsThoseOfTheOther()
     {
         CTestTree simulators(nullptr, false);
+        CoverWithDiscovered(simulators);
         const CScreenReader reader;
+        const QModelIndex indexRack = RackOf(simulators);
+        QCOMPARE(Words(indexRack.parent()), QStringLiteral("All processors(1) / "));
+        QCOMPARE(Words(indexRack), QStringLiteral("Rack, group, 1 processor / "));
         pFixture->SetChiefMode(true);
-        QVERIFY(!HasWords(simulators.model()->index(0, 0)));
-        pFixture->ShowSimulators(Root({ Group("Rack", { Processor("sim") }).Chief("sim") }));
-        pFixture->SetSimulatorPane(true);
-        pFixture->SetChiefMode(false);
-        pFixture->SetChiefMode(true);
-        QCOMPARE(Words(pFixture->Root()), QStringLiteral("All processors(3) / "));
-        simulators.RefreshTree();
-        const QModelIndex indexRoot = simulators.model()->index(0, 0);
-        QCOMPARE(Words(indexRoot), QStringLiteral("All processors(1) / "));
-        QCOMPARE(Words(simulators.model()->index(0, 0, indexRoot)), QStringLiteral("Rack, group, 1 processor / Chief sim"));
+        QCOMPARE(Words(indexRack), QStringLiteral("Rack, group, 1 processor / Chief sim"));
+        const CMapTranslator translator({ { "CProcessorTree|Chief %1", "Leitung %1" } });
+        QTRY_COMPARE(Words(indexRack), QStringLiteral("Rack, group, 1 processor / Leitung sim"));
+        QCOMPARE(Words(Row()), QStringLiteral("alpha, online / project Aurora, group Stage, 10.0.0.1"));
+    }
+
+    void aTreeThatWasNeverBuiltAnewHasNames()
+    {
+        const CTestTree tree(nullptr, true);
+        const CScreenReader reader;
+        const QModelIndex indexRoot = tree.model()->index(0, 0);
+        QCOMPARE(Words(indexRoot), QStringLiteral("All processors(3) / "));
+        const QModelIndex indexStage = tree.model()->index(0, 0, indexRoot);
+        QCOMPARE(Words(indexStage), QStringLiteral("Stage, group, 2 processors / "));
+        QCOMPARE(Words(tree.model()->index(0, 0, indexStage)),
+                 QStringLiteral("alpha, online / project Aurora, group Stage, 10.0.0.1"));
+    }
+
+    void rowsWithOneIdAllSayWhatIsPaintedOnThem()
+    {
+        const CScreenReader reader;
+        pFixture->Load(Root({ Group("Stage", { Alpha() }) }, { Alpha().Online(false), Processor("null").NodeId(QUuid()) }), {});
+        const QModelIndex indexRoot = pFixture->Root();
+        const QAbstractItemModel* const pModel = pFixture->pTree->model();
+        QCOMPARE(Words(pModel->index(0, 0, pModel->index(0, 0, indexRoot))),
+                 QStringLiteral("alpha, online / project Aurora, group Stage, 10.0.0.1"));
+        QCOMPARE(Words(pModel->index(1, 0, indexRoot)), QStringLiteral("alpha, online / project Aurora, 10.0.0.1"));
+        QVERIFY(Words(pModel->index(2, 0, indexRoot)).startsWith("null, offline"));
+        QCOMPARE(Words(indexRoot), QStringLiteral("All processors(3) / "));
     }
 
     void rowsFollowTheLanguage()
     {
         const CScreenReader reader;
-        const CMapTranslator translator({ { "RowSpeech|online", "antwortet" }, { "RowSpeech|group %1", "in %1" } });
+        const CMapTranslator translator({ { "CProcessorTree|online", "antwortet" }, { "CProcessorTree|group %1", "in %1" } });
         QTRY_COMPARE(Words(Row()), QStringLiteral("alpha, antwortet / project Aurora, in Stage, 10.0.0.1"));
     }
 
@@ -233,10 +274,9 @@ private slots:
         QTest::addColumn<QString>("strIp");
         QTest::addColumn<QStringList>("listHeard");
         QTest::newRow("nothing") << true << "10.0.0.1" << QStringList();
-        QTest::newRow("its state") << false << "10.0.0.1"
-                                   << QStringList({ "name: alpha, offline", "description: group Stage, 10.0.0.1" });
+        QTest::newRow("its state") << false << "10.0.0.1" << QStringList({ "focus: alpha, offline / group Stage, 10.0.0.1" });
         QTest::newRow("its address") << true << "10.0.0.9"
-                                     << QStringList({ "description: project Aurora, group Stage, 10.0.0.9" });
+                                     << QStringList({ "focus: alpha, online / project Aurora, group Stage, 10.0.0.9" });
     }
     void aChangeOfTheFocusedRowIsAnnounced()
     {
@@ -270,7 +310,7 @@ private slots:
         QCOMPARE(reader.Heard(), QStringList());
     }
 
-    void aTreeThatGetsTheFocusAfterAChangeDoesNotAnnounceIt()
+    void aTreeThatGetsTheFocusSaysItsNameAndThenItsRow()
     {
         pFixture->Click(Row());
         pFixture->pTree->clearFocus();
@@ -278,7 +318,34 @@ private slots:
         pFixture->Show(Site(Alpha().Online(false)));
         pFixture->pTree->setFocus();
         Settle();
-        QCOMPARE(reader.Heard(), QStringList({ "focus: Discovered processors" }));
+        QCOMPARE(reader.Heard(),
+                 QStringList({ "focus: Discovered processors", "focus: alpha, offline / group Stage, 10.0.0.1" }));
+    }
+
+    void aClickThatGivesTheFocusSaysTheRowOnce()
+    {
+        pFixture->Click(Row());
+        pFixture->pTree->clearFocus();
+        CScreenReader reader;
+        QTest::mouseClick(pFixture->pTree->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          pFixture->pTree->viewport()->mapTo(pFixture->pTree.data(), pFixture->At(pFixture->Row("beta"))));
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: Discovered processors", "focus: beta, offline / group Stage, 10.0.0.2" }));
+    }
+
+    void afterTheEditorTheRowIsSaidAgain()
+    {
+        CScreenReader reader;
+        pFixture->Click(Row());
+        pFixture->Press(Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "Door");
+        Settle();
+        reader.Forget();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        Settle();
+        QCOMPARE(reader.Heard().join('\n'),
+                 QStringList({ "focus: Discovered processors", "focus: alpha, online / project Aurora, group Stage, 10.0.0.1" })
+                     .join('\n'));
     }
 
     void chiefModeIsAnnouncedForTheFocusedGroup()
@@ -287,7 +354,7 @@ private slots:
         CScreenReader reader;
         pFixture->SetChiefMode(true);
         Settle();
-        QCOMPARE(reader.Heard(), QStringList({ "description: Chief beta" }));
+        QCOMPARE(reader.Heard(), QStringList({ "focus: Stage, group, 2 processors / Chief beta" }));
     }
 
     void theRightRowIsAnnouncedBehindOpenAndHiddenOnes()
@@ -299,7 +366,7 @@ private slots:
         pFixture->pTree->SetSearchText("a"); // hides nothing of alpha, beta and gamma
         pFixture->pTree->SetSearchText("alpha");
         Settle();
-        QCOMPARE(reader.Heard(), QStringList({ "name: alpha, online, Primary" }));
+        QCOMPARE(reader.Heard(), QStringList({ "focus: alpha, online, Primary / project Aurora, 10.0.0.1" }));
     }
 
     void aHiddenRowIsNotAnnounced()
@@ -323,7 +390,7 @@ private slots:
         pFixture->Show(Site(Alpha().Online(false)));
         pFixture->Show(Site(Alpha().Primary()));
         Settle();
-        QCOMPARE(reader.Heard(), QStringList({ "name: alpha, online, Primary" }));
+        QCOMPARE(reader.Heard(), QStringList({ "focus: alpha, online, Primary / project Aurora, group Stage, 10.0.0.1" }));
     }
 
     void theRowThatTakesThePlaceOfTheFocusedOneIsAnnounced()
@@ -342,31 +409,173 @@ private slots:
         pFixture->Show(Site(Alpha().Online(false)));
         pFixture->Press(Qt::Key_Down);
         Settle();
-        QCOMPARE(reader.Heard(), QStringList({ "focus: beta, offline" }));
+        QCOMPARE(reader.Heard(), QStringList({ "focus: beta, offline / group Stage, 10.0.0.2" }));
     }
 
-    void theEditorSaysWhoseNameItHolds()
+    void whatChangesInARowRightAfterTheMoveToItIsAnnounced()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Show(Site(Alpha().Online(false)));
+        pFixture->Press(Qt::Key_Down);
+        pFixture->Show(Root({ Group("Stage", { Alpha(), Processor("beta").Ip("10.0.0.2").Online() }) }));
+        Settle();
+        QCOMPARE(reader.Heard(),
+                 QStringList({ "focus: beta, offline / group Stage, 10.0.0.2", "focus: beta, online / group Stage, 10.0.0.2" }));
+    }
+
+    void aMoveBetweenTwoChangesSaysItsRowOnce()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Show(Site(Alpha().Online(false)));
+        pFixture->Press(Qt::Key_Down);
+        pFixture->Show(Site(Alpha()));
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: beta, offline / group Stage, 10.0.0.2" }));
+    }
+
+    void aRowThatTheLibrarySelectsIsAnnounced()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Change([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("loose") }; });
+        Settle();
+        QCOMPARE(pFixture->pTree->currentIndex(), pFixture->Row("loose"));
+        QCOMPARE(reader.Heard(), QStringList({ "focus: loose, offline / 10.0.0.3" }));
+    }
+
+    void aDeletionInTwoRefreshesSaysTheRowThatIsSelectedThen()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Show(Root({ Group("Stage", { Processor("beta").Ip("10.0.0.2") }) }));
+        Settle();
+        QVERIFY(!pFixture->pTree->currentIndex().isValid());
+        QCOMPARE(reader.Heard(), QStringList());
+        pFixture->Change([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("beta") }; });
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: beta, offline / group Stage, 10.0.0.2" }));
+    }
+
+    void aSelectionThatChangesNothingIsNotAnnounced()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->pTree->RestoreSelection();
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList());
+    }
+
+    void aRowInAGroupThatIsFoldedIsNotAnnounced()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->pTree->collapse(pFixture->Row("Stage"));
+        SProcessorAllNode node = Site(Alpha().Online(false));
+        node.listGroup.first().bExpanded = false;
+        pFixture->Show(node);
+        Settle();
+        QCOMPARE(pFixture->pTree->currentIndex(), Row());
+        QCOMPARE(reader.Heard(), QStringList());
+    }
+
+    void aPaneThatIsNoLongerCurrentAnnouncesItsFocusedRowAllTheSame()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Show(Site(Alpha().Online(false)));
+        pFixture->SetSimulatorPane(true);
+        pFixture->SetChiefMode(true);
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: alpha, offline / group Stage, 10.0.0.1" }));
+        QCOMPARE(Words(pFixture->Row("Stage")), QStringLiteral("Stage, group, 2 processors / Chief beta"));
+    }
+
+    void aReaderThatLeavesAndComesBackHearsNothingOld()
+    {
+        pFixture->Click(Row());
+        {
+            const CScreenReader reader;
+            pFixture->Show(Site(Alpha().Online(false)));
+        }
+        CScreenReader reader;
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList());
+        QCOMPARE(Words(Row()), QStringLiteral("alpha, offline / group Stage, 10.0.0.1"));
+        pFixture->Show(Site(Alpha()));
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: alpha, online / project Aurora, group Stage, 10.0.0.1" }));
+    }
+
+    void aLanguageAnnouncesNoRow()
+    {
+        pFixture->Click(Row());
+        CScreenReader reader;
+        pFixture->Show(Site(Alpha().Online(false)));
+        const CMapTranslator translator({ { "CProcessorTree|offline", "stumm" } });
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(Words(Row()), QStringLiteral("alpha, stumm / group Stage, 10.0.0.1"));
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList());
+        pFixture->Show(Site(Alpha()));
+        Settle();
+        QCOMPARE(reader.Heard(), QStringList({ "focus: alpha, online / project Aurora, group Stage, 10.0.0.1" }));
+    }
+
+    void theEditorHasTheNameOfItsRowBeforeItHasTheFocus()
     {
         CScreenReader reader;
         pFixture->Click(Row());
+        Settle();
         reader.Forget();
         pFixture->Press(Qt::Key_F2);
         QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Name of alpha"));
-        QCOMPARE(reader.Heard().last(), QStringLiteral("name: Name of alpha"));
+        const QString strFocus = QStringLiteral("focus: Name of alpha");
+        QCOMPARE(reader.Heard(), QStringList({ "name: Name of alpha", strFocus, strFocus })); // the delegate's, the view's
     }
 
-    void aTreeMayEndWhileSomebodyListens()
+    void aTreeMayEndWithAnAnnouncementPending()
     {
         CScreenReader reader;
         pFixture->Click(Row());
         pFixture->Show(Site(Alpha().Online(false)));
+        reader.Forget();
         pFixture->pTree.reset();
         pFixture->SetChiefMode(true);
+        QCOMPARE(reader.Heard(), QStringList());
+    }
+
+    // Under a checker of memory a tree that is still told of it is a fault, without one it may go unnoticed.
+    void readersMayComeAndGoAfterATreeHasEnded()
+    {
+        CTestTree tree(nullptr, true);
+        {
+            const CScreenReader reader;
+            pFixture->Click(Row());
+            pFixture->Show(Site(Alpha().Online(false)));
+            pFixture->pTree.reset();
+        }
+        const CScreenReader readerAgain;
         Settle();
-        QVERIFY(!reader.Heard().contains("name: alpha, offline"));
+        QCOMPARE(Words(tree.model()->index(0, 0)), QStringLiteral("All processors(3) / "));
     }
 
 private:
+    /// Fills the tree of the Simulator pane with the group Rack of one, then the other pane is current again.
+    void CoverWithDiscovered(CTestTree& simulators)
+    {
+        pFixture->ShowSimulators(Root({ Group("Rack", { Processor("sim") }).Chief("sim") }));
+        pFixture->SetSimulatorPane(true);
+        simulators.RefreshTree();
+        pFixture->SetSimulatorPane(false);
+    }
+
+    static QModelIndex RackOf(const CTestTree& simulators)
+    {
+        return simulators.model()->index(0, 0, simulators.model()->index(0, 0));
+    }
+
     QModelIndex Row() const
     {
         return pFixture->Row("alpha");

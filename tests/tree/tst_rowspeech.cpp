@@ -4,6 +4,8 @@
 #include "TestMain.h"
 #include "tree/RowSpeech.h"
 
+#include <QTranslator>
+
 Q_DECLARE_METATYPE(SProcessorNode)
 Q_DECLARE_METATYPE(SProcessorGroupNode)
 
@@ -13,6 +15,28 @@ CProcessorBuilder Wall()
 {
     return Processor("Wall left").Ip("192.168.1.11").Project("Aurora").Type(12, "KX-4");
 }
+
+/// Translates each text to the number that it is asked for with.
+class CNumberTranslator : public QTranslator
+{
+public:
+    CNumberTranslator()
+    {
+        QCoreApplication::installTranslator(this);
+    }
+    ~CNumberTranslator() override
+    {
+        QCoreApplication::removeTranslator(this);
+    }
+    QString translate(const char*, const char*, const char*, int n) const override
+    {
+        return n < 0 ? QString() : QStringLiteral("%1 in form ") + QString::number(n);
+    }
+    bool isEmpty() const override
+    {
+        return false;
+    }
+};
 
 void AddProcessorColumns()
 {
@@ -119,15 +143,32 @@ private slots:
         QCOMPARE(RowSpeech::Editor("Wall left"), QStringLiteral("Name of Wall left"));
     }
 
-    void aTranslationOrdersTheParts()
+    void aTranslationHasItsOwnWordsAndItsOwnMarkBetweenThem()
     {
-        const CMapTranslator translator({ { "RowSpeech|, ", " | " },
-                                          { "RowSpeech|online", "antwortet" },
-                                          { "RowSpeech|project %1", "Projekt %1" },
-                                          { "RowSpeech|group %1", "in %1" } });
+        const CMapTranslator translator({ { "CProcessorTree|, ", " | " },
+                                          { "CProcessorTree|online", "antwortet" },
+                                          { "CProcessorTree|project %1", "Projekt %1" },
+                                          { "CProcessorTree|group %1", "in %1" } });
         const RowSpeech::SWords words = RowSpeech::Processor(Wall().Online(), "Main stage", false);
         QCOMPARE(words.strText, QStringLiteral("Wall left | antwortet"));
         QCOMPARE(words.strDescription, QStringLiteral("Projekt Aurora | in Main stage | 192.168.1.11"));
+    }
+
+    void aTranslationOrdersTheWordsOfAGroup()
+    {
+        const CMapTranslator translator({ { "CProcessorTree|%1, group, 1 processor", "Gruppe aus einem: %1" },
+                                          { "CProcessorTree|%1, group, %n processors", "Gruppe aus %n: %1" } });
+        QCOMPARE(RowSpeech::Group(Group("100 %1", { Wall() }), false).strText, QStringLiteral("Gruppe aus einem: 100 %1"));
+        QCOMPARE(RowSpeech::Group(Group("100 %n", { Wall(), Processor("b") }), false).strText,
+                 QStringLiteral("Gruppe aus 2: 100 %n"));
+    }
+
+    // Which form a number takes is up to the language.
+    void theNumberOfAGroupIsHandedToTheTranslation()
+    {
+        const CNumberTranslator translator;
+        QCOMPARE(RowSpeech::Group(Group("Hall", { Wall(), Processor("b") }), false).strText, QStringLiteral("Hall in form 2"));
+        QCOMPARE(RowSpeech::Group(Group("Hall"), false).strText, QStringLiteral("Hall in form 0"));
     }
 };
 

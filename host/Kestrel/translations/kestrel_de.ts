@@ -424,6 +424,69 @@
         <source>Processor redundancy enabled. This processor has been set as Backup.</source>
         <translation>Die Redundanz ist an. Dieser Prozessor ist das Backup.</translation>
     </message>
+    <message>
+        <source>, </source>
+        <translation>, </translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>Primary</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>Backup</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>Projekt %1</translation>
+    </message>
+    <message>
+        <source>%1, group, 1 processor</source>
+        <translation>%1, Gruppe, 1 Prozessor</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, group, %n processors</source>
+        <translation>
+            <numerusform>%1, Gruppe, %n Prozessor</numerusform>
+            <numerusform>%1, Gruppe, %n Prozessoren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>hat einen Chief</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>Chief %1</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>online</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>offline</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>Chief</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>Gefundene Prozessoren</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>Simulatoren</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>Name von %1</translation>
+    </message>
 </context>
 <context>
     <name>CProcessorTreeDelegate</name>
@@ -570,6 +633,10 @@ Fortfahren?</translation>
     <message>
         <source>Close search box</source>
         <translation>Suche schließen</translation>
+    </message>
+    <message>
+        <source>Panes</source>
+        <translation>Listen</translation>
     </message>
 </context>
 <context>
@@ -966,73 +1033,6 @@ Fortfahren?</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
-    </message>
-</context>
-<context>
-    <name>RowSpeech</name>
-    <message>
-        <source>, </source>
-        <translation>, </translation>
-    </message>
-    <message>
-        <source>Primary</source>
-        <translation>Primary</translation>
-    </message>
-    <message>
-        <source>Backup</source>
-        <translation>Backup</translation>
-    </message>
-    <message>
-        <source>project %1</source>
-        <translation>Projekt %1</translation>
-    </message>
-    <message>
-        <source>1 processor</source>
-        <translation>1 Prozessor</translation>
-    </message>
-    <message>
-        <source>%1 processors</source>
-        <translation>%1 Prozessoren</translation>
-    </message>
-    <message>
-        <source>has a Chief</source>
-        <translation>hat einen Chief</translation>
-    </message>
-    <message>
-        <source>Chief %1</source>
-        <translation>Chief %1</translation>
-    </message>
-    <message>
-        <source>group</source>
-        <translation>Gruppe</translation>
-    </message>
-    <message>
-        <source>online</source>
-        <translation>online</translation>
-    </message>
-    <message>
-        <source>offline</source>
-        <translation>offline</translation>
-    </message>
-    <message>
-        <source>Chief</source>
-        <translation>Chief</translation>
-    </message>
-    <message>
-        <source>group %1</source>
-        <translation>Gruppe %1</translation>
-    </message>
-    <message>
-        <source>Discovered processors</source>
-        <translation>Gefundene Prozessoren</translation>
-    </message>
-    <message>
-        <source>Simulators</source>
-        <translation>Simulatoren</translation>
-    </message>
-    <message>
-        <source>Name of %1</source>
-        <translation>Name von %1</translation>
     </message>
 </context>
 <context>

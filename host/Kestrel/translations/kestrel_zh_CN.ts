@@ -424,6 +424,68 @@
         <source>Processor redundancy enabled. This processor has been set as Backup.</source>
         <translation>处理器冗余已启用。此处理器已设为备用。</translation>
     </message>
+    <message>
+        <source>, </source>
+        <translation>，</translation>
+    </message>
+    <message>
+        <source>Primary</source>
+        <translation>主用</translation>
+    </message>
+    <message>
+        <source>Backup</source>
+        <translation>备用</translation>
+    </message>
+    <message>
+        <source>project %1</source>
+        <translation>项目 %1</translation>
+    </message>
+    <message>
+        <source>%1, group, 1 processor</source>
+        <translation>%1，组，1 台处理器</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, group, %n processors</source>
+        <translation>
+            <numerusform>%1，组，%n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>has a Chief</source>
+        <translation>有主控</translation>
+    </message>
+    <message>
+        <source>Chief %1</source>
+        <translation>主控 %1</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>在线</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>离线</translation>
+    </message>
+    <message>
+        <source>Chief</source>
+        <translation>主控</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>组 %1</translation>
+    </message>
+    <message>
+        <source>Discovered processors</source>
+        <translation>已发现的处理器</translation>
+    </message>
+    <message>
+        <source>Simulators</source>
+        <translation>模拟器</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>%1 的名称</translation>
+    </message>
 </context>
 <context>
     <name>CProcessorTreeDelegate</name>
@@ -570,6 +632,10 @@ Continue?</source>
     <message>
         <source>Close search box</source>
         <translation>关闭搜索框</translation>
+    </message>
+    <message>
+        <source>Panes</source>
+        <translation>列表</translation>
     </message>
 </context>
 <context>
@@ -957,73 +1023,6 @@ Continue?</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
-    </message>
-</context>
-<context>
-    <name>RowSpeech</name>
-    <message>
-        <source>, </source>
-        <translation>，</translation>
-    </message>
-    <message>
-        <source>Primary</source>
-        <translation>主用</translation>
-    </message>
-    <message>
-        <source>Backup</source>
-        <translation>备用</translation>
-    </message>
-    <message>
-        <source>project %1</source>
-        <translation>项目 %1</translation>
-    </message>
-    <message>
-        <source>1 processor</source>
-        <translation>1 台处理器</translation>
-    </message>
-    <message>
-        <source>%1 processors</source>
-        <translation>%1 台处理器</translation>
-    </message>
-    <message>
-        <source>has a Chief</source>
-        <translation>有主控</translation>
-    </message>
-    <message>
-        <source>Chief %1</source>
-        <translation>主控 %1</translation>
-    </message>
-    <message>
-        <source>group</source>
-        <translation>组</translation>
-    </message>
-    <message>
-        <source>online</source>
-        <translation>在线</translation>
-    </message>
-    <message>
-        <source>offline</source>
-        <translation>离线</translation>
-    </message>
-    <message>
-        <source>Chief</source>
-        <translation>主控</translation>
-    </message>
-    <message>
-        <source>group %1</source>
-        <translation>组 %1</translation>
-    </message>
-    <message>
-        <source>Discovered processors</source>
-        <translation>已发现的处理器</translation>
-    </message>
-    <message>
-        <source>Simulators</source>
-        <translation>模拟器</translation>
-    </message>
-    <message>
-        <source>Name of %1</source>
-        <translation>%1 的名称</translation>
     </message>
 </context>
 <context>
