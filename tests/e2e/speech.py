@@ -73,7 +73,7 @@ class Reader:
 
     def __init__(self):
         self.lines = []
-        self.focus = None  # what the last line is about, if that has told its focus
+        self.focus = None  # the path of what has told last that it has got the focus
         self.bus = _start_bus()
         desktop.wait_until("Kestrel on the accessibility bus", self._applications)
         self.listener = Atspi.EventListener.new(self._hear)
@@ -94,30 +94,21 @@ class Reader:
 
     def _hear(self, event):
         try:
-            line = self._line(event)
+            if event.type.startswith("object:state-changed"):
+                if event.detail1:
+                    self._say_focus(event.source)
+            elif event.source.path == self.focus:
+                self.lines.append(f"now {event.source.get_name() if event.type.endswith('name') else event.source.get_description()}")
         except GLib.Error:  # what it is about has gone meanwhile
-            return
-        if line:
-            self._say(line, event.source.path if event.type.startswith("object:state-changed") else None)
+            pass
 
-    def _say(self, line, focus):
+    def _say_focus(self, node):
         """What has the focus already is not said again, only better: its state may follow its focus."""
-        if self.lines and focus and focus == self.focus:
+        line = describe(node)
+        if node.path == self.focus and not self.lines[-1].startswith("now "):
             self.lines.pop()
-        self.focus = focus
-        if line not in self.lines[-1:]:
-            self.lines.append(line)
-
-    @staticmethod
-    def _line(event):
-        states = event.source.get_state_set()
-        if not states.contains(Atspi.StateType.FOCUSED) and not event.detail1:
-            return None
-        if event.type.startswith("object:state-changed"):
-            return describe(event.source) if event.detail1 else None
-        if event.type.endswith("name"):
-            return "now " + event.source.get_name()
-        return "now " + event.source.get_description()
+        self.focus = node.path
+        self.lines.append(line)
 
     def listen(self):
         """Takes what has come."""
@@ -138,7 +129,7 @@ class Reader:
         nothing of what was before it knew that somebody listens."""
         tree = self.tree(name)
         desktop.wait_until("the focus", lambda: self.listen() and self._has_focus(tree))
-        self.lines = [describe(tree)]
+        self.focus, self.lines = tree.path, [describe(tree)]
 
     @staticmethod
     def _has_focus(tree):
