@@ -1,12 +1,14 @@
 """What a screen reader hears of the application over the accessibility bus, and what it would say of it.
 
-Needs a session bus of its own: on_own_bus() starts the running script anew on one. The application says nothing unless
-its environment names that bus, see heard().
+Each test has a session bus and an accessibility bus of its own, see main(), and the second one starts after the application:
+Qt sets itself up for a bus that it finds at its start before it is connected to it, and then is on no bus for good.
 """
 
-import functools
 import os
+import subprocess
 import sys
+import tempfile
+import unittest
 
 import gi
 
@@ -16,75 +18,97 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 import desktop  # noqa: E402
 
 EVENTS = ("object:state-changed:focused", "object:property-change:accessible-name",
-          "object:property-change:accessible-description",
-          "object:children-changed")  # by which it hears of the application
+          "object:property-change:accessible-description")
+HEARD = {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}  # the environment of an application that talks as soon as there is a bus
 _OWN_BUS = "SPEECH_OWN_BUS"
+_BUS = ("org.a11y.Bus", "/org/a11y/bus")
+_REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
+_ACCESSIBLE = "org.a11y.atspi.Accessible"
 
 
-def on_own_bus():
-    """Runs this script on a session bus that ends with it."""
-    if _OWN_BUS not in os.environ:
-        os.environ[_OWN_BUS] = "1"
-        os.execvp("dbus-run-session", ["dbus-run-session", "--", sys.executable, *sys.argv])
+def main():
+    """Runs each test of this script, or those that are named, as a process on buses of its own."""
+    if _OWN_BUS in os.environ:
+        unittest.main(verbosity=2)
+    failed = [name for name in _tests() if not _passes_on_own_bus(name)]
+    sys.exit(f"failed: {' '.join(failed)}" if failed else 0)
 
 
-def heard():
-    """The environment of an application that talks to the reader from its start on."""
+def _tests():
+    loader = unittest.defaultTestLoader
+    script = sys.modules["__main__"]
+    named = loader.loadTestsFromNames(sys.argv[1:], script) if sys.argv[1:] else loader.loadTestsFromModule(script)
+    return [test.id().removeprefix("__main__.") for test in _flat(named)]
+
+
+def _flat(suite):
+    return [suite] if isinstance(suite, unittest.TestCase) else [test for part in suite for test in _flat(part)]
+
+
+def _passes_on_own_bus(name):
+    with tempfile.TemporaryDirectory(prefix="speech-") as runtime:  # without it all buses of a user share one socket
+        environment = dict(os.environ, **{_OWN_BUS: "1", "XDG_RUNTIME_DIR": runtime})
+        done = subprocess.run(["dbus-run-session", "--", sys.executable, sys.argv[0], name], env=environment)
+    return done.returncode == 0
+
+
+def _ask(connection, service, path, interface, method, arguments=None):
+    return connection.call_sync(service, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, -1, None).unpack()
+
+
+def _start_bus():
+    """A connection to the accessibility bus, which starts with the first question."""
     session = Gio.bus_get_sync(Gio.BusType.SESSION)
-    answer = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
-                               Gio.DBusCallFlags.NONE, -1, None)
-    return {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "AT_SPI_BUS_ADDRESS": answer.unpack()[0]}
-
-
-@functools.cache
-def reader():
-    """The one of this process: a client that registers again does not hear of all applications."""
-    return Reader()
+    for name in ("IsEnabled", "ScreenReaderEnabled"):
+        wish = GLib.Variant("(ssv)", ("org.a11y.Status", name, GLib.Variant("b", True)))
+        _ask(session, *_BUS, "org.freedesktop.DBus.Properties", "Set", wish)
+    address = _ask(session, *_BUS, "org.a11y.Bus", "GetAddress")[0]
+    flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+    return Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
 
 
 class Reader:
-    """Listens from its making on. A line is said of what has got the focus, and of a change of what has it."""
+    """To be made once the one application of this process runs. A line is said of what has got the focus, and of a change of
+    what has it."""
 
     def __init__(self):
         self.lines = []
-        self.application = None
+        self.focus = None  # the path of what has told last that it has got the focus
+        self.bus = _start_bus()
+        desktop.wait_until("Kestrel on the accessibility bus", self._applications)
         self.listener = Atspi.EventListener.new(self._hear)
         for event in EVENTS:
             if not self.listener.register(event):
                 raise desktop.Failure(f"no accessibility bus takes the wish to hear {event}; install at-spi2-core")
-        desktop.wait_until("the registry of applications", lambda: self.listen() and Atspi.get_desktop(0).get_name())
+        self._settle()
 
-    def forget(self):
-        """Before another application starts."""
-        self.listen()
-        self.lines = []
-        self.application = None
+    def _applications(self):
+        return _ask(self.bus, *_REGISTRY, _ACCESSIBLE, "GetChildren")[0]
+
+    def _settle(self):
+        """The application knows of the listener: it has dealt with the news of it, the registry with its question who listens,
+        and it with the answer."""
+        for _ in range(2):
+            for application in self._applications():
+                _ask(self.bus, *application, _ACCESSIBLE, "GetRoleName")
 
     def _hear(self, event):
         try:
-            if event.type.startswith("object:children-changed"):
-                self._note_application(event)
-                return
-            line = self._line(event)
+            if event.type.startswith("object:state-changed"):
+                if event.detail1:
+                    self._say_focus(event.source)
+            elif event.source.path == self.focus:
+                self.lines.append(f"now {event.source.get_name() if event.type.endswith('name') else event.source.get_description()}")
         except GLib.Error:  # what it is about has gone meanwhile
-            return
-        if line and line not in self.lines[-1:]:
-            self.lines.append(line)
+            pass
 
-    def _note_application(self, event):
-        if event.type.endswith("add") and event.source.get_role() == Atspi.Role.DESKTOP_FRAME:
-            self.application = event.any_data
-
-    @staticmethod
-    def _line(event):
-        states = event.source.get_state_set()
-        if not states.contains(Atspi.StateType.FOCUSED) and not event.detail1:
-            return None
-        if event.type.startswith("object:state-changed"):
-            return describe(event.source) if event.detail1 else None
-        if event.type.endswith("name"):
-            return "now " + event.source.get_name()
-        return "now " + event.source.get_description()
+    def _say_focus(self, node):
+        """What has the focus already is not said again, only better: its state may follow its focus."""
+        line = describe(node)
+        if node.path == self.focus and not self.lines[-1].startswith("now "):
+            self.lines.pop()
+        self.focus = node.path
+        self.lines.append(line)
 
     def listen(self):
         """Takes what has come."""
@@ -100,16 +124,12 @@ class Reader:
         except desktop.Failure as failure:
             raise desktop.Failure(f"{failure}; said was {self.lines[after:]}") from None
 
-    def has_application(self, deadline):
-        """Whether an application has come to the bus."""
-        return desktop.poll(lambda: self.listen() and self._application(), deadline) is not None
-
     def begin(self, name):
         """Says the tree of that name once it is there and has the focus, as on coming into a window: the application tells
         nothing of what was before it knew that somebody listens."""
         tree = self.tree(name)
         desktop.wait_until("the focus", lambda: self.listen() and self._has_focus(tree))
-        self.lines = [describe(tree)]
+        self.focus, self.lines = tree.path, [describe(tree)]
 
     @staticmethod
     def _has_focus(tree):
@@ -118,11 +138,7 @@ class Reader:
 
     def tree(self, name):
         """The tree of that name in Kestrel."""
-        return desktop.wait_until(f"a tree '{name}'", lambda: self.listen() and self._find(self._application(), name))
-
-    def _application(self):
-        """The first one may have come before the client hears of any."""
-        return self.application or Atspi.get_desktop(0).get_child_at_index(0)
+        return desktop.wait_until(f"a tree '{name}'", lambda: self.listen() and self._find(Atspi.get_desktop(0).get_child_at_index(0), name))
 
     def _find(self, node, name):
         if node is None or node.get_role() == Atspi.Role.TREE and node.get_name() == name:

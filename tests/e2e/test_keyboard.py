@@ -175,6 +175,72 @@ class Commands(Keyboard):
         self.assertEqual(self.kestrel.quit(), 0)
 
 
+class Undo(Keyboard):
+    """Rows are Stage (alpha, beta, gamma), Folded (delta), Empty, one, two, three."""
+
+    BEFORE = ["Stage", "  alpha", "  beta", "  gamma", "Folded", "  delta", "Empty", "one", "two", "three"]
+    RENAMED = [*BEFORE[:-1], "Door"]
+
+    def press_and_save(self, outline, *names):
+        self.press(*names)
+        self.expect_saved(outline)
+
+    def expect_saved(self, outline):
+        desktop.wait_until(f"{outline} in the file, not {listfile.outline(self.list_file)}",
+                           lambda: listfile.outline(self.list_file) == outline)
+
+    def rename(self):
+        self.selected_by("End")
+        self.press("F2")
+        self.write("Door")
+        self.press_and_save(self.RENAMED, "Return")
+        self.keys = self.letters = 0
+
+    def test_a_renaming_is_taken_back_and_done_again(self):
+        self.rename()
+        self.press_and_save(self.BEFORE, "ctrl+z")
+        self.expect_keys("undo a renaming", 1)
+        self.press_and_save(self.RENAMED, "ctrl+shift+z")
+        self.expect_keys("redo it", 1)
+        self.press_and_save(self.BEFORE, "ctrl+z")
+        self.press_and_save(self.RENAMED, "ctrl+y")
+        self.assertEqual(self.outline_after_quit(), self.RENAMED)
+
+    def test_a_deletion_of_three_is_one_step(self):
+        self.selected_by("End")
+        self.selected_by("ctrl+Up")
+        self.selected_by("ctrl+Up")
+        self.press("Menu", "d", "Return")
+        self.answer("Delete processors", "alt+y")
+        self.expect_saved(self.BEFORE[:-3])
+        self.keys = 0
+        self.press_and_save(self.BEFORE, "ctrl+z")
+        self.expect_keys("undo a deletion of three", 1)
+        self.press_and_save(self.BEFORE[:-3], "ctrl+shift+z")
+        self.expect_keys("redo it", 1)
+        self.assertEqual(self.outline_after_quit(), self.BEFORE[:-3])
+
+    def test_in_an_open_editor_the_keys_are_the_editors(self):
+        self.rename()
+        self.press("F2", "End")
+        self.write("bell")
+        self.assertEqual(self.press_and_hear("^Rename", "ctrl+z", "Return"), f'RenameProcessor({short_id("three")}, "Door")')
+        self.press_and_save(self.BEFORE, "ctrl+z")
+        self.press("F2", "ctrl+y", "ctrl+shift+z", "Escape")
+        self.selected_by("Up")
+        self.assertEqual(self.outline_after_quit(), self.BEFORE)
+
+    def test_in_the_search_the_keys_are_the_searchs(self):
+        self.rename()
+        self.press("ctrl+f")
+        self.write("alpha")
+        self.press("Return")
+        self.assertIn(short_id("alpha"), self.selected_by("End"))
+        self.press("ctrl+f", "End", "ctrl+z", "Return")
+        self.assertIn(short_id("three"), self.selected_by("End"), "all rows are shown again")
+        self.assertEqual(self.outline_after_quit(), self.RENAMED)
+
+
 class Ways(Keyboard):
     """Where the keys are shows in what Down does there: it selects in the list alone."""
 
