@@ -47,6 +47,7 @@ class Reader:
 
     def __init__(self):
         self.lines = []
+        self.focused = None
         self.application = None
         self.listener = Atspi.EventListener.new(self._hear)
         for event in EVENTS:
@@ -75,13 +76,12 @@ class Reader:
         if event.type.endswith("add") and event.source.get_role() == Atspi.Role.DESKTOP_FRAME:
             self.application = event.any_data
 
-    @staticmethod
-    def _line(event):
-        states = event.source.get_state_set()
-        if not states.contains(Atspi.StateType.FOCUSED) and not event.detail1:
-            return None
+    def _line(self, event):
         if event.type.startswith("object:state-changed"):
+            self.focused = event.source if event.detail1 else self.focused
             return describe(event.source) if event.detail1 else None
+        if event.source != self.focused:  # as a screen reader, which knows the object that it has said
+            return None
         if event.type.endswith("name"):
             return "now " + event.source.get_name()
         return "now " + event.source.get_description()
