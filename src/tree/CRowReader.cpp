@@ -163,9 +163,12 @@ void CRowReader::accessibilityActiveChanged(bool active)
     timerAnnounce.stop();
 }
 
+// An editor that closes gives the focus to the tree before it ends. Once it has ended, Qt gives its number to the next
+// object that is made, and screen readers would take that for the editor: one is made for nobody while it still lives.
 bool CRowReader::eventFilter(QObject* watched, QEvent* event)
 {
     if (bActive && watched == &tree && event->type() == QEvent::FocusIn) {
+        NewInterface(tree, tree.currentIndex());
         said = SSaid(); // Qt announces the tree, behind this event
         timerAnnounce.start(0);
     }

@@ -348,6 +348,23 @@ private slots:
                      .join('\n'));
     }
 
+    // Clients keep what they know of a number.
+    void theRowAfterTheEditorDoesNotGetTheNumberOfTheEditor()
+    {
+        CScreenReader reader;
+        pFixture->Click(Row());
+        pFixture->Press(Qt::Key_F2);
+        const QPointer<QWidget> pEditor = QApplication::focusWidget();
+        const QAccessible::Id id = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(pEditor));
+        reader.Forget();
+        QTest::keyClick(pEditor, Qt::Key_Return);
+        QTRY_VERIFY(!pEditor);
+        Settle();
+        pFixture->Press(Qt::Key_Down);
+        QCOMPARE(reader.Heard().last(), QStringLiteral("focus: beta, offline / group Stage, 10.0.0.2"));
+        QVERIFY(!QAccessible::accessibleInterface(id));
+    }
+
     void chiefModeIsAnnouncedForTheFocusedGroup()
     {
         pFixture->Click(pFixture->Row("Stage"));
