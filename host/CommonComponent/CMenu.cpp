@@ -1,5 +1,6 @@
 #include "interfaces/widgets/CMenu.h"
 
+#include "CommonComponent/CMenuElision.h"
 #include "CommonComponent/CMenuSearch.h"
 #include "CommonComponent/StyleHooks.h"
 
@@ -23,7 +24,8 @@ void TakeHoverBack(QWidget* pWidget)
 
 CMenu::CMenu(QWidget* parent) : QMenu(parent)
 {
-    new CMenuSearch(this);
+    auto* pElision = new CMenuElision(this);
+    new CMenuSearch(this, *pElision);
 }
 
 CMenu::~CMenu()

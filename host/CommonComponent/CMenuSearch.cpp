@@ -1,5 +1,7 @@
 #include "CommonComponent/CMenuSearch.h"
 
+#include "CommonComponent/CMenuElision.h"
+
 #include <QKeyEvent>
 #include <QMenu>
 
@@ -15,7 +17,7 @@ bool IsText(const QKeyEvent* pEvent)
 
 } // namespace
 
-CMenuSearch::CMenuSearch(QMenu* pMenuIn) : QObject(pMenuIn), pMenu(pMenuIn)
+CMenuSearch::CMenuSearch(QMenu* pMenuIn, const CMenuElision& elisionIn) : QObject(pMenuIn), pMenu(pMenuIn), elision(elisionIn)
 {
     pMenu->installEventFilter(this);
 }
@@ -49,7 +51,8 @@ bool CMenuSearch::Find(const QString& strWanted)
 {
     const QList<QAction*> listAction = pMenu->actions();
     for (QAction* pAction : listAction) {
-        if (pAction->isVisible() && pAction->isEnabled() && pAction->text().startsWith(strWanted, Qt::CaseInsensitive)) {
+        const bool bChoosable = pAction->isVisible() && pAction->isEnabled();
+        if (bChoosable && elision.GetText(pAction).startsWith(strWanted, Qt::CaseInsensitive)) {
             pMenu->setActiveAction(pAction);
             return true;
         }

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+class CMenuElision;
 class QKeyEvent;
 class QMenu;
 
@@ -13,7 +14,8 @@ class CMenuSearch : public QObject
     Q_OBJECT
 
 public:
-    explicit CMenuSearch(QMenu* pMenuIn);
+    /// The texts of the entries are those of elisionIn, which must outlive the search.
+    CMenuSearch(QMenu* pMenuIn, const CMenuElision& elisionIn);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -23,6 +25,7 @@ private:
     bool Find(const QString& strWanted);
 
     QMenu* pMenu;
+    const CMenuElision& elision;
     QString strTyped;
     QElapsedTimer timerTyped; ///< since the last letter
 };

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QTextBoundaryFinder>
 #include <QVariant>
 
 namespace {
@@ -17,6 +18,7 @@ constexpr int nButtonMinimumWidth = 72;
 constexpr int nIconSize = 32;
 constexpr int nTextMaximumWidth = 400;
 constexpr int nTextMinimumWidth = 200;
+constexpr ushort nZeroWidthSpace = 0x200B; ///< where a line may be broken
 
 struct SButtonText
 {
@@ -30,6 +32,24 @@ constexpr SButtonText arrButtonText[] = {
     { CMessageBox::ButtonYes, "ButtonYes", QT_TRANSLATE_NOOP("CMessageBox", "&Yes") },
     { CMessageBox::ButtonNo, "ButtonNo", QT_TRANSLATE_NOOP("CMessageBox", "&No") },
 };
+
+// A word that is wider than a box, such as a name of a list, would be cut off at its edge.
+QString MakeBreakable(const QString& strText, const QFontMetrics& metrics)
+{
+    QString strBreakable;
+    QString strWord;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, strText);
+    for (int nBegin = 0, nEnd = finder.toNextBoundary(); nEnd > 0; nBegin = nEnd, nEnd = finder.toNextBoundary()) {
+        const QString strLetter = strText.mid(nBegin, nEnd - nBegin);
+        strWord = strLetter.at(0).isSpace() ? QString() : strWord + strLetter;
+        if (metrics.horizontalAdvance(strWord) > nTextMaximumWidth) {
+            strBreakable += QChar(nZeroWidthSpace);
+            strWord = strLetter;
+        }
+        strBreakable += strLetter;
+    }
+    return strBreakable;
+}
 
 } // namespace
 
@@ -55,6 +75,7 @@ void CMessageDialog::InitContents(const QString& strText)
     pText->setObjectName(QStringLiteral("MessageText"));
     pText->setTextFormat(Qt::PlainText);
     pText->ensurePolished();
+    pText->setText(MakeBreakable(strText, pText->fontMetrics()));
     const int nWidth = pText->sizeHint().width();
     pText->setWordWrap(nWidth > nTextMaximumWidth);
     pText->setFixedWidth(qBound(nTextMinimumWidth, nWidth, nTextMaximumWidth));

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QTextDocument>
 
 #include <array>
 #include <utility>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr int nSpacing = 8;
 constexpr int nSecondMs = 1000;
-constexpr int nLeastCharacters = 16;
+constexpr int nLeastCharacters = 18;
 
 } // namespace
 
@@ -22,9 +23,10 @@ CBusyIndicator::CBusyIndicator(const CTheme& theme, QWidget* parent)
     : QWidget(parent), pSpinner(new CSpinner(this)), pLabel(new CElidedLabel(this))
 {
     setObjectName(QStringLiteral("BusyIndicator"));
+    pLabel->setTextFormat(Qt::PlainText);
     pLabel->SetLeastCharacters(nLeastCharacters);
     auto* pLayout = new QHBoxLayout(this);
-    pLayout->setContentsMargins(nSpacing, 0, nSpacing, 0);
+    pLayout->setContentsMargins(nSpacing, 0, 0, 0);
     pLayout->setSpacing(nSpacing);
     pLayout->addWidget(pSpinner);
     pLayout->addWidget(pLabel, 1);
@@ -48,6 +50,12 @@ void CBusyIndicator::SetState(bool bBusy, const QDateTime& timeSince, const QVec
     UpdateText();
 }
 
+void CBusyIndicator::SetMessage(const QString& strText)
+{
+    strMessage = strText;
+    UpdateText();
+}
+
 QString CBusyIndicator::GetText() const
 {
     return pLabel->text();
@@ -68,8 +76,9 @@ void CBusyIndicator::UpdateColours(const CTheme& theme)
 
 void CBusyIndicator::UpdateText()
 {
-    pLabel->setText(bShown ? GetBusyText() : tr("Ready"));
-    pLabel->setToolTip(bShown ? pLabel->text() : QString());
+    const QString strText = bShown ? GetBusyText() : tr("Ready");
+    pLabel->setText(strMessage.isEmpty() ? strText : strMessage);
+    pLabel->setToolTip(Qt::convertFromPlainText(pLabel->text(), Qt::WhiteSpaceNormal));
 }
 
 QString CBusyIndicator::GetBusyText() const

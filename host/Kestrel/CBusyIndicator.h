@@ -23,6 +23,9 @@ public:
     /// timeSince is looked at only when bBusy; vecJob holds the calls under way, oldest first.
     void SetState(bool bBusy, const QDateTime& timeSince, const QVector<SRunningJob>& vecJob);
 
+    /// A text to show instead, until an empty one.
+    void SetMessage(const QString& strText);
+
     /// What it shows; "Ready", translated, while nothing is busy.
     QString GetText() const;
 
@@ -39,6 +42,7 @@ private:
     CSpinner* pSpinner;
     CElidedLabel* pLabel;
     QTimer timer; ///< counts the seconds while busy
+    QString strMessage;
     bool bShown = false;
     QDateTime timeBegin;
     QElapsedTimer timerBusy; ///< the seconds: timeBegin is a reading of a clock that may be set back

@@ -3,19 +3,19 @@
 #include "Kestrel/CBusyIndicator.h"
 #include "Kestrel/CElidedLabel.h"
 #include "Kestrel/ListTrouble.h"
+#include "Kestrel/status/CFieldLayout.h"
 #include "Kestrel/status/CPanelCounts.h"
 #include "Kestrel/status/CRefusalNote.h"
 #include "Kestrel/status/CountText.h"
 #include "Kestrel/status/RefusalText.h"
 #include "controlhost/IControlHost.h"
 
-#include <QLabel>
 #include <QTextDocument>
 
 namespace {
 
-constexpr int nLeastCountCharacters = 12; ///< all fields fit beside each other in a small window
-constexpr int nLeastRefusalCharacters = 16;
+constexpr int nLeastBadgeCharacters = 7;
+constexpr int nLeastTroubleCharacters = 12;
 
 } // namespace
 
@@ -27,14 +27,8 @@ CHostStatus::CHostStatus(IControlHost& hostIn, const CTheme& theme, QWidget* par
     setSizeGripEnabled(false);
     pTrouble->setObjectName(QStringLiteral("TroubleBadge"));
     pTrouble->setTextFormat(Qt::PlainText);
-    pRefusal->SetLeastCharacters(nLeastRefusalCharacters);
-    addWidget(pBusy, 1);
-    // Permanent, since a message hides the others.
-    for (QLabel* pLabel : std::initializer_list<QLabel*>{ pRefusal, pFound, pSelected, pTrouble, pRefreshBlocked, pListLocked,
-                                                          pChiefMode, pProject }) {
-        addPermanentWidget(pLabel);
-    }
-    pRefusal->hide(); // until there is something to say
+    pTrouble->SetLeastCharacters(nLeastTroubleCharacters);
+    InitFields();
     UpdateBusy();
     UpdateState();
     UpdateCounts();
@@ -77,18 +71,15 @@ void CHostStatus::UpdateState()
 void CHostStatus::UpdateCounts()
 {
     const SPanelCounts counts = pCounts ? pCounts->GetCounts() : SPanelCounts();
-    SetCount(pSelected, CountText::GetSelected(counts));
-    SetCount(pFound, CountText::GetFound(counts));
+    SetBadge(pSelected, CountText::GetSelected(counts), !CountText::GetSelected(counts).isEmpty());
+    SetBadge(pFound, CountText::GetFound(counts), counts.bSearching);
 }
 
 void CHostStatus::UpdateTrouble()
 {
     const QString strTrouble = host.GetListTrouble();
     const QString strText = ListTrouble::IsUnread(strTrouble) ? tr("List not read: %1") : tr("List not saved: %1");
-    pTrouble->setText(strText.arg(ListTrouble::GetReason(strTrouble)));
-    // As rich text it is broken into lines.
-    pTrouble->setToolTip(Qt::convertFromPlainText(pTrouble->text(), Qt::WhiteSpaceNormal));
-    pTrouble->setVisible(!strTrouble.isEmpty());
+    SetBadge(pTrouble, strText.arg(ListTrouble::GetReason(strTrouble)), !strTrouble.isEmpty());
 }
 
 // Queued, since the library emits on threads of its own.
@@ -101,34 +92,49 @@ void CHostStatus::SetConnection()
     };
     connect(&host, &IControlHost::CommandRefused, this, sayRefusal, Qt::QueuedConnection);
     connect(&host, &IControlHost::JobProgressed, this, &CHostStatus::UpdateBusy, Qt::QueuedConnection);
+    connect(this, &QStatusBar::messageChanged, pBusy, &CBusyIndicator::SetMessage);
+}
+
+// By their place in the bar; the least important one has the highest rank.
+void CHostStatus::InitFields()
+{
+    auto* pFields = new QWidget(this);
+    auto* pMore = new CElidedLabel(QStringLiteral("…"), pFields);
+    pMore->setObjectName(QStringLiteral("MoreBadge"));
+    auto* pLayout = new CFieldLayout(pFields, pMore);
+    const std::initializer_list<std::pair<QWidget*, int>> listField{
+        { pBusy, 1 },           { pRefusal, 0 },    { pFound, 7 },     { pSelected, 6 }, { pTrouble, 2 },
+        { pRefreshBlocked, 5 }, { pListLocked, 4 }, { pChiefMode, 3 }, { pProject, 8 },
+    };
+    for (const auto& [pField, nRank] : listField) {
+        pLayout->AddField(pField, nRank);
+    }
+    pRefusal->hide();               // until there is something to say
+    addPermanentWidget(pFields, 1); // a message of the bar hides others
 }
 
 CElidedLabel* CHostStatus::MakeCount()
 {
-    auto* pLabel = new CElidedLabel(this);
+    CElidedLabel* pLabel = MakeBadge(false);
     pLabel->setObjectName(QStringLiteral("CountBadge"));
-    pLabel->setTextFormat(Qt::PlainText);
-    pLabel->SetLeastCharacters(nLeastCountCharacters);
-    pLabel->SetElideMode(Qt::ElideRight); // the number comes first
     return pLabel;
 }
 
-QLabel* CHostStatus::MakeBadge(bool bMode)
+CElidedLabel* CHostStatus::MakeBadge(bool bMode)
 {
-    auto* pBadge = new QLabel(this);
+    auto* pBadge = new CElidedLabel(this);
     pBadge->setObjectName(QStringLiteral("Badge"));
+    pBadge->setTextFormat(Qt::PlainText);
     pBadge->setProperty("Mode", bMode);
+    pBadge->SetLeastCharacters(nLeastBadgeCharacters);
+    pBadge->SetElideMode(Qt::ElideRight); // a number comes first
     return pBadge;
 }
 
-void CHostStatus::SetBadge(QLabel* pBadge, const QString& strText, bool bShown)
+void CHostStatus::SetBadge(CElidedLabel* pBadge, const QString& strText, bool bShown)
 {
     pBadge->setText(strText);
+    // All of it, where the label has no room; as rich text it is broken into lines.
+    pBadge->setToolTip(Qt::convertFromPlainText(strText, Qt::WhiteSpaceNormal));
     pBadge->setVisible(bShown);
-}
-
-void CHostStatus::SetCount(CElidedLabel* pLabel, const QString& strText)
-{
-    pLabel->setToolTip(strText); // all of it, where the label has no room
-    SetBadge(pLabel, strText, !strText.isEmpty());
 }

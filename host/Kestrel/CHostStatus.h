@@ -10,10 +10,10 @@ class CElidedLabel;
 class CPanelCounts;
 class CRefusalNote;
 class CTheme;
-class QLabel;
 
 /// The status bar: what is busy and since when, why the last command was refused, what is selected and found, what is
-/// wrong with the list's file, and the modes that change what the panel allows.
+/// wrong with the list's file, and the modes that change what the panel allows. A message of the bar takes the place of what
+/// is busy.
 class CHostStatus : public QStatusBar
 {
     Q_OBJECT
@@ -43,10 +43,10 @@ public:
 
 private:
     void SetConnection();
+    void InitFields();
     CElidedLabel* MakeCount();
-    QLabel* MakeBadge(bool bMode);
-    static void SetBadge(QLabel* pBadge, const QString& strText, bool bShown);
-    static void SetCount(CElidedLabel* pLabel, const QString& strText);
+    CElidedLabel* MakeBadge(bool bMode);
+    static void SetBadge(CElidedLabel* pBadge, const QString& strText, bool bShown);
 
     IControlHost& host;
     CBusyIndicator* pBusy;
@@ -54,9 +54,9 @@ private:
     CElidedLabel* pSelected;
     CElidedLabel* pFound;
     CElidedLabel* pTrouble;
-    QLabel* pProject;
-    QLabel* pChiefMode;
-    QLabel* pListLocked;
-    QLabel* pRefreshBlocked;
+    CElidedLabel* pProject;
+    CElidedLabel* pChiefMode;
+    CElidedLabel* pListLocked;
+    CElidedLabel* pRefreshBlocked;
     std::unique_ptr<CPanelCounts> pCounts; ///< null without a panel
 };

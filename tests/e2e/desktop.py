@@ -182,8 +182,9 @@ class Desktop:
 class Kestrel:
     """One run of the application. Positions are those of the screen."""
 
-    def __init__(self, desktop, program, list_file, options=(), scenario=None, pace=None):
-        """With a pace the devices live their quiet day, that many times as fast; without one the scenario is played."""
+    def __init__(self, desktop, program, list_file, options=(), scenario=None, pace=None, config=None):
+        """With a pace the devices live their quiet day, that many times as fast; without one the scenario is played. config
+        is the folder of the user's settings; without one nobody has started it before."""
         self.desktop = desktop
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="kestrel-"))
         self.list_file = pathlib.Path(list_file)
@@ -194,7 +195,7 @@ class Kestrel:
         script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
         life = ["--pace", str(pace)] if pace else ["--scenario", script]
         self.error_file = open(self.folder / "errors", "w+")
-        environment = dict(desktop.applications(self.folder), HOME=str(self.folder), XDG_CONFIG_HOME=str(self.folder / "config"),
+        environment = dict(desktop.applications(self.folder), HOME=str(self.folder), XDG_CONFIG_HOME=str(config or self.folder / "config"),
                            QT_HASH_SEED="0", LANG="C.UTF-8", LANGUAGE="en")
         os.chmod(self.folder, 0o700)
         self.process = subprocess.Popen(

@@ -1,9 +1,15 @@
 #include "CDialogDriver.h"
+#include "CDoubledWindow.h"
 #include "CMenuDriver.h"
 #include "CPanelWindow.h"
+#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/CHostStatus.h"
 #include "Kestrel/player/PanelAccess.h"
+#include "Kestrel/status/CRefusalNote.h"
+#include "Kestrel/status/RefusalText.h"
 #include "TestMain.h"
 #include "clipping/ClippingFaults.h"
+#include "clipping/StatusFaults.h"
 #include "interfaces/widgets/CMessageBox.h"
 #include "interfaces/widgets/CToolTip.h"
 
@@ -11,18 +17,21 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolButton>
-#include <QTreeView>
+#include <QToolTip>
+#include <QTreeWidget>
 
 namespace {
 
 constexpr int nMostDialogs = 20;      ///< behind one entry of a menu, one behind the other
+constexpr int nLeastWidth = 640;      ///< to which the window can be made narrower
 constexpr int nUsualWidth = 1040;     ///< of the window, as it first comes up
 constexpr int nGroupTextMargins = 29; ///< beside the text in the row of a group
-constexpr int nMessageMargins = 24;   ///< around what the status bar says for a while
+constexpr int nMessageMargins = 36;   ///< around what the status bar says for a while, and the arc
 
 /// A text of the sources.
 struct SText
@@ -83,6 +92,8 @@ const QList<SSelection>& GetSelections()
 class CVisitor
 {
 public:
+    using FnReady = std::function<bool(const QDialog*)>;
+
     explicit CVisitor(const QString& strLanguageIn) : strLanguage(strLanguageIn) { }
 
     void Visit(QWidget* pWindow, const QString& strWhat)
@@ -90,8 +101,11 @@ public:
         ++nVisited;
         TakePicture(pWindow, strWhat);
         const auto* pMenu = qobject_cast<const QMenu*>(pWindow);
-        const QStringList listFound = pMenu ? ClippingFaults::FindInMenu(pMenu) : ClippingFaults::FindInWindow(pWindow);
-        for (const QString& strFault : listFound) {
+        QStringList listFound = pMenu ? ClippingFaults::FindInMenu(pMenu) : ClippingFaults::FindInWindow(pWindow);
+        if (!qobject_cast<QMainWindow*>(pWindow) && !IsOnScreen(pWindow)) {
+            listFound.append(QStringLiteral("reaches out of the screen"));
+        }
+        for (const QString& strFault : std::as_const(listFound)) {
             listFault.append(strWhat + QStringLiteral(": ") + strFault);
         }
     }
@@ -111,11 +125,17 @@ public:
     }
 
     /// Does what the user does, and visits each dialog that comes of it, which is then rejected.
-    void VisitDialogs(const std::function<void()>& fnAct)
+    /// fnReady says when there is all in it that it will have.
+    void VisitDialogs(const std::function<void()>& fnAct, const FnReady& fnReady = {})
     {
         CDialogDriver driver;
         for (int n = 0; n < nMostDialogs; ++n) {
-            driver.Answer([this](QDialog* pDialog) { VisitDialog(pDialog); });
+            driver.Answer([this, fnReady](QDialog* pDialog) {
+                if (fnReady) {
+                    QTRY_VERIFY(fnReady(pDialog));
+                }
+                VisitDialog(pDialog);
+            });
         }
         fnAct();
     }
@@ -132,12 +152,20 @@ public:
     }
 
 private:
+    // Qt lets the border of a menu that is too large hang out by one pixel.
+    static bool IsOnScreen(const QWidget* pWindow)
+    {
+        return pWindow->screen()->availableGeometry().adjusted(0, 0, 1, 1).contains(pWindow->geometry());
+    }
+
     void VisitDialog(QDialog* pDialog)
     {
         listDialog.append(pDialog->windowTitle());
         // The file dialog is Qt's.
         if (!qobject_cast<QFileDialog*>(pDialog)) {
-            Visit(pDialog, pDialog->windowTitle());
+            const int nBefore = listDialog.count(pDialog->windowTitle());
+            Visit(pDialog,
+                  nBefore > 1 ? QStringLiteral("%1 %2").arg(pDialog->windowTitle()).arg(nBefore) : pDialog->windowTitle());
             const QList<QMenu*> listMenu = pDialog->findChildren<QMenu*>();
             for (QMenu* pMenu : listMenu) {
                 if (!pMenu->isEmpty()) {
@@ -217,6 +245,100 @@ void ShowAll(CPanelWindow& kestrel)
     PanelAccess::FindAction(kestrel.window.GetPanel(), "CProcessorTreeToolBar", "Search")->trigger();
     const auto* pBadge = kestrel.window.statusBar()->findChildren<QLabel*>(QStringLiteral("Badge")).constLast();
     QTRY_VERIFY(pBadge->isVisible());
+}
+
+/// A name as long as a list takes one, and of one word.
+QString LongName()
+{
+    return QString(64, QLatin1Char('W'));
+}
+
+/// The list cannot be saved, rows are selected and hidden by a search, something was refused and something runs.
+void ShowAllTexts(CScene& kestrel)
+{
+    QVERIFY(QFile::remove(kestrel.ListPath()) && QDir().mkdir(kestrel.ListPath()));
+    CWindowFixture::AddGroup(QStringLiteral("Day shift"));
+    ExpectWarning("The list is not being saved.*");
+    QVERIFY(!kestrel.pHost->SaveList().isEmpty());
+    PanelAccess::ClickRow(kestrel.Tree(), kestrel.Row(QStringLiteral("Wall left")), Qt::NoModifier);
+    ShowAll(kestrel);
+    auto* pSearch = kestrel.window.findChild<QLineEdit*>(QStringLiteral("SearchEdit"));
+    pSearch->setText(QStringLiteral("Roof"));
+    auto* pStatus = qobject_cast<CHostStatus*>(kestrel.window.statusBar());
+    const SRefusal refusal{ CommandRename, QStringLiteral("Wall left"), ReasonTooManyNumbers, {}, {} };
+    pStatus->GetRefusalNote().Say([refusal] { return RefusalText::Get(refusal); });
+    const QDateTime time = QDateTime::currentDateTime();
+    pStatus->findChild<CBusyIndicator*>()->SetState(true, time, { { "Adding the processor at 192.168.100.200", time, 12, 40 } });
+    QTRY_COMPARE(StatusFaults::CountTexts(*pStatus), 9);
+}
+
+/// The list can be saved again, and nothing is searched for.
+void ResetTexts(CScene& kestrel)
+{
+    QVERIFY(QDir().rmdir(kestrel.ListPath()));
+    QCOMPARE(kestrel.pHost->SaveList(), QString());
+    kestrel.window.findChild<QLineEdit*>(QStringLiteral("SearchEdit"))->clear();
+}
+
+/// The window on a host that has earlier lists, a refused one and steps of long names, and refuses to take any back.
+class CUndoScene : public CDoubledWindow
+{
+public:
+    explicit CUndoScene(const QString& strLanguage) : CDoubledWindow(&Prepare)
+    {
+        theme.Apply(*qApp);
+        language.Set(strLanguage);
+        pWindow->move(0, 0);
+        SListEdit edit;
+        edit.command = CommandAddGroup;
+        edit.strName = LongName();
+        edit.before.nEdition = 1;
+        edit.after.nEdition = 2;
+        emit host.ListEdited(edit);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+
+    QMenu* ListMenu() const
+    {
+        return pWindow->menuBar()->actions().at(1)->menu();
+    }
+
+    void Press(const QString& strText) const
+    {
+        const QList<QAction*> listAction = ListMenu()->actions();
+        const auto it = std::find_if(listAction.begin(), listAction.end(), [&strText](const QAction* pAction) {
+            return pAction->text().startsWith(strText) && pAction->isEnabled() && pAction->isVisible();
+        });
+        QVERIFY2(it != listAction.end(), qPrintable(strText));
+        (*it)->trigger();
+    }
+
+private:
+    static void Prepare(CHostDouble& host)
+    {
+        const QDateTime time(QDate(2026, 12, 24), QTime(22, 58, 58));
+        host.listEarlier = { { "/lists/new", time, 255, 256, {} },
+                             { "/lists/torn", time.addDays(-1), 0, 0, "/lists/torn: not a list file" },
+                             { "/lists/old", time.addDays(-2), 1, 256, {} } };
+        host.reason = ReasonTooManyNumbers;
+        host.strListError = "the sum is wrong";
+        host.refused.strPath = "/media/" + LongName() + "/own.kvtl";
+        host.refused.bUsable = true;
+        host.refused.nGroups = 255;
+        host.refused.nProcessors = 256;
+        for (int n = 0; n < 6; ++n) {
+            host.refused.listFault.append("processors/" + LongName() + "/name: it holds control characters");
+        }
+    }
+};
+
+bool HasRows(const QDialog* pDialog, int nRows)
+{
+    const auto* pTable = pDialog->findChild<QTreeWidget*>();
+    const auto* pNote = pDialog->findChild<QLabel*>(QStringLiteral("EarlierNote"));
+    return pTable->topLevelItemCount() == nRows
+        && (nRows > 0 || pNote->text() == SText{ "CEarlierLists", "There is no earlier list." }.Get());
 }
 
 void AddLanguages()
@@ -401,6 +523,87 @@ private slots:
         visitor.Report(int(std::size(arrTip)));
     }
 
+    void theStatusBarWithAllThatItCanShow_data()
+    {
+        AddLanguages();
+    }
+
+    void theStatusBarWithAllThatItCanShow()
+    {
+        QFETCH(QString, strLanguage);
+        CScene kestrel(strLanguage);
+        ShowAllTexts(kestrel);
+        CVisitor visitor(strLanguage);
+        const QStatusBar& bar = *kestrel.window.statusBar();
+        for (const int nWidth : { nUsualWidth, nLeastWidth }) {
+            // Beside the panel the journal needs more room than the least.
+            kestrel.window.findChild<QDockWidget*>()->setVisible(nWidth > nLeastWidth);
+            QCoreApplication::processEvents(); // what the window needs at least is another then
+            kestrel.window.resize(nWidth, kestrel.window.height());
+            QTRY_COMPARE(kestrel.window.width(), nWidth);
+            QCoreApplication::processEvents();
+            visitor.Visit(&kestrel.window, QStringLiteral("all texts at %1").arg(nWidth));
+            QCOMPARE(StatusFaults::Find(bar), QStringList());
+            QVERIFY2(nWidth < nUsualWidth || StatusFaults::GetGone(bar).isEmpty(),
+                     qPrintable(StatusFaults::GetGone(bar).join('|')));
+        }
+        ResetTexts(kestrel);
+        visitor.Report(2);
+    }
+
+    void theMenuAndTheDialogsOfUndo_data()
+    {
+        AddLanguages();
+    }
+
+    void theMenuAndTheDialogsOfUndo()
+    {
+        QFETCH(QString, strLanguage);
+        CUndoScene kestrel(strLanguage);
+        CVisitor visitor(strLanguage);
+        visitor.VisitMenu(kestrel.ListMenu(), QStringLiteral("list menu"));
+        const auto openEarlier = [&] { kestrel.Press(SText{ "CUndoMenu", "&Earlier lists…" }.Get()); };
+        visitor.VisitDialogs(openEarlier, [](const QDialog* pDialog) { return HasRows(pDialog, 3); });
+        kestrel.host.listEarlier.clear();
+        visitor.VisitDialogs(openEarlier, [](const QDialog* pDialog) { return HasRows(pDialog, 0); });
+        const auto openRefused = [&] {
+            const int nBefore = visitor.GetDialogs().size();
+            kestrel.Press(SText{ "CUndoMenu", "Use this list &nevertheless…" }.Get());
+            QTRY_COMPARE(visitor.GetDialogs().size(), nBefore + 1);
+        };
+        visitor.VisitDialogs(openRefused);
+        kestrel.host.refused.bUsable = false;
+        visitor.VisitDialogs(openRefused);
+        const auto undo = [&] { kestrel.Press(SText{ "CUndoMenu", "&Undo: %1" }.Get().section(QLatin1Char('%'), 0, 0)); };
+        undo(); // the second time it asks
+        visitor.VisitDialogs(undo);
+        QCOMPARE(visitor.GetDialogs().size(), 5);
+        visitor.Report(6);
+    }
+
+    void eachTipOfAWidget_data()
+    {
+        AddLanguages();
+    }
+
+    void eachTipOfAWidget()
+    {
+        QFETCH(QString, strLanguage);
+        CScene kestrel(strLanguage);
+        ShowAllTexts(kestrel);
+        CVisitor visitor(strLanguage);
+        QStringList listTip;
+        const QList<QWidget*> listWidget = kestrel.window.findChildren<QWidget*>();
+        for (QWidget* pWidget : listWidget) {
+            if (pWidget->isVisible() && !pWidget->toolTip().isEmpty() && !listTip.contains(pWidget->toolTip())) {
+                listTip.append(pWidget->toolTip());
+                VisitTip(visitor, *pWidget);
+            }
+        }
+        ResetTexts(kestrel);
+        visitor.Report(14);
+    }
+
     void theRowOfAllProcessors_data()
     {
         AddLanguages();
@@ -420,6 +623,22 @@ private slots:
     }
 
 private:
+    static void VisitTip(CVisitor& visitor, QWidget& widget)
+    {
+        QToolTip::showText(widget.mapToGlobal(widget.rect().center()), widget.toolTip(), &widget);
+        const auto findTip = [] {
+            const QWidgetList listTop = QApplication::topLevelWidgets();
+            const auto it = std::find_if(listTop.begin(), listTop.end(), [](const QWidget* pTop) {
+                return pTop->isVisible() && pTop->objectName() == QLatin1String("qtooltip_label");
+            });
+            return it == listTop.end() ? nullptr : *it;
+        };
+        QVERIFY2(findTip(), qPrintable(widget.toolTip()));
+        visitor.Visit(findTip(), QStringLiteral("tip of ") + widget.objectName());
+        QToolTip::hideText();
+        QTRY_VERIFY(!findTip());
+    }
+
     static void VisitToolBar(CVisitor& visitor, const QWidget* pPanel, bool bSimulator)
     {
         const QWidget* pBar = pPanel->findChild<QWidget*>(QStringLiteral("ProcessorTreeToolBar"));

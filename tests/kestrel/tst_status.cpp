@@ -106,27 +106,6 @@ private slots:
         QCOMPARE(label.grab().toImage(), shown.grab().toImage());
         QCOMPARE(QAccessible::queryAccessibleInterface(&label)->text(QAccessible::Name), strWhole);
     }
-
-    void nothingInTheSmallestWindowIsClipped()
-    {
-        CStatusWindow scene("hello");
-        scene.pHost->SetChiefMode(true);
-        scene.pHost->SetListLocked(true);
-        scene.pHost->SetRefreshBlocked(true);
-        const QStatusBar* pBar = scene.window.statusBar();
-        QTRY_COMPARE(pBar->findChildren<QLabel*>("Badge").size(), 4);
-        scene.window.resize(scene.window.minimumSizeHint());
-        QCoreApplication::processEvents();
-
-        for (const QLabel* pLabel : pBar->findChildren<QLabel*>()) {
-            if (!pLabel->isVisible()) {
-                continue;
-            }
-            const QRect rect(pLabel->mapTo(pBar, QPoint()), pLabel->size());
-            QVERIFY2(pBar->rect().contains(rect), qPrintable(pLabel->text()));
-            QVERIFY2(pLabel->width() >= pLabel->minimumSizeHint().width(), qPrintable(pLabel->text()));
-        }
-    }
 };
 
 PTV_TEST_MAIN(CStatusTest)

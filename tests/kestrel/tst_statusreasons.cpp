@@ -1,10 +1,11 @@
 #include "CDialogDriver.h"
 #include "CDoubledWindow.h"
 #include "Kestrel/CBusyIndicator.h"
-#include "Kestrel/CElidedLabel.h"
 #include "Kestrel/status/CRefusalNote.h"
+#include "Kestrel/status/FieldWidths.h"
 #include "Kestrel/status/RefusalText.h"
 #include "TestMain.h"
+#include "clipping/StatusFaults.h"
 
 #include <QAction>
 #include <QStatusBar>
@@ -287,42 +288,78 @@ private slots:
         scene.language.Set("en");
     }
 
-    void everythingFitsIntoTheSmallestWindow_data()
+    void fieldsShareTheirRoom_data()
     {
-        everyReasonHasWords_data();
+        QTest::addColumn<int>("nRoom");
+        QTest::addColumn<QVector<int>>("listWidth");
+        QTest::newRow("all whole") << 500 << QVector<int>{ 100, 200, 100, 50 };
+        QTest::newRow("the last is elided") << 440 << QVector<int>{ 100, 200, 100, 40 };
+        QTest::newRow("all but the first") << 260 << QVector<int>{ 100, 90, 40, 30 };
+        QTest::newRow("all as far as they can") << 220 << QVector<int>{ 60, 90, 40, 30 };
+        QTest::newRow("the last gives way to the mark") << 219 << QVector<int>{ 69, 90, 40, 0 };
+        QTest::newRow("the next one too") << 209 << QVector<int>{ 99, 90, 0, 0 };
+        QTest::newRow("who is kept never") << 100 << QVector<int>{ 60, 90, 0, 0 };
     }
 
-    void everythingFitsIntoTheSmallestWindow()
+    void fieldsShareTheirRoom()
+    {
+        QFETCH(int, nRoom);
+        QFETCH(QVector<int>, listWidth);
+        const QVector<FieldWidths::SField> listField{
+            { 100, 60, true }, { 200, 90, true }, { 100, 40, false }, { 50, 30, false }
+        };
+        QCOMPARE(FieldWidths::Share(listField, nRoom, 20), listWidth);
+    }
+
+    void aMessageOfTheBarStandsWhereWorkIsNamed()
+    {
+        CScene scene;
+        scene.pWindow->statusBar()->showMessage("Quitting");
+        QCOMPARE(scene.BusyText(), QString("Quitting"));
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        QCOMPARE(scene.BusyText(), QString("Quitting"));
+        scene.pWindow->statusBar()->clearMessage();
+        QVERIFY(scene.BusyText().startsWith("Busy – since "));
+    }
+
+    void nothingIsLostInANarrowWindow_data()
+    {
+        QTest::addColumn<QString>("strLanguage");
+        QTest::addColumn<int>("nWidth");
+        QTest::addColumn<bool>("bAllShown");
+        const QStringList listCode = CLanguage::GetCodes() << CLanguage::GetPseudoCode();
+        for (const QString& strCode : listCode) {
+            QTest::addRow("%s, narrow", qPrintable(strCode)) << strCode << 640 << false;
+            QTest::addRow("%s, as usual", qPrintable(strCode)) << strCode << 1040 << true;
+        }
+    }
+
+    void nothingIsLostInANarrowWindow()
     {
         QFETCH(QString, strLanguage);
+        QFETCH(int, nWidth);
+        QFETCH(bool, bAllShown);
         CScene scene;
+        scene.theme.Apply(*qApp);
         scene.language.Set(strLanguage);
         scene.host.SetChiefMode(true);
         scene.host.SetRefreshBlocked(true);
         scene.host.SetListLocked(true);
         scene.host.OpenProject("Aurora");
         emit scene.host.StateChanged();
-        scene.host.vecJob = { { "Scanning the network", QDateTime::currentDateTime(), 12, 40 } };
+        scene.host.vecJob = { { "Adding the processor at 10.0.0.7", QDateTime::currentDateTime(), 12, 40 } };
         scene.host.ChangeBusy(true);
+        scene.host.strListTrouble = "/lists/of/the/studio/own.kvtl: Permission denied";
+        emit scene.host.ListTroubleChanged();
         scene.Refuse(Refusal(CommandRename, ReasonTooManyNumbers));
-        scene.pWindow->resize(scene.pWindow->minimumSizeHint());
+        scene.pWindow->resize(nWidth, 400);
         CScene::Settle();
 
-        const QStatusBar* pBar = scene.pWindow->statusBar();
-        int nShown = 0;
-        for (const QLabel* pLabel : pBar->findChildren<QLabel*>()) {
-            if (!pLabel->isVisible()) {
-                continue;
-            }
-            ++nShown;
-            const QRect rect(pLabel->mapTo(pBar, QPoint()), pLabel->size());
-            QVERIFY2(pBar->rect().contains(rect), qPrintable(pLabel->text()));
-            const bool bElided = qobject_cast<const CElidedLabel*>(pLabel);
-            QVERIFY2(pLabel->width() >= (bElided ? pLabel->minimumSizeHint() : pLabel->sizeHint()).width(),
-                     qPrintable(pLabel->text()));
-            QVERIFY2(!bElided || !pLabel->toolTip().isEmpty(), qPrintable(pLabel->text()));
-        }
-        QCOMPARE(nShown, 6);
+        QTRY_COMPARE(scene.pWindow->width(), nWidth);
+        QCOMPARE(StatusFaults::Find(*scene.pWindow->statusBar()), QStringList());
+        QCOMPARE(StatusFaults::GetGone(*scene.pWindow->statusBar()).isEmpty(), bAllShown);
+        QCOMPARE(StatusFaults::CountTexts(*scene.pWindow->statusBar()), 7);
         scene.language.Set("en");
     }
 };

@@ -5,10 +5,17 @@
 #include <QEvent>
 #include <QTextDocument>
 
+namespace {
+
+constexpr int nLeastLetters = 18;
+
+} // namespace
+
 CRefusalNote::CRefusalNote(QWidget* parent) : CElidedLabel(parent)
 {
     setObjectName(QStringLiteral("RefusalBadge"));
     setTextFormat(Qt::PlainText);
+    SetLeastCharacters(nLeastLetters);
     timer.setSingleShot(true);
     timer.setInterval(nShownMs);
     connect(&timer, &QTimer::timeout, this, &CRefusalNote::Forget);

@@ -325,7 +325,7 @@
     <name>CKeyWays</name>
     <message>
         <source>&amp;Search the list</source>
-        <translation>Liste durch&amp;suchen</translation>
+        <translation>Liste &amp;durchsuchen</translation>
     </message>
     <message>
         <source>&amp;Next part of the window</source>

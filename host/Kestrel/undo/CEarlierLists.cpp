@@ -73,6 +73,8 @@ void CEarlierLists::InitWidget()
     setObjectName(QStringLiteral("EarlierLists"));
     SetTransparentMask();
     setMinimumSize(sizeLeast);
+    pNote->setObjectName(QStringLiteral("EarlierNote"));
+    pTable->setObjectName(QStringLiteral("EarlierTable"));
     pTable->setHeaderLabels({ tr("Date and time"), tr("Groups"), tr("Processors") });
     pTable->setRootIsDecorated(false);
     pTable->setUniformRowHeights(true);

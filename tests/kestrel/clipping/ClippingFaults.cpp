@@ -1,6 +1,7 @@
 #include "ClippingFaults.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemDelegate>
 #include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -16,6 +17,7 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QToolButton>
+#include <QTreeWidget>
 
 namespace {
 
@@ -88,6 +90,25 @@ void CheckHeader(QStringList& listFault, const QHeaderView* pHeader)
     }
 }
 
+void CheckTable(QStringList& listFault, const QTreeWidget* pTable)
+{
+    for (int nRow = 0; nRow < pTable->topLevelItemCount(); ++nRow) {
+        for (int nColumn = 0; nColumn < pTable->columnCount(); ++nColumn) {
+            const QModelIndex index = pTable->model()->index(nRow, nColumn);
+            QStyleOptionViewItem option;
+            option.initFrom(pTable);
+            const int nNeeded = pTable->itemDelegate()->sizeHint(option, index.sibling(nRow, nColumn)).width();
+            const int nRoom = pTable->visualRect(index).width();
+            const int nText = pTable->fontMetrics().horizontalAdvance(index.data().toString());
+            if (qMax(nNeeded, nText) > nRoom) {
+                listFault.append(QStringLiteral("%1 needs %2, has %3")
+                                     .arg(Describe(pTable, index.data().toString()), QString::number(qMax(nNeeded, nText)),
+                                          QString::number(nRoom)));
+            }
+        }
+    }
+}
+
 void CheckMenuBar(QStringList& listFault, const QMenuBar* pBar)
 {
     const QList<QAction*> listAction = pBar->actions();
@@ -110,6 +131,8 @@ void CheckText(QStringList& listFault, const QWidget* pWidget)
         CheckEdit(listFault, pEdit);
     } else if (const auto* pHeader = qobject_cast<const QHeaderView*>(pWidget)) {
         CheckHeader(listFault, pHeader);
+    } else if (const auto* pTable = qobject_cast<const QTreeWidget*>(pWidget)) {
+        CheckTable(listFault, pTable);
     } else if (const auto* pBar = qobject_cast<const QMenuBar*>(pWidget)) {
         CheckMenuBar(listFault, pBar);
     } else if (pWidget->inherits("CComboBox") || qobject_cast<const QComboBox*>(pWidget)
