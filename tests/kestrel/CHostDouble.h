@@ -15,6 +15,7 @@ public:
     bool bBusy = false;
     QVector<SRunningJob> vecJob;
     QString strListError;
+    QString strListTrouble;
     SListSnapshot snapshot;
     QList<SEarlierList> listEarlier;
     SRefusedList refused;
@@ -37,7 +38,7 @@ public:
     }
     QString GetListTrouble() const override
     {
-        return {};
+        return strListTrouble;
     }
     QString SaveList() override
     {
