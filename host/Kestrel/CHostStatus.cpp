@@ -7,6 +7,7 @@
 #include "Kestrel/status/CPanelCounts.h"
 #include "Kestrel/status/CRefusalNote.h"
 #include "Kestrel/status/CountText.h"
+#include "Kestrel/status/RefusalEnd.h"
 #include "Kestrel/status/RefusalText.h"
 #include "controlhost/IControlHost.h"
 
@@ -56,7 +57,6 @@ CRefusalNote& CHostStatus::GetRefusalNote() const
 void CHostStatus::UpdateBusy()
 {
     pBusy->SetState(host.IsBusy(), host.GetBusySince(), host.GetJobProgress());
-    pRefusal->SetBusy(host.IsBusy());
 }
 
 void CHostStatus::UpdateState()
@@ -87,12 +87,19 @@ void CHostStatus::SetConnection()
 {
     const auto sayRefusal = [this](const SRefusal& refusal) {
         if (refusal.command != CommandRestore) { // whoever asked for that knows which step it was
-            pRefusal->Say([refusal] { return RefusalText::Get(refusal); });
+            pRefusal->Say(refusal, [refusal] { return RefusalText::Get(refusal); });
         }
     };
     connect(&host, &IControlHost::CommandRefused, this, sayRefusal, Qt::QueuedConnection);
     connect(&host, &IControlHost::JobProgressed, this, &CHostStatus::UpdateBusy, Qt::QueuedConnection);
     connect(this, &QStatusBar::messageChanged, pBusy, &CBusyIndicator::SetMessage);
+    connect(&host, &IControlHost::BusyChanged, pRefusal, &CRefusalNote::SetBusy, Qt::QueuedConnection);
+    const auto review
+        = [this] { pRefusal->Review([this](const SRefusal& refusal) { return RefusalEnd::IsOver(refusal, host); }); };
+    connect(&host, &IControlHost::BusyChanged, this, review, Qt::QueuedConnection);
+    connect(&host, &IControlHost::JobsChanged, this, review, Qt::QueuedConnection);
+    connect(&host, &IControlHost::StateChanged, this, review, Qt::QueuedConnection);
+    connect(&host, &IControlHost::ListTroubleChanged, this, review, Qt::QueuedConnection);
 }
 
 // By their place in the bar; the least important one has the highest rank.

@@ -136,12 +136,18 @@ int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CC
     Arm(player, window);
     const CSessionEnd sessionEnd(window, QStringList(QApplication::applicationFilePath()) + options.listArgument);
     connect(&endSignals, &CEndSignals::EndRequested, &window, &CMainWindow::EndUnattended);
-    settings.RestoreWindow(window);
+    // Nobody sits before a run for pictures, and its window is the same for everybody.
+    const bool bForPictures = !options.strShotFile.isEmpty() || !options.strShotFolder.isEmpty();
+    if (!bForPictures) {
+        settings.RestoreWindow(window);
+    }
     window.show();
     host.StartLife();
     player.Start();
     QApplication::exec();
-    settings.SaveWindow(window);
+    if (!bForPictures) {
+        settings.SaveWindow(window, !player.HasMovedJournal());
+    }
     return Finish(window);
 }
 

@@ -21,7 +21,6 @@ constexpr char szWindowKey[] = "window/place";
 constexpr char szMaximisedKey[] = "window/maximised";
 constexpr char szShownKey[] = "journal/shown";
 constexpr char szWidthKey[] = "journal/width";
-constexpr char szAreaKey[] = "journal/area";
 constexpr int nMostPixels = 100000; ///< of a window; no screen has as many
 
 std::unique_ptr<QSettings> OpenFile()
@@ -32,12 +31,14 @@ std::unique_ptr<QSettings> OpenFile()
     return pFile;
 }
 
-/// False for a number that is none or lies outside.
+/// False for a number that is none or lies outside, which counts as 0.
 bool ReadNumber(const QSettings& file, const QString& strKey, int nMost, int& nValue)
 {
     bool bNumber = true;
     nValue = file.contains(strKey) ? file.value(strKey).toInt(&bNumber) : 0;
-    return bNumber && nValue >= 0 && nValue <= nMost;
+    const bool bGood = bNumber && nValue >= 0 && nValue <= nMost;
+    nValue = bGood ? nValue : 0;
+    return bGood;
 }
 
 bool ReadSwitch(const QSettings& file, const QString& strKey, bool& bValue)
@@ -47,11 +48,13 @@ bool ReadSwitch(const QSettings& file, const QString& strKey, bool& bValue)
     return bValue || strText == QLatin1String("false");
 }
 
-/// Empty where nothing is stored.
+/// Empty where nothing is stored, or nothing that is known here: a newer program may know it.
 bool ReadChoice(const QSettings& file, const QString& strKey, const QStringList& listChoice, QString& strValue)
 {
     strValue = file.value(strKey).toString();
-    return strValue.isEmpty() || listChoice.contains(strValue);
+    const bool bKnown = strValue.isEmpty() || listChoice.contains(strValue);
+    strValue = bKnown ? strValue : QString();
+    return bKnown;
 }
 
 QList<QRect> GetScreens()
@@ -70,14 +73,10 @@ CSettings::CSettings()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     const std::unique_ptr<QSettings> pFile = OpenFile();
-    if (Read(*pFile) && pFile->status() == QSettings::NoError) {
-        return;
+    if (!Read(*pFile) || pFile->status() != QSettings::NoError) {
+        strFault = QStringLiteral("The settings in %1 cannot be understood as a whole, so defaults hold for the rest")
+                       .arg(pFile->fileName());
     }
-    strFault = QStringLiteral("The settings in %1 cannot be understood, so the defaults hold").arg(pFile->fileName());
-    strTheme.clear();
-    strLanguage.clear();
-    place = {};
-    pFile->clear();
 }
 
 QString CSettings::GetFault() const
@@ -118,16 +117,13 @@ void CSettings::RestoreWindow(QMainWindow& window) const
     window.resize(rc.size());
     window.move(rc.topLeft());
     window.setWindowState(place.bMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
-    if (place.nJournalArea != 0) {
-        window.addDockWidget(Qt::DockWidgetArea(place.nJournalArea), pDock);
-    }
     pDock->setVisible(place.bJournal);
     if (place.nJournalWidth > 0) {
         window.resizeDocks({ pDock }, { place.nJournalWidth }, Qt::Horizontal);
     }
 }
 
-void CSettings::SaveWindow(const QMainWindow& window)
+void CSettings::SaveWindow(const QMainWindow& window, bool bJournal)
 {
     Q_ASSERT(GuiThread::IsCurrent());
     auto* pDock = window.findChild<QDockWidget*>();
@@ -135,35 +131,38 @@ void CSettings::SaveWindow(const QMainWindow& window)
     const QPoint ptFrame = window.pos() - window.geometry().topLeft();
     const QRect rcInner = place.bMaximised ? window.normalGeometry() : window.geometry();
     place.rcWindow = rcInner.translated(ptFrame);
-    place.bJournal = !pDock->isHidden();
-    // A dock that is shut has no width of its own.
-    place.nJournalWidth = place.bJournal ? pDock->width() : place.nJournalWidth;
-    place.nJournalArea = window.dockWidgetArea(pDock);
+    if (bJournal) {
+        place.bJournal = !pDock->isHidden();
+        // A dock that is shut has no width of its own.
+        place.nJournalWidth = place.bJournal ? pDock->width() : place.nJournalWidth;
+    }
     const std::unique_ptr<QSettings> pFile = OpenFile();
     pFile->setValue(QLatin1String(szWindowKey), place.rcWindow);
     pFile->setValue(QLatin1String(szMaximisedKey), place.bMaximised);
     pFile->setValue(QLatin1String(szShownKey), place.bJournal);
     pFile->setValue(QLatin1String(szWidthKey), place.nJournalWidth);
-    pFile->setValue(QLatin1String(szAreaKey), place.nJournalArea);
 }
 
-// False when it holds what Kestrel has not written.
+// False when it holds what this program does not write; the rest counts all the same.
 bool CSettings::Read(const QSettings& file)
 {
-    return ReadChoice(file, QLatin1String(szThemeKey), CTheme::GetNames(), strTheme)
-        && ReadChoice(file, QLatin1String(szLanguageKey), CLanguage::GetCodes() << CLanguage::GetPseudoCode(), strLanguage)
-        && ReadPlace(file);
+    const bool bTheme = ReadChoice(file, QLatin1String(szThemeKey), CTheme::GetNames(), strTheme);
+    const QStringList listLanguage = CLanguage::GetCodes() << CLanguage::GetPseudoCode();
+    const bool bLanguage = ReadChoice(file, QLatin1String(szLanguageKey), listLanguage, strLanguage);
+    const bool bPlace = ReadPlace(file);
+    return bTheme && bLanguage && bPlace;
 }
 
 bool CSettings::ReadPlace(const QSettings& file)
 {
-    place.rcWindow = file.value(QLatin1String(szWindowKey)).toRect();
-    const bool bPlace = !file.contains(QLatin1String(szWindowKey))
-        || (!place.rcWindow.isEmpty() && place.rcWindow.width() <= nMostPixels && place.rcWindow.height() <= nMostPixels);
-    return bPlace && ReadSwitch(file, QLatin1String(szMaximisedKey), place.bMaximised)
-        && ReadSwitch(file, QLatin1String(szShownKey), place.bJournal)
-        && ReadNumber(file, QLatin1String(szWidthKey), nMostPixels, place.nJournalWidth)
-        && ReadNumber(file, QLatin1String(szAreaKey), Qt::BottomDockWidgetArea, place.nJournalArea);
+    const QRect rcStored = file.value(QLatin1String(szWindowKey)).toRect();
+    const bool bUsable = !rcStored.isEmpty() && rcStored.width() <= nMostPixels && rcStored.height() <= nMostPixels;
+    place.rcWindow = bUsable ? rcStored : QRect();
+    const bool bWindow = bUsable || !file.contains(QLatin1String(szWindowKey));
+    const bool bMaximised = ReadSwitch(file, QLatin1String(szMaximisedKey), place.bMaximised);
+    const bool bShown = ReadSwitch(file, QLatin1String(szShownKey), place.bJournal);
+    const bool bWidth = ReadNumber(file, QLatin1String(szWidthKey), nMostPixels, place.nJournalWidth);
+    return bWindow && bMaximised && bShown && bWidth;
 }
 
 void CSettings::Write(const QString& strKey, const QVariant& value)

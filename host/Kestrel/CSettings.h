@@ -8,14 +8,15 @@ class QMainWindow;
 class QSettings;
 
 /// What Kestrel remembers from one start to the next, for each user: theme, language, the place of the window and of the
-/// journal. A file that cannot be understood counts as none. GUI thread.
+/// journal. What of the file is not understood, which a newer program may
+/// have written, counts as not stored and stays in it. GUI thread.
 class CSettings
 {
 public:
     /// Reads the user's file, which is written anew as a whole after each change: a kill leaves the old one or the new one.
     CSettings();
 
-    /// One line when there is a file and it could not be understood, so that the defaults hold; else empty.
+    /// One line when there is a file and not all of it could be understood, so that defaults hold; else empty.
     QString GetFault() const;
 
     /// One of CTheme::GetNames(), or empty: none was chosen.
@@ -31,7 +32,8 @@ public:
     /// Before the window is shown: gives it the place that SaveWindow has written, as far as the screens of today allow.
     /// Without one it stays as it is. The journal is the window's one dock.
     void RestoreWindow(QMainWindow& window) const;
-    void SaveWindow(const QMainWindow& window);
+    /// bJournal: whether the journal is as the user has left it; else what is remembered of it stays.
+    void SaveWindow(const QMainWindow& window, bool bJournal);
 
 private:
     /// How the window stood.
@@ -42,7 +44,6 @@ private:
         bool bMaximised = false;
         bool bJournal = false;
         int nJournalWidth = 0; ///< 0: not known
-        int nJournalArea = 0;  ///< a Qt::DockWidgetArea; 0: not known
     };
 
     bool Read(const QSettings& file);

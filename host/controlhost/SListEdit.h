@@ -17,6 +17,7 @@ struct SListEdit
     int nNodes = 1;       ///< that were added, deleted, moved, named; of a group that went its processors too; of a list all
     SListSnapshot before; ///< the list as it was
     SListSnapshot after;  ///< as it is now, or was before a later edit
+    quint64 nJob = 0;     ///< the commands of one thread beside the application's share a number, no two threads do; 0: that one
 };
 
 Q_DECLARE_METATYPE(SListEdit)

@@ -13,7 +13,8 @@ struct SRefusal
     QString strName;                         ///< as SListEdit::strName, where it is known
     EnRefusalReason reason = ReasonNone;     ///< why not
     QString strDetail;                       ///< see EnRefusalReason
-    QString strLine; ///< the whole in English, as in the log, for a reason that an application has no words for
+    QString strLine;  ///< the whole in English, as in the log, for a reason that an application has no words for
+    quint64 nJob = 0; ///< as SListEdit::nJob
 };
 
 Q_DECLARE_METATYPE(SRefusal)

@@ -31,6 +31,34 @@ private slots:
         pFixture.reset();
     }
 
+    void theCommandsOfOneJobShareANumber()
+    {
+        const auto rename = [](const char* szName) {
+            g_pPrcBasicControl->RenameProcessor(ProcessorId("alpha"), szName);
+            g_pPrcListControl->MoveProcessor(ProcessorId("alpha"), GroupId("Foyer")); // refused: there is none
+        };
+        rename("One");
+        for (const char* szName : { "Two", "Three" }) {
+            std::thread([&] {
+                rename(szName);
+                rename("Again");
+            }).join();
+        }
+        QVector<quint64> vecJob;
+        for (const SListEdit& edit : pRecorder->GetEdits()) {
+            vecJob.append(edit.nJob);
+        }
+        QVector<quint64> vecRefused;
+        for (const SRefusal& refusal : pRecorder->GetRefusals()) {
+            vecRefused.append(refusal.nJob);
+        }
+        QCOMPARE(vecJob.size(), 5);
+        QCOMPARE(vecJob, vecRefused);
+        QCOMPARE(vecJob.at(0), quint64(0));
+        QVERIFY(vecJob.at(1) != 0 && vecJob.at(1) == vecJob.at(2) && vecJob.at(3) == vecJob.at(4)
+                && vecJob.at(1) != vecJob.at(3));
+    }
+
     void aCommandOfTheUserIsOneEdit_data()
     {
         QTest::addColumn<Command>("command");

@@ -79,6 +79,25 @@ QImage RunForPicture(CProgram& program, const QStringList& listOption)
     return program.Run(listAll + listOption) && program.ExitCode() == 0 ? QImage(strPicture) : QImage();
 }
 
+/// Runs Kestrel in this process, as a user does: fnLook gets its window and its journal, then the window is closed.
+void RunKestrel(const QString& strScenario, const std::function<void(QMainWindow&, QDockWidget&)>& fnLook)
+{
+    const QTemporaryDir folder;
+    SKestrelOptions options;
+    options.strListFile = folder.filePath("a.kvtl");
+    options.strScenarioFile = strScenario;
+    QTimer::singleShot(0, qApp, [&fnLook] {
+        for (QWidget* pWidget : QApplication::topLevelWidgets()) {
+            if (auto* pWindow = qobject_cast<QMainWindow*>(pWidget)) {
+                fnLook(*pWindow, *pWindow->findChild<QDockWidget*>());
+            }
+        }
+        QApplication::closeAllWindows();
+    });
+    QCOMPARE(CKestrel(options).Run(), 0);
+    qApp->setStyleSheet(QString());
+}
+
 QAction* FindAction(const QVariant& data)
 {
     for (const QWidget* pWidget : QApplication::topLevelWidgets()) {
@@ -131,30 +150,26 @@ private slots:
     {
         QTest::addColumn<bool>("bMaximised");
         QTest::addColumn<bool>("bJournal");
-        QTest::addColumn<Qt::DockWidgetArea>("area");
-        QTest::newRow("journal shut") << false << false << Qt::RightDockWidgetArea;
-        QTest::newRow("journal shown") << false << true << Qt::RightDockWidgetArea;
-        QTest::newRow("journal at the left") << false << true << Qt::LeftDockWidgetArea;
-        QTest::newRow("maximised") << true << true << Qt::RightDockWidgetArea;
+        QTest::newRow("journal shut") << false << false;
+        QTest::newRow("journal shown") << false << true;
+        QTest::newRow("maximised") << true << true;
     }
 
     void theWindowIsBackAsItWas()
     {
         QFETCH(bool, bMaximised);
         QFETCH(bool, bJournal);
-        QFETCH(Qt::DockWidgetArea, area);
         {
             SWindow scene;
             scene.window.move(rcPlace.topLeft());
             scene.window.resize(rcPlace.size());
-            scene.window.addDockWidget(area, scene.pDock);
             scene.pDock->setVisible(bJournal);
             scene.window.resizeDocks({ scene.pDock }, { nJournalWidth }, Qt::Horizontal);
             scene.window.show();
             QCOMPARE(scene.pDock->isVisible() ? scene.pDock->width() : nJournalWidth, nJournalWidth);
             scene.window.setWindowState(bMaximised ? Qt::WindowMaximized : Qt::WindowNoState);
             scene.window.close();
-            CSettings().SaveWindow(scene.window);
+            CSettings().SaveWindow(scene.window, true);
         }
         SWindow scene;
         CSettings().RestoreWindow(scene.window);
@@ -164,7 +179,6 @@ private slots:
         scene.window.showNormal();
         QCOMPARE(Place(scene.window), rcPlace);
         QCOMPARE(scene.pDock->isVisible(), bJournal);
-        QCOMPARE(scene.window.dockWidgetArea(scene.pDock), area);
     }
 
     void theWidthOfTheJournalOutlivesItsClosing()
@@ -175,14 +189,14 @@ private slots:
         first.window.resizeDocks({ first.pDock }, { nJournalWidth }, Qt::Horizontal);
         first.window.show();
         QCOMPARE(first.pDock->width(), nJournalWidth);
-        CSettings().SaveWindow(first.window);
+        CSettings().SaveWindow(first.window, true);
         first.pDock->hide();
-        CSettings().SaveWindow(first.window);
+        CSettings().SaveWindow(first.window, true);
         SWindow second; // in which it is never opened
         CSettings().RestoreWindow(second.window);
         second.window.show();
         second.pDock->resize(99, 99); // what a dock that is shut holds is no width of the user's
-        CSettings().SaveWindow(second.window);
+        CSettings().SaveWindow(second.window, true);
 
         SWindow third;
         CSettings().RestoreWindow(third.window);
@@ -206,7 +220,7 @@ private slots:
         QFETCH(QRect, rcStored);
         SWindow first;
         first.window.setGeometry(rcStored);
-        CSettings().SaveWindow(first.window);
+        CSettings().SaveWindow(first.window, true);
         SWindow second;
 
         CSettings().RestoreWindow(second.window);
@@ -233,34 +247,77 @@ private slots:
         QCOMPARE(WindowPlace::Fit(rcWindow, {}), rcWindow);
     }
 
-    void aDamagedFileGivesTheDefaultsAndOneLine_data()
+    void whatCannotBeUnderstoodIsLeftOutWithOneLine_data()
     {
         QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("strTheme");
+        QTest::addColumn<QString>("strLanguage");
         QTest::newRow("no settings at all") << QByteArray("\x7f"
-                                                          "ELF\1\2\3 no settings\n");
-        QTest::newRow("cut off") << QByteArray("[General]\ntheme=contrast\nlangua");
-        QTest::newRow("a theme that there is not") << QByteArray("[General]\ntheme=pink\nlanguage=de\n");
-        QTest::newRow("a language that there is not") << QByteArray("[General]\ntheme=contrast\nlanguage=xx\n");
-        QTest::newRow("a place that is none") << QByteArray("[General]\ntheme=contrast\n[window]\nplace=hello\n");
-        QTest::newRow("an empty place") << QByteArray("[General]\ntheme=contrast\n[window]\nplace=@Rect(1 2 0 0)\n");
-        QTest::newRow("a width that is none") << QByteArray("[General]\ntheme=contrast\n[journal]\nwidth=-7\n");
-        QTest::newRow("a switch that is none") << QByteArray("[General]\ntheme=contrast\n[journal]\nshown=maybe\n");
+                                                          "ELF\1\2\3 no settings\n")
+                                            << QString() << QString();
+        QTest::newRow("cut off") << QByteArray("[General]\ntheme=contrast\nlangua") << "contrast" << QString();
+        QTest::newRow("a theme that there is not") << QByteArray("[General]\nlanguage=de\ntheme=pink\n") << QString() << "de";
+        QTest::newRow("a language that there is not")
+            << QByteArray("[General]\nlanguage=xx\ntheme=contrast\n") << "contrast" << QString();
+        const QByteArray strGood("[General]\nlanguage=de\ntheme=contrast\n");
+        QTest::newRow("a place that is none") << strGood + "[window]\nplace=hello\n" << "contrast" << "de";
+        QTest::newRow("an empty place") << strGood + "[window]\nplace=@Rect(1 2 0 0)\n" << "contrast" << "de";
+        QTest::newRow("a width that is none") << strGood + "[journal]\nwidth=-7\n" << "contrast" << "de";
+        QTest::newRow("a switch that is none") << strGood + "[journal]\nshown=maybe\n" << "contrast" << "de";
     }
 
-    void aDamagedFileGivesTheDefaultsAndOneLine()
+    void whatCannotBeUnderstoodIsLeftOutWithOneLine()
     {
         QFETCH(QByteArray, bytes);
         WriteFile(FilePath(), bytes);
         SWindow scene;
-        CSettings settings;
+        const QRect rcBefore = Place(scene.window);
+        const CSettings settings;
+        settings.RestoreWindow(scene.window);
 
         QVERIFY2(settings.GetFault().contains(FilePath()) && !settings.GetFault().contains('\n'),
                  qPrintable(settings.GetFault()));
-        QCOMPARE(settings.GetTheme() + settings.GetLanguage(), QString());
+        QTEST(settings.GetTheme(), "strTheme");
+        QTEST(settings.GetLanguage(), "strLanguage");
+        QCOMPARE(Place(scene.window), rcBefore);
+        QCOMPARE(CProgram::Read(FilePath()), bytes); // until something is chosen
+    }
+
+    void whatANewerProgramHasWrittenStays()
+    {
+        WriteFile(FilePath(), "[General]\ntheme=pink\nsound=loud\n\n[window]\nplace=@Rect(40 30 700 500)\n");
+        SWindow scene;
+        CSettings settings;
+        settings.RestoreWindow(scene.window);
+        QCOMPARE(Place(scene.window), rcPlace);
+
         settings.SetLanguage("de");
-        settings.SaveWindow(scene.window);
+
+        const QByteArray strWritten = CProgram::Read(FilePath());
+        QVERIFY2(strWritten.contains("theme=pink\n") && strWritten.contains("sound=loud\n"), strWritten.constData());
+        QCOMPARE(CSettings().GetLanguage(), QStringLiteral("de"));
+    }
+
+    void aFileThatIsNoneIsWrittenAnew()
+    {
+        WriteFile(FilePath(), "no settings\n");
+        SWindow scene;
+        CSettings settings;
+        settings.SetLanguage("de");
+        settings.SaveWindow(scene.window, true);
         QCOMPARE(CSettings().GetFault(), QString());
         QCOMPARE(CSettings().GetLanguage(), QStringLiteral("de"));
+    }
+
+    void aJournalThatWasNotTheUsersIsNotKept()
+    {
+        SWindow scene;
+        CSettings().SaveWindow(scene.window, true);
+        scene.pDock->show();
+        CSettings().SaveWindow(scene.window, false);
+        SWindow next;
+        CSettings().RestoreWindow(next.window);
+        QVERIFY(next.pDock->isHidden());
     }
 
     void theFileIsReplacedAsAWhole()
@@ -301,22 +358,59 @@ private slots:
 
     void theProgramComesBackAsItWas()
     {
+        WriteFile(FilePath(), "[General]\ntheme=contrast\nlanguage=de\n[window]\nplace=@Rect(20 10 780 560)\n");
+        int nWidth = 0;
+        RunKestrel({}, [&nWidth](QMainWindow& window, QDockWidget& dock) {
+            QCOMPARE(Place(window), QRect(20, 10, 780, 560));
+            QVERIFY(!dock.isVisible());
+            dock.show();
+            nWidth = dock.width();
+        });
+        RunKestrel({}, [&nWidth](QMainWindow& window, QDockWidget& dock) {
+            QCOMPARE(Place(window), QRect(20, 10, 780, 560));
+            QVERIFY(dock.isVisible());
+            QCOMPARE(dock.width(), nWidth);
+            QVERIFY(FindAction("contrast")->isChecked() && FindAction("de")->isChecked());
+        });
+    }
+
+    void aJournalThatAScenarioHasOpenedIsShutAtTheNextStart()
+    {
+        const QTemporaryDir folder;
+        const QString strScenario = folder.filePath("a.json");
+        WriteFile(strScenario, R"({"steps": [], "ui": [{"at": 0, "journal": true}]})");
+        RunKestrel(strScenario, [](QMainWindow&, QDockWidget& dock) { QTRY_VERIFY(dock.isVisible()); });
+        RunKestrel({}, [](QMainWindow&, QDockWidget& dock) { QVERIFY(!dock.isVisible()); });
+    }
+
+    void aRunForPicturesLeavesTheUsersWindowAlone_data()
+    {
+        QTest::addColumn<bool>("bMany");
+        QTest::newRow("one picture") << false;
+        QTest::newRow("those of a scenario") << true;
+    }
+
+    void aRunForPicturesLeavesTheUsersWindowAlone()
+    {
+        QFETCH(bool, bMany);
         CProgram program;
-        const QString strScenario = program.Write("a.json", R"({"steps": [], "ui": [{"at": 0, "journal": true}]})");
-        WriteFile(program.Path("tmp/Kestrel/Kestrel.ini"),
-                  "[General]\ntheme=contrast\nlanguage=de\n[window]\nplace=@Rect(20 10 780 560)\n");
+        const QByteArray strFile = "[General]\nlanguage=de\n\n[window]\nplace=@Rect(20 10 780 560)\n";
+        WriteFile(program.Path("tmp/Kestrel/Kestrel.ini"), strFile);
+        const QString strScenario
+            = program.Write("a.json", R"({"steps": [], "ui": [{"at": 0, "journal": true}, {"at": 0.1, "shot": "all"}]})");
+        QVERIFY(QDir().mkpath(program.Path("shots")));
+        const QStringList listMany{
+            "--list", program.Path("a.kvtl"), "--scenario", strScenario, "--shots", program.Path("shots")
+        };
+        const QString strPicture = program.Path(bMany ? "shots/01-all.png" : "a.png");
+        if (bMany) {
+            QVERIFY(program.Run(listMany) && program.ExitCode() == 0);
+        } else {
+            RunForPicture(program, { "--scenario", strScenario });
+        }
 
-        const QImage first = RunForPicture(program, { "--scenario", strScenario });
-        QCOMPARE(program.Errors(), QStringList());
-        const QByteArray width = LineOf(program, "width");
-        const QImage second = RunForPicture(program, {});
-
-        QCOMPARE(first.size(), QSize(780, 560));
-        QCOMPARE(second.size(), first.size());
-        QCOMPARE(LineOf(program, "shown"), QByteArray("true"));
-        QCOMPARE(LineOf(program, "width"), width);
-        QCOMPARE(LineOf(program, "place"), QByteArray("@Rect(20 10 780 560)"));
-        QCOMPARE(second.copy(0, 0, 780, 20), first.copy(0, 0, 780, 20)); // the menus: theme and language
+        QCOMPARE(QImage(strPicture).size(), QSize(1040, 720));
+        QCOMPARE(CProgram::Read(program.Path("tmp/Kestrel/Kestrel.ini")), strFile);
     }
 
     void optionsHoldForOneRunAlone()
@@ -337,11 +431,10 @@ private slots:
 
     void theFirstStartHasNoJournalAndRemembersNoChoice()
     {
-        CProgram program;
-        QVERIFY(!RunForPicture(program, { "--lang", "de" }).isNull());
+        RunKestrel({}, [](QMainWindow&, QDockWidget& dock) { QVERIFY(!dock.isVisible()); });
 
-        QCOMPARE(LineOf(program, "shown"), QByteArray("false"));
-        QCOMPARE(LineOf(program, "theme") + LineOf(program, "language"), QByteArray());
+        const QByteArray strFile = CProgram::Read(FilePath());
+        QVERIFY(strFile.contains("shown=false") && !strFile.contains("theme=") && !strFile.contains("language="));
     }
 
     void theProgramReportsADamagedFileInOneLine()

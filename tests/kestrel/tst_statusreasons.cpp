@@ -123,9 +123,12 @@ private slots:
         CScene scene;
         scene.host.ChangeBusy(true);
         CScene::Settle();
-        scene.Refuse(Refusal(CommandDelete, ReasonInUse, "Wall left"));
+        SRefusal refusal = Refusal(CommandDelete, ReasonInUse, "Wall left");
+        refusal.nJob = 7;
+        scene.Refuse(refusal);
         SListEdit edit = Edit(1);
         edit.command = CommandDelete;
+        edit.nJob = 7;
         emit scene.host.ListEdited(edit);
         CScene::Settle();
         scene.host.ChangeBusy(false);
@@ -133,6 +136,97 @@ private slots:
         QVERIFY(scene.Note()->isVisible());
 
         emit scene.host.ListEdited(Edit(2));
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aSuccessDuringAnotherJobTakesItAway()
+    {
+        CScene scene;
+        scene.host.ChangeBusy(true); // a scan, which goes on
+        scene.Refuse(Refusal(CommandRename, ReasonNameEmpty));
+        emit scene.host.ListEdited(Edit(1));
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void theFirstOfManyRefusalsIsTheOneThatStays_data()
+    {
+        QTest::addColumn<quint64>("nJob");
+        QTest::newRow("of one turn") << quint64(0);
+        QTest::newRow("of one job") << quint64(7);
+    }
+
+    void theFirstOfManyRefusalsIsTheOneThatStays()
+    {
+        QFETCH(quint64, nJob);
+        CScene scene;
+        scene.host.ChangeBusy(nJob != 0);
+        SRefusal first = Refusal(CommandAddGroup, ReasonGroupsFull);
+        SRefusal next = Refusal(CommandMove, ReasonGroupGone);
+        first.nJob = next.nJob = nJob;
+        emit scene.host.CommandRefused(first);
+        emit scene.host.CommandRefused(next);
+        CScene::Settle();
+        QVERIFY(scene.Note()->text().endsWith(": the list has all the groups that it can have"));
+
+        scene.host.ChangeBusy(false);
+        CScene::Settle();
+        scene.Refuse(Refusal(CommandMove, ReasonGroupGone));
+        QVERIFY(scene.Note()->text().endsWith(": the group is not in the list any more"));
+    }
+
+    void aReasonGoesWithItsCause_data()
+    {
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("reason");
+        QTest::newRow("a lock") << int(CommandRename) << int(ReasonListLocked);
+        QTest::newRow("a block") << int(CommandScan) << int(ReasonRefreshBlocked);
+        QTest::newRow("a job") << int(CommandImport) << int(ReasonBusy);
+    }
+
+    void aReasonGoesWithItsCause()
+    {
+        QFETCH(int, command);
+        QFETCH(int, reason);
+        CScene scene;
+        scene.host.SetListLocked(true);
+        scene.host.SetRefreshBlocked(true);
+        scene.host.ChangeBusy(true);
+        scene.Refuse(Refusal(EnListCommand(command), EnRefusalReason(reason)));
+        emit scene.host.StateChanged();
+        CScene::Settle();
+        QVERIFY(scene.Note()->isVisible());
+
+        scene.host.SetListLocked(false);
+        scene.host.SetRefreshBlocked(false);
+        emit scene.host.StateChanged();
+        scene.host.ChangeBusy(false);
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aScanThatRunsIsRefusedNoMore()
+    {
+        CScene scene;
+        scene.Refuse(Refusal(CommandScan, ReasonNotSupported));
+        scene.host.vecJob = { { "Scanning the network", QDateTime::currentDateTime(), 0, 0 } };
+        emit scene.host.JobsChanged(scene.host.GetRunningJobs());
+        CScene::Settle();
+        QVERIFY(!scene.Note()->isVisible());
+    }
+
+    void aListThatWasSavedIsRefusedNoMore()
+    {
+        CScene scene;
+        scene.host.strListTrouble = "Cannot save";
+        scene.Refuse(Refusal(CommandSave, ReasonFileNotWritten, "no space"));
+        emit scene.host.ListTroubleChanged();
+        CScene::Settle();
+        QVERIFY(scene.Note()->isVisible());
+
+        scene.host.strListTrouble.clear();
+        emit scene.host.ListTroubleChanged();
         CScene::Settle();
         QVERIFY(!scene.Note()->isVisible());
     }

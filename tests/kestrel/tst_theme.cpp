@@ -1,6 +1,7 @@
 #include "Contrast.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
+#include "delegate/RowLook.h"
 #include "interfaces/widgets/CScrollBar.h"
 
 #include <QDirIterator>
@@ -142,6 +143,17 @@ private slots:
         QCOMPARE(FilesWith("src", { "*.cpp", "*.h" }, orange), QStringList{ "delegate/RowLook.h" });
     }
 
+    void aDragTakesTheGroundOutFromBehindItsRows_data()
+    {
+        AddThemes();
+    }
+
+    void aDragTakesTheGroundOutFromBehindItsRows()
+    {
+        QFETCH(QString, strTheme);
+        QCOMPARE(MakeTheme(strTheme)->GetColour("tree"), QColor(RowLook::rgbTreeGround)); // the colour that a drag takes out
+    }
+
     void textIsReadableOnItsGround_data()
     {
         QTest::addColumn<QString>("strTheme");
@@ -216,7 +228,7 @@ private slots:
         QSignalSpy spyChanged(&theme, &CTheme::Changed);
         theme.Set("contrast");
         QCOMPARE(spyChanged.count(), 1);
-        QCOMPARE(QApplication::palette().color(QPalette::Base), QColor(Qt::black));
+        QCOMPARE(QApplication::palette().color(QPalette::AlternateBase), QColor(Qt::black));
         QCOMPARE(qApp->styleSheet(), theme.GetApplicationSheet());
 
         theme.Set("contrast");

@@ -30,15 +30,16 @@ public:
         return snapshot;
     }
 
-    void Edit(EnListCommand command, const QString& strName, const SListSnapshot& before, const SListSnapshot& after)
+    void Edit(EnListCommand command, const QString& strName, const SListSnapshot& before, const SListSnapshot& after,
+              quint64 nJob = 0)
     {
-        emit host.ListEdited({ command, strName, 1, before, after });
+        emit host.ListEdited({ command, strName, 1, before, after, nJob });
     }
 
     /// One that leads to the next edition.
-    void Edit(EnListCommand command, const QString& strName, quint64 nEdition)
+    void Edit(EnListCommand command, const QString& strName, quint64 nEdition, quint64 nJob = 0)
     {
-        Edit(command, strName, At(nEdition), At(nEdition + 1));
+        Edit(command, strName, At(nEdition), At(nEdition + 1), nJob);
     }
 
     /// As from another thread: deletes nProcessors, one after the other, the list at an edition before the first.
@@ -46,7 +47,7 @@ public:
     {
         host.ChangeBusy(true);
         for (int n = nProcessors; n > 0; --n, ++nEdition) {
-            Edit(CommandDelete, QStringLiteral("P%1").arg(n), At(nEdition, 0, n), At(nEdition + 1, 0, n - 1));
+            Edit(CommandDelete, QStringLiteral("P%1").arg(n), At(nEdition, 0, n), At(nEdition + 1, 0, n - 1), 1);
             QCoreApplication::processEvents(); // each takes its time
         }
         host.ChangeBusy(false);
@@ -103,6 +104,41 @@ private slots:
         QCOMPARE(scene.Names(), (QStringList{ "Delete P1", "Delete 2 processors" }));
     }
 
+    void aCommandDuringAJobKeepsItsPlace()
+    {
+        CScene scene;
+        scene.host.ChangeBusy(true); // a scan, which outlasts all
+        scene.Edit(CommandDelete, "A", CScene::At(1, 0, 3), CScene::At(2, 0, 2), 1);
+        scene.Edit(CommandRename, "B", 2);
+        scene.Edit(CommandDelete, "C", CScene::At(3, 0, 2), CScene::At(4, 0, 1), 2);
+        CScene::Settle();
+        scene.host.ChangeBusy(false);
+        QCOMPARE(scene.Names(), (QStringList{ "Delete C", "Rename to B", "Delete A" }));
+    }
+
+    void twoDeletionJobsOfOneBusyStateAreTwoSteps()
+    {
+        CScene scene;
+        scene.host.ChangeBusy(true);
+        scene.Edit(CommandDelete, "A", CScene::At(1, 0, 3), CScene::At(2, 0, 2), 1);
+        scene.Edit(CommandDelete, "B", CScene::At(2, 0, 2), CScene::At(3, 0, 1), 2);
+        scene.host.ChangeBusy(false);
+        QCOMPARE(scene.Names(), (QStringList{ "Delete B", "Delete A" }));
+    }
+
+    void twoUngroupsDuringAJobAreTwoSteps()
+    {
+        CScene scene;
+        QWidget widget;
+        scene.host.ChangeBusy(true);
+        scene.Edit(CommandUngroup, "Main stage", 1);
+        QTest::keyClick(&widget, Qt::Key_Space);
+        scene.Edit(CommandUngroup, "Foyer", 2);
+        CScene::Settle();
+        scene.host.ChangeBusy(false);
+        QCOMPARE(scene.Names(), (QStringList{ "Ungroup Foyer", "Ungroup Main stage" }));
+    }
+
     void aGroupIsNamedWithItsProcessors_data()
     {
         QTest::addColumn<int>("nMembers");
@@ -125,8 +161,8 @@ private slots:
     {
         CScene scene;
         scene.host.ChangeBusy(true);
-        scene.Edit(CommandDeleteGroup, "Main stage", CScene::At(1, 1, 5), CScene::At(2, 0, 2));
-        scene.Edit(CommandDelete, "Wall", CScene::At(2, 0, 2), CScene::At(3, 0, 1));
+        scene.Edit(CommandDeleteGroup, "Main stage", CScene::At(1, 1, 5), CScene::At(2, 0, 2), 1);
+        scene.Edit(CommandDelete, "Wall", CScene::At(2, 0, 2), CScene::At(3, 0, 1), 1);
         scene.host.ChangeBusy(false);
         QCOMPARE(scene.Names(), QStringList{ "Delete 1 group and 4 processors" });
     }
@@ -181,8 +217,8 @@ private slots:
     {
         CScene scene;
         scene.host.ChangeBusy(true);
-        scene.Edit(CommandDelete, "Wall", CScene::At(1, 0, 2), CScene::At(2, 0, 1));
-        scene.Edit(CommandDelete, "Door", CScene::At(3, 0, 2), CScene::At(4, 0, 1)); // a found node made it 3
+        scene.Edit(CommandDelete, "Wall", CScene::At(1, 0, 2), CScene::At(2, 0, 1), 1);
+        scene.Edit(CommandDelete, "Door", CScene::At(3, 0, 2), CScene::At(4, 0, 1), 1); // a found node made it 3
         scene.host.ChangeBusy(false);
         CScene::Settle();
 
@@ -198,8 +234,8 @@ private slots:
     {
         CScene scene;
         scene.host.ChangeBusy(true);
-        scene.Edit(CommandDelete, "Wall", CScene::At(1, 0, 2), CScene::At(2, 0, 1));
-        scene.Edit(CommandDelete, "Door", CScene::At(3, 0, 2), CScene::At(4, 0, 1));
+        scene.Edit(CommandDelete, "Wall", CScene::At(1, 0, 2), CScene::At(2, 0, 1), 1);
+        scene.Edit(CommandDelete, "Door", CScene::At(3, 0, 2), CScene::At(4, 0, 1), 1);
         scene.host.ChangeBusy(false);
         CScene::Settle();
         scene.host.fnReason = [](quint64 nTo) { return nTo == 1 ? ReasonAddressTaken : ReasonNone; };

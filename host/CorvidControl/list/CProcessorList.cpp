@@ -2,6 +2,7 @@
 
 #include "CorvidControl/devices/DeviceReport.h"
 #include "CorvidControl/list/FaultText.h"
+#include "CorvidControl/list/JobNumber.h"
 #include "CorvidControl/list/RestoreRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
@@ -368,7 +369,7 @@ void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 void CProcessorList::Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before)
 {
     if (command.origin == OriginUser) {
-        edits.Append({ command.command, command.strName, nNodes, before, TakeSnapshot(lock) });
+        edits.Append({ command.command, command.strName, nNodes, before, TakeSnapshot(lock), JobNumber::Get() });
     }
 }
 

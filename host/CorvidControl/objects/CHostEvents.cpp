@@ -1,5 +1,6 @@
 #include "CorvidControl/objects/CHostEvents.h"
 
+#include "CorvidControl/list/JobNumber.h"
 #include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/list/SFault.h"
 #include "CorvidControl/list/SListCommand.h"
@@ -28,5 +29,6 @@ void CHostEvents::Warn(const QString& strText)
 
 void CHostEvents::ReportRefusal(const SListCommand& command, const SFault& fault, const QString& strLine)
 {
-    emit CommandRefused({ command.command, command.strName, fault.reason, fault.strDetail, NameRules::GetLine(strLine) });
+    emit CommandRefused(
+        { command.command, command.strName, fault.reason, fault.strDetail, NameRules::GetLine(strLine), JobNumber::Get() });
 }

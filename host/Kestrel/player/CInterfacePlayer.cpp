@@ -45,6 +45,11 @@ QString CInterfacePlayer::TakePicture(const QString& strFile) const
     return bWritten ? QString() : QStringLiteral("Cannot write the picture '%1'").arg(strFile);
 }
 
+bool CInterfacePlayer::HasMovedJournal() const
+{
+    return bJournalMoved;
+}
+
 void CInterfacePlayer::Play(const QJsonObject& mark)
 {
     // Counted first: a pressed button may open a dialog, and the marks behind it are played within that call.
@@ -135,5 +140,6 @@ void CInterfacePlayer::Press(const QString& strToolTip)
 
 void CInterfacePlayer::ShowJournal(bool bShown)
 {
+    bJournalMoved = true;
     window.findChild<QDockWidget*>(QStringLiteral("JournalDock"))->setVisible(bShown);
 }

@@ -23,6 +23,9 @@ public:
     /// Writes a picture of the window; returns why it could not, or an empty text.
     QString TakePicture(const QString& strFile) const;
 
+    /// Whether a mark has opened or shut the journal.
+    bool HasMovedJournal() const;
+
 signals:
     /// The file is written.
     void PictureTaken(const QString& strFile);
@@ -46,6 +49,7 @@ private:
     const SControlPointers& pointers;
     const QJsonArray marks;
     const QString strFolder;
+    bool bJournalMoved = false;
     int nDone = 0;     ///< marks that were begun
     int nPictures = 0; ///< the number in the last file's name
 };

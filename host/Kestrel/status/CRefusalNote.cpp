@@ -22,21 +22,25 @@ CRefusalNote::CRefusalNote(QWidget* parent) : CElidedLabel(parent)
     Forget();
 }
 
-void CRefusalNote::Say(const std::function<QString()>& fnTextNew)
+void CRefusalNote::Say(const SRefusal& refusalNew, const std::function<QString()>& fnTextNew)
 {
     Q_ASSERT(GuiThread::IsCurrent());
+    if (bFresh && refusal.nJob == refusalNew.nJob) {
+        return;
+    }
+    refusal = refusalNew;
     fnText = fnTextNew;
     bFresh = true;
     // Behind the other commands of the turn, which are in the queue already.
-    QMetaObject::invokeMethod(this, [this] { bFresh = bFresh && bBusy; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this] { bFresh = bFresh && bBusy && refusal.nJob != 0; }, Qt::QueuedConnection);
     UpdateText();
     show();
     timer.start();
 }
 
-void CRefusalNote::NoteSuccess()
+void CRefusalNote::NoteSuccess(quint64 nJob)
 {
-    if (!bFresh) {
+    if (!bFresh || nJob != refusal.nJob) {
         Forget();
     }
 }
@@ -45,6 +49,13 @@ void CRefusalNote::SetBusy(bool bBusyNow)
 {
     bFresh = bFresh && (bBusyNow || !bBusy);
     bBusy = bBusyNow;
+}
+
+void CRefusalNote::Review(const std::function<bool(const SRefusal&)>& isOver)
+{
+    if (fnText && isOver(refusal)) {
+        Forget();
+    }
 }
 
 void CRefusalNote::changeEvent(QEvent* event)
@@ -58,6 +69,7 @@ void CRefusalNote::changeEvent(QEvent* event)
 void CRefusalNote::Forget()
 {
     fnText = nullptr;
+    bFresh = false;
     timer.stop();
     hide();
 }

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "Kestrel/CElidedLabel.h"
+#include "controlhost/SRefusal.h"
 
 #include <QTimer>
 
 #include <functional>
 
-/// The part of the status bar that says why the last command was refused: until the next one succeeds, at most for two
-/// minutes. Hidden while there is nothing to say. GUI thread.
+/// The part of the status bar that says why the last command was refused: until the next one succeeds or the reason has
+/// gone, at most for two minutes. Of many that were commanded at once it is the first: the others follow from it. Hidden
+/// while there is nothing to say. GUI thread.
 class CRefusalNote : public CElidedLabel
 {
     Q_OBJECT
@@ -17,15 +19,18 @@ public:
 
     explicit CRefusalNote(QWidget* parent);
 
-    /// fnText gives one line in the present language; it is asked again when the language has changed.
-    void Say(const std::function<QString()>& fnText);
+    /// fnTextNew gives one line in the present language; it is asked again when the language has changed.
+    void Say(const SRefusal& refusalNew, const std::function<QString()>& fnTextNew);
 
-    /// A command has succeeded. One of the same turn or job as the refusal does not take the reason away: of many that
-    /// were commanded at once some may be refused.
-    void NoteSuccess();
+    /// A command of that SListEdit::nJob has succeeded. One of the same turn or job as the refusal does not take the
+    /// reason away: of many that were commanded at once some may be refused.
+    void NoteSuccess(quint64 nJob);
 
-    /// A job of the panel begins or ends.
+    /// Jobs of the panel are under way or have all ended.
     void SetBusy(bool bBusyNow);
+
+    /// Takes the reason away when isOver says so of what is shown.
+    void Review(const std::function<bool(const SRefusal&)>& isOver);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -34,6 +39,7 @@ private:
     void Forget();
     void UpdateText();
 
+    SRefusal refusal; ///< what is shown
     std::function<QString()> fnText;
     QTimer timer;
     bool bFresh = false; ///< of this turn or job

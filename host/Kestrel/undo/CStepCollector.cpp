@@ -50,13 +50,15 @@ void Add(SUndoStep& step, const SListEdit& edit)
 
 void CStepCollector::TakeEdit(const SListEdit& edit)
 {
-    std::optional<SUndoStep>& step = bBusy && IsDeletion(edit.command) ? stepJob : stepTurn;
-    if (step && !Joins(*step, edit)) {
-        Close(step);
+    const bool bJob = bBusy && edit.nJob != 0 && IsDeletion(edit.command);
+    const quint64 nJobOfEdit = bJob ? edit.nJob : 0;
+    if (step && (nJobOfEdit != nJob || !Joins(*step, edit))) {
+        Close();
     }
     if (!step) {
         step.emplace();
-        emit StepBegun();
+        nJob = nJobOfEdit;
+        emit StepBegun(edit.nJob);
     }
     Add(*step, edit);
 }
@@ -64,18 +66,21 @@ void CStepCollector::TakeEdit(const SListEdit& edit)
 void CStepCollector::SetBusy(bool bBusyNow)
 {
     bBusy = bBusyNow;
-    if (!bBusy) {
-        Close(stepJob);
+    if (!bBusy && nJob != 0) {
+        Close();
     }
 }
 
 void CStepCollector::EndTurn()
 {
-    Close(stepTurn);
+    if (nJob == 0) {
+        Close();
+    }
 }
 
-void CStepCollector::Close(std::optional<SUndoStep>& step)
+void CStepCollector::Close()
 {
+    nJob = 0;
     if (step) {
         const SUndoStep stepDone = *step;
         step.reset();

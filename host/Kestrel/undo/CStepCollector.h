@@ -6,8 +6,9 @@
 
 #include <optional>
 
-/// Groups commands into steps: the deletions of one busy state, the moves of one drop, a group and what was moved into
-/// it. Commands between which nothing else has changed the list share one pair of snapshots. One thread.
+/// Groups commands into steps: the deletions of one job, the moves of one drop, a group and what was moved into it. One
+/// step grows at a time, so that steps have the order of the changes: a command in the middle of a job parts the job's
+/// deletions. Commands between which nothing else has changed the list share one pair of snapshots. One thread.
 class CStepCollector : public QObject
 {
     Q_OBJECT
@@ -15,7 +16,7 @@ class CStepCollector : public QObject
 public:
     void TakeEdit(const SListEdit& edit);
 
-    /// A job of the panel begins or ends; its end closes the step of its deletions.
+    /// Jobs of the panel are under way or have all ended, which closes the step of a job's deletions.
     void SetBusy(bool bBusyNow);
 
     /// What comes now is another command of the user.
@@ -23,12 +24,12 @@ public:
 
 signals:
     void StepReady(const SUndoStep& step); ///< complete
-    void StepBegun();                      ///< by a command that belongs to no step before
+    void StepBegun(quint64 nJob);          ///< by a command that belongs to no step before, of that SListEdit::nJob
 
 private:
-    void Close(std::optional<SUndoStep>& step);
+    void Close();
 
-    std::optional<SUndoStep> stepTurn; ///< that grows in this turn
-    std::optional<SUndoStep> stepJob;  ///< that grows until the end of the busy state
+    std::optional<SUndoStep> step; ///< that grows
+    quint64 nJob = 0;              ///< whose deletions it takes; 0: it ends with the turn
     bool bBusy = false;
 };

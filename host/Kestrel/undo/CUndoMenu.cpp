@@ -178,7 +178,7 @@ void CUndoMenu::ShowEarlier()
 
 void CUndoMenu::SayRefusal(const SUndoStep& step, bool bRedo, const SRefusal& refusal)
 {
-    note.Say([step, bRedo, refusal] {
+    note.Say(refusal, [step, bRedo, refusal] {
         const QString strWhich = bRedo ? tr("Redo of “%1”") : tr("Undo of “%1”");
         return RefusalText::Join(strWhich.arg(StepName::Get(step)), refusal);
     });

@@ -87,7 +87,7 @@ void CUndoSteps::Undo()
     }
     pCommand->nRefused = 0;
     stack.undo();
-    emit CommandDone();
+    emit CommandDone(0);
 }
 
 void CUndoSteps::Redo()
@@ -103,7 +103,7 @@ void CUndoSteps::Redo()
         return;
     }
     stack.redo();
-    emit CommandDone();
+    emit CommandDone(0);
 }
 
 bool CUndoSteps::IsStuck() const

@@ -49,8 +49,10 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    void Changed();     ///< what the questions above answer
-    void CommandDone(); ///< a command of the user, or its undo, has changed the list
+    void Changed(); ///< what the questions above answer
+
+    /// A command of the user, of that SListEdit::nJob, has changed the list, or its undo, with 0.
+    void CommandDone(quint64 nJob);
 
     /// The reason is in refusal; bRedo says which way it was to go.
     void RestoreRefused(const SUndoStep& step, bool bRedo, const SRefusal& refusal);
