@@ -266,7 +266,7 @@ void ShowAllTexts(CScene& kestrel)
     pSearch->setText(QStringLiteral("Roof"));
     auto* pStatus = qobject_cast<CHostStatus*>(kestrel.window.statusBar());
     const SRefusal refusal{ CommandRename, QStringLiteral("Wall left"), ReasonTooManyNumbers, {}, {} };
-    pStatus->GetRefusalNote().Say([refusal] { return RefusalText::Get(refusal); });
+    pStatus->GetRefusalNote().Say(refusal, [refusal] { return RefusalText::Get(refusal); });
     const QDateTime time = QDateTime::currentDateTime();
     pStatus->findChild<CBusyIndicator*>()->SetState(true, time, { { "Adding the processor at 192.168.100.200", time, 12, 40 } });
     QTRY_COMPARE(StatusFaults::CountTexts(*pStatus), 9);
