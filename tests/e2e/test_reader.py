@@ -5,7 +5,7 @@ import re
 
 import desktop
 import speech
-from listfile import group, processor, short_id
+from listfile import group, processor
 from scene import SHOTS, Scene
 
 PAGE = pathlib.Path(__file__).parents[2] / "docs" / "screen-reader.md"
