@@ -129,6 +129,10 @@ class Desktop:
     def key(self, *names):
         self.xdotool("key", *names)
 
+    def start_key(self, name):
+        """The process that presses the key, which may take effect before its end."""
+        return subprocess.Popen(["xdotool", "key", name], env=self.environment)
+
     def hold_key(self, name, seconds):
         """Holds a key down; the server repeats it after a while."""
         self.xdotool("keydown", name)

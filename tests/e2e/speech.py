@@ -8,6 +8,7 @@ import os
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
 import gi
@@ -28,10 +29,21 @@ _ACCESSIBLE = "org.a11y.atspi.Accessible"
 
 def main():
     """Runs each test of this script, or those that are named, as a process on buses of its own."""
-    if _OWN_BUS in os.environ:
+    if has_own_bus():
         unittest.main(verbosity=2)
-    failed = [name for name in _tests() if not _passes_on_own_bus(name)]
+    failed = [name for name in _tests() if run_on_own_bus(name) != 0]
     sys.exit(f"failed: {' '.join(failed)}" if failed else 0)
+
+
+def has_own_bus():
+    return _OWN_BUS in os.environ
+
+
+def run_on_own_bus(*arguments):
+    """Runs this script with those arguments as a process on buses of its own; its exit code."""
+    with tempfile.TemporaryDirectory(prefix="speech-") as runtime:  # without it all buses of a user share one socket
+        environment = dict(os.environ, **{_OWN_BUS: "1", "XDG_RUNTIME_DIR": runtime})
+        return subprocess.run(["dbus-run-session", "--", sys.executable, sys.argv[0], *arguments], env=environment).returncode
 
 
 def _tests():
@@ -43,13 +55,6 @@ def _tests():
 
 def _flat(suite):
     return [suite] if isinstance(suite, unittest.TestCase) else [test for part in suite for test in _flat(part)]
-
-
-def _passes_on_own_bus(name):
-    with tempfile.TemporaryDirectory(prefix="speech-") as runtime:  # without it all buses of a user share one socket
-        environment = dict(os.environ, **{_OWN_BUS: "1", "XDG_RUNTIME_DIR": runtime})
-        done = subprocess.run(["dbus-run-session", "--", sys.executable, sys.argv[0], name], env=environment)
-    return done.returncode == 0
 
 
 def _ask(connection, service, path, interface, method, arguments=None):
@@ -116,6 +121,14 @@ class Reader:
         while context.iteration(False):
             pass
         return True
+
+    def hears_row(self, name, deadline):
+        """Whether the row of that name is said last within those seconds; without a pause between two looks."""
+        end = time.monotonic() + deadline
+        is_said = lambda: self.lines[-1].startswith(f"table cell | {name}")
+        while not is_said() and time.monotonic() < end:
+            GLib.MainContext.default().iteration(False)
+        return is_said()
 
     def wait_for(self, line, after=0):
         """Listens until that line is said, behind so many lines."""

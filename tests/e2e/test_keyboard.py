@@ -236,7 +236,7 @@ class Undo(Keyboard):
         self.write("alpha")
         self.press("Return")
         self.assertIn(short_id("alpha"), self.selected_by("End"))
-        self.press("ctrl+f", "End", "ctrl+z", "Return")
+        self.press("ctrl+f", "End", "ctrl+z", "ctrl+z", "Return")
         self.assertIn(short_id("three"), self.selected_by("End"), "all rows are shown again")
         self.assertEqual(self.outline_after_quit(), self.RENAMED)
 

@@ -3,11 +3,14 @@
 import pathlib
 import re
 
+import desktop
 import speech
-from listfile import group, processor, short_id
+from listfile import group, processor
 from scene import SHOTS, Scene
 
 PAGE = pathlib.Path(__file__).parents[2] / "docs" / "screen-reader.md"
+TRIES = 3  # of a step that a refresh undoes
+UNDONE = 5.0  # seconds after which a step has been undone
 
 
 class Listening(Scene):
@@ -29,9 +32,18 @@ class Listening(Scene):
         self.reader.wait_for(line, before)
         return self.reader.lines[before:]
 
-    def said_after_renaming(self, old, new):
-        """The focus may be back in the list before the library has renamed."""
-        return [line for line in self.said_after(new, "Return") if line != old]
+    def said_below(self, line):
+        """Down; what is said until and with that line. A refresh that comes between undoes a step, which is made again."""
+        before = len(self.reader.lines)
+        for _ in range(TRIES):
+            self.desktop.key("Down")
+            if desktop.poll(lambda: self.reader.listen() and line in self.reader.lines[before:], UNDONE):
+                return self.reader.lines[before:]
+        raise desktop.Failure(f"'{line}' is not said; said was {self.reader.lines[before:]}")
+
+    def said_after_renaming(self, name, line):
+        """The focus may be back in the list before the library has renamed: of the old name nothing counts."""
+        return [said for said in self.said_after(line, "Return") if not said.startswith(f"table cell | {name},")]
 
 
 def tower():
@@ -49,6 +61,16 @@ def tower_rows():
     return names + [f"Spare {n}, online" for n in range(1, 7)]
 
 
+def wall_line(floor, n, online=None):
+    online = n % 5 != 0 if online is None else online
+    state, project = ("online", "project Aurora, ") if online else ("offline", "")
+    return f"table cell | Wall {floor}.{n}, {state} | {project}group Floor {floor}, 10.0.{floor}.{n} | selected, folded"
+
+
+def floor_line(floor):
+    return f"table cell | Floor {floor}, group, 18 processors | selected, unfolded"
+
+
 class Rows(Listening):
     LIST = staticmethod(tower)
 
@@ -59,22 +81,27 @@ class Rows(Listening):
         self.assertEqual(self.kestrel.quit(), 0)
 
     def test_every_row_is_said_on_the_way_down(self):
-        for name in tower_rows()[1:]:
-            self.desktop.key("Down")
-            speech.desktop.wait_until(f"'{name}' to be said", lambda: self.reader.listen() and self.last_row() == name)
-        self.assertEqual([line.split(" | ")[1] for line in self.reader.lines[1:]], tower_rows()[1:])
+        for row in self.lines_of_tower():
+            self.said_below(row)
+        self.assertEqual(self.reader.lines[1:], self.lines_of_tower())
         self.assertEqual(self.kestrel.quit(), 0)
 
-    def last_row(self):
-        return self.reader.lines[-1].split(" | ")[1]
+    @staticmethod
+    def lines_of_tower():
+        lines = []
+        for floor in range(1, 4):
+            lines.append(floor_line(floor))
+            lines += [wall_line(floor, n) for n in range(1, 19)]
+        return lines + [f"table cell | Spare {n}, online | 10.1.0.{n} | selected, folded" for n in range(1, 7)]
 
     def test_a_renamed_row_says_its_new_name(self):
-        row = "table cell | Wall 1.1, online | project Aurora, group Floor 1, 10.0.1.1 | selected, folded"
-        self.said_after(row, "Down", "Down")
+        row = wall_line(1, 1)
+        self.said_below(floor_line(1))
+        self.said_below(row)
         self.said_after("text | Name of Wall 1.1", "F2")
         self.desktop.type("Door")
         renamed = row.replace("Wall 1.1", "Door")
-        self.assertEqual(self.said_after_renaming(row, renamed), ["tree | Discovered processors", renamed])
+        self.assertEqual(self.said_after_renaming("Wall 1.1", renamed), ["tree | Discovered processors", renamed])
         self.assertIn("  Door", self.outline_after_quit())
 
 
@@ -84,12 +111,12 @@ class DroppingOut(Listening):
         { "at": 12.0, "do": "offline", "node": "Wall 1.2" }, { "at": 13.0, "do": "offline", "node": "Wall 1.1" } ] }"""
 
     def test_only_the_row_with_the_focus_says_that_it_has_dropped_out(self):
-        row = "table cell | Wall 1.1, online | project Aurora, group Floor 1, 10.0.1.1 | selected, folded"
-        self.said_after(row, "Down", "Down")
+        self.said_below(floor_line(1))
+        self.said_below(wall_line(1, 1))
         self.assertEqual(self.kestrel.journal("^offline", "note"), [], "the walk was over before")
-        off = "table cell | Wall 1.1, offline | group Floor 1, 10.0.1.1 | selected, folded"
+        off = wall_line(1, 1, online=False)
         self.assertEqual(self.said_after(off), [off])
-        below = self.said_after("table cell | Wall 1.2, offline | group Floor 1, 10.0.1.2 | selected, folded", "Down")
+        below = self.said_below(wall_line(1, 2, online=False))
         self.assertEqual(len(below), 1)
         self.assertEqual(self.kestrel.quit(), 0)
 
@@ -129,17 +156,17 @@ class Day(Listening):
         self.assertEqual(self.story, shown.splitlines(), f"what was said stands in {actual}; the page shows something else")
 
     def walk(self):
-        self.step("Down", self.GROUP, "Down")
-        self.step("Down", self.LEFT, "Down")
+        self.story += ["-- Down", *self.said_below(self.GROUP)]
+        self.story += ["-- Down", *self.said_below(self.LEFT)]
         self.step("Wall left drops out", self.LEFT_OFF)
-        self.step("Down", self.RIGHT, "Down")
-        self.step("Down", self.LOBBY, "Down")
-        self.step("Down", self.SPARE, "Down")
+        self.story += ["-- Down", *self.said_below(self.RIGHT)]
+        self.story += ["-- Down", *self.said_below(self.LOBBY)]
+        self.story += ["-- Down", *self.said_below(self.SPARE)]
 
     def rename(self):
         self.step("F2", "text | Name of Spare", "F2")
         self.desktop.type("Foyer")
-        self.story += ["-- Foyer, Return", *self.said_after_renaming(self.SPARE, self.FOYER)]
+        self.story += ["-- Foyer, Return", *self.said_after_renaming("Spare", self.FOYER)]
 
     def command(self):
         self.step("Ctrl+F", "text | Search", "ctrl+f")
