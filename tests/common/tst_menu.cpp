@@ -2,6 +2,7 @@
 #include "interfaces/widgets/CMenu.h"
 
 #include <QPushButton>
+#include <QScreen>
 
 /// Each test has a menu with three entries.
 class CMenuTest : public QObject
@@ -44,6 +45,32 @@ private slots:
         QVERIFY(pMenu->width() > pMenu->fontMetrics().horizontalAdvance(QStringLiteral("Gamma")));
         const QRect rcEntry = pMenu->actionGeometry(pMenu->actions().first());
         QVERIFY(rcEntry.width() > pMenu->width() - 10 && rcEntry.width() <= pMenu->width());
+    }
+
+    void namesThatAreTooLongForTheScreenAreElided()
+    {
+        const QString strWide = QStringLiteral("Gallery ") + QString(200, QLatin1Char('W'));
+        QAction* pWide = pMenu->addAction(strWide);
+        QAction* pTipped = pMenu->addAction(strWide + QStringLiteral(" too"));
+        pTipped->setToolTip("Its own");
+        const int nScreen = pWindow->screen()->availableGeometry().width();
+
+        pMenu->popup(QPoint(10, 10));
+
+        QVERIFY2(pMenu->sizeHint().width() <= nScreen && pMenu->width() <= nScreen, qPrintable(QString::number(pMenu->width())));
+        QVERIFY(pWide->text().startsWith("Gallery W") && pWide->text().contains(QChar(0x2026)) && pWide->text().endsWith('W'));
+        QVERIFY(pMenu->fontMetrics().horizontalAdvance(pWide->text()) <= pMenu->actionGeometry(pWide).width());
+        QVERIFY(pWide->toolTip().contains(strWide) && pMenu->toolTipsVisible());
+        QCOMPARE(pTipped->toolTip(), QString("Its own"));
+        QCOMPARE(pMenu->actions().first()->text(), QString("Alpha"));
+        QTest::keyClicks(pMenu, strWide); // past what is shown of it
+        QCOMPARE(pMenu->activeAction(), pWide);
+        QString strChosen;
+        connect(pMenu, &QMenu::triggered, this, [&](const QAction* pAction) { strChosen = pAction->text(); });
+        QTest::keyClick(pMenu, Qt::Key_Return);
+        QCOMPARE(strChosen, strWide);
+        QCOMPARE(pWide->toolTip(), strWide);
+        QCOMPARE(pTipped->toolTip(), QString("Its own"));
     }
 
     void minimumWidthCountsAfterTheFirstOpening()
