@@ -118,8 +118,8 @@ private slots:
         CSimulatedNetwork network({ {}, {}, {}, std::chrono::minutes(10) });
         CDeviceCommands commands(processors, jobs, network);
         network.SetListener([&](const SProcessorNode& device) { processors.ApplyReport(device); });
+        processors.SetNetwork(network);
         processors.ReplaceList(Root({ Group("Stage", { Processor("alpha").Online().Project("Aurora") }) }));
-        commands.FollowList({});
         std::thread deletion([&] { commands.DeleteGroup(GroupId("Stage"), true); });
         QTRY_COMPARE(jobs.GetRunning().size(), 1);
         bRefused ? host.SetProject("Aurora") : processors.MoveProcessor(ProcessorId("alpha"), QUuid());

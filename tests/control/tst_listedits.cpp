@@ -88,6 +88,12 @@ private slots:
         QTest::newRow("rename a group") << Command(
             [](CControlHost&) { g_pPrcListControl->RenameGroup(GroupId("Hall"), "Foyer"); })
                                         << int(CommandRename) << "Foyer" << 1;
+        QTest::newRow("rename in two lines")
+            << Command([](CControlHost&) { g_pPrcListControl->RenameGroup(GroupId("Hall"), " New\nfoyer "); })
+            << int(CommandRename) << "New foyer" << 1;
+        QTest::newRow("add a group with blanks")
+            << Command([](CControlHost&) { g_pPrcListControl->AddGroup(Group(" Foyer "), true); }) << int(CommandAddGroup)
+            << "Foyer" << 1;
         QTest::newRow("move") << Command(
             [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("loose"), GroupId("Hall")); })
                               << int(CommandMove) << "loose" << 1;

@@ -9,6 +9,7 @@
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
 #include "TestMain.h"
+#include "controlhost/CJobs.h"
 
 #include <QDir>
 #include <QProcess>
@@ -374,7 +375,8 @@ private slots:
         CHostEvents events;
         const CHostState host(dispatcher, events);
         CProcessorList processors(dispatcher, events, host, {});
-        CListStore store(processors, events, pFixture->GetPath());
+        CJobs jobs;
+        CListStore store(processors, jobs, events, pFixture->GetPath());
         QVERIFY(store.Load());
         processors.ReplaceList(Root({}, { Processor("alpha=beta") }));
         ExpectWarning("The list is not being saved");
@@ -403,7 +405,8 @@ private slots:
         CHostEvents events;
         const CHostState host(dispatcher, events);
         CProcessorList processors(dispatcher, events, host, {});
-        CListStore store(processors, events, pFixture->GetPath());
+        CJobs jobs;
+        CListStore store(processors, jobs, events, pFixture->GetPath());
         QVERIFY(store.Load());
         processors.ApplyReport(device);
         if (device.idNode != ProcessorId("alpha")) {

@@ -176,7 +176,7 @@ private slots:
         const QString strLong(235, 'x'); // with a date the name is too long
         COwnList longNamed(pFixture->GetPath(strLong), {}, *pClock);
         longNamed.Load();
-        QCOMPARE(longNamed.Overwrite(BuildEdition(1), ListFormat::Write(BuildEdition(2).node)).result, SListSave::NotWritten);
+        QCOMPARE(longNamed.Overwrite(BuildEdition(1), ListFormat::Write(BuildEdition(2).node)).result, SListSave::NotKept);
         QVERIFY(!QFile::exists(pFixture->GetPath(strLong)));
     }
 

@@ -70,7 +70,7 @@ class CBareList
 {
 public:
     explicit CBareList(const QString& strPath)
-        : host(dispatcher, events), processors(dispatcher, events, host, {}), store(processors, events, strPath)
+        : host(dispatcher, events), processors(dispatcher, events, host, {}), store(processors, jobs, events, strPath)
     {
         processors.SetEditListener([this] { ++nEdits; });
     }
@@ -79,6 +79,7 @@ public:
     CHostEvents events;
     const CHostState host;
     CProcessorList processors;
+    CJobs jobs;
     CListStore store;
     int nEdits = 0;
 };

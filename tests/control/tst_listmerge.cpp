@@ -133,9 +133,11 @@ private slots:
         row("before what came since", "a", "a b", "a new", "a b new");
         row("to the end of the root when its group is gone", "S: a | x", "S: a b | x", "x new", "x new b");
         row("not when it was found again", "a", "a b", "a new b", "a new b");
+        row("to its group when it was found again", "S: | x", "S: a | x", "S: | H: | x new a", "S: a | H: | x new");
+        row("not when it was moved to another since", "S: | x", "S: a | x", "S: | H: a | x", "S: | H: a | x");
         row("a deleted group comes back with its processors", "H: | x", "S: a b | H: | x", "H: | x", "S: a b | H: | x");
         row("behind the groups that came since", "", "S: a | ", "New: | ", "S: a | New: | ");
-        row("without a processor that was found again", "x", "S: a b | x", "x a", "S: b | x a");
+        row("without a processor that was found again", "x", "S: a b | x", "x a", "S: a b | x");
         row("an added processor goes", "a b", "a", "a b new", "a new");
         row("it went already", "a b", "a", "a", "a");
         row("an added group goes", "S: | x", "x", "S: | x", "x");
@@ -201,8 +203,17 @@ private slots:
     void aChiefThatComesBackLeadsItsGroupAgain()
     {
         const SProcessorAllNode to = Chief(Tree("S: a b | "), "a");
-        const SProcessorAllNode present = Chief(Tree("S: b | "), "b");
-        QCOMPARE(ListText::Build(PaneMerge::Merge(Tree("S: b | "), to, present).result), ListText::Build(to));
+        QCOMPARE(ListText::Build(PaneMerge::Merge(Tree("S: b | "), to, Tree("S: b | ")).result), ListText::Build(to));
+    }
+
+    void aChiefThatCameFromOutsideSinceStays()
+    {
+        const SProcessorAllNode with = Chief(Tree("S: a b | "), "a");
+        const SProcessorAllNode without = Tree("S: b | ");
+        QCOMPARE(ListText::Build(PaneMerge::Merge(without, with, Chief(without, "b")).result),
+                 ListText::Build(Chief(Tree("S: a b | "), "b")));
+        QCOMPARE(ListText::Build(PaneMerge::Merge(with, without, Chief(Tree("S: a b | "), "b")).result),
+                 ListText::Build(Chief(without, "b")));
     }
 
     void aChiefWhoseGroupIsGoneIsNoneAnyMore()
@@ -226,8 +237,16 @@ private slots:
         present.listGroup[0].listProcessor[0].strProject = "Aurora";
         present.listGroup[0].listProcessor[0].nFailover = 2;
         SProcessorAllNode from = Tree("S: a b | ");
-        from.listGroup[0].listProcessor[0].bOnline = false;
-        const SPaneMerge merge = PaneMerge::Merge(from, Tree("S: a | "), present);
+        SProcessorAllNode to = Tree("S: a | ");
+        for (SProcessorAllNode* pTree : { &from, &to }) { // each differs from the present, and they differ from each other
+            pTree->bExpanded = pTree == &from;
+            pTree->listGroup[0].bExpanded = pTree == &to;
+            pTree->listGroup[0].listProcessor[0].bExpanded = pTree == &to;
+            pTree->listGroup[0].listProcessor[0].bOnline = pTree == &from;
+            pTree->listGroup[0].listProcessor[0].strProject = pTree == &from ? "Nocturne" : "";
+            pTree->listGroup[0].listProcessor[0].nFailover = pTree == &from ? 1 : 0;
+        }
+        const SPaneMerge merge = PaneMerge::Merge(from, to, present);
         QVERIFY(!merge.result.bExpanded && !merge.result.listGroup[0].bExpanded);
         QCOMPARE(merge.result.listGroup[0].listProcessor[0], present.listGroup[0].listProcessor[0]);
         QCOMPARE(merge.listGone.size(), 1);

@@ -54,6 +54,10 @@ private slots:
         name("an override", QString("a") + QChar(0x202E) + "b", ReasonNameDirection);
         name("an equals sign", "a=b", ReasonNameCharacters, QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"));
         name("a long name", QString(65, 'x'), ReasonNameLength, "64");
+        row("a name of two lines", CommandRename, "a= b", ReasonNameCharacters,
+            QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"), [](CControlHost&) { Rename("alpha", " a=\nb"); });
+        row("a file of two lines", CommandImport, "no where", ReasonFileGone, {},
+            [](CControlHost&) { g_pPrcListControl->ImportList("no\nwhere"); });
         row("renaming what is gone", CommandRename, "x", ReasonGone, {}, [](CControlHost&) { Rename("nobody", "x"); });
         row("moving what is gone", CommandMove, {}, ReasonGone, {},
             [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("nobody"), {}); });
@@ -120,6 +124,7 @@ private slots:
         row("move", CommandMove, [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("beta"), {}); });
         row("the Chief", CommandChief, [](CControlHost& host) { host.SetChief(GroupId("Stage"), ProcessorId("beta")); });
         row("import", CommandImport, [](CControlHost&) { g_pPrcListControl->ImportList("other.kvtl"); });
+        row("scan", CommandScan, [](CControlHost&) { g_pPrcBasicControl->RefreshProcessors(); });
         row("restore", CommandRestore, [](CControlHost& host) { host.RestoreList({}, host.GetSnapshot()); });
         row("use the refused list", CommandUseRefused, [](CControlHost& host) { host.UseRefusedList(); });
     }

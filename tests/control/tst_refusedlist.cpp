@@ -10,6 +10,7 @@
 #include "TestMain.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
 
@@ -160,6 +161,14 @@ private slots:
         QVERIFY(!list.bUsable);
         QCOMPARE(list.nGroups + list.nProcessors, 0);
         QVERIFY(!list.listFault.isEmpty());
+    }
+
+    void aRowOfEndsIsReadInItsTime()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!ListSalvage::Read('{' + QByteArray(1500000, '}') + "x", {}).bUsable);
+        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
     }
 
     void damageAnywhereCostsFewNodes_data()
@@ -354,6 +363,8 @@ private slots:
             ExpectRefused(static_cast<EnRefusalReason>(nReason));
             QVERIFY(faults.GetFailed() > 0);
         }
+        ExpectWarning("The list is not being saved");
+        QVERIFY(!pFixture->pHost->SaveList().isEmpty());
         QCOMPARE(pFixture->Read("list.kvtl"), bytes);
         QCOMPARE(CControlFixture::GetText(), QString("all*\n  Foyer"));
         QVERIFY(!pFixture->pHost->GetListError().isEmpty());

@@ -1,7 +1,9 @@
 #include "Builders.h"
 #include "CControlFixture.h"
 #include "CEditRecorder.h"
+#include "CFileFaults.h"
 #include "CNameRegistry.h"
+#include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CControlLibrary.h"
 #include "ListText.h"
@@ -9,6 +11,7 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <random>
 #include <thread>
 
@@ -90,6 +93,150 @@ private slots:
         QCOMPARE(GetText(), strBefore);
         QVERIFY(Redo(2));
         QCOMPARE(GetText(), strAfter);
+    }
+
+    void anImportAndItsUndoLeaveWhatDevicesReport()
+    {
+        pFixture->Write("other.kvtl",
+                        ListFormat::Write(Root({},
+                                               { Processor("alpha").Ip("192.168.1.20"),
+                                                 Processor("loose").Ip("192.168.1.22").Online().Project("Nocturne").Backup() })));
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        pLibrary->network.SetRole(ProcessorId("alpha"), 1);
+        for (const bool bUndone : { false, true }) {
+            QVERIFY(!bUndone || Undo(0));
+            const SProcessorNode alpha = CControlFixture::GetProcessor("alpha");
+            QVERIFY(alpha.bOnline && alpha.strProject == "Aurora" && alpha.nFailover == 1);
+            QVERIFY(CControlFixture::GetProcessor("loose").strProject.isEmpty());
+            QCOMPARE(CControlFixture::GetProcessor("loose").nFailover, 0);
+        }
+    }
+
+    void anImportTakesWhatIsHeardOfProcessorsThatCome()
+    {
+        const SProcessorNode newcomer = CSimulatedNetwork::BuildDevice(0xC0A80164, "Newcomer 1");
+        pFixture->Write(
+            "other.kvtl",
+            ListFormat::Write(Root({}, { Processor("named").NodeId(newcomer.idNode).Ip(newcomer.nIP).Project("Aurora") })));
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        const SProcessorNode named = CControlFixture::GetProcessor("named");
+        QVERIFY(named.bOnline && named.strProject.isEmpty());
+        pLibrary->network.SetOnline(named.idNode, false);
+        QVERIFY(!CControlFixture::GetProcessor("named").bOnline);
+        QVERIFY(Undo(0));
+        pLibrary->network.SetOnline(ProcessorId("beta"), true);
+        QVERIFY(CControlFixture::GetProcessor("beta").bOnline);
+    }
+
+    void anImportIsAJob()
+    {
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Foyer") })));
+        QStringList listJob;
+        EnRefusalReason reason = ReasonNone;
+        const SListSnapshot snapshot = pLibrary->processors.GetSnapshot();
+        const CFileFaults faults(CFileFaults::CallRename, "*list.kvtl", [&] {
+            listJob = pLibrary->jobs.GetRunning();
+            reason = pLibrary->history.FindFault(snapshot, snapshot).reason;
+        });
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        QCOMPARE(listJob, QStringList{ "Importing " + pFixture->GetPath("other.kvtl") });
+        QCOMPARE(reason, ReasonBusy);
+        QCOMPARE(pLibrary->jobs.GetRunning(), QStringList());
+    }
+
+    void whatIsDoneWhileAnImportWritesIsKept()
+    {
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Foyer") })));
+        {
+            const CFileFaults faults(CFileFaults::CallRename, "*list.kvtl",
+                                     [] { g_pPrcListControl->RenameGroup(GroupId("Hall"), "Meanwhile"); });
+            QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        }
+        const QStringList listEarlier = pFixture->ListFiles({ "list.2*.kvtl" });
+        QCOMPARE(listEarlier.size(), 2);
+        const bool bKept
+            = pFixture->Read(listEarlier.at(0)).contains("Meanwhile") || pFixture->Read(listEarlier.at(1)).contains("Meanwhile");
+        QVERIFY(bKept);
+    }
+
+    void aLockThatComesWhileAnImportWritesIsKept()
+    {
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Foyer") })));
+        const QByteArray bytes = pFixture->Read("list.kvtl");
+        const QString strText = GetText();
+        {
+            const CFileFaults faults(CFileFaults::CallRename, "*list.kvtl", [&] { pLibrary->host.SetLocked(true); });
+            QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 6);
+        }
+        QCOMPARE(pRecorder->GetRefusals().value(0).reason, ReasonListLocked);
+        QCOMPARE(GetText(), strText);
+        QCOMPARE(pFixture->Read("list.kvtl"), bytes);
+    }
+
+    void aRestoreThatTakesManyKeepsTheListBefore()
+    {
+        pFixture->Write("other.kvtl",
+                        ListFormat::Write(Root({}, { Processor("p").Ip("10.0.0.1"), Processor("q").Ip("10.0.0.2") })));
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        g_pPrcBasicControl->RenameProcessor(ProcessorId("p"), "renamed");
+        const int nEarlier = pFixture->ListFiles({ "list.2*.kvtl" }).size();
+        QVERIFY(Undo(0));
+        const QStringList listEarlier = pFixture->ListFiles({ "list.2*.kvtl" });
+        QCOMPARE(listEarlier.size(), nEarlier + 1);
+        int nWithName = 0;
+        for (const QString& strName : listEarlier) {
+            nWithName += pFixture->Read(strName).contains("renamed") ? 1 : 0;
+        }
+        QCOMPARE(nWithName, 1);
+    }
+
+    void aRestoreThatTakesOneKeepsNothing()
+    {
+        g_pPrcBasicControl->AddProcessor(0xC0A8010A);
+        QVERIFY(Undo(0));
+        QCOMPARE(pFixture->ListFiles({ "list.2*.kvtl" }), QStringList());
+    }
+
+    void theNetworkKnowsTheTypeAndPortsThatComeBack()
+    {
+        SProcessorNode beta = Processor("beta").Ip("192.168.1.21").Ports(7, 8).Type(22, "KX");
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({}, { beta })));
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        QVERIFY(Undo(0));
+        const QList<SProcessorNode> listDevice = pLibrary->network.Scan([](int, int) { });
+        for (const SProcessorNode& device : listDevice) {
+            QVERIFY(device.idNode != beta.idNode || device.nPortA != 7);
+        }
+        QVERIFY(Redo(0));
+        const QList<SProcessorNode> listAgain = pLibrary->network.Scan([](int, int) { });
+        const auto isIt = [&](const SProcessorNode& device) { return device.idNode == beta.idNode && device.nPortA == 7; };
+        QVERIFY(std::any_of(listAgain.cbegin(), listAgain.cend(), isIt));
+    }
+
+    void aProcessorThatWasFoundAgainGoesToItsPlace()
+    {
+        Delete("alpha");
+        SProcessorNode found = Processor("alpha").Online().Ip("192.168.1.20");
+        found.strName = "as it calls itself";
+        QVERIFY(pLibrary->processors.AddProcessor(found, false, OriginLibrary));
+        QVERIFY(Undo(0));
+        const SProcessorGroupNode stage = CControlFixture::GetTree().listGroup.at(0);
+        QCOMPARE(stage.listProcessor.size(), 2);
+        QCOMPARE(stage.listProcessor.at(0).strName, QString("alpha"));
+        QCOMPARE(stage.idChief, ProcessorId("alpha"));
+        QVERIFY(Redo(0));
+        QCOMPARE(pLibrary->processors.GetNodeType(ProcessorId("alpha")), 0);
+    }
+
+    void aChiefFromOutsideOutlivesARedo()
+    {
+        g_pPrcListControl->MoveProcessor(ProcessorId("alpha"), GroupId("Hall"));
+        QVERIFY(Undo(0));
+        pLibrary->processors.SetChief(GroupId("Stage"), ProcessorId("beta"));
+        QVERIFY(Redo(0));
+        const SProcessorGroupNode stage = CControlFixture::GetTree().listGroup.at(0);
+        QCOMPARE(stage.idChief, ProcessorId("beta"));
+        QCOMPARE(stage.listProcessor.at(0).nChief, 1);
     }
 
     void severalEditsAreTakenBackAtOnce()

@@ -1,10 +1,10 @@
 #include "CorvidControl/devices/CDeviceCommands.h"
 
+#include "CorvidControl/devices/CJobScope.h"
 #include "CorvidControl/devices/DeviceTypes.h"
 #include "CorvidControl/devices/IDeviceNetwork.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "CorvidControl/objects/CHostState.h"
-#include "controlhost/CJobs.h"
 
 #include <QHostAddress>
 
@@ -15,29 +15,6 @@ namespace {
 constexpr quint32 nLocalAddress = 0xC0A80102; // 192.168.1.2
 constexpr quint32 nLoopback = 0x7F000001;     // simulators live in this process
 constexpr quint32 nFirstSimulatorPort = 9200;
-
-class CJobScope
-{
-public:
-    CJobScope(CJobs& jobsIn, const QString& strJobIn) : jobs(jobsIn), strJob(strJobIn)
-    {
-        jobs.Begin(strJob);
-    }
-    ~CJobScope()
-    {
-        jobs.End(strJob);
-    }
-    Q_DISABLE_COPY_MOVE(CJobScope)
-
-    void SetProgress(int nDone, int nAll) const
-    {
-        jobs.SetProgress(strJob, nDone, nAll);
-    }
-
-private:
-    CJobs& jobs;
-    const QString strJob;
-};
 
 SProcessorNode BuildSimulator(qint32 nType, int nNumber)
 {
@@ -69,8 +46,9 @@ void CDeviceCommands::SetDeletionListener(const std::function<void(int nNodes)>&
 void CDeviceCommands::Scan(EnOrigin origin)
 {
     const SListCommand command{ CommandScan, QStringLiteral("Scanning the network"), {}, origin };
-    if (processors.GetHost().IsLocked() || processors.GetHost().IsRefreshBlocked()) {
-        processors.Refuse(SenderPrcBasic, command, { ReasonRefreshBlocked, {} });
+    const bool bLocked = processors.GetHost().IsLocked();
+    if (bLocked || processors.GetHost().IsRefreshBlocked()) {
+        processors.Refuse(SenderPrcBasic, command, { bLocked ? ReasonListLocked : ReasonRefreshBlocked, {} });
         return;
     }
     const CJobScope job(jobs, command.strText);
@@ -155,10 +133,12 @@ void CDeviceCommands::Delete(const QUuid& id, EnOrigin origin)
 void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin)
 {
     const auto remove = [&] {
-        const QList<SProcessorNode> listGone = processors.RemoveGroup(id, bWithProcessors, origin);
-        for (const SProcessorNode& processor : listGone) {
-            network.Forget(processor.idNode);
+        QList<QUuid> listGone;
+        const QList<SProcessorNode> listProcessor = processors.RemoveGroup(id, bWithProcessors, origin);
+        for (const SProcessorNode& processor : listProcessor) {
+            listGone.append(processor.idNode);
         }
+        processors.FollowNodes(listGone);
     };
     const SProcessorGroupNode group = processors.CopyGroup(id);
     const int nMembers = bWithProcessors ? group.listProcessor.size() : 0;
@@ -179,51 +159,6 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigi
     ReleaseAndRemove(listId, remove);
     nDeleted += 1 + nMembers;
     job.SetProgress(1 + nMembers, 1 + nMembers);
-}
-
-void CDeviceCommands::FollowReplacement(const std::function<bool()>& replace)
-{
-    QList<QUuid> listBefore;
-    const QList<SProcessorNode> listProcessor = processors.CopyTree(false).GetProcessors();
-    for (const SProcessorNode& processor : listProcessor) {
-        listBefore.append(processor.idNode);
-    }
-    if (replace()) {
-        FollowList(listBefore);
-    }
-}
-
-void CDeviceCommands::FollowList(const QList<QUuid>& listBefore)
-{
-    for (const QUuid& id : listBefore) {
-        network.Forget(id);
-    }
-    const QList<SProcessorNode> listNow = processors.CopyTree(false).GetProcessors();
-    for (const SProcessorNode& processor : listNow) {
-        network.Adopt(processor);
-    }
-}
-
-// Looks once more behind each: a deletion at the same time may have been quicker.
-void CDeviceCommands::FollowNodes(const QList<QUuid>& listId)
-{
-    const auto find = [this](const QUuid& id) {
-        const CNodeTree trees[]{ processors.CopyTree(false), processors.CopyTree(true) };
-        for (const CNodeTree& tree : trees) {
-            if (const std::optional<SNodePlace> place = tree.FindProcessor(id)) {
-                return std::make_optional(tree.GetProcessor(*place));
-            }
-        }
-        return std::optional<SProcessorNode>();
-    };
-    for (const QUuid& id : listId) {
-        if (const std::optional<SProcessorNode> processor = find(id)) {
-            network.Adopt(*processor);
-        }
-        if (!find(id)) {
-            network.Forget(id);
-        }
-    }
 }
 
 void CDeviceCommands::EndJob()
@@ -263,9 +198,7 @@ bool CDeviceCommands::Adopt(const SProcessorNode& device, EnOrigin origin)
 {
     network.Adopt(device);
     const bool bAdded = processors.AddProcessor(device, false, origin);
-    if (!bAdded && processors.GetNodeType(device.idNode) == 0) {
-        network.Forget(device.idNode);
-    }
+    processors.FollowNodes({ device.idNode });
     return bAdded;
 }
 
@@ -291,12 +224,5 @@ void CDeviceCommands::ReleaseAndRemove(const QList<QUuid>& listId, const std::fu
 {
     network.Release(listId);
     remove();
-    for (const bool bSimulator : { false, true }) {
-        const CNodeTree tree = processors.CopyTree(bSimulator);
-        for (const QUuid& id : listId) {
-            if (const std::optional<SNodePlace> place = tree.FindProcessor(id)) {
-                network.Adopt(tree.GetProcessor(*place));
-            }
-        }
-    }
+    processors.FollowNodes(listId);
 }

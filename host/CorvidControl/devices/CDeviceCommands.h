@@ -46,15 +46,6 @@ public:
     /// Blocks only with its processors, which let go at the same time. A group that is gone is no fault.
     void DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigin origin = OriginUser);
 
-    /// Calls replace, and where it has replaced the Discovered list has the network follow.
-    void FollowReplacement(const std::function<bool()>& replace);
-
-    /// Makes the network know the devices of the Discovered list, and no others of the list before.
-    void FollowList(const QList<QUuid>& listBefore);
-
-    /// The same for a few of either pane that have come, gone or changed.
-    void FollowNodes(const QList<QUuid>& listId);
-
     /// The busy state begins or ends: what is deleted from now on is counted anew.
     void EndJob();
 

@@ -1,5 +1,6 @@
 #include "CorvidControl/devices/CSimulatedNetwork.h"
 
+#include "CorvidControl/devices/DeviceReport.h"
 #include "CorvidControl/devices/DeviceTypes.h"
 
 #include <QHostAddress>
@@ -26,12 +27,14 @@ void CSimulatedNetwork::SetListener(const Listener& listenerNew)
 void CSimulatedNetwork::Adopt(const SProcessorNode& device)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    hashAdopted.insert(device.idNode, device);
-    for (int n = listUnlisted.size() - 1; n >= 0; --n) {
-        if (listUnlisted.at(n).idNode == device.idNode) {
-            listUnlisted.removeAt(n);
-        }
-    }
+    Insert(lock, device);
+}
+
+void CSimulatedNetwork::Follow(const SProcessorNode& recorded)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    const auto it = hashAdopted.constFind(recorded.idNode);
+    Insert(lock, it == hashAdopted.cend() ? recorded : DeviceReport::TakeState(recorded, *it));
 }
 
 void CSimulatedNetwork::Forget(const QUuid& id)
@@ -133,6 +136,13 @@ SProcessorNode CSimulatedNetwork::BuildDevice(quint32 nIP, const QString& strNam
     device.nIP = nIP;
     device.bOnline = true;
     return device;
+}
+
+void CSimulatedNetwork::Insert(const std::lock_guard<std::mutex>& /*lock*/, const SProcessorNode& device)
+{
+    hashAdopted.insert(device.idNode, device);
+    const auto isIt = [&](const SProcessorNode& entry) { return entry.idNode == device.idNode; };
+    listUnlisted.erase(std::remove_if(listUnlisted.begin(), listUnlisted.end(), isIt), listUnlisted.end());
 }
 
 void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProcessorNode&)>& change)

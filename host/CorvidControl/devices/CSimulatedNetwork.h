@@ -29,6 +29,7 @@ public:
 
     void SetListener(const Listener& listenerNew) override;             ///< called by SetOnline and its siblings, on their thread
     void Adopt(const SProcessorNode& device) override;                  ///< it is no longer one that a scan finds unlisted
+    void Follow(const SProcessorNode& recorded) override;               ///< as Adopt, but what is known of its state stays
     void Forget(const QUuid& id) override;                              ///< its state is forgotten too
     void Release(const QList<QUuid>& listId) override;                  ///< blocks for timeRelease when one of them is online
     std::optional<SProcessorNode> Hear(const QUuid& id) const override; ///< those that a scan finds unlisted
@@ -57,6 +58,7 @@ public:
     static SProcessorNode BuildDevice(quint32 nIP, const QString& strName);
 
 private:
+    void Insert(const std::lock_guard<std::mutex>& lock, const SProcessorNode& device);
     void Change(const QUuid& id, const std::function<void(SProcessorNode&)>& change);
     void Wait(std::unique_lock<std::mutex>& lock, std::chrono::steady_clock::time_point timeEnd);
     QList<SProcessorNode> GetAll(const std::unique_lock<std::mutex>& lock) const;

@@ -23,3 +23,12 @@ SProcessorNode DeviceReport::Mend(const SProcessorNode& device)
     processor.nFailover = device.nFailover < 0 || device.nFailover > nMaxRole ? 0 : device.nFailover;
     return processor;
 }
+
+SProcessorNode DeviceReport::TakeState(const SProcessorNode& recorded, const SProcessorNode& report)
+{
+    SProcessorNode processor = recorded;
+    processor.bOnline = report.bOnline;
+    processor.nFailover = report.nFailover;
+    processor.strProject = report.strProject;
+    return processor;
+}

@@ -9,4 +9,7 @@ namespace DeviceReport {
 /// not keep the list from being saved. A name of which nothing can be shown becomes the address.
 SProcessorNode Mend(const SProcessorNode& device);
 
+/// Returns recorded with what report says of online state, role and project.
+SProcessorNode TakeState(const SProcessorNode& recorded, const SProcessorNode& report);
+
 } // namespace DeviceReport

@@ -21,8 +21,12 @@ public:
     /// a lock. Once, before the first device is adopted.
     virtual void SetListener(const Listener& listenerNew) = 0;
 
-    /// The list knows this device from now on; a second time gives it the state of device.
+    /// The list knows this device from now on; a second time gives it the state of device. Returns at once.
     virtual void Adopt(const SProcessorNode& device) = 0;
+
+    /// As Adopt, of what a list has recorded: a device that is known keeps its online state, role and project. Returns at
+    /// once; called with the list's lock held.
+    virtual void Follow(const SProcessorNode& recorded) = 0;
 
     /// The list knows the device no longer. Returns at once; an id that is unknown is no fault.
     virtual void Forget(const QUuid& id) = 0;

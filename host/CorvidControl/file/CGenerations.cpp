@@ -35,20 +35,25 @@ QString CGenerations::Keep(const QString& strListPath, const QByteArray& bytes)
     return {};
 }
 
+void CGenerations::Spare(const QString& strPath)
+{
+    setSpared.insert(strPath);
+}
+
 QStringList CGenerations::Prune(const QString& strListPath) const
 {
     QStringList listFault;
-    const QStringList listSpare = FindSpare(DatedFile::Find(strListPath, {}, clock.GetDate()));
-    for (const QString& strPath : listSpare) {
+    const QStringList listOld = FindOld(DatedFile::Find(strListPath, {}, clock.GetDate()));
+    for (const QString& strPath : listOld) {
         QFile file(strPath);
-        if (!file.remove()) {
+        if (!setSpared.contains(strPath) && !file.remove()) {
             listFault.append(strPath + QStringLiteral(": ") + file.errorString());
         }
     }
     return listFault;
 }
 
-QStringList CGenerations::FindSpare(const QStringList& listPath)
+QStringList CGenerations::FindOld(const QStringList& listPath)
 {
     QVector<QDate> vecDay; // of the first of each day, in the order of the list
     QStringList listFirst;
@@ -59,13 +64,13 @@ QStringList CGenerations::FindSpare(const QStringList& listPath)
             listFirst.append(strPath);
         }
     }
-    QStringList listSpare;
+    QStringList listGoing;
     const QStringList listOld = listPath.mid(0, qMax(0, listPath.size() - nKept));
     const QStringList listDay = listFirst.mid(qMax(0, listFirst.size() - nKeptDays));
     for (const QString& strPath : listOld) {
         if (!listDay.contains(strPath)) {
-            listSpare.append(strPath);
+            listGoing.append(strPath);
         }
     }
-    return listSpare;
+    return listGoing;
 }

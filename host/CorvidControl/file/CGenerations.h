@@ -3,6 +3,7 @@
 #include "CorvidControl/objects/CControlClock.h"
 
 #include <QByteArray>
+#include <QSet>
 #include <QStringList>
 
 /// Earlier lists beside the list, in dated files. The last nKept stay, and the first of each of the last
@@ -23,13 +24,17 @@ public:
     /// Keeps bytes, unless the latest generation is the same. Returns the fault; empty when they are kept.
     QString Keep(const QString& strListPath, const QByteArray& bytes);
 
+    /// A file that Prune leaves alone for as long as this object lives.
+    void Spare(const QString& strPath);
+
     /// Removes what is not to stay. Returns one fault for each that could not be removed.
     QStringList Prune(const QString& strListPath) const;
 
 private:
-    static QStringList FindSpare(const QStringList& listPath);
+    static QStringList FindOld(const QStringList& listPath);
 
     const CControlClock& clock;
+    QSet<QString> setSpared;
     CControlClock::Time timeLast;
     bool bKept = false; ///< in this run, at timeLast
 };

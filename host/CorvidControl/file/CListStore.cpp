@@ -1,5 +1,6 @@
 #include "CorvidControl/file/CListStore.h"
 
+#include "CorvidControl/devices/CJobScope.h"
 #include "CorvidControl/file/CFileReplacement.h"
 #include "CorvidControl/file/DatedFile.h"
 #include "CorvidControl/file/FileAccess.h"
@@ -14,9 +15,27 @@
 
 namespace {
 
+// Imports and their kin read, keep and write files.
+QString BuildJob(const QString& strPath)
+{
+    return NameRules::GetLine(QStringLiteral("Importing ") + strPath);
+}
+
 QString BuildTrouble(const SListSave& save)
 {
     return save.result == SListSave::Saved ? QString() : QStringLiteral("The list is not being saved. ") + save.strReason;
+}
+
+EnRefusalReason GetReason(const SListSave& save)
+{
+    switch (save.result) {
+    case SListSave::NotKept:
+        return ReasonFileNotKept;
+    case SListSave::NotWritten:
+        return ReasonFileNotWritten;
+    default:
+        return ReasonFileNotReplaced;
+    }
 }
 
 SEarlierList BuildEarlier(const QString& strPath, const SFileContent& content, const SListLimits& limits)
@@ -36,8 +55,9 @@ SEarlierList BuildEarlier(const QString& strPath, const SFileContent& content, c
 
 } // namespace
 
-CListStore::CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath, const CControlClock& clockIn)
-    : processors(processorsIn), events(eventsIn), own(strPath, processors.GetLimits(), clockIn)
+CListStore::CListStore(CProcessorList& processorsIn, CJobs& jobsIn, CHostEvents& eventsIn, const QString& strPath,
+                       const CControlClock& clockIn)
+    : processors(processorsIn), jobs(jobsIn), events(eventsIn), own(strPath, processors.GetLimits(), clockIn)
 { }
 
 bool CListStore::Load()
@@ -54,7 +74,7 @@ bool CListStore::Load()
             strLoadError = GetPath() + QStringLiteral(": ") + NameRules::GetLine(reading.strReason);
             strFault = QStringLiteral("The list was not read, it stays empty. ") + strLoadError;
         }
-        own.Adopt(processors.ReplaceList(reading.node));
+        own.Adopt(processors.ReplaceList(reading.node).nEdit);
         SetTrouble(strFault, news);
         if (!strFault.isEmpty()) {
             news.listWarning.append(strFault);
@@ -151,6 +171,7 @@ CListStore::EnImportResult CListStore::Import(const QString& strPath, EnListComm
     EnImportResult result = ImportLocked;
     const SListCommand importing{ command, QStringLiteral("Importing ") + strPath, strPath };
     if (!processors.GetHost().IsLocked()) {
+        const CJobScope job(jobs, BuildJob(strPath));
         const Lock lock(mutexFile);
         result = TryImport(lock, importing, fault, news);
     }
@@ -185,6 +206,7 @@ bool CListStore::TakeEarlier(const QString& strPath)
     {
         const Lock lock(mutexFile);
         bKnown = own.FindEarlier().contains(strPath);
+        own.Spare(strPath);
     }
     if (!bKnown) {
         processors.Refuse(SenderPrcList, { CommandTakeEarlier, QStringLiteral("Taking back ") + strPath, strPath },
@@ -205,6 +227,7 @@ bool CListStore::UseRefused()
     SFault fault{ ReasonListLocked, {} };
     const SListCommand command{ CommandUseRefused, QStringLiteral("Using the refused list ") + GetPath(), {} };
     if (!processors.GetHost().IsLocked()) {
+        const CJobScope job(jobs, BuildJob(GetPath()));
         const Lock lock(mutexFile);
         fault = TryUseRefused(lock, command, news);
     }
@@ -245,7 +268,7 @@ SListSave CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPa
     return save;
 }
 
-CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const SListCommand& command, SFault& fault, SNews& news)
+CListStore::EnImportResult CListStore::TryImport(const Lock& lock, const SListCommand& command, SFault& fault, SNews& news)
 {
     const SFileContent content = FileAccess::Read(command.strName, processors.GetLimits().nBytes);
     if (content.kind != SFileContent::Read) {
@@ -258,22 +281,43 @@ CListStore::EnImportResult CListStore::TryImport(const Lock& /*lock*/, const SLi
         fault = { bTooLarge ? ReasonFileTooLarge : ReasonFileInvalid, reading.strReason };
         return bTooLarge ? ImportTooLarge : ImportInvalid;
     }
-    const QByteArray bytes = ListFormat::Write(reading.node);
+    const SProcessorAllNode node = processors.TakeReports(reading.node);
+    const QByteArray bytes = ListFormat::Write(node);
     const QString strProof = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
     if (!strProof.isEmpty()) {
         fault = { ReasonFileInvalid, strProof };
         return ImportNotCopied;
     }
-    const SListSave save = own.Overwrite(processors.GetEdition(), bytes);
+    const SListEdition edition = processors.GetEdition();
+    const SListSave save = own.Overwrite(edition, bytes);
     news.listWarning += save.listWarning;
     if (save.result != SListSave::Saved) {
-        const bool bNotKept = save.result == SListSave::NotWritten;
-        fault = { bNotKept ? ReasonFileNotKept : ReasonFileNotReplaced, save.strReason };
-        return bNotKept ? ImportNotCopied : ImportNotOverwritten;
+        fault = { GetReason(save), save.strReason };
+        const bool bNotCopied = save.result == SListSave::NotWritten || save.result == SListSave::NotKept;
+        return bNotCopied ? ImportNotCopied : ImportNotOverwritten;
     }
-    own.Adopt(processors.ReplaceList(reading.node, command));
-    SetTrouble({}, news);
+    fault = ReplaceList(lock, node, command, edition.nEdit, news);
+    if (!fault.IsNone()) {
+        SaveHere(lock, news, true); // the list before in its place again
+        return ImportLocked;
+    }
     return ImportDone;
+}
+
+// What a command has changed while the file was written is not in what was kept.
+SFault CListStore::ReplaceList(const Lock& /*lock*/, const SProcessorAllNode& node, const SListCommand& command,
+                               quint64 nEditKept, SNews& news)
+{
+    const SListReplacement replacement = processors.ReplaceList(node, command);
+    if (!replacement.fault.IsNone()) {
+        return replacement.fault;
+    }
+    own.Adopt(replacement.nEdit);
+    if (replacement.before.nEdit != nEditKept) {
+        news.listWarning += own.KeepEarlier(replacement.before);
+    }
+    SetTrouble({}, news);
+    return {};
 }
 
 SFault CListStore::TryUseRefused(const Lock& lock, const SListCommand& command, SNews& news)
@@ -293,12 +337,18 @@ SFault CListStore::TryUseRefused(const Lock& lock, const SListCommand& command, 
     if (!strProof.isEmpty()) {
         return { ReasonFileUnreadable, strProof };
     }
-    const SFault fault = own.ReplaceRefused(processors.GetEdition(), bytes);
+    const SListEdition edition = processors.GetEdition();
+    const QByteArray bytesRefused = own.GetRefused();
+    const QString strRefused = own.GetRefusedReason();
+    SFault fault = own.ReplaceRefused(edition, bytes);
     if (!fault.IsNone()) {
         return fault;
     }
-    own.Adopt(processors.ReplaceList(list.node, command));
-    SetTrouble({}, news);
+    fault = ReplaceList(lock, list.node, command, edition.nEdit, news);
+    if (!fault.IsNone()) {
+        own.RefuseAgain(bytesRefused, strRefused);
+        return fault;
+    }
     const Lock lockTrouble(mutexTrouble);
     strLoadError.clear();
     return {};
@@ -322,8 +372,7 @@ SRefusedList CListStore::ReadRefused(const Lock& /*lock*/) const
 
 void CListStore::ReportFailure(EnListCommand command, const QString& strName, const SListSave& save, const QString& strLine)
 {
-    const EnRefusalReason reason = save.result == SListSave::NotWritten ? ReasonFileNotWritten : ReasonFileNotReplaced;
-    events.ReportRefusal({ command, {}, strName }, { reason, save.strReason }, strLine);
+    events.ReportRefusal({ command, {}, strName }, { GetReason(save), save.strReason }, strLine);
 }
 
 void CListStore::SetTrouble(const QString& strTroubleNow, SNews& news)

@@ -8,6 +8,7 @@
 #include <mutex>
 
 class CHostEvents;
+class CJobs;
 class CProcessorList;
 struct SListCommand;
 
@@ -36,7 +37,7 @@ public:
     };
 
     /// strPath: the list's own place. All references must outlive the store.
-    CListStore(CProcessorList& processorsIn, CHostEvents& eventsIn, const QString& strPath,
+    CListStore(CProcessorList& processorsIn, CJobs& jobsIn, CHostEvents& eventsIn, const QString& strPath,
                const CControlClock& clockIn = CControlClock::GetSystem());
 
     /// Reads the library's own list, if there is one. Returns false when it was refused, see
@@ -73,7 +74,8 @@ public:
     EnExportResult Export(const QString& strPath);
 
     /// Replaces the Discovered list and the file at the own place by the list at strPath, after the list before was
-    /// kept. For any result but ImportDone list and files stay, a line is logged and a message sent.
+    /// kept; what is heard of the processors stays. For any result but ImportDone list and files stay, a line is logged and a
+    /// message sent. CJobs hears of it, as of the two below.
     EnImportResult Import(const QString& strPath, EnListCommand command = CommandImport);
 
     /// The earlier generations, the newest first, each read and checked.
@@ -99,6 +101,8 @@ private:
         bool bTrouble = false; ///< it is another than before
     };
 
+    SFault ReplaceList(const Lock& lock, const SProcessorAllNode& node, const SListCommand& command, quint64 nEditKept,
+                       SNews& news);
     SListSave SaveHere(const Lock& lock, SNews& news, bool bAlways);
     SListSave ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
     EnImportResult TryImport(const Lock& lock, const SListCommand& command, SFault& fault, SNews& news);
@@ -109,6 +113,7 @@ private:
     void Announce(const SNews& news);
 
     CProcessorList& processors;
+    CJobs& jobs;
     CHostEvents& events;
 
     mutable std::mutex mutexFile; ///< guards own; held while files are read and written, never while anything is announced

@@ -85,10 +85,14 @@ SListSave COwnList::Overwrite(const SListEdition& edition, const QByteArray& byt
         return save;
     }
     const bool bAnything = !edition.node.listGroup.isEmpty() || !edition.node.listProcessor.isEmpty();
-    const QString strFault = bAnything ? KeepGeneration(ListFormat::Write(edition.node), save.listWarning) : QString();
-    const SListSave replaced = strFault.isEmpty() ? Replace(bytes) : BuildFault(SListSave::NotWritten, strFault);
-    save.result = replaced.result;
-    save.strReason = replaced.strReason;
+    const QString strFault = bAnything ? KeepGeneration(ListFormat::Write(edition.node)) : QString();
+    if (!strFault.isEmpty()) {
+        return BuildFault(SListSave::NotKept, strFault);
+    }
+    save = Replace(bytes);
+    if (save.result == SListSave::Saved && bAnything) { // not sooner: an old one may be what is being written
+        save.listWarning = Prune();
+    }
     return save;
 }
 
@@ -108,7 +112,8 @@ QStringList COwnList::KeepEarlier(const SListEdition& edition)
     QStringList listWarning;
     QString strFault;
     if (Check().result == SListSave::Saved) {
-        strFault = KeepGeneration(ListFormat::Write(edition.node), listWarning);
+        strFault = KeepGeneration(ListFormat::Write(edition.node));
+        listWarning = Prune();
     } else if (IsEdited(edition.nEdit) && !SaveAside(edition, strFault).isEmpty()) {
         aside.StartNew();
     }
@@ -140,6 +145,15 @@ SFault COwnList::ReplaceRefused(const SListEdition& edition, const QByteArray& b
     bytesRefused.clear();
     aside.StartNew();
     return {};
+}
+
+void COwnList::RefuseAgain(const QByteArray& bytes, const QString& strReason)
+{
+    Replace(bytes);
+    place.Forget();
+    lockList.Release();
+    strRefused = strReason;
+    bytesRefused = bytes;
 }
 
 QStringList COwnList::FindEarlier() const
@@ -195,13 +209,12 @@ SListSave COwnList::TrySave(const SListEdition& edition, const QByteArray& bytes
     if (!strFault.isEmpty()) {
         return BuildFault(SListSave::NotWritten, strFault);
     }
-    QString strKeepFault;
-    if (IsEdited(edition.nEdit) && !place.GetKnown().isEmpty() && generations.IsDue(place.GetRealPath())) {
-        strKeepFault = KeepGeneration(place.GetKnown(), save.listWarning);
+    const bool bDue = IsEdited(edition.nEdit) && !place.GetKnown().isEmpty() && generations.IsDue(place.GetRealPath());
+    const QString strKeepFault = bDue ? KeepGeneration(place.GetKnown()) : QString();
+    save = Replace(bytes);
+    if (save.result == SListSave::Saved && bDue) {
+        save.listWarning = Prune();
     }
-    const SListSave replaced = Replace(bytes);
-    save.result = replaced.result;
-    save.strReason = replaced.strReason;
     if (save.result == SListSave::Saved && !strKeepFault.isEmpty()) { // else it is still in its place
         save.listWarning.append(QStringLiteral("An earlier list could not be kept. ") + strKeepFault);
     }
@@ -233,17 +246,19 @@ SListSave COwnList::BuildFault(SListSave::EnResult result, const QString& strRea
 }
 
 // The fault; empty when it is kept.
-QString COwnList::KeepGeneration(const QByteArray& bytes, QStringList& listWarning)
+QString COwnList::KeepGeneration(const QByteArray& bytes)
 {
-    const QString strPath = place.GetRealPath();
-    const QString strFault = generations.Keep(strPath, bytes);
-    if (strFault.isEmpty()) {
-        const QStringList listFault = generations.Prune(strPath);
-        for (const QString& strSpare : listFault) {
-            listWarning.append(QStringLiteral("An old generation could not be removed. ") + strSpare);
-        }
+    return generations.Keep(place.GetRealPath(), bytes);
+}
+
+QStringList COwnList::Prune() const
+{
+    QStringList listWarning;
+    const QStringList listFault = generations.Prune(place.GetRealPath());
+    for (const QString& strFault : listFault) {
+        listWarning.append(QStringLiteral("An old generation could not be removed. ") + strFault);
     }
-    return strFault;
+    return listWarning;
 }
 
 // Where the user looks for the list; where nothing can be written, behind the link that leads to the file.

@@ -16,6 +16,7 @@ struct SListSave
         Saved,
         LeftAlone,  ///< something stands there that is not to be overwritten, or another process writes there
         NotWritten, ///< no room, no rights, no lock; or the list itself could not be read again
+        NotKept,    ///< as NotWritten, of the list before, which is to be kept first
         NotReplaced ///< the list is ready beside it, but what stands there could not be replaced
     };
 
@@ -68,6 +69,12 @@ public:
     /// Keeps an edition that is about to be lost. Returns what failed, one line each.
     QStringList KeepEarlier(const SListEdition& edition);
 
+    /// Why what stood there at the start was refused; empty when it was not.
+    QString GetRefusedReason() const
+    {
+        return strRefused;
+    }
+
     /// What stood there at the start and was refused, where it could be read at all; null without one.
     QByteArray GetRefused() const
     {
@@ -82,6 +89,15 @@ public:
     /// other. Where it returns a fault what stands there is as it was.
     SFault ReplaceRefused(const SListEdition& edition, const QByteArray& bytes);
 
+    /// One of them is about to be taken back: it stays for as long as this object lives.
+    void Spare(const QString& strPath)
+    {
+        generations.Spare(strPath);
+    }
+
+    /// After ReplaceRefused, where the list did not follow: bytes stand there again, and are refused for strReason.
+    void RefuseAgain(const QByteArray& bytes, const QString& strReason);
+
     /// The paths of the earlier generations, the newest first.
     QStringList FindEarlier() const;
 
@@ -91,7 +107,8 @@ private:
     SListSave TrySave(const SListEdition& edition, const QByteArray& bytes);
     SListSave Replace(const QByteArray& bytes);
     SListSave BuildFault(SListSave::EnResult result, const QString& strReason) const;
-    QString KeepGeneration(const QByteArray& bytes, QStringList& listWarning);
+    QString KeepGeneration(const QByteArray& bytes);
+    QStringList Prune() const;
     QString WriteAside(const QByteArray& bytes, QString& strFault);
 
     const SListLimits limits;

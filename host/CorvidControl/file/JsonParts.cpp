@@ -15,7 +15,7 @@ class CScanner
 {
 public:
     CScanner(const QByteArray& textIn, const QStringList& listArrayIn, const QStringList& listPlainIn)
-        : text(textIn), listArray(listArrayIn), listPlain(listPlainIn)
+        : text(textIn), listArray(listArrayIn), listPlain(listPlainIn), nLast(FindLast(textIn))
     { }
 
     SJsonPart ReadFirst()
@@ -37,7 +37,13 @@ private:
     bool ReadScalar(QJsonArray& array);
     void SkipBlanks();
     bool HoldsObjects(const QString& strKey) const;
-    bool IsLast() const;
+    static int FindLast(const QByteArray& text);
+
+    // Nothing but blanks follows this sign.
+    bool IsLast() const
+    {
+        return nAt >= nLast;
+    }
 
     bool IsEnd() const
     {
@@ -47,6 +53,7 @@ private:
     const QByteArray text;
     const QStringList listArray;
     const QStringList listPlain;
+    const int nLast; ///< the place of the last byte that is no blank; -1 without one
     int nAt = 0;
     int nParts = 0;
 };
@@ -177,10 +184,14 @@ bool CScanner::HoldsObjects(const QString& strKey) const
     return !listPlain.contains(strKey) && (strKey.isEmpty() || bOwnLine || listArray.contains(strKey));
 }
 
-// True when nothing but blanks follows this sign.
-bool CScanner::IsLast() const
+int CScanner::FindLast(const QByteArray& text)
 {
-    return text.mid(nAt + 1).trimmed().isEmpty();
+    static const QByteArray blanks(" \t\r\n\v\f");
+    int nPlace = text.size() - 1;
+    while (nPlace >= 0 && blanks.contains(text.at(nPlace))) {
+        --nPlace;
+    }
+    return nPlace;
 }
 
 } // namespace

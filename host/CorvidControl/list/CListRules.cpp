@@ -43,7 +43,7 @@ SOutcome CListRules::AddProcessors(int nPane, const QList<SProcessorNode>& listP
     }
     const int nMost = nPane == CPanes::nSimulator ? limits.nSimulators : limits.nProcessors;
     if (listProcessor.size() > nMost - panes.GetTree(nPane).GetProcessorCount()) {
-        return BuildRefused(ReasonListFull);
+        return BuildRefused(nPane == CPanes::nSimulator ? ReasonSimulatorsFull : ReasonListFull);
     }
     for (const SProcessorNode& processor : listProcessor) {
         panes.Edit(nPane).AppendProcessor(processor);

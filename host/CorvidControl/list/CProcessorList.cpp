@@ -1,8 +1,10 @@
 #include "CorvidControl/list/CProcessorList.h"
 
 #include "CorvidControl/devices/DeviceReport.h"
+#include "CorvidControl/devices/IDeviceNetwork.h"
 #include "CorvidControl/list/FaultText.h"
 #include "CorvidControl/list/JobNumber.h"
+#include "CorvidControl/list/NameRules.h"
 #include "CorvidControl/list/RestoreRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
@@ -12,6 +14,8 @@
 
 #include <QHostAddress>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int nDiscovered = CPanes::nDiscovered;
@@ -20,6 +24,25 @@ constexpr int nSimulator = CPanes::nSimulator;
 SFault GetLocked()
 {
     return { ReasonListLocked, {} };
+}
+
+QList<QUuid> GetIds(const QList<SProcessorNode>& listProcessor)
+{
+    QList<QUuid> listId;
+    for (const SProcessorNode& processor : listProcessor) {
+        listId.append(processor.idNode);
+    }
+    return listId;
+}
+
+QList<QUuid> GetIds(const CNodeTree& tree)
+{
+    return GetIds(tree.GetProcessors());
+}
+
+QList<QUuid> GetIds(const SPaneMerge& merge)
+{
+    return GetIds(merge.listGone + merge.listBack);
 }
 
 } // namespace
@@ -34,6 +57,12 @@ void CProcessorList::SetEditListener(const std::function<void()>& listenerNew)
 {
     Q_ASSERT(!listenerEdit && GetEdition().nEdit == 0);
     listenerEdit = listenerNew;
+}
+
+void CProcessorList::SetNetwork(IDeviceNetwork& networkIn)
+{
+    Q_ASSERT(!pNetwork && GetEdition().nEdit == 0);
+    pNetwork = &networkIn;
 }
 
 SProcessorAllNode CProcessorList::GetTree(bool bSimulator) const
@@ -109,13 +138,14 @@ std::vector<QUuid> CProcessorList::GetSelectedProcessors() const
 void CProcessorList::AddGroup(SProcessorGroupNode group, EnOrigin origin)
 {
     group.listProcessor.clear(); // its processors are moved into it one by one
-    Carry({ CommandAddGroup, QStringLiteral("Adding the group \"%1\"").arg(group.strName), group.strName, origin },
+    Carry({ CommandAddGroup, QStringLiteral("Adding the group \"%1\"").arg(group.strName), NameRules::Clean(group.strName),
+            origin },
           [&] { return rules.AddGroup(bSimulatorPane, group); });
 }
 
 void CProcessorList::RenameNode(const QUuid& id, const QString& strName, EnOrigin origin)
 {
-    Carry({ CommandRename, QStringLiteral("Renaming to \"%1\"").arg(strName), strName, origin },
+    Carry({ CommandRename, QStringLiteral("Renaming to \"%1\"").arg(strName), NameRules::Clean(strName), origin },
           [&] { return rules.Rename(id, strName); });
 }
 
@@ -236,19 +266,38 @@ void CProcessorList::ApplyReport(const SProcessorNode& report)
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
 
-quint64 CProcessorList::ReplaceList(const SProcessorAllNode& node, const SListCommand& command)
+SProcessorAllNode CProcessorList::TakeReports(const SProcessorAllNode& node) const
 {
-    quint64 nEditNow = 0;
+    const Lock lock(mutex);
+    return TakeReports(lock, node);
+}
+
+SListReplacement CProcessorList::ReplaceList(const SProcessorAllNode& node, const SListCommand& command)
+{
+    SListReplacement replacement;
     {
         const Lock lock(mutex);
+        if (command.origin == OriginUser && host.IsLocked()) {
+            replacement.fault = GetLocked();
+            return replacement;
+        }
         const SListSnapshot before = TakeSnapshot(lock);
-        panes.Replace(nDiscovered, node);
-        nEditNow = ++nEdit;
+        const QList<QUuid> listGone = GetIds(panes.GetTree(nDiscovered));
+        replacement.before = { before.discovered, nEdit };
+        panes.Replace(nDiscovered, TakeReports(lock, node));
+        Follow(lock, listGone + GetIds(panes.GetTree(nDiscovered)));
+        replacement.nEdit = ++nEdit;
         ++nEdition;
         Append(lock, command, node.listGroup.size() + panes.GetTree(nDiscovered).GetProcessorCount(), before);
     }
     dispatcher.Post(SenderPrcList, MessageListChanged);
-    return nEditNow;
+    return replacement;
+}
+
+void CProcessorList::FollowNodes(const QList<QUuid>& listId) const
+{
+    const Lock lock(mutex);
+    Follow(lock, listId);
 }
 
 void CProcessorList::ReportEdits()
@@ -265,12 +314,14 @@ SFault CProcessorList::Restore(const SListSnapshot& from, const SListSnapshot& t
         if (!fault.IsNone()) {
             return fault;
         }
+        restore.before = { panes.Lend(nDiscovered).GetRoot(), nEdit };
         if (restore.discovered.bChanged) {
             panes.Replace(nDiscovered, restore.discovered.result);
         }
         if (restore.simulators.bChanged) {
             panes.Replace(nSimulator, restore.simulators.result);
         }
+        Follow(lock, GetIds(restore.discovered) + GetIds(restore.simulators));
         outcome.bChanged = restore.discovered.bChanged || restore.simulators.bChanged;
         outcome.nPane = restore.discovered.bChanged ? nDiscovered : nSimulator;
         Count(lock, outcome);
@@ -369,7 +420,7 @@ void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 void CProcessorList::Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before)
 {
     if (command.origin == OriginUser) {
-        edits.Append({ command.command, command.strName, nNodes, before, TakeSnapshot(lock), JobNumber::Get() });
+        edits.Append({ command.command, NameRules::GetLine(command.strName), nNodes, before, TakeSnapshot(lock), JobNumber::Get() });
     }
 }
 
@@ -378,15 +429,54 @@ SListSnapshot CProcessorList::TakeSnapshot(const Lock& /*lock*/) const
     return { panes.Lend(nDiscovered).GetRoot(), panes.Lend(nSimulator).GetRoot(), nEdition };
 }
 
-SFault CProcessorList::TryRestore(const Lock& /*lock*/, const SListSnapshot& from, const SListSnapshot& to,
+SProcessorAllNode CProcessorList::TakeReports(const Lock& lock, const SProcessorAllNode& node) const
+{
+    const QHash<QUuid, SProcessorNode> hashHeard = Hear(lock, node);
+    const auto takeReport = [&](SProcessorNode& processor) {
+        const std::optional<SNodePlace> place = panes.FindPlace(nDiscovered, processor.idNode);
+        processor = DeviceReport::TakeState(
+            processor, place ? panes.GetTree(nDiscovered).GetProcessor(*place) : hashHeard.value(processor.idNode, processor));
+    };
+    SProcessorAllNode result = node;
+    for (SProcessorGroupNode& group : result.listGroup) {
+        std::for_each(group.listProcessor.begin(), group.listProcessor.end(), takeReport);
+    }
+    std::for_each(result.listProcessor.begin(), result.listProcessor.end(), takeReport);
+    return result;
+}
+
+QHash<QUuid, SProcessorNode> CProcessorList::Hear(const Lock& /*lock*/, const SProcessorAllNode& node) const
+{
+    QHash<QUuid, SProcessorNode> hashHeard;
+    CNodeTree tree;
+    tree.SetRoot(node);
+    const QList<QUuid> listId = pNetwork ? GetIds(tree) : QList<QUuid>();
+    for (const QUuid& id : listId) {
+        if (const std::optional<SProcessorNode> device = pNetwork->Hear(id)) {
+            hashHeard.insert(id, DeviceReport::Mend(*device));
+        }
+    }
+    return hashHeard;
+}
+
+void CProcessorList::Follow(const Lock& /*lock*/, const QList<QUuid>& listId) const
+{
+    for (const QUuid& id : pNetwork ? listId : QList<QUuid>()) {
+        const SProcessorNode* pProcessor = panes.FindProcessor(id);
+        pProcessor ? pNetwork->Follow(*pProcessor) : pNetwork->Forget(id);
+    }
+}
+
+SFault CProcessorList::TryRestore(const Lock& lock, const SListSnapshot& from, const SListSnapshot& to,
                                   SListRestore& restore) const
 {
     if (host.IsLocked()) {
         return GetLocked();
     }
-    restore.discovered
-        = PaneMerge::Merge(from.discovered, to.discovered, panes.GetTree(nDiscovered).GetRoot(), restore.hashHeard);
-    restore.simulators = PaneMerge::Merge(from.simulators, to.simulators, panes.GetTree(nSimulator).GetRoot(), restore.hashHeard);
+    // Simulators live in this process: what is known of them is what was recorded.
+    const QHash<QUuid, SProcessorNode> hashHeard = Hear(lock, to.discovered);
+    restore.discovered = PaneMerge::Merge(from.discovered, to.discovered, panes.GetTree(nDiscovered).GetRoot(), hashHeard);
+    restore.simulators = PaneMerge::Merge(from.simulators, to.simulators, panes.GetTree(nSimulator).GetRoot());
     return RestoreRules::FindFault(restore, panes, rules.GetLimits(), host.GetProject());
 }
 

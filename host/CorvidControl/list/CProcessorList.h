@@ -15,6 +15,15 @@
 class CHostEvents;
 class CHostState;
 class CMessageDispatcher;
+class IDeviceNetwork;
+
+/// What has become of the Discovered list when that of a file was to take its place.
+struct SListReplacement
+{
+    SFault fault;        ///< none when it was replaced
+    SListEdition before; ///< what was replaced
+    quint64 nEdit = 0;   ///< of the list that has taken its place
+};
 
 /// The list: both panes with their selections, and the rules about who may change what. Nothing here
 /// blocks. Every change is followed by a message. A command that is refused changes nothing, writes one line
@@ -32,6 +41,10 @@ public:
     /// Sets who is called when a command or a found node has changed the Discovered list: there is something
     /// to save. Called on the thread of the change, without a lock. Once, before the first change.
     void SetEditListener(const std::function<void()>& listenerNew);
+
+    /// Sets who follows what replacements and restores do to the list, and is asked then for what is heard of processors that
+    /// come. Called with the list's lock held, so that no report comes in between. Once, before the first change.
+    void SetNetwork(IDeviceNetwork& networkIn);
 
     /// What the rules ask: project and locks. Lives as long as the library.
     const CHostState& GetHost() const
@@ -108,16 +121,25 @@ public:
     /// What a device reports: online state, role and project. A device that is not listed is ignored.
     void ApplyReport(const SProcessorNode& report);
 
-    /// Replaces the Discovered list by that of a file, which must fit the limits. Returns the number of its edition. May be
-    /// called with a lock held: what a command of the user has changed so is reported by ReportEdits.
-    quint64 ReplaceList(const SProcessorAllNode& node, const SListCommand& command = { CommandImport, {}, {}, OriginLibrary });
+    /// The list of a file as ReplaceList would take it: processors that are listed, or that are heard, are in the state that
+    /// they have reported, others in that of the file.
+    SProcessorAllNode TakeReports(const SProcessorAllNode& node) const;
+
+    /// Replaces the Discovered list by that of a file, which must fit the limits, see TakeReports; the network follows. Returns
+    /// what was replaced. May be called with a lock held: what a command of the user has changed so is reported by
+    /// ReportEdits.
+    SListReplacement ReplaceList(const SProcessorAllNode& node,
+                                 const SListCommand& command = { CommandImport, {}, {}, OriginLibrary });
+
+    /// Makes the network know those of the processors that are in either pane, and forget the others.
+    void FollowNodes(const QList<QUuid>& listId) const;
 
     /// Reports the edits that wait. Without a lock.
     void ReportEdits();
 
-    /// Takes back or makes again what lies between two snapshots, in both panes, by PaneMerge: all or nothing. restore
-    /// has what is heard of processors that come back, and then what came and went. What it returns was refused. May be called
-    /// with a lock held: it reports nothing but the message.
+    /// Takes back or makes again what lies between two snapshots, in both panes, by PaneMerge: all or nothing. The network
+    /// follows; restore has what came and went. What it returns was refused. May be called with a lock held: it reports nothing
+    /// but the message.
     SFault Restore(const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore);
 
     /// What Restore would refuse now.
@@ -149,6 +171,9 @@ private:
     void Count(const Lock& lock, const SOutcome& outcome);
     void Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before);
     SListSnapshot TakeSnapshot(const Lock& lock) const;
+    SProcessorAllNode TakeReports(const Lock& lock, const SProcessorAllNode& node) const;
+    QHash<QUuid, SProcessorNode> Hear(const Lock& lock, const SProcessorAllNode& node) const;
+    void Follow(const Lock& lock, const QList<QUuid>& listId) const;
     SFault TryRestore(const Lock& lock, const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore) const;
     QString FindName(const QUuid& id) const;
 
@@ -156,11 +181,12 @@ private:
     CHostEvents& events;
     const CHostState& host;
     std::function<void()> listenerEdit; ///< never replaced once it is set
+    IDeviceNetwork* pNetwork = nullptr; ///< as listenerEdit
     CListEdits edits;
 
     std::atomic<bool> bSimulatorPane{ false };
 
-    mutable std::mutex mutex; ///< guards all below
+    mutable std::mutex mutex; ///< guards all below; the network's own is taken within it
     CPanes panes;
     CListRules rules;
     quint64 nEdit = 0;    ///< how often the Discovered list was changed but by reports of devices

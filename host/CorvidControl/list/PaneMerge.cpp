@@ -1,5 +1,7 @@
 #include "CorvidControl/list/PaneMerge.h"
 
+#include "CorvidControl/devices/DeviceReport.h"
+
 #include <algorithm>
 
 namespace {
@@ -70,6 +72,13 @@ QSet<QUuid> FindInOrder(const QList<QUuid>& listFrom, const QList<QUuid>& listTo
     return setInOrder;
 }
 
+// What the network knows a device by, but for its state.
+bool IsSameDevice(const SProcessorNode& node, const SProcessorNode& other)
+{
+    return node.idNode == other.idNode && node.idAux == other.idAux && node.nModel == other.nModel
+        && node.strType == other.strType && node.nIP == other.nIP && node.nPortA == other.nPortA && node.nPortB == other.nPortB;
+}
+
 bool IsSame(const SProcessorAllNode& node, const SProcessorAllNode& other)
 {
     return node.strName == other.strName && node.bExpanded == other.bExpanded && node.listGroup == other.listGroup
@@ -96,8 +105,11 @@ private:
     QList<SProcessorNode> BuildMembers(const QUuid& idHome);
     SProcessorNode BuildProcessor(const QUuid& id) const;
     SProcessorNode BuildBack(const QUuid& id) const;
+    SProcessorNode MendChief(const SProcessorNode& node, const QUuid& id) const;
+    bool IsFoundAgain(const QUuid& id) const;
     SProcessorGroupNode BuildGroup(const QUuid& id);
     QUuid FindChief(const QUuid& idGroup) const;
+    bool HasSameMembers(const QUuid& idGroup) const;
     void FindTakenAddress(SPaneMerge& merge) const;
 
     // True for a node that is in one of the trees alone, and goes, or comes back.
@@ -160,9 +172,16 @@ QUuid CMerge::FindHome(const QUuid& id) const
     if (!present.hashHome.contains(id)) {
         return idHomeTo;
     }
-    const bool bMoves = from.hashHome.contains(id) && to.hashHome.contains(id) && from.hashHome.value(id) != idHomeTo;
+    const bool bMoved = from.hashHome.contains(id) && to.hashHome.contains(id) && from.hashHome.value(id) != idHomeTo;
+    const bool bMoves = bMoved || IsFoundAgain(id);
     const bool bThere = idHomeTo.isNull() || setGroup.contains(idHomeTo);
     return bMoves && bThere ? idHomeTo : present.hashHome.value(id);
+}
+
+// It was deleted, and a scan has put it to the root under the name that the device gives itself.
+bool CMerge::IsFoundAgain(const QUuid& id) const
+{
+    return IsOnlyIn(to.hashHome, from.hashHome, id) && present.hashHome.contains(id) && present.hashHome.value(id).isNull();
 }
 
 SPaneMerge CMerge::Run()
@@ -205,6 +224,7 @@ SProcessorNode CMerge::BuildProcessor(const QUuid& id) const
         return BuildBack(id);
     }
     SProcessorNode processor = present.hashProcessor.value(id);
+    processor.strName = IsFoundAgain(id) ? to.hashProcessor.value(id).strName : processor.strName;
     if (hashHome.value(id) != present.hashHome.value(id)) {
         const bool bToItsGroup = hashHome.value(id) == to.hashHome.value(id);
         processor.nChief = bToItsGroup ? to.hashProcessor.value(id).nChief : 0;
@@ -221,9 +241,16 @@ SProcessorNode CMerge::BuildProcessor(const QUuid& id) const
         processor.nPortA = Pick(was.nPortA, now.nPortA, processor.nPortA);
         processor.nPortB = Pick(was.nPortB, now.nPortB, processor.nPortB);
     }
-    // A Chief of after the edit makes way for the one of before.
+    return MendChief(processor, id);
+}
+
+// One that led its group, or is to lead it again, has no mark where another does.
+SProcessorNode CMerge::MendChief(const SProcessorNode& node, const QUuid& id) const
+{
+    SProcessorNode processor = node;
     const QUuid idHome = hashHome.value(id);
-    const bool bWasChief = present.hashGroup.value(idHome).idChief == id;
+    const bool bWasChief
+        = present.hashGroup.value(idHome).idChief == id || (!idHome.isNull() && to.hashGroup.value(idHome).idChief == id);
     processor.nChief = bWasChief && FindChief(idHome) != id ? 0 : processor.nChief;
     return processor;
 }
@@ -232,13 +259,10 @@ SProcessorNode CMerge::BuildBack(const QUuid& id) const
 {
     SProcessorNode processor = to.hashProcessor.value(id);
     if (hashHeard.contains(id)) {
-        const SProcessorNode heard = hashHeard.value(id);
-        processor.bOnline = heard.bOnline;
-        processor.nFailover = heard.nFailover;
-        processor.strProject = heard.strProject;
+        processor = DeviceReport::TakeState(processor, hashHeard.value(id));
     }
     processor.nChief = hashHome.value(id) == to.hashHome.value(id) ? processor.nChief : 0;
-    return processor;
+    return MendChief(processor, id);
 }
 
 SProcessorGroupNode CMerge::BuildGroup(const QUuid& id)
@@ -253,33 +277,46 @@ SProcessorGroupNode CMerge::BuildGroup(const QUuid& id)
     return group;
 }
 
-// One that is no member is none, unless the present tree has it so.
+// One that came from outside since stays, unless the edit was about the Chief. One that is no member is none, unless the
+// present tree has it so.
 QUuid CMerge::FindChief(const QUuid& idGroup) const
 {
     const SProcessorGroupNode group = present.hashGroup.value(idGroup);
     QUuid idChief = present.hashGroup.contains(idGroup) ? group.idChief : to.hashGroup.value(idGroup).idChief;
     if (from.hashGroup.contains(idGroup) && to.hashGroup.contains(idGroup)) {
-        idChief = Pick(from.hashGroup.value(idGroup).idChief, to.hashGroup.value(idGroup).idChief, idChief);
+        const QUuid idWas = from.hashGroup.value(idGroup).idChief;
+        const bool bFollows = idChief == idWas || HasSameMembers(idGroup);
+        idChief = bFollows ? Pick(idWas, to.hashGroup.value(idGroup).idChief, idChief) : idChief;
     }
     const bool bMember = hashMembers.value(idGroup).contains(idChief);
     const bool bAsIs = idChief == group.idChief && !present.hashMembers.value(idGroup).contains(idChief);
     return bMember || bAsIs ? idChief : QUuid();
 }
 
+bool CMerge::HasSameMembers(const QUuid& idGroup) const
+{
+    const QList<QUuid> listFrom = from.hashMembers.value(idGroup);
+    const QList<QUuid> listTo = to.hashMembers.value(idGroup);
+    return QSet<QUuid>(listFrom.cbegin(), listFrom.cend()) == QSet<QUuid>(listTo.cbegin(), listTo.cend());
+}
+
 void CMerge::FindTakenAddress(SPaneMerge& merge) const
 {
     QMultiHash<quint32, QUuid> hashOld; // the processors that keep their address
+    QList<SProcessorNode> listNew;
     for (auto it = hashHome.cbegin(); it != hashHome.cend(); ++it) {
         const SProcessorNode processor = BuildProcessor(it.key());
-        const bool bKeeps
-            = present.hashProcessor.contains(it.key()) && present.hashProcessor.value(it.key()).nIP == processor.nIP;
-        if (bKeeps) {
-            hashOld.insert(processor.nIP, it.key());
+        const SProcessorNode before = present.hashProcessor.value(it.key());
+        if (before.idNode.isNull() || before.nIP != processor.nIP) {
+            listNew.append(processor);
         } else {
+            hashOld.insert(processor.nIP, it.key());
+        }
+        if (!IsSameDevice(before, processor)) {
             merge.listBack.append(processor);
         }
     }
-    for (const SProcessorNode& processor : std::as_const(merge.listBack)) {
+    for (const SProcessorNode& processor : std::as_const(listNew)) {
         const QList<QUuid> listOther = hashOld.values(processor.nIP);
         for (const QUuid& id : listOther) {
             const bool bBefore = to.hashProcessor.contains(id) && to.hashProcessor.value(id).nIP == processor.nIP;

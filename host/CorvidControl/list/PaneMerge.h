@@ -10,10 +10,10 @@ struct SPaneMerge
     SProcessorAllNode result;       ///< the pane as it is to be
     bool bChanged = false;          ///< result is another than the present tree
     QList<SProcessorNode> listGone; ///< processors of the present tree that go, as they are there
-    QList<SProcessorNode> listBack; ///< as they are in result: processors that come back, or that get another address
+    QList<SProcessorNode> listBack; ///< as they are in result: processors that come back, or that get another type or address
 
-    /// An address of listBack that another processor of the result has too, unless it was so before; 0 when
-    /// there is none.
+    /// An address of those that come back or get another one that another processor of the result has too, unless it was so
+    /// before; 0 when there is none.
     quint32 nTakenIP = 0;
 };
 
@@ -22,9 +22,10 @@ struct SPaneMerge
 namespace PaneMerge {
 
 /// What differs between from and to is changed in present, and nothing else. Nodes that are in to alone come back,
-/// unless they are there; those in from alone go. Names, Chiefs, groups, order and what only a file changes (type,
-/// address, ports) become those of to where to differs from from. What came since stays, so does what is folded and what
-/// devices report. hashHeard has what is known now of processors that come back; others come as they are in to.
+/// those that are at the root again to their place and name, unless they are in a group; those in from alone go. A Chief that
+/// came since stays, but where the Chief is all that differs in a group. Names, Chiefs, groups, order and what only a file
+/// changes (type, address, ports) become those of to where to differs from from. What came since stays, so does what is folded
+/// and what devices report. hashHeard has what is known now of processors that come back; others come as they are in to.
 SPaneMerge Merge(const SProcessorAllNode& from, const SProcessorAllNode& to, const SProcessorAllNode& present,
                  const QHash<QUuid, SProcessorNode>& hashHeard = {});
 

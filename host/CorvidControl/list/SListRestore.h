@@ -1,11 +1,12 @@
 #pragma once
 
 #include "CorvidControl/list/PaneMerge.h"
+#include "CorvidControl/list/SListEdition.h"
 
 /// A restore on its way.
 struct SListRestore
 {
-    QHash<QUuid, SProcessorNode> hashHeard; ///< what is known now of processors that may come back
     SPaneMerge discovered;
     SPaneMerge simulators;
+    SListEdition before; ///< the Discovered list that was replaced
 };

@@ -158,9 +158,7 @@ QList<SEarlierList> CControlHost::GetEarlierLists() const
 
 bool CControlHost::TakeEarlierList(const QString& strPath)
 {
-    bool bDone = false;
-    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.TakeEarlier(strPath); });
-    return bDone;
+    return pLibrary->store.TakeEarlier(strPath);
 }
 
 SRefusedList CControlHost::PreviewRefusedList() const
@@ -170,9 +168,7 @@ SRefusedList CControlHost::PreviewRefusedList() const
 
 bool CControlHost::UseRefusedList()
 {
-    bool bDone = false;
-    pLibrary->commands.FollowReplacement([&] { return bDone = pLibrary->store.UseRefused(); });
-    return bDone;
+    return pLibrary->store.UseRefused();
 }
 
 bool CControlHost::IsBusy() const

@@ -34,8 +34,8 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
       processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()),
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
-      commands(processors, jobs, network), history(processors, jobs, network, commands),
-      store(processors, events, FindListFile(options.strListFile)), keeper([this] { return store.SaveSoon(); }),
+      commands(processors, jobs, network), history(processors, jobs),
+      store(processors, jobs, events, FindListFile(options.strListFile)), keeper([this] { return store.SaveSoon(); }),
       deletions(processors, jobs, [this](const SListEdition& edition) { store.KeepEarlier(edition); }),
       scenario(options.strScenarioFile.isEmpty() ? CScenario() : CScenario::ReadFile(options.strScenarioFile)),
       runner(processors, host, commands, network, options.nSeed), life(processors, runner, events), config(store.GetPath()),
@@ -43,9 +43,7 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
       preference(dispatcher, host), projectManage(dispatcher, host), protocal(dispatcher), runtime(dispatcher, processors, jobs)
 {
     Connect();
-    if (store.Load()) {
-        commands.FollowList({});
-    }
+    store.Load();
     for (int n = 0; n < options.nUnlistedDevices; ++n) {
         network.Appear(nFirstUnlisted + static_cast<quint32>(n), QStringLiteral("Newcomer %1").arg(n + 1));
     }
@@ -66,8 +64,10 @@ CControlLibrary::~CControlLibrary()
 void CControlLibrary::Connect()
 {
     network.SetListener([this](const SProcessorNode& device) { processors.ApplyReport(device); });
+    processors.SetNetwork(network);
     processors.SetEditListener([this] { keeper.Touch(); });
     commands.SetDeletionListener([this](int nNodes) { deletions.BeforeDeletion(nNodes); });
+    history.SetKeeper([this](const SListEdition& edition) { store.KeepEarlier(edition); });
     QObject::connect(&jobs, &CJobs::BusyChanged, &events, &CHostEvents::BusyChanged, Qt::DirectConnection);
     QObject::connect(&jobs, &CJobs::JobsChanged, &events, &CHostEvents::JobsChanged, Qt::DirectConnection);
     QObject::connect(&events, &CHostEvents::BusyChanged, &events, [this] { EndJob(); }, Qt::DirectConnection);

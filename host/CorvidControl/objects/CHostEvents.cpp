@@ -29,6 +29,6 @@ void CHostEvents::Warn(const QString& strText)
 
 void CHostEvents::ReportRefusal(const SListCommand& command, const SFault& fault, const QString& strLine)
 {
-    emit CommandRefused(
-        { command.command, command.strName, fault.reason, fault.strDetail, NameRules::GetLine(strLine), JobNumber::Get() });
+    emit CommandRefused({ command.command, NameRules::GetLine(command.strName), fault.reason, NameRules::GetLine(fault.strDetail),
+                          NameRules::GetLine(strLine), JobNumber::Get() });
 }

@@ -1,14 +1,15 @@
 #include "CorvidControl/objects/CListHistory.h"
 
-#include "CorvidControl/devices/CDeviceCommands.h"
-#include "CorvidControl/devices/DeviceReport.h"
-#include "CorvidControl/devices/IDeviceNetwork.h"
 #include "CorvidControl/list/CProcessorList.h"
 #include "controlhost/CJobs.h"
 
-CListHistory::CListHistory(CProcessorList& processorsIn, CJobs& jobsIn, IDeviceNetwork& networkIn, CDeviceCommands& commandsIn)
-    : processors(processorsIn), jobs(jobsIn), network(networkIn), commands(commandsIn)
-{ }
+CListHistory::CListHistory(CProcessorList& processorsIn, CJobs& jobsIn) : processors(processorsIn), jobs(jobsIn) { }
+
+void CListHistory::SetKeeper(const std::function<void(const SListEdition&)>& keeperNew)
+{
+    Q_ASSERT(!keeper);
+    keeper = keeperNew;
+}
 
 SFault CListHistory::FindFault(const SListSnapshot& from, const SListSnapshot& to) const
 {
@@ -32,34 +33,10 @@ SFault CListHistory::TryRestore(const SListSnapshot& from, const SListSnapshot& 
     if (!faultNow.IsNone()) {
         return faultNow;
     }
-    const std::lock_guard<std::mutex> lock(mutex);
     SListRestore restore;
-    restore.hashHeard = Hear(to.discovered);
     const SFault fault = processors.Restore(from, to, restore);
-    if (!fault.IsNone()) {
-        return fault;
+    if (fault.IsNone() && keeper && restore.discovered.listGone.size() > 1) {
+        keeper(restore.before);
     }
-    QList<QUuid> listId;
-    for (const SPaneMerge& merge : { restore.discovered, restore.simulators }) {
-        for (const SProcessorNode& processor : merge.listGone + merge.listBack) {
-            listId.append(processor.idNode);
-        }
-    }
-    commands.FollowNodes(listId);
-    return {};
-}
-
-// Simulators live in this process: what is known of them is what was recorded.
-QHash<QUuid, SProcessorNode> CListHistory::Hear(const SProcessorAllNode& node) const
-{
-    CNodeTree tree;
-    tree.SetRoot(node);
-    QHash<QUuid, SProcessorNode> hashHeard;
-    const QList<SProcessorNode> listProcessor = tree.GetProcessors();
-    for (const SProcessorNode& processor : listProcessor) {
-        if (const std::optional<SProcessorNode> device = network.Hear(processor.idNode)) {
-            hashHeard.insert(processor.idNode, DeviceReport::Mend(*device));
-        }
-    }
-    return hashHeard;
+    return fault;
 }

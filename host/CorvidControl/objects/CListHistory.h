@@ -4,12 +4,10 @@
 #include "CorvidControl/list/SListRestore.h"
 #include "controlhost/SListSnapshot.h"
 
-#include <mutex>
+#include <functional>
 
-class CDeviceCommands;
 class CJobs;
 class CProcessorList;
-class IDeviceNetwork;
 
 /// Takes edits back and makes them again, with the devices behind them. A restore is one step under the list's own
 /// lock: what a command, a report or another restore does at the same time comes wholly before it or wholly after it. A
@@ -19,7 +17,11 @@ class CListHistory
 {
 public:
     /// All references must outlive it.
-    CListHistory(CProcessorList& processorsIn, CJobs& jobsIn, IDeviceNetwork& networkIn, CDeviceCommands& commandsIn);
+    CListHistory(CProcessorList& processorsIn, CJobs& jobsIn);
+
+    /// Sets who keeps the Discovered list from which a restore has taken more than one processor. Called on the thread of the
+    /// restore, which may wait for it; without a lock. Once, before the first restore.
+    void SetKeeper(const std::function<void(const SListEdition&)>& keeperNew);
 
     /// Why Restore would refuse now; none when it would not.
     SFault FindFault(const SListSnapshot& from, const SListSnapshot& to) const;
@@ -29,11 +31,8 @@ public:
 
 private:
     SFault TryRestore(const SListSnapshot& from, const SListSnapshot& to);
-    QHash<QUuid, SProcessorNode> Hear(const SProcessorAllNode& node) const;
 
     CProcessorList& processors;
     CJobs& jobs;
-    IDeviceNetwork& network;
-    CDeviceCommands& commands;
-    std::mutex mutex; ///< held from the change of the list until the devices have followed; taken first
+    std::function<void(const SListEdition&)> keeper;
 };

@@ -16,12 +16,7 @@ qint32 CPrcListControl::ExportList(QString strPath, qint32 /*nOption*/)
 
 qint32 CPrcListControl::ImportList(QString strPath)
 {
-    CListStore::EnImportResult result = CListStore::ImportDone;
-    commands.FollowReplacement([&] {
-        result = store.Import(strPath);
-        return result == CListStore::ImportDone;
-    });
-    return result;
+    return store.Import(strPath);
 }
 
 void CPrcListControl::GetDiscoveredTree(SProcessorAllNode& node)
