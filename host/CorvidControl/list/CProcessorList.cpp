@@ -420,7 +420,8 @@ void CProcessorList::Count(const Lock& /*lock*/, const SOutcome& outcome)
 void CProcessorList::Append(const Lock& lock, const SListCommand& command, int nNodes, const SListSnapshot& before)
 {
     if (command.origin == OriginUser) {
-        edits.Append({ command.command, NameRules::GetLine(command.strName), nNodes, before, TakeSnapshot(lock), JobNumber::Get() });
+        edits.Append(
+            { command.command, NameRules::GetLine(command.strName), nNodes, before, TakeSnapshot(lock), JobNumber::Get() });
     }
 }
 
