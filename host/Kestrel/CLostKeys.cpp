@@ -77,7 +77,7 @@ bool CLostKeys::TakeReturn(const QKeyEvent* pEvent)
         return GoToTree();
     }
     auto* const pButton = qobject_cast<QAbstractButton*>(pFocus);
-    if (!pButton || pEvent->isAutoRepeat()) {
+    if (!pButton || pEvent->isAutoRepeat() || (pEvent->modifiers() & ~Qt::KeypadModifier) != 0) {
         return false;
     }
     PressSpace(pButton);

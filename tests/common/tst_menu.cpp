@@ -2,6 +2,7 @@
 #include "interfaces/widgets/CMenu.h"
 
 #include <QPushButton>
+#include <QSignalSpy>
 
 /// Each test has a menu with three entries.
 class CMenuTest : public QObject
@@ -106,6 +107,8 @@ private slots:
         QTest::newRow("the first of several") << "H" << "Hall 1";
         QTest::newRow("what does not go on is left out") << "hall 2x" << "Hall 2";
         QTest::newRow("no disabled entry") << "G" << "Gimlet";
+        QTest::newRow("again for the next") << "hh" << "Hall 2";
+        QTest::newRow("and round") << "hhh" << "Hall 1";
     }
     void typingGoesToTheEntryThatBeginsWithIt()
     {
@@ -117,6 +120,16 @@ private slots:
         pMenu->popup(QPoint(10, 10));
         QTest::keyClicks(pMenu, strTyped);
         QTEST(pMenu->activeAction() ? pMenu->activeAction()->text() : QString(), "strEntry");
+    }
+
+    void aLetterThatBeginsNoEntryChoosesNone()
+    {
+        QAction* pTrap = pMenu->addAction("Gold && &silver");
+        QSignalSpy spyChosen(pTrap, &QAction::triggered);
+        pMenu->popup(QPoint(10, 10));
+        QTest::keyClicks(pMenu, "s");
+        QCOMPARE(spyChosen.count(), 0);
+        QVERIFY(pMenu->isVisible());
     }
 
     void aMenuThatOpensAgainHasForgottenWhatWasTyped()

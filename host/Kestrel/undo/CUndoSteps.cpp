@@ -211,13 +211,18 @@ bool CUndoSteps::Restore(SUndoStep step, bool bRedo)
     return true;
 }
 
-// Asked before: the answer of the call itself has no reason in it.
+// The call answers without a reason; that comes within it, on this thread. Others may be refused on theirs meanwhile.
 bool CUndoSteps::RestorePair(const SUndoStep::SPair& pair, bool bRedo)
 {
-    const SListSnapshot& from = bRedo ? pair.before : pair.after;
-    const SListSnapshot& to = bRedo ? pair.after : pair.before;
-    refusalLast = host.FindRestoreFault(from, to);
-    return host.RestoreList(from, to);
+    const auto keep = [this](const SRefusal& refusal) {
+        if (GuiThread::IsCurrent()) {
+            refusalLast = refusal;
+        }
+    };
+    const QMetaObject::Connection connection = connect(&host, &IControlHost::CommandRefused, this, keep, Qt::DirectConnection);
+    const bool bDone = bRedo ? host.RestoreList(pair.before, pair.after) : host.RestoreList(pair.after, pair.before);
+    disconnect(connection);
+    return bDone;
 }
 
 void CUndoSteps::NoteRefusal(CStepCommand& command, bool bRedo)
