@@ -377,6 +377,21 @@ private slots:
                  qPrintable(scene.BusyText()));
     }
 
+    void aGreyUndoSaysWhy()
+    {
+        CScene scene;
+        const auto says = [&scene] {
+            emit scene.host.StateChanged();
+            CScene::Settle();
+            return scene.Find("&Undo")->statusTip();
+        };
+        QCOMPARE(says(), QString());
+        scene.host.ChangeBusy(true); // of a job that may have died
+        QCOMPARE(says(), QStringLiteral("a job is still running"));
+        scene.host.bLocked = true;
+        QCOMPARE(says(), QStringLiteral("the list is locked"));
+    }
+
     void listsAreNotTakenWhileBusyOrLocked()
     {
         CScene scene;

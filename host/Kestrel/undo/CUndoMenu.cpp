@@ -151,7 +151,12 @@ void CUndoMenu::UpdateState()
     pRedo->setText(strRedo.isEmpty() ? tr("&Redo") : GetMenuText(menu, tr("&Redo: %1"), strRedo));
     pUndo->setEnabled(steps.CanUndo());
     pRedo->setEnabled(steps.CanRedo());
-    const bool bFree = steps.IsAllowed();
+    SRefusal refusal;
+    refusal.reason = steps.GetHindrance();
+    const bool bFree = refusal.reason == ReasonNone;
+    for (QAction* pAction : { pUndo, pRedo, pEarlier, pRefused }) {
+        pAction->setStatusTip(RefusalText::GetReason(refusal)); // grey for a reason that may stand in no other place
+    }
     pEarlier->setEnabled(bFree);
     pRefused->setEnabled(bFree);
     pRefused->setVisible(host.CanRestore() && refused.IsThere());

@@ -179,9 +179,17 @@ void CUndoSteps::Push(const SUndoStep& step)
     stack.push(new CStepCommand(step));
 }
 
+EnRefusalReason CUndoSteps::GetHindrance() const
+{
+    if (host.IsListLocked()) {
+        return ReasonListLocked;
+    }
+    return host.IsBusy() || !host.GetRunningJobs().isEmpty() ? ReasonBusy : ReasonNone;
+}
+
 bool CUndoSteps::IsAllowed() const
 {
-    return !host.IsListLocked() && !host.IsBusy() && host.GetRunningJobs().isEmpty();
+    return GetHindrance() == ReasonNone;
 }
 
 // The stack hands out what it owns as const; what is counted here is nothing of the list.

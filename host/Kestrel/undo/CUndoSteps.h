@@ -28,7 +28,8 @@ public:
     /// controlHost must outlive it.
     explicit CUndoSteps(IControlHost& controlHost);
 
-    /// False while a job is under way or the list is locked.
+    /// Why nothing may be done now: a lock or a job; ReasonNone when it may.
+    EnRefusalReason GetHindrance() const;
     bool IsAllowed() const;
 
     /// False as well while it is not allowed.
