@@ -30,7 +30,8 @@ bool CMenuSearch::eventFilter(QObject* watched, QEvent* event)
     return (event->type() == QEvent::KeyPress && Type(static_cast<QKeyEvent*>(event))) || QObject::eventFilter(watched, event);
 }
 
-// What continues no name is the menu's, such as a blank that chooses in some styles.
+// A letter is never the menu's: one that the name of an entry holds behind an ampersand would choose that entry. The
+// blank is, where it begins no name, since it chooses in some styles.
 bool CMenuSearch::Type(const QKeyEvent* pEvent)
 {
     if (!IsText(pEvent)) {
@@ -40,17 +41,20 @@ bool CMenuSearch::Type(const QKeyEvent* pEvent)
         strTyped.clear();
     }
     timerTyped.start();
-    if (!Find(strTyped + pEvent->text())) {
-        return false;
+    const bool bFirst = strTyped.isEmpty();
+    if (Find(strTyped + pEvent->text(), -1)) {
+        strTyped += pEvent->text();
+    } else if (strTyped.compare(pEvent->text(), Qt::CaseInsensitive) == 0) {
+        Find(strTyped, pMenu->actions().indexOf(pMenu->activeAction()));
     }
-    strTyped += pEvent->text();
-    return true;
+    return !bFirst || !strTyped.isEmpty() || pEvent->key() != Qt::Key_Space;
 }
 
-bool CMenuSearch::Find(const QString& strWanted)
+bool CMenuSearch::Find(const QString& strWanted, int nAfter)
 {
     const QList<QAction*> listAction = pMenu->actions();
-    for (QAction* pAction : listAction) {
+    for (int n = 1; n <= listAction.size(); ++n) {
+        QAction* pAction = listAction.at((nAfter + n) % listAction.size());
         const bool bChoosable = pAction->isVisible() && pAction->isEnabled();
         if (bChoosable && elision.GetText(pAction).startsWith(strWanted, Qt::CaseInsensitive)) {
             pMenu->setActiveAction(pAction);

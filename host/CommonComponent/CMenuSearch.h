@@ -22,7 +22,7 @@ protected:
 
 private:
     bool Type(const QKeyEvent* pEvent);
-    bool Find(const QString& strWanted);
+    bool Find(const QString& strWanted, int nAfter);
 
     QMenu* pMenu;
     const CMenuElision& elision;

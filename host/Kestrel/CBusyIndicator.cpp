@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -85,28 +86,33 @@ QString CBusyIndicator::GetBusyText() const
 {
     const QString strSince = timeBegin.toString(QStringLiteral("HH:mm:ss"));
     const QString strSeconds = QString::number(timerBusy.elapsed() / nSecondMs);
-    for (const SRunningJob& job : vecRunning) {
-        if (job.nAll > 1) {
-            const QString strText = tr("%1 – %2 of %3, since %4 (%5 s)");
-            return strText.arg(GetWhat(), QString::number(job.nDone), QString::number(job.nAll), strSince, strSeconds);
-        }
-        if (job.nAll == 0 && job.nDone > 0) {
-            return tr("%1 – %2 done, since %3 (%4 s)").arg(GetWhat(), QString::number(job.nDone), strSince, strSeconds);
-        }
-    }
-    return tr("%1 – since %2 (%3 s)").arg(GetWhat(), strSince, strSeconds);
+    const auto isCounted = [](const SRunningJob& job) { return !GetProgressText(job).isEmpty(); };
+    const bool bCounted = std::any_of(vecRunning.begin(), vecRunning.end(), isCounted);
+    const QString strText = bCounted ? tr("%1, since %2 (%3 s)") : tr("%1 – since %2 (%3 s)");
+    return strText.arg(GetWhat(), strSince, strSeconds);
 }
 
 QString CBusyIndicator::GetWhat() const
 {
     QStringList listText;
     for (const SRunningJob& job : vecRunning) {
-        const QString strText = GetJobText(job.strJob);
+        const QString strProgress = GetProgressText(job);
+        const QString strJob = GetJobText(job.strJob);
+        const QString strText = strProgress.isEmpty() ? strJob : QStringLiteral("%1 – %2").arg(strJob, strProgress);
         if (!listText.contains(strText)) {
             listText.append(strText);
         }
     }
     return listText.isEmpty() ? tr("Busy") : listText.join(QStringLiteral(", "));
+}
+
+// Empty where nothing can be said of it.
+QString CBusyIndicator::GetProgressText(const SRunningJob& job)
+{
+    if (job.nAll > 1) {
+        return tr("%1 of %2").arg(job.nDone).arg(job.nAll);
+    }
+    return job.nAll == 0 && job.nDone > 0 ? tr("%1 done").arg(job.nDone) : QString();
 }
 
 QString CBusyIndicator::GetJobText(const QString& strJob)

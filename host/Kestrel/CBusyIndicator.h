@@ -37,6 +37,7 @@ private:
     void UpdateText();
     QString GetWhat() const;
     QString GetBusyText() const;
+    static QString GetProgressText(const SRunningJob& job);
     static QString GetJobText(const QString& strJob);
 
     CSpinner* pSpinner;

@@ -66,6 +66,12 @@ QString CLanguage::GetCode() const
     return strCurrent;
 }
 
+// English dates without a country are read the same everywhere.
+QLocale CLanguage::GetLocale() const
+{
+    return strCurrent == strGerman || strCurrent == strChinese ? QLocale(strCurrent) : QLocale::c();
+}
+
 void CLanguage::Load(QTranslator& translator, const QString& strFile, const QString& strFolder)
 {
     QCoreApplication::removeTranslator(&translator);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLocale>
 #include <QObject>
 #include <QStringList>
 #include <QTranslator>
@@ -26,6 +27,9 @@ public:
     void Set(const QString& strCode);
 
     QString GetCode() const;
+
+    /// How that language writes dates and numbers.
+    QLocale GetLocale() const;
 
 signals:
     /// The language is another one.

@@ -2,6 +2,7 @@
 #include "Kestrel/GuiThread.h"
 
 #include "Kestrel/player/PanelAccess.h"
+#include "nodes/EnNodeType.h"
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>
@@ -77,15 +78,15 @@ bool CLostKeys::TakeReturn(const QKeyEvent* pEvent)
         return GoToTree();
     }
     auto* const pButton = qobject_cast<QAbstractButton*>(pFocus);
-    if (!pButton || pEvent->isAutoRepeat()) {
+    if (!pButton || pEvent->isAutoRepeat() || (pEvent->modifiers() & ~Qt::KeypadModifier) != 0) {
         return false;
     }
     PressSpace(pButton);
     return true;
 }
 
-// The list moves only where one row is selected, and with Ctrl adds the next one to it: here it goes on. Information rows
-// are stepped over as they are there.
+// The list moves only where one row is selected, and with Ctrl adds the next one to it: here it goes on. Only with
+// processors: what else is selected would have no drag.
 bool CLostKeys::TakeMove(const QKeyEvent* pEvent)
 {
     QTreeView* const pTree = FindTree();
@@ -96,7 +97,7 @@ bool CLostKeys::TakeMove(const QKeyEvent* pEvent)
         return bDown ? pTree->indexBelow(index) : pTree->indexAbove(index);
     };
     QModelIndex index = next(pTree->currentIndex());
-    while (PanelAccess::IsInfoRow(index)) {
+    while (index.isValid() && PanelAccess::GetNodeType(index) != NodeProcessor) {
         index = next(index);
     }
     if (index.isValid()) {

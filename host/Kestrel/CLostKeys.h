@@ -10,7 +10,7 @@ class QWidget;
 /// What keys do that nobody in the window has taken, so that all can be done without a mouse:
 /// - Escape leads back to the list of the panel, as does Return in its search;
 /// - Return presses the button that has the focus, as Space does;
-/// - Ctrl with Up or Down selects one row more, where several are selected and the list moves none;
+/// - Ctrl with Up or Down selects one processor more, where several are selected and the list moves none;
 /// - Shift+F10 opens the context menu, as the menu key does.
 /// GUI thread.
 class CLostKeys : public QObject

@@ -38,7 +38,7 @@ CMainWindow::CMainWindow(IControlHost& hostIn, const SControlPointers& pointers,
     pMenu->GetViewMenu().addMenu(new CThemeMenu(themeIn, this));
     pKeyWays = new CKeyWays(*this, pMenu->GetViewMenu());
     pStatus = new CHostStatus(host, theme, this);
-    pUndoMenu = new CUndoMenu(*this, pMenu->GetListMenu(), *pFrame, host, undoSteps, pStatus->GetRefusalNote());
+    pUndoMenu = new CUndoMenu(*this, pMenu->GetListMenu(), *pFrame, host, undoSteps, pStatus->GetRefusalNote(), language);
     InitWidget();
     resizeDocks({ pDock }, { nJournalWidth }, Qt::Horizontal);
     SetConnection();

@@ -3,6 +3,7 @@
 
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalSpy>
 
 /// Each test has a menu with three entries.
 class CMenuTest : public QObject
@@ -133,6 +134,8 @@ private slots:
         QTest::newRow("the first of several") << "H" << "Hall 1";
         QTest::newRow("what does not go on is left out") << "hall 2x" << "Hall 2";
         QTest::newRow("no disabled entry") << "G" << "Gimlet";
+        QTest::newRow("again for the next") << "hh" << "Hall 2";
+        QTest::newRow("and round") << "hhh" << "Hall 1";
     }
     void typingGoesToTheEntryThatBeginsWithIt()
     {
@@ -144,6 +147,16 @@ private slots:
         pMenu->popup(QPoint(10, 10));
         QTest::keyClicks(pMenu, strTyped);
         QTEST(pMenu->activeAction() ? pMenu->activeAction()->text() : QString(), "strEntry");
+    }
+
+    void aLetterThatBeginsNoEntryChoosesNone()
+    {
+        QAction* pTrap = pMenu->addAction("Gold && &silver");
+        QSignalSpy spyChosen(pTrap, &QAction::triggered);
+        pMenu->popup(QPoint(10, 10));
+        QTest::keyClicks(pMenu, "s");
+        QCOMPARE(spyChosen.count(), 0);
+        QVERIFY(pMenu->isVisible());
     }
 
     void aMenuThatOpensAgainHasForgottenWhatWasTyped()

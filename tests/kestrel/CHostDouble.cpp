@@ -28,7 +28,8 @@ SRefusal CHostDouble::FindRestoreFault(const SListSnapshot& /*from*/, const SLis
 
 bool CHostDouble::RestoreList(const SListSnapshot& from, const SListSnapshot& to)
 {
-    const SRefusal refusal = FindRestoreFault(from, to);
+    SRefusal refusal = FindRestoreFault(from, to);
+    refusal.reason = refusal.reason == ReasonNone ? reasonLate : refusal.reason;
     if (refusal.reason != ReasonNone) {
         emit CommandRefused(refusal);
         return false;

@@ -20,6 +20,7 @@ public:
     QList<SEarlierList> listEarlier;
     SRefusedList refused;
     EnRefusalReason reason = ReasonNone;                  ///< of everything that is asked of it from now on
+    EnRefusalReason reasonLate = ReasonNone;              ///< of a restore that was not refused when it was asked about
     std::function<EnRefusalReason(quint64 nTo)> fnReason; ///< of a restore to that edition; instead of reason
     std::function<void()> fnBlock;                        ///< runs first in what blocks for the disk
 

@@ -36,6 +36,13 @@ public:
     }
 };
 
+QAction* Entry(const CScene& scene)
+{
+    const QList<QAction*> listAction = scene.pWindow->findChildren<QAction*>();
+    const auto isIt = [](const QAction* pAction) { return pAction->text() == "&Earlier lists…"; };
+    return *std::find_if(listAction.begin(), listAction.end(), isIt);
+}
+
 QTreeWidget* Table(const QDialog* pDialog)
 {
     return pDialog->findChild<QTreeWidget*>();
@@ -85,6 +92,39 @@ private slots:
         QCOMPARE(listRow.at(1), QStringLiteral("3 Mar 2026 14:03:12 | – | –"));
         QCOMPARE(listRow.at(2), QStringLiteral("2 Mar 2026 14:03:12 | 1 | 256"));
         QCOMPARE(scene.host.listCall, QStringList());
+    }
+
+    void datesAndFaultsAreInTheLanguageOfTheProgram_data()
+    {
+        QTest::addColumn<QString>("strLanguage");
+        QTest::addColumn<QString>("strDate");
+        QTest::addColumn<QString>("strFault");
+        QTest::newRow("English") << "en" << "4 Mar 2026 14:03:12" << "It cannot be read as a list.";
+        QTest::newRow("German") << "de" << "04.03.26 14:03:12" << "Sie ist nicht als Liste lesbar.";
+        QTest::newRow("Chinese") << "zh_CN" << "2026/3/4 14:03:12" << QStringLiteral("无法作为列表读取。");
+    }
+
+    void datesAndFaultsAreInTheLanguageOfTheProgram()
+    {
+        QFETCH(QString, strLanguage);
+        CScene scene;
+        QAction* pEntry = Entry(scene);
+        scene.language.Set(strLanguage);
+        QString strDate;
+        QString strFault;
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
+            QVERIFY(AwaitRows(pDialog));
+            strDate = Table(pDialog)->topLevelItem(0)->text(0);
+            strFault = Table(pDialog)->topLevelItem(1)->toolTip(0);
+            CDialogDriver::Press(pDialog, "DialogReject");
+        });
+        pEntry->trigger();
+        scene.language.Set("en");
+
+        QVERIFY(driver.IsDone());
+        QTEST(strDate, "strDate");
+        QTEST(strFault, "strFault");
     }
 
     void theWindowLivesWhileTheDiskIsRead()
@@ -149,7 +189,7 @@ private slots:
             QTRY_VERIFY(TakeBack(pDialog)->isEnabled());
             const QList<QLabel*> listLabel = pDialog->findChildren<QLabel*>();
             QVERIFY(std::any_of(listLabel.begin(), listLabel.end(), [](const QLabel* pLabel) {
-                return pLabel->text() == "Take back an earlier list: the list is locked";
+                return pLabel->text() == "Restore an earlier list: the list is locked";
             }));
             QVERIFY(Table(pDialog)->hasFocus());
             CDialogDriver::Press(pDialog, "DialogReject");

@@ -135,6 +135,20 @@ private slots:
         QCOMPARE(pModel->rowCount(), 2000);
     }
 
+    void aWideColumnDoesNotWidenTheDock()
+    {
+        CCallLog log(16);
+        CJournalDock dock(log, CTheme(), nullptr);
+        dock.show();
+        auto* pView = dock.findChild<QTreeView*>("Journal");
+        const int nLeast = pView->minimumWidth();
+        pView->setColumnWidth(CJournalModel::ColumnObject, 900);
+        dock.hide();
+        dock.show();
+        QCOMPARE(pView->minimumWidth(), nLeast);
+        QCOMPARE(pView->columnWidth(CJournalModel::ColumnObject), 900);
+    }
+
     void clearEmptiesTheDock()
     {
         CCallLog log(16);

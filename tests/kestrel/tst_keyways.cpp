@@ -1,5 +1,6 @@
 #include "Kestrel/CKeyWays.h"
 #include "TestMain.h"
+#include "nodes/EnNodeType.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -44,6 +45,7 @@ public:
         connect(pButton, &QToolButton::clicked, this, [this] { ++nPressed; });
         for (const char* const szRow : { "one", "two", "three", "four" }) {
             model.appendRow(new QStandardItem(szRow));
+            model.item(model.rowCount() - 1)->setData(NodeProcessor, nRoleNodeType);
         }
         model.item(1)->setData(4, nRoleNodeType); // the information row of a processor
     }
@@ -234,6 +236,8 @@ private slots:
         pPanel->pButton->setFocus();
         Press(Qt::Key_Return);
         QCOMPARE(pPanel->nPressed, 1);
+        Press(Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(pPanel->nPressed, 1);
         QKeyEvent eventRepeat(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
         QCoreApplication::sendEvent(pPanel->pButton, &eventRepeat);
         QCOMPARE(pPanel->nPressed, 1);
@@ -252,6 +256,16 @@ private slots:
         pPanel->Select(0);
         Press(Qt::Key_Down);
         QCOMPARE(pPanel->Selected(), QStringList({ "one" }));
+    }
+
+    void ctrlDownSelectsNoGroup()
+    {
+        CArrowStopper stopper;
+        pPanel->pTree->installEventFilter(&stopper);
+        pPanel->model.item(2)->setData(NodeGroup, nRoleNodeType);
+        pPanel->Select(0);
+        Press(Qt::Key_Down, Qt::ControlModifier);
+        QCOMPARE(pPanel->Selected(), QStringList({ "one", "four" }));
     }
 
     void shiftF10AsksForTheMenuOfTheCurrentRow()

@@ -64,7 +64,7 @@ private slots:
 
         const QString strShown = driver.Shown().value(0).remove(QChar(0x200B));
         QVERIFY2(strShown.startsWith("Refused list: The list was refused at the start:\n/lists/own.kvtl"), qPrintable(strShown));
-        QVERIFY2(strShown.contains("– the sum is wrong\n– a name is empty"), qPrintable(strShown));
+        QVERIFY2(!strShown.contains("the sum"), qPrintable(strShown)); // English, in every language: the journal has it
         QVERIFY2(strShown.contains("What can be read: 1 group, 12 processors; 2 faults."), qPrintable(strShown));
         QTRY_COMPARE(scene.host.listCall, QStringList{ "use refused" });
         QTRY_VERIFY(!Entry(*scene.pWindow)->isVisible());

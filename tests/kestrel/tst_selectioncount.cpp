@@ -87,6 +87,15 @@ private slots:
         QTRY_VERIFY(kestrel.Label(strCount, "3 processors selected"));
     }
 
+    void aGroupThatIsFoundForItselfCounts()
+    {
+        CListWindow kestrel;
+        Search(kestrel, "Empty");
+        QTRY_VERIFY(kestrel.Label(strCount, "0 of 7 processors and 1 group found"));
+        Search(kestrel, "Wall 1"); // its group is shown for its sake
+        QTRY_VERIFY(kestrel.Label(strCount, "1 of 7 processors found"));
+    }
+
     void theCountFollowsTheList()
     {
         CListWindow kestrel;

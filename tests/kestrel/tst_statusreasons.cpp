@@ -231,6 +231,17 @@ private slots:
         QVERIFY(!scene.Note()->isVisible());
     }
 
+    void detailsInEnglishStayInTheJournal()
+    {
+        CLanguage language;
+        language.Set("de");
+        for (int n = ReasonFileInvalid; n <= ReasonFileUnreadable; ++n) {
+            const QString strText = RefusalText::GetReason(Refusal(CommandImport, EnRefusalReason(n), "in English"));
+            QVERIFY2(!strText.contains("English"), qPrintable(strText));
+        }
+        language.Set("en");
+    }
+
     void aMessageOfTheBarDoesNotHideIt()
     {
         CScene scene;
@@ -316,6 +327,9 @@ private slots:
         }
         QCOMPARE(listText.removeDuplicates(), 0);
         for (int n = CommandAddGroup; n <= CommandScan; ++n) {
+            if (n == CommandRestore) { // named by its step
+                continue;
+            }
             const QString strText = RefusalText::Get(Refusal(EnListCommand(n), ReasonListLocked));
             QVERIFY2(!strText.startsWith(':') && !strText.contains('%'), qPrintable(strText));
         }
@@ -351,6 +365,52 @@ private slots:
 
         scene.language.Set("de");
         QTRY_VERIFY(scene.BusyText().contains("12 von 40"));
+    }
+
+    void theNumbersStandBehindTheirJob()
+    {
+        CScene scene;
+        const QDateTime time = QDateTime::currentDateTime();
+        scene.host.vecJob = { { "Scanning the network", time, 12, 40 }, { "Adding the processor at 10.0.0.7", time, 0, 1 } };
+        scene.host.ChangeBusy(true);
+        CScene::Settle();
+        QVERIFY2(scene.BusyText().startsWith("Scanning the network – 12 of 40, Adding the processor at 10.0.0.7, since "),
+                 qPrintable(scene.BusyText()));
+    }
+
+    void aGreyUndoSaysWhy()
+    {
+        CScene scene;
+        const auto says = [&scene] {
+            emit scene.host.StateChanged();
+            CScene::Settle();
+            return scene.Find("&Undo")->statusTip();
+        };
+        QCOMPARE(says(), QString());
+        scene.host.ChangeBusy(true); // of a job that may have died
+        QCOMPARE(says(), QStringLiteral("a job is still running"));
+        scene.host.bLocked = true;
+        QCOMPARE(says(), QStringLiteral("the list is locked"));
+    }
+
+    void listsAreNotTakenWhileBusyOrLocked()
+    {
+        CScene scene;
+        scene.host.strListError = "refused";
+        const auto areOn = [&scene](bool bOn) {
+            emit scene.host.StateChanged();
+            CScene::Settle();
+            return scene.Find("&Earlier lists…")->isEnabled() == bOn
+                && scene.Find("Use this list &nevertheless…")->isEnabled() == bOn;
+        };
+        QVERIFY(areOn(true));
+        scene.host.bLocked = true;
+        QVERIFY(areOn(false));
+        scene.host.bLocked = false;
+        scene.host.ChangeBusy(true);
+        QVERIFY(areOn(false));
+        scene.host.ChangeBusy(false);
+        QVERIFY(areOn(true));
     }
 
     void jobsAreNamedInTheLanguage_data()

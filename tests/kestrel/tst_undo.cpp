@@ -129,14 +129,15 @@ void ToggleChief(CListWindow& kestrel)
 const QList<QPair<const char*, SCommand>>& Commands()
 {
     static const QList<QPair<const char*, SCommand>> listCommand{
-        { "add a group", { "Add the group Group 1", [](CListWindow& kestrel) { PressTool(kestrel, "Add group"); }, {} } },
+        { "add a group",
+          { QStringLiteral("Add the group “Group 1”"), [](CListWindow& kestrel) { PressTool(kestrel, "Add group"); }, {} } },
         { "add a processor", { "Add the processor 192.168.1.42", AddProcessor, {} } },
         { "add simulators", { "Add 2 simulators", AddSimulators, {} } },
         { "delete a processor", { "Delete Door 2", [](CListWindow& kestrel) { Delete(kestrel, { "Door 2" }); }, {} } },
         { "delete processors",
           { "Delete 3 processors", [](CListWindow& kestrel) { Delete(kestrel, { "Door 1", "Wall 2", "Door 3" }); }, {} } },
         { "delete a group",
-          { "Delete the group Main stage with 4 processors",
+          { QStringLiteral("Delete the group “Main stage” with 4 processors"),
             [](CListWindow& kestrel) { Delete(kestrel, { "Main stage" }); },
             {} } },
         { "delete a group only", { "Ungroup Main stage", DeleteGroupOnly, {} } },
@@ -155,7 +156,7 @@ const QList<QPair<const char*, SCommand>>& Commands()
             {} } },
         { "ungroup",
           { "Ungroup Main stage", [](CListWindow& kestrel) { kestrel.Choose({ "Main stage" }, { "Ungroup" }); }, {} } },
-        { "earlier list", { "Take back an earlier list", TakeEarlier, ImportAnother } },
+        { "earlier list", { "Restore an earlier list", TakeEarlier, ImportAnother } },
         { "import", { "Import", Import, ExportAndRename } },
         { "Chief", { "Chief of Main stage", ToggleChief, {} } },
     };

@@ -143,9 +143,9 @@ private slots:
     {
         QTest::addColumn<int>("nMembers");
         QTest::addColumn<QString>("strName");
-        QTest::newRow("empty") << 0 << "Delete the group Main stage";
-        QTest::newRow("one") << 1 << "Delete the group Main stage with 1 processor";
-        QTest::newRow("four") << 4 << "Delete the group Main stage with 4 processors";
+        QTest::newRow("empty") << 0 << QStringLiteral("Delete the group “Main stage”");
+        QTest::newRow("one") << 1 << QStringLiteral("Delete the group “Main stage” with 1 processor");
+        QTest::newRow("four") << 4 << QStringLiteral("Delete the group “Main stage” with 4 processors");
     }
 
     void aGroupIsNamedWithItsProcessors()
@@ -265,6 +265,19 @@ private slots:
         QCOMPARE(scene.steps.GetRedoName(), QStringLiteral("Rename to Wall left"));
     }
 
+    void theReasonIsTheOneOfTheAttempt()
+    {
+        CScene scene;
+        scene.Edit(CommandRename, "Wall left", 1);
+        CScene::Settle();
+        QSignalSpy spyRefused(&scene.steps, &CUndoSteps::RestoreRefused);
+        scene.host.reasonLate = ReasonInUse;
+
+        scene.steps.Undo();
+
+        QCOMPARE(spyRefused.value(0).value(2).value<SRefusal>().reason, ReasonInUse);
+    }
+
     void aStepRefusedTwiceCanBeLeftOut()
     {
         CScene scene;
@@ -381,7 +394,7 @@ private slots:
         QTest::addColumn<QString>("strOne");
         QTest::newRow("English") << "en" << "Group 3 processors" << "Group 1 processor";
         QTest::newRow("German") << "de" << "3 Prozessoren gruppieren" << "1 Prozessor gruppieren";
-        QTest::newRow("Chinese") << "zh_CN" << QStringLiteral("将 3 台处理器分组") << QStringLiteral("将 1 台处理器分组");
+        QTest::newRow("Chinese") << "zh_CN" << QStringLiteral("将 3 台处理器编组") << QStringLiteral("将 1 台处理器编组");
     }
 
     void namesFollowTheLanguage()

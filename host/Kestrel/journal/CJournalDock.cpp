@@ -147,7 +147,7 @@ void CJournalDock::FitColumns()
         if (n != CJournalModel::ColumnCall) {
             pView->setColumnWidth(n, qMax(pView->columnWidth(n), nTitle));
         }
-        nWidth += n == CJournalModel::ColumnCall ? nTitle : pView->columnWidth(n);
+        nWidth += nTitle;
     }
     pView->setMinimumWidth(nWidth);
 }

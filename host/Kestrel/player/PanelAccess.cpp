@@ -23,7 +23,6 @@ constexpr int nRoleNodeId = Qt::UserRole + 1;
 constexpr int nRoleNodeType = Qt::UserRole + 2;
 
 constexpr char szTree[] = "ProcessorTree"; ///< the name of both trees
-constexpr int nInfoRow = 4;                ///< the kind of an information row
 
 QUuid FindId(const QList<SProcessorNode>& listProcessor, const QString& strName)
 {
@@ -122,11 +121,6 @@ QModelIndex PanelAccess::FindRow(const SControlPointers& pointers, const QTreeVi
     const QModelIndexList listFound
         = pTree->model()->match(pTree->model()->index(0, 0), nRoleNodeId, idNode, 1, Qt::MatchExactly | Qt::MatchRecursive);
     return listFound.value(0);
-}
-
-bool PanelAccess::IsInfoRow(const QModelIndex& index)
-{
-    return index.data(nRoleNodeType).toInt() == nInfoRow;
 }
 
 QAction* PanelAccess::FindAction(QWidget* pPanel, const char* szContext, const char* szText)

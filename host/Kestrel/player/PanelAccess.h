@@ -37,9 +37,6 @@ bool IsRowEditor(const QObject* pObject);
 /// The row of a group or processor of that name in the current pane of the library; invalid when there is none.
 QModelIndex FindRow(const SControlPointers& pointers, const QTreeView* pTree, const QString& strName);
 
-/// Whether it is the information row under a processor.
-bool IsInfoRow(const QModelIndex& index);
-
 /// By the English text, which szContext translates.
 QAction* FindAction(QWidget* pPanel, const char* szContext, const char* szText);
 

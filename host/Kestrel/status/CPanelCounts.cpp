@@ -31,16 +31,20 @@ void CountSelected(SPanelCounts& counts, const QTreeView& tree)
     }
 }
 
+// A group that is shown for the sake of a processor was not found itself.
 void CountFound(SPanelCounts& counts, const QTreeView& tree, const QModelIndex& indexParent)
 {
     for (int nRow = 0; nRow < tree.model()->rowCount(indexParent); ++nRow) {
         const QModelIndex index = tree.model()->index(nRow, 0, indexParent);
-        if (PanelAccess::GetNodeType(index) != NodeProcessor) {
-            CountFound(counts, tree, index);
+        const int nType = PanelAccess::GetNodeType(index);
+        if (nType == NodeProcessor) {
+            ++counts.nProcessors;
+            counts.nFound += !IsHidden(tree, index);
             continue;
         }
-        ++counts.nProcessors;
-        counts.nFound += !IsHidden(tree, index);
+        const int nFoundBefore = counts.nFound;
+        CountFound(counts, tree, index);
+        counts.nGroupsFound += nType == NodeGroup && counts.nFound == nFoundBefore && !IsHidden(tree, index);
     }
 }
 

@@ -40,7 +40,11 @@ QString CCountText::Hidden(const SPanelCounts& counts)
 
 QString CCountText::Found(const SPanelCounts& counts)
 {
-    return tr("%1 of %n processor(s) found", nullptr, counts.nProcessors).arg(counts.nFound);
+    if (counts.nGroupsFound == 0) {
+        return tr("%1 of %n processor(s) found", nullptr, counts.nProcessors).arg(counts.nFound);
+    }
+    const QString strProcessors = tr("%1 of %n processor(s)", nullptr, counts.nProcessors).arg(counts.nFound);
+    return tr("%1 and %2 found").arg(strProcessors, tr("%n group(s)", nullptr, counts.nGroupsFound));
 }
 
 } // namespace

@@ -24,7 +24,7 @@ QString CRefusalText::Command(EnListCommand command)
 {
     switch (command) {
     case CommandAddGroup:
-        return tr("Add the group %1");
+        return tr("Add the group “%1”");
     case CommandAddProcessor:
         return tr("Add the processor %1");
     case CommandAddSimulators:
@@ -32,7 +32,7 @@ QString CRefusalText::Command(EnListCommand command)
     case CommandDelete:
         return tr("Delete %1");
     case CommandDeleteGroup:
-        return tr("Delete the group %1");
+        return tr("Delete the group “%1”");
     case CommandUngroup:
         return tr("Ungroup %1");
     case CommandRename:
@@ -44,11 +44,11 @@ QString CRefusalText::Command(EnListCommand command)
     case CommandImport:
         return tr("Import %1");
     case CommandTakeEarlier:
-        return tr("Take back an earlier list");
+        return tr("Restore an earlier list");
     case CommandUseRefused:
         return tr("Use the refused list");
-    case CommandRestore:
-        return tr("Undo or redo");
+    case CommandRestore: // its step has the name
+        return {};
     case CommandExport:
         return tr("Export %1");
     case CommandSave:
@@ -116,22 +116,23 @@ QString CRefusalText::Reason(EnRefusalReason reason)
         return tr("nothing answers there");
     case ReasonFileGone:
         return tr("the file does not exist any more");
+    // What is known of a file beyond that is in English, and in the journal.
     case ReasonFileInvalid:
-        return tr("the file is no good list (%1)");
+        return tr("the file is no good list");
     case ReasonFileTooLarge:
-        return tr("the file holds more than the list takes (%1)");
+        return tr("the file holds more than the list takes");
     case ReasonFileNotWritten:
-        return tr("the file was not written (%1)");
+        return tr("the file was not written");
     case ReasonFileNotReplaced:
-        return tr("the file was not replaced (%1)");
+        return tr("the file was not replaced");
     case ReasonFileNotKept:
-        return tr("the list before was not kept (%1)");
+        return tr("the list before was not kept");
     case ReasonFileHeld:
-        return tr("another program has the file open (%1)");
+        return tr("another program has the file open");
     case ReasonFileChanged:
         return tr("the file is not the one that was refused");
     case ReasonFileUnreadable:
-        return tr("nothing of the file can be read (%1)");
+        return tr("nothing of the file can be read");
     case ReasonNothingWasRefused:
         return tr("no list was refused");
     }

@@ -9,4 +9,5 @@ struct SPanelCounts
     bool bSearching = false; ///< a text to search for is there
     int nFound = 0;          ///< processors that the search leaves
     int nProcessors = 0;
+    int nGroupsFound = 0; ///< groups that it leaves, but not for a processor in them
 };

@@ -81,16 +81,20 @@
         <translation>%1 wird importiert</translation>
     </message>
     <message>
-        <source>%1 – %2 of %3, since %4 (%5 s)</source>
-        <translation>%1 – %2 von %3, seit %4 (%5 s)</translation>
-    </message>
-    <message>
-        <source>%1 – %2 done, since %3 (%4 s)</source>
-        <translation>%1 – %2 erledigt, seit %3 (%4 s)</translation>
-    </message>
-    <message>
         <source>Deleting %1 with its processors</source>
         <translation>%1 wird mit seinen Prozessoren gelöscht</translation>
+    </message>
+    <message>
+        <source>%1, since %2 (%3 s)</source>
+        <translation>%1, seit %2 (%3 s)</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 done</source>
+        <translation>%1 erledigt</translation>
     </message>
 </context>
 <context>
@@ -111,10 +115,6 @@
         <translation>Wird gelesen …</translation>
     </message>
     <message>
-        <source>Taking back…</source>
-        <translation>Wird zurückgeholt …</translation>
-    </message>
-    <message>
         <source>Date and time</source>
         <translation>Datum und Uhrzeit</translation>
     </message>
@@ -127,16 +127,24 @@
         <translation>Prozessoren</translation>
     </message>
     <message>
-        <source>&amp;Take back</source>
-        <translation>&amp;Zurückholen</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>&amp;Schließen</translation>
     </message>
     <message>
         <source>There is no earlier list.</source>
         <translation>Es gibt keine frühere Liste.</translation>
+    </message>
+    <message>
+        <source>Restoring…</source>
+        <translation>Wird wiederhergestellt …</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>It cannot be read as a list.</source>
+        <translation>Sie ist nicht als Liste lesbar.</translation>
     </message>
 </context>
 <context>
@@ -679,12 +687,16 @@ Fortfahren?</translation>
         </translation>
     </message>
     <message>
-        <source>The refused file is kept beside it.</source>
-        <translation>Die abgelehnte Datei bleibt daneben erhalten.</translation>
-    </message>
-    <message>
         <source>Use this list?</source>
         <translation>Diese Liste verwenden?</translation>
+    </message>
+    <message>
+        <source>The journal says why.</source>
+        <translation>Der Grund steht im Journal.</translation>
+    </message>
+    <message>
+        <source>The refused file is kept in the same folder.</source>
+        <translation>Die abgelehnte Datei wird im selben Ordner aufbewahrt.</translation>
     </message>
 </context>
 <context>
@@ -702,7 +714,7 @@ Fortfahren?</translation>
     <name>CThemeMenu</name>
     <message>
         <source>&amp;Theme</source>
-        <translation>&amp;Farben</translation>
+        <translation>&amp;Farbschema</translation>
     </message>
     <message>
         <source>&amp;High contrast</source>
@@ -717,7 +729,7 @@ Fortfahren?</translation>
     <name>CUndoMenu</name>
     <message>
         <source>Chief of its &amp;group</source>
-        <translation>Chief der &amp;Gruppe</translation>
+        <translation>Chief seiner &amp;Gruppe</translation>
     </message>
     <message>
         <source>&amp;Earlier lists…</source>
@@ -749,7 +761,7 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>Undo of “%1”</source>
-        <translation>Rückgängig „%1“</translation>
+        <translation>Rückgängigmachen von „%1“</translation>
     </message>
     <message>
         <source>“%1” cannot be taken back: %2.</source>
@@ -800,13 +812,13 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>%1, hidden by the search</source>
-        <translation>%1, durch die Suche verborgen</translation>
+        <translation>%1, durch die Suche ausgeblendet</translation>
     </message>
     <message numerus="yes">
         <source>%1, %n of them hidden by the search</source>
         <translation>
-            <numerusform>%1, %n davon durch die Suche verborgen</numerusform>
-            <numerusform>%1, %n davon durch die Suche verborgen</numerusform>
+            <numerusform>%1, %n davon durch die Suche ausgeblendet</numerusform>
+            <numerusform>%1, %n davon durch die Suche ausgeblendet</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -815,6 +827,17 @@ Fortfahren?</translation>
             <numerusform>%1 von %n Prozessor gefunden</numerusform>
             <numerusform>%1 von %n Prozessoren gefunden</numerusform>
         </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n processor(s)</source>
+        <translation>
+            <numerusform>%1 von %n Prozessor</numerusform>
+            <numerusform>%1 von %n Prozessoren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2 found</source>
+        <translation>%1 und %2 gefunden</translation>
     </message>
 </context>
 <context>
@@ -827,10 +850,6 @@ Fortfahren?</translation>
 <context>
     <name>RefusalText</name>
     <message>
-        <source>Add the group %1</source>
-        <translation>Gruppe %1 hinzufügen</translation>
-    </message>
-    <message>
         <source>Add the processor %1</source>
         <translation>Prozessor %1 hinzufügen</translation>
     </message>
@@ -841,10 +860,6 @@ Fortfahren?</translation>
     <message>
         <source>Delete %1</source>
         <translation>%1 löschen</translation>
-    </message>
-    <message>
-        <source>Delete the group %1</source>
-        <translation>Gruppe %1 löschen</translation>
     </message>
     <message>
         <source>Ungroup %1</source>
@@ -867,16 +882,8 @@ Fortfahren?</translation>
         <translation>%1 importieren</translation>
     </message>
     <message>
-        <source>Take back an earlier list</source>
-        <translation>Frühere Liste zurückholen</translation>
-    </message>
-    <message>
         <source>Use the refused list</source>
         <translation>Abgelehnte Liste verwenden</translation>
-    </message>
-    <message>
-        <source>Undo or redo</source>
-        <translation>Rückgängig oder Wiederholen</translation>
     </message>
     <message>
         <source>Export %1</source>
@@ -900,7 +907,7 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>a job is still running</source>
-        <translation>ein Vorgang läuft noch</translation>
+        <translation>ein Auftrag läuft noch</translation>
     </message>
     <message>
         <source>the control library cannot do that</source>
@@ -920,7 +927,7 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>nothing of the name can be seen</source>
-        <translation>vom Namen ist nichts zu sehen</translation>
+        <translation>der Name enthält keine sichtbaren Zeichen</translation>
     </message>
     <message>
         <source>the name turns the direction of the text around</source>
@@ -936,7 +943,7 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>it is not in the list any more</source>
-        <translation>es ist nicht mehr in der Liste</translation>
+        <translation>der Eintrag ist nicht mehr in der Liste</translation>
     </message>
     <message>
         <source>the group is not in the list any more</source>
@@ -968,7 +975,7 @@ Fortfahren?</translation>
     </message>
     <message>
         <source>it is in the list already</source>
-        <translation>es ist schon in der Liste</translation>
+        <translation>der Prozessor ist schon in der Liste</translation>
     </message>
     <message>
         <source>there is no simulator of that type or output</source>
@@ -995,36 +1002,8 @@ Fortfahren?</translation>
         <translation>die Datei gibt es nicht mehr</translation>
     </message>
     <message>
-        <source>the file is no good list (%1)</source>
-        <translation>die Datei ist keine gültige Liste (%1)</translation>
-    </message>
-    <message>
-        <source>the file holds more than the list takes (%1)</source>
-        <translation>die Datei enthält mehr, als die Liste fasst (%1)</translation>
-    </message>
-    <message>
-        <source>the file was not written (%1)</source>
-        <translation>die Datei wurde nicht geschrieben (%1)</translation>
-    </message>
-    <message>
-        <source>the file was not replaced (%1)</source>
-        <translation>die Datei wurde nicht ersetzt (%1)</translation>
-    </message>
-    <message>
-        <source>the list before was not kept (%1)</source>
-        <translation>die bisherige Liste wurde nicht aufbewahrt (%1)</translation>
-    </message>
-    <message>
-        <source>another program has the file open (%1)</source>
-        <translation>ein anderes Programm hat die Datei geöffnet (%1)</translation>
-    </message>
-    <message>
         <source>the file is not the one that was refused</source>
-        <translation>die Datei ist nicht mehr die abgelehnte</translation>
-    </message>
-    <message>
-        <source>nothing of the file can be read (%1)</source>
-        <translation>nichts von der Datei ist lesbar (%1)</translation>
+        <translation>die Datei ist nicht mehr dieselbe wie die abgelehnte</translation>
     </message>
     <message>
         <source>no list was refused</source>
@@ -1033,6 +1012,46 @@ Fortfahren?</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Add the group “%1”</source>
+        <translation>Gruppe „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete the group “%1”</source>
+        <translation>Gruppe „%1“ löschen</translation>
+    </message>
+    <message>
+        <source>Restore an earlier list</source>
+        <translation>Frühere Liste wiederherstellen</translation>
+    </message>
+    <message>
+        <source>the file is no good list</source>
+        <translation>die Datei ist keine gültige Liste</translation>
+    </message>
+    <message>
+        <source>the file holds more than the list takes</source>
+        <translation>die Datei enthält mehr, als die Liste fasst</translation>
+    </message>
+    <message>
+        <source>the file was not written</source>
+        <translation>die Datei wurde nicht geschrieben</translation>
+    </message>
+    <message>
+        <source>the file was not replaced</source>
+        <translation>die Datei wurde nicht ersetzt</translation>
+    </message>
+    <message>
+        <source>the list before was not kept</source>
+        <translation>die bisherige Liste wurde nicht aufbewahrt</translation>
+    </message>
+    <message>
+        <source>another program has the file open</source>
+        <translation>ein anderes Programm hat die Datei geöffnet</translation>
+    </message>
+    <message>
+        <source>nothing of the file can be read</source>
+        <translation>nichts von der Datei ist lesbar</translation>
     </message>
 </context>
 <context>
@@ -1046,17 +1065,6 @@ Fortfahren?</translation>
         <translation>
             <numerusform>%n Prozessor löschen</numerusform>
             <numerusform>%n Prozessoren löschen</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Delete the group %1</source>
-        <translation>Gruppe %1 löschen</translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete the group %1 with %n processor(s)</source>
-        <translation>
-            <numerusform>Gruppe %1 mit %n Prozessor löschen</numerusform>
-            <numerusform>Gruppe %1 mit %n Prozessoren löschen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1117,10 +1125,6 @@ Fortfahren?</translation>
         </translation>
     </message>
     <message>
-        <source>Add the group %1</source>
-        <translation>Gruppe %1 hinzufügen</translation>
-    </message>
-    <message>
         <source>Add the processor %1</source>
         <translation>Prozessor %1 hinzufügen</translation>
     </message>
@@ -1141,12 +1145,27 @@ Fortfahren?</translation>
         <translation>Import</translation>
     </message>
     <message>
-        <source>Take back an earlier list</source>
-        <translation>Frühere Liste zurückholen</translation>
-    </message>
-    <message>
         <source>Use the refused list</source>
         <translation>Abgelehnte Liste verwenden</translation>
+    </message>
+    <message>
+        <source>Delete the group “%1”</source>
+        <translation>Gruppe „%1“ löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the group “%1” with %n processor(s)</source>
+        <translation>
+            <numerusform>Gruppe „%1“ mit %n Prozessor löschen</numerusform>
+            <numerusform>Gruppe „%1“ mit %n Prozessoren löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add the group “%1”</source>
+        <translation>Gruppe „%1“ hinzufügen</translation>
+    </message>
+    <message>
+        <source>Restore an earlier list</source>
+        <translation>Frühere Liste wiederherstellen</translation>
     </message>
 </context>
 </TS>

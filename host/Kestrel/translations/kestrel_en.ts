@@ -79,6 +79,13 @@
             <numerusform>%1 of %n processors found</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n processor(s)</source>
+        <translation>
+            <numerusform>%1 of %n processor</numerusform>
+            <numerusform>%1 of %n processors</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>StepName</name>
@@ -87,13 +94,6 @@
         <translation>
             <numerusform>Delete %n processor</numerusform>
             <numerusform>Delete %n processors</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete the group %1 with %n processor(s)</source>
-        <translation>
-            <numerusform>Delete the group %1 with %n processor</numerusform>
-            <numerusform>Delete the group %1 with %n processors</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -143,6 +143,13 @@
         <translation>
             <numerusform>Move %n processor</numerusform>
             <numerusform>Move %n processors</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the group “%1” with %n processor(s)</source>
+        <translation>
+            <numerusform>Delete the group “%1” with %n processor</numerusform>
+            <numerusform>Delete the group “%1” with %n processors</numerusform>
         </translation>
     </message>
 </context>

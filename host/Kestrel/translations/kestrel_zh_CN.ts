@@ -81,16 +81,20 @@
         <translation>正在导入 %1</translation>
     </message>
     <message>
-        <source>%1 – %2 of %3, since %4 (%5 s)</source>
-        <translation>%1 – %2/%3，自 %4 起(%5 秒)</translation>
-    </message>
-    <message>
-        <source>%1 – %2 done, since %3 (%4 s)</source>
-        <translation>%1 – 已完成 %2，自 %3 起(%4 秒)</translation>
-    </message>
-    <message>
         <source>Deleting %1 with its processors</source>
         <translation>正在删除 %1 及其处理器</translation>
+    </message>
+    <message>
+        <source>%1, since %2 (%3 s)</source>
+        <translation>%1，自 %2 起(%3 秒)</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1 done</source>
+        <translation>已完成 %1</translation>
     </message>
 </context>
 <context>
@@ -104,15 +108,11 @@
     <name>CEarlierLists</name>
     <message>
         <source>Earlier lists</source>
-        <translation>早先的列表</translation>
+        <translation>以前的列表</translation>
     </message>
     <message>
         <source>Reading…</source>
         <translation>正在读取…</translation>
-    </message>
-    <message>
-        <source>Taking back…</source>
-        <translation>正在取回…</translation>
     </message>
     <message>
         <source>Date and time</source>
@@ -127,16 +127,24 @@
         <translation>处理器</translation>
     </message>
     <message>
-        <source>&amp;Take back</source>
-        <translation>取回(&amp;T)</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>关闭(&amp;C)</translation>
     </message>
     <message>
         <source>There is no earlier list.</source>
-        <translation>没有早先的列表。</translation>
+        <translation>没有以前的列表。</translation>
+    </message>
+    <message>
+        <source>Restoring…</source>
+        <translation>正在恢复…</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>It cannot be read as a list.</source>
+        <translation>无法作为列表读取。</translation>
     </message>
 </context>
 <context>
@@ -675,12 +683,16 @@ Continue?</source>
         </translation>
     </message>
     <message>
-        <source>The refused file is kept beside it.</source>
-        <translation>被拒绝的文件会保留在旁边。</translation>
-    </message>
-    <message>
         <source>Use this list?</source>
         <translation>要使用此列表吗？</translation>
+    </message>
+    <message>
+        <source>The journal says why.</source>
+        <translation>原因见日志。</translation>
+    </message>
+    <message>
+        <source>The refused file is kept in the same folder.</source>
+        <translation>被拒绝的文件将保留在同一文件夹中。</translation>
     </message>
 </context>
 <context>
@@ -713,11 +725,11 @@ Continue?</source>
     <name>CUndoMenu</name>
     <message>
         <source>Chief of its &amp;group</source>
-        <translation>设为组的主控(&amp;G)</translation>
+        <translation>所在组的主控(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Earlier lists…</source>
-        <translation>早先的列表(&amp;E)…</translation>
+        <translation>以前的列表(&amp;E)…</translation>
     </message>
     <message>
         <source>Use this list &amp;nevertheless…</source>
@@ -776,7 +788,7 @@ Continue?</source>
     </message>
     <message>
         <source>%1 and %2 selected</source>
-        <translation>已选 %1和%2</translation>
+        <translation>已选 %1和 %2</translation>
     </message>
     <message numerus="yes">
         <source>%n group(s)</source>
@@ -806,6 +818,16 @@ Continue?</source>
             <numerusform>找到 %1/%n 台处理器</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n processor(s)</source>
+        <translation>
+            <numerusform>%1/%n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2 found</source>
+        <translation>找到 %1和 %2</translation>
+    </message>
 </context>
 <context>
     <name>QLineEdit</name>
@@ -816,10 +838,6 @@ Continue?</source>
 </context>
 <context>
     <name>RefusalText</name>
-    <message>
-        <source>Add the group %1</source>
-        <translation>添加组 %1</translation>
-    </message>
     <message>
         <source>Add the processor %1</source>
         <translation>添加处理器 %1</translation>
@@ -833,12 +851,8 @@ Continue?</source>
         <translation>删除 %1</translation>
     </message>
     <message>
-        <source>Delete the group %1</source>
-        <translation>删除组 %1</translation>
-    </message>
-    <message>
         <source>Ungroup %1</source>
-        <translation>取消分组 %1</translation>
+        <translation>取消编组 %1</translation>
     </message>
     <message>
         <source>Rename to %1</source>
@@ -857,16 +871,8 @@ Continue?</source>
         <translation>导入 %1</translation>
     </message>
     <message>
-        <source>Take back an earlier list</source>
-        <translation>取回早先的列表</translation>
-    </message>
-    <message>
         <source>Use the refused list</source>
         <translation>使用被拒绝的列表</translation>
-    </message>
-    <message>
-        <source>Undo or redo</source>
-        <translation>撤销或重做</translation>
     </message>
     <message>
         <source>Export %1</source>
@@ -886,7 +892,7 @@ Continue?</source>
     </message>
     <message>
         <source>refresh is blocked</source>
-        <translation>刷新已被禁止</translation>
+        <translation>刷新已禁止</translation>
     </message>
     <message>
         <source>a job is still running</source>
@@ -914,7 +920,7 @@ Continue?</source>
     </message>
     <message>
         <source>the name turns the direction of the text around</source>
-        <translation>名称会改变文字方向</translation>
+        <translation>名称含有反转文字方向的字符</translation>
     </message>
     <message>
         <source>a name may not hold any of %1</source>
@@ -938,7 +944,7 @@ Continue?</source>
     </message>
     <message>
         <source>%1 runs the open project</source>
-        <translation>%1 正在运行打开的项目</translation>
+        <translation>%1 正在运行当前打开的项目</translation>
     </message>
     <message>
         <source>the list has a node of that id</source>
@@ -970,7 +976,7 @@ Continue?</source>
     </message>
     <message>
         <source>the address is reserved</source>
-        <translation>该地址已保留</translation>
+        <translation>该地址为保留地址</translation>
     </message>
     <message>
         <source>a processor of the list has the address</source>
@@ -985,36 +991,8 @@ Continue?</source>
         <translation>文件已不存在</translation>
     </message>
     <message>
-        <source>the file is no good list (%1)</source>
-        <translation>文件不是有效的列表(%1)</translation>
-    </message>
-    <message>
-        <source>the file holds more than the list takes (%1)</source>
-        <translation>文件内容超出列表的容量(%1)</translation>
-    </message>
-    <message>
-        <source>the file was not written (%1)</source>
-        <translation>文件未写入(%1)</translation>
-    </message>
-    <message>
-        <source>the file was not replaced (%1)</source>
-        <translation>文件未替换(%1)</translation>
-    </message>
-    <message>
-        <source>the list before was not kept (%1)</source>
-        <translation>先前的列表未能保留(%1)</translation>
-    </message>
-    <message>
-        <source>another program has the file open (%1)</source>
-        <translation>另一个程序已打开该文件(%1)</translation>
-    </message>
-    <message>
         <source>the file is not the one that was refused</source>
-        <translation>文件已不是被拒绝的那个</translation>
-    </message>
-    <message>
-        <source>nothing of the file can be read (%1)</source>
-        <translation>文件中没有可读取的内容(%1)</translation>
+        <translation>该文件已不是当时被拒绝的文件</translation>
     </message>
     <message>
         <source>no list was refused</source>
@@ -1023,6 +1001,46 @@ Continue?</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>Add the group “%1”</source>
+        <translation>添加组“%1”</translation>
+    </message>
+    <message>
+        <source>Delete the group “%1”</source>
+        <translation>删除组“%1”</translation>
+    </message>
+    <message>
+        <source>Restore an earlier list</source>
+        <translation>恢复以前的列表</translation>
+    </message>
+    <message>
+        <source>the file is no good list</source>
+        <translation>文件不是有效的列表</translation>
+    </message>
+    <message>
+        <source>the file holds more than the list takes</source>
+        <translation>文件内容超出列表的容量</translation>
+    </message>
+    <message>
+        <source>the file was not written</source>
+        <translation>文件未写入</translation>
+    </message>
+    <message>
+        <source>the file was not replaced</source>
+        <translation>文件未替换</translation>
+    </message>
+    <message>
+        <source>the list before was not kept</source>
+        <translation>先前的列表未能保留</translation>
+    </message>
+    <message>
+        <source>another program has the file open</source>
+        <translation>另一个程序已打开该文件</translation>
+    </message>
+    <message>
+        <source>nothing of the file can be read</source>
+        <translation>文件中没有可读取的内容</translation>
     </message>
 </context>
 <context>
@@ -1037,16 +1055,6 @@ Continue?</source>
             <numerusform>删除 %n 台处理器</numerusform>
         </translation>
     </message>
-    <message>
-        <source>Delete the group %1</source>
-        <translation>删除组 %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>Delete the group %1 with %n processor(s)</source>
-        <translation>
-            <numerusform>删除组 %1 及 %n 台处理器</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>Delete %n group(s)</source>
         <translation>
@@ -1055,7 +1063,7 @@ Continue?</source>
     </message>
     <message>
         <source>Delete %1 and %2</source>
-        <translation>删除 %1和%2</translation>
+        <translation>删除 %1和 %2</translation>
     </message>
     <message numerus="yes">
         <source>%n group(s)</source>
@@ -1071,18 +1079,18 @@ Continue?</source>
     </message>
     <message>
         <source>Ungroup %1</source>
-        <translation>取消分组 %1</translation>
+        <translation>取消编组 %1</translation>
     </message>
     <message numerus="yes">
         <source>Ungroup %n group(s)</source>
         <translation>
-            <numerusform>取消 %n 个组的分组</numerusform>
+            <numerusform>取消 %n 个组的编组</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Group %n processor(s)</source>
         <translation>
-            <numerusform>将 %n 台处理器分组</numerusform>
+            <numerusform>将 %n 台处理器编组</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1096,10 +1104,6 @@ Continue?</source>
         <translation>
             <numerusform>移动 %n 台处理器</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>Add the group %1</source>
-        <translation>添加组 %1</translation>
     </message>
     <message>
         <source>Add the processor %1</source>
@@ -1122,12 +1126,26 @@ Continue?</source>
         <translation>导入</translation>
     </message>
     <message>
-        <source>Take back an earlier list</source>
-        <translation>取回早先的列表</translation>
-    </message>
-    <message>
         <source>Use the refused list</source>
         <translation>使用被拒绝的列表</translation>
+    </message>
+    <message>
+        <source>Delete the group “%1”</source>
+        <translation>删除组“%1”</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the group “%1” with %n processor(s)</source>
+        <translation>
+            <numerusform>删除组“%1”及其 %n 台处理器</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add the group “%1”</source>
+        <translation>添加组“%1”</translation>
+    </message>
+    <message>
+        <source>Restore an earlier list</source>
+        <translation>恢复以前的列表</translation>
     </message>
 </context>
 </TS>

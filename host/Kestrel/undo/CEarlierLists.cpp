@@ -28,18 +28,17 @@ enum EnColumn
 };
 
 // Earlier lists may be seconds apart, which the short form of a locale leaves out.
-QString GetDateText(const QDateTime& date)
+QString GetDateText(const QLocale& locale, const QDateTime& date)
 {
-    const QLocale locale;
-    const QString strFormat = locale.timeFormat(QLocale::LongFormat).remove(QLatin1Char('t')).trimmed();
-    return locale.toString(date.date(), QLocale::ShortFormat) + QLatin1Char(' ') + locale.toString(date.time(), strFormat);
+    const QString strTime = date.time().toString(QStringLiteral("HH:mm:ss"));
+    return locale.toString(date.date(), QLocale::ShortFormat) + QLatin1Char(' ') + strTime;
 }
 
 } // namespace
 
-CEarlierLists::CEarlierLists(IControlHost& hostIn, CDiskWork& workIn, QWidget* parent)
-    : CBaseDialog(parent, tr("Earlier lists"), false, ButtonsOkCancel), host(hostIn), work(workIn), pTable(new QTreeWidget(this)),
-      pNote(new CElidedLabel(this))
+CEarlierLists::CEarlierLists(IControlHost& hostIn, CDiskWork& workIn, const QLocale& localeIn, QWidget* parent)
+    : CBaseDialog(parent, tr("Earlier lists"), false, ButtonsOkCancel), host(hostIn), work(workIn), locale(localeIn),
+      pTable(new QTreeWidget(this)), pNote(new CElidedLabel(this))
 {
     Q_ASSERT(GuiThread::IsCurrent());
     InitWidget();
@@ -61,7 +60,7 @@ void CEarlierLists::accept()
         return;
     }
     bTaking = true;
-    SetNote(tr("Taking back…"));
+    SetNote(tr("Restoring…"));
     UpdateState();
     const QString strPath = pItem->data(ColumnDate, nRolePath).toString();
     IControlHost& library = host; // the dialog may end before
@@ -89,7 +88,7 @@ void CEarlierLists::InitWidget()
     GetContentLayout()->setSpacing(nSpacing);
     GetContentLayout()->addWidget(pTable, 1);
     GetContentLayout()->addWidget(pNote);
-    mapButton.value(KeyAccept)->setText(tr("&Take back"));
+    mapButton.value(KeyAccept)->setText(tr("&Restore"));
     mapButton.value(KeyReject)->setText(tr("&Close"));
 }
 
@@ -111,19 +110,19 @@ void CEarlierLists::Add(const SEarlierList& earlier)
 {
     auto* pItem = new QTreeWidgetItem(pTable);
     pItem->setSizeHint(ColumnDate, QSize(0, nRowHeight));
-    pItem->setText(ColumnDate, GetDateText(earlier.date));
+    pItem->setText(ColumnDate, GetDateText(locale, earlier.date));
     pItem->setData(ColumnDate, nRolePath, earlier.strPath);
     pItem->setTextAlignment(ColumnGroups, Qt::AlignRight | Qt::AlignVCenter);
     pItem->setTextAlignment(ColumnProcessors, Qt::AlignRight | Qt::AlignVCenter);
     if (earlier.strFault.isEmpty()) {
-        pItem->setText(ColumnGroups, QLocale().toString(earlier.nGroups));
-        pItem->setText(ColumnProcessors, QLocale().toString(earlier.nProcessors));
+        pItem->setText(ColumnGroups, locale.toString(earlier.nGroups));
+        pItem->setText(ColumnProcessors, locale.toString(earlier.nProcessors));
         return;
     }
     pItem->setFlags(Qt::NoItemFlags);
     pItem->setText(ColumnGroups, QStringLiteral("–"));
     pItem->setText(ColumnProcessors, QStringLiteral("–"));
-    pItem->setToolTip(ColumnDate, earlier.strFault);
+    pItem->setToolTip(ColumnDate, tr("It cannot be read as a list."));
 }
 
 void CEarlierLists::Finish(bool bTaken)

@@ -4,6 +4,7 @@
 #include "interfaces/widgets/CBaseDialog.h"
 
 #include <QList>
+#include <QLocale>
 
 class CDiskWork;
 class CElidedLabel;
@@ -11,7 +12,7 @@ class IControlHost;
 class QTreeWidget;
 struct SRefusal;
 
-/// The earlier lists that are kept beside the list, newest first, and the taking back of one, which is a step of undo.
+/// The earlier lists that are kept beside the list, newest first, and the restoring of one, which is a step of undo.
 /// Both are done beside the GUI thread.
 class CEarlierLists : public CBaseDialog
 {
@@ -19,9 +20,10 @@ class CEarlierLists : public CBaseDialog
 
 public:
     /// Begins to read. hostIn and workIn must outlive the dialog.
-    CEarlierLists(IControlHost& hostIn, CDiskWork& workIn, QWidget* parent);
+    /// localeIn writes dates and numbers.
+    CEarlierLists(IControlHost& hostIn, CDiskWork& workIn, const QLocale& localeIn, QWidget* parent);
 
-    /// Takes back the list that is chosen, and closes the dialog when that was done.
+    /// Restores the list that is chosen, and closes the dialog when that was done.
     void accept() override;
 
 private:
@@ -35,7 +37,8 @@ private:
 
     IControlHost& host;
     CDiskWork& work;
+    const QLocale locale;
     QTreeWidget* pTable;
-    CElidedLabel* pNote; ///< what stands in place of rows, or why a list was not taken back
+    CElidedLabel* pNote; ///< what stands in place of rows, or why a list was not restored
     bool bTaking = false;
 };

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int nMostFaults = 4; ///< that a box of a readable height shows
-
 // A box breaks lines at blanks, and a path may have none.
 QString MakeBreakable(QString strText)
 {
@@ -63,12 +61,9 @@ void CRefusedList::Ask(const SRefusedList& refused)
 
 QString CRefusedList::GetFaultText(const SRefusedList& refused)
 {
-    QString strText = tr("The list was refused at the start:") + QLatin1Char('\n') + MakeBreakable(refused.strPath);
-    const QStringList listShown = refused.listFault.mid(0, nMostFaults);
-    for (const QString& strFault : listShown) {
-        strText += QStringLiteral("\n– ") + MakeBreakable(strFault);
-    }
-    return refused.listFault.size() > nMostFaults ? strText + QStringLiteral("\n– …") : strText;
+    // What is wrong in it is in English.
+    return tr("The list was refused at the start:") + QLatin1Char('\n') + MakeBreakable(refused.strPath) + QLatin1Char('\n')
+        + tr("The journal says why.");
 }
 
 QString CRefusedList::GetContentText(const SRefusedList& refused)
@@ -76,5 +71,5 @@ QString CRefusedList::GetContentText(const SRefusedList& refused)
     const QString strCounts = tr("What can be read: %1, %2; %3.");
     return strCounts.arg(tr("%n group(s)", nullptr, refused.nGroups), tr("%n processor(s)", nullptr, refused.nProcessors),
                          tr("%n fault(s)", nullptr, refused.listFault.size()))
-        + QLatin1Char('\n') + tr("The refused file is kept beside it.") + QStringLiteral("\n\n") + tr("Use this list?");
+        + QLatin1Char('\n') + tr("The refused file is kept in the same folder.") + QStringLiteral("\n\n") + tr("Use this list?");
 }

@@ -1,5 +1,6 @@
 #include "Kestrel/undo/CUndoMenu.h"
 
+#include "Kestrel/CLanguage.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/status/CRefusalNote.h"
 #include "Kestrel/status/RefusalText.h"
@@ -71,8 +72,8 @@ bool IsChief(const SListSnapshot& snapshot, const QUuid& idGroup, const QUuid& i
 } // namespace
 
 CUndoMenu::CUndoMenu(QWidget& windowIn, QMenu& menuIn, QWidget& frame, IControlHost& hostIn, CUndoSteps& stepsIn,
-                     CRefusalNote& noteIn)
-    : QObject(&windowIn), window(windowIn), menu(menuIn), host(hostIn), steps(stepsIn), note(noteIn),
+                     CRefusalNote& noteIn, const CLanguage& languageIn)
+    : QObject(&windowIn), window(windowIn), menu(menuIn), host(hostIn), steps(stepsIn), note(noteIn), language(languageIn),
       refused(hostIn, work, windowIn)
 {
     MakeActions(frame);
@@ -150,6 +151,14 @@ void CUndoMenu::UpdateState()
     pRedo->setText(strRedo.isEmpty() ? tr("&Redo") : GetMenuText(menu, tr("&Redo: %1"), strRedo));
     pUndo->setEnabled(steps.CanUndo());
     pRedo->setEnabled(steps.CanRedo());
+    SRefusal refusal;
+    refusal.reason = steps.GetHindrance();
+    const bool bFree = refusal.reason == ReasonNone;
+    for (QAction* pAction : { pUndo, pRedo, pEarlier, pRefused }) {
+        pAction->setStatusTip(RefusalText::GetReason(refusal)); // grey for a reason that may stand in no other place
+    }
+    pEarlier->setEnabled(bFree);
+    pRefused->setEnabled(bFree);
     pRefused->setVisible(host.CanRestore() && refused.IsThere());
 }
 
@@ -172,7 +181,7 @@ void CUndoMenu::ToggleChief(bool bOn)
 
 void CUndoMenu::ShowEarlier()
 {
-    CEarlierLists dialog(host, work, &window);
+    CEarlierLists dialog(host, work, language.GetLocale(), &window);
     dialog.exec();
 }
 

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class CLanguage;
 class CRefusalNote;
 class CUndoSteps;
 class IControlHost;
@@ -24,7 +25,8 @@ class CUndoMenu : public QObject
 public:
     /// Adds its entries to menuIn. The keys of undo and redo act while the focus is in frame and in no line of text. noteIn
     /// says why a step was refused. All must outlive the object.
-    CUndoMenu(QWidget& windowIn, QMenu& menuIn, QWidget& frame, IControlHost& hostIn, CUndoSteps& stepsIn, CRefusalNote& noteIn);
+    CUndoMenu(QWidget& windowIn, QMenu& menuIn, QWidget& frame, IControlHost& hostIn, CUndoSteps& stepsIn, CRefusalNote& noteIn,
+              const CLanguage& languageIn);
 
     /// Whose selection the Chief is about. Null for none.
     void SetPanel(QWidget* pWidget);
@@ -51,6 +53,7 @@ private:
     IControlHost& host;
     CUndoSteps& steps;
     CRefusalNote& note;
+    const CLanguage& language;
     CDiskWork work;
     CRefusedList refused;
     QPointer<QWidget> pPanel;

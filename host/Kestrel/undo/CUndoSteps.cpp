@@ -179,9 +179,17 @@ void CUndoSteps::Push(const SUndoStep& step)
     stack.push(new CStepCommand(step));
 }
 
+EnRefusalReason CUndoSteps::GetHindrance() const
+{
+    if (host.IsListLocked()) {
+        return ReasonListLocked;
+    }
+    return host.IsBusy() || !host.GetRunningJobs().isEmpty() ? ReasonBusy : ReasonNone;
+}
+
 bool CUndoSteps::IsAllowed() const
 {
-    return !host.IsListLocked() && !host.IsBusy() && host.GetRunningJobs().isEmpty();
+    return GetHindrance() == ReasonNone;
 }
 
 // The stack hands out what it owns as const; what is counted here is nothing of the list.
@@ -211,13 +219,18 @@ bool CUndoSteps::Restore(SUndoStep step, bool bRedo)
     return true;
 }
 
-// Asked before: the answer of the call itself has no reason in it.
+// The call answers without a reason; that comes within it, on this thread. Others may be refused on theirs meanwhile.
 bool CUndoSteps::RestorePair(const SUndoStep::SPair& pair, bool bRedo)
 {
-    const SListSnapshot& from = bRedo ? pair.before : pair.after;
-    const SListSnapshot& to = bRedo ? pair.after : pair.before;
-    refusalLast = host.FindRestoreFault(from, to);
-    return host.RestoreList(from, to);
+    const auto keep = [this](const SRefusal& refusal) {
+        if (GuiThread::IsCurrent()) {
+            refusalLast = refusal;
+        }
+    };
+    const QMetaObject::Connection connection = connect(&host, &IControlHost::CommandRefused, this, keep, Qt::DirectConnection);
+    const bool bDone = bRedo ? host.RestoreList(pair.before, pair.after) : host.RestoreList(pair.after, pair.before);
+    disconnect(connection);
+    return bDone;
 }
 
 void CUndoSteps::NoteRefusal(CStepCommand& command, bool bRedo)

@@ -28,7 +28,11 @@ public:
     /// controlHost must outlive it.
     explicit CUndoSteps(IControlHost& controlHost);
 
-    /// False as well while a job is under way or the list is locked.
+    /// Why nothing may be done now: a lock or a job; ReasonNone when it may.
+    EnRefusalReason GetHindrance() const;
+    bool IsAllowed() const;
+
+    /// False as well while it is not allowed.
     bool CanUndo() const;
     bool CanRedo() const;
 
@@ -63,7 +67,6 @@ private:
     void EndTurnSoon();
     void TakePending();
     void Push(const SUndoStep& step);
-    bool IsAllowed() const;
     CStepCommand* GetCommand(int nIndex) const;
     bool Restore(SUndoStep step, bool bRedo);
     bool RestorePair(const SUndoStep::SPair& pair, bool bRedo);

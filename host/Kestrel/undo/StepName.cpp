@@ -55,10 +55,10 @@ QString CStepText::Deletion(const SUndoStep& step)
         return step.nCommands == 1 ? tr("Delete %1").arg(step.strName) : tr("Delete %n processor(s)", nullptr, gone.nProcessors);
     }
     if (step.nCommands == 1 && gone.nProcessors == 0) {
-        return tr("Delete the group %1").arg(step.strName);
+        return tr("Delete the group “%1”").arg(step.strName);
     }
     if (step.nCommands == 1) {
-        return tr("Delete the group %1 with %n processor(s)", nullptr, gone.nProcessors).arg(step.strName);
+        return tr("Delete the group “%1” with %n processor(s)", nullptr, gone.nProcessors).arg(step.strName);
     }
     if (gone.nProcessors == 0) {
         return tr("Delete %n group(s)", nullptr, gone.nGroups);
@@ -89,7 +89,7 @@ QString CStepText::OfOne(const SUndoStep& step)
 {
     switch (step.command) {
     case CommandAddGroup:
-        return tr("Add the group %1").arg(step.strName);
+        return tr("Add the group “%1”").arg(step.strName);
     case CommandAddProcessor:
         return tr("Add the processor %1").arg(step.strName);
     case CommandRename:
@@ -101,7 +101,7 @@ QString CStepText::OfOne(const SUndoStep& step)
     case CommandImport:
         return tr("Import");
     case CommandTakeEarlier:
-        return tr("Take back an earlier list");
+        return tr("Restore an earlier list");
     case CommandUseRefused:
         return tr("Use the refused list");
     default:
