@@ -63,6 +63,9 @@ function(ptv_moc_source name file)
     qt5_generate_moc(${CMAKE_CURRENT_SOURCE_DIR}/${file} ${moc} TARGET ${name})
     set_target_properties(${name} PROPERTIES AUTOMOC OFF)
     target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+    if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/support) # what the programs of a folder share
+        target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/support)
+    endif()
     set_property(SOURCE ${file} APPEND PROPERTY OBJECT_DEPENDS ${moc})
 endfunction()
 

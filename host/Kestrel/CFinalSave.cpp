@@ -1,7 +1,7 @@
 #include "Kestrel/CFinalSave.h"
 #include "Kestrel/GuiThread.h"
 
-#include "Kestrel/ListTrouble.h"
+#include "Kestrel/status/ListTrouble.h"
 #include "controlhost/IControlHost.h"
 #include "interfaces/control/IConfigControl.h"
 #include "interfaces/control/IPrcListControl.h"

@@ -2,10 +2,10 @@
 #include "Kestrel/GuiThread.h"
 
 #include "Kestrel/CHostMenu.h"
-#include "Kestrel/CHostStatus.h"
-#include "Kestrel/CKeyWays.h"
 #include "Kestrel/journal/CJournalDock.h"
+#include "Kestrel/keys/CKeyWays.h"
 #include "Kestrel/player/PanelAccess.h"
+#include "Kestrel/status/CHostStatus.h"
 #include "Kestrel/theme/CTheme.h"
 #include "Kestrel/theme/CThemeMenu.h"
 #include "Kestrel/undo/CUndoMenu.h"

@@ -1,7 +1,7 @@
 #include "Kestrel/CBareControlHost.h"
-#include "Kestrel/CElidedLabel.h"
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CMainWindow.h"
+#include "Kestrel/status/CElidedLabel.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"
 #include "controlhost/CJobs.h"

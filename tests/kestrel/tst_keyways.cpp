@@ -1,4 +1,4 @@
-#include "Kestrel/CKeyWays.h"
+#include "Kestrel/keys/CKeyWays.h"
 #include "TestMain.h"
 #include "nodes/EnNodeType.h"
 

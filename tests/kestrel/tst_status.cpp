@@ -1,5 +1,5 @@
 #include "CWindowFixture.h"
-#include "Kestrel/CElidedLabel.h"
+#include "Kestrel/status/CElidedLabel.h"
 #include "TestMain.h"
 
 #include <QAccessible>

@@ -1,6 +1,6 @@
 #include "CDialogDriver.h"
 #include "CDoubledWindow.h"
-#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/status/CBusyIndicator.h"
 #include "Kestrel/status/CRefusalNote.h"
 #include "Kestrel/status/FieldWidths.h"
 #include "Kestrel/status/RefusalText.h"

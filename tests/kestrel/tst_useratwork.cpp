@@ -3,7 +3,7 @@
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
-#include "Kestrel/CUserWatch.h"
+#include "Kestrel/keys/CUserWatch.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "Kestrel/theme/CTheme.h"
 #include "TestMain.h"

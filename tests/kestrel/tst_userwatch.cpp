@@ -1,5 +1,5 @@
 #include "CorvidControl/objects/CControlHost.h"
-#include "Kestrel/CUserWatch.h"
+#include "Kestrel/keys/CUserWatch.h"
 #include "TestMain.h"
 
 #include <QDrag>

@@ -1,5 +1,5 @@
 #include "CWindowFixture.h"
-#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/status/CBusyIndicator.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcBasicControl.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Kestrel/CElidedLabel.h"
+#include "Kestrel/status/CElidedLabel.h"
 #include "controlhost/SRefusal.h"
 
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "Kestrel/undo/CEarlierLists.h"
 
-#include "Kestrel/CElidedLabel.h"
 #include "Kestrel/GuiThread.h"
+#include "Kestrel/status/CElidedLabel.h"
 #include "Kestrel/status/RefusalText.h"
 #include "Kestrel/undo/CDiskWork.h"
 #include "controlhost/IControlHost.h"

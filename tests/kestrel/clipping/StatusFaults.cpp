@@ -1,7 +1,7 @@
 #include "StatusFaults.h"
 
-#include "Kestrel/CBusyIndicator.h"
-#include "Kestrel/CElidedLabel.h"
+#include "Kestrel/status/CBusyIndicator.h"
+#include "Kestrel/status/CElidedLabel.h"
 #include "Kestrel/status/CRefusalNote.h"
 
 #include <QStatusBar>

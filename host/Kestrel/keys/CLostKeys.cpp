@@ -1,4 +1,4 @@
-#include "Kestrel/CLostKeys.h"
+#include "Kestrel/keys/CLostKeys.h"
 #include "Kestrel/GuiThread.h"
 
 #include "Kestrel/player/PanelAccess.h"

@@ -1,4 +1,4 @@
-#include "Kestrel/CUserWatch.h"
+#include "Kestrel/keys/CUserWatch.h"
 #include "Kestrel/GuiThread.h"
 
 #include "Kestrel/player/PanelAccess.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Kestrel/CLostKeys.h"
+#include "Kestrel/keys/CLostKeys.h"
 
 #include <QObject>
 #include <QPointer>

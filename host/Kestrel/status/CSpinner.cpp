@@ -1,4 +1,4 @@
-#include "Kestrel/CSpinner.h"
+#include "Kestrel/status/CSpinner.h"
 
 #include <QPainter>
 

@@ -1,4 +1,4 @@
-#include "Kestrel/ListTrouble.h"
+#include "Kestrel/status/ListTrouble.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "Kestrel/CKeyWays.h"
+#include "Kestrel/keys/CKeyWays.h"
 #include "Kestrel/GuiThread.h"
 
 #include "Kestrel/player/PanelAccess.h"

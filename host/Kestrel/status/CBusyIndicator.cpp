@@ -1,7 +1,7 @@
-#include "Kestrel/CBusyIndicator.h"
+#include "Kestrel/status/CBusyIndicator.h"
 
-#include "Kestrel/CElidedLabel.h"
-#include "Kestrel/CSpinner.h"
+#include "Kestrel/status/CElidedLabel.h"
+#include "Kestrel/status/CSpinner.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "Kestrel/CElidedLabel.h"
+#include "Kestrel/status/CElidedLabel.h"
 
 #include <QPainter>
 #include <QStyle>
