@@ -281,6 +281,10 @@ CListStore::EnImportResult CListStore::TryImport(const Lock& lock, const SListCo
         fault = { bTooLarge ? ReasonFileTooLarge : ReasonFileInvalid, reading.strReason };
         return bTooLarge ? ImportTooLarge : ImportInvalid;
     }
+    if (processors.IsAnySimulator(reading.node)) {
+        fault = { ReasonAlreadyListed, {} };
+        return ImportInvalid;
+    }
     const SProcessorAllNode node = processors.TakeReports(reading.node);
     const QByteArray bytes = ListFormat::Write(node);
     const QString strProof = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());

@@ -265,6 +265,16 @@ void CProcessorList::ApplyReport(const SProcessorNode& report)
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
 
+bool CProcessorList::IsAnySimulator(const SProcessorAllNode& node) const
+{
+    CNodeTree tree;
+    tree.SetRoot(node);
+    const QList<QUuid> listId = tree.GetIds();
+    const Lock lock(mutex);
+    const CNodeTree& treeSimulator = panes.GetTree(nSimulator);
+    return std::any_of(listId.cbegin(), listId.cend(), [&](const QUuid& id) { return treeSimulator.Contains(id); });
+}
+
 SProcessorAllNode CProcessorList::TakeReports(const SProcessorAllNode& node) const
 {
     const Lock lock(mutex);

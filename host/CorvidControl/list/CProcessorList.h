@@ -121,6 +121,9 @@ public:
     /// What a device reports: online state, role and project. A device that is not listed is ignored.
     void ApplyReport(const SProcessorNode& report);
 
+    /// True when the Simulator pane has a node with an id of this list.
+    bool IsAnySimulator(const SProcessorAllNode& node) const;
+
     /// The list of a file as ReplaceList would take it: processors that are listed, or that are heard, are in the state that
     /// they have reported, others in that of the file.
     SProcessorAllNode TakeReports(const SProcessorAllNode& node) const;
