@@ -352,7 +352,8 @@ private slots:
         row("the list is locked", ReasonListLocked, {}, deletion, [](CControlLibrary& library) { library.host.SetLocked(true); });
         row("a job of the panel is under way", ReasonBusy, {}, deletion,
             [](CControlLibrary&) { g_pRuntimeControl->SetBusy(true); });
-        row("a call is under way", ReasonBusy, {}, deletion, [](CControlLibrary& library) { library.jobs.Begin("a scan"); });
+        row("a call is under way", ReasonBusy, {}, deletion,
+            [this](CControlLibrary& library) { nJob = library.jobs.Begin("a scan"); });
         row("its address is another's now", ReasonAddressTaken, "192.168.1.21", deletion,
             [](CControlLibrary&) { g_pPrcBasicControl->AddProcessor(0xC0A80115); });
         row("the list is full by now", ReasonListFull, {}, deletion, [](CControlLibrary& library) {
@@ -400,7 +401,7 @@ private slots:
         QTEST(pRecorder->GetRefusals().first().strDetail, "strDetail");
         QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageCommandRefused });
         pLibrary->jobs.SetBusy(false);
-        pLibrary->jobs.End("a scan");
+        pLibrary->jobs.End(nJob);
     }
 
     void aRestoreThatWouldBePossibleHasNoFault()
@@ -464,6 +465,14 @@ private slots:
         QVERIFY(!Redo(0));
         QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonSimulatorsFull);
         QCOMPARE(GetText(), strText);
+    }
+
+    void simulatorsThatAreOneTooManyInTheEndAreRefusedAsSuch()
+    {
+        const auto build
+            = [](const CNodeTree&) { return QList<SProcessorNode>{ Processor("s1"), Processor("s2"), Processor("s3") }; };
+        QVERIFY(!pLibrary->processors.AddSimulators(3, build));
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonSimulatorsFull);
     }
 
     void aReceiverMayTakeItsEditBackAtOnce()
@@ -653,6 +662,7 @@ private:
     QScopedPointer<CControlFixture> pFixture;
     QScopedPointer<CControlLibrary> pLibrary;
     QScopedPointer<CEditRecorder> pRecorder;
+    int nJob = 0; ///< that is under way
 };
 
 PTV_TEST_MAIN_CORE(CRestoreTest)

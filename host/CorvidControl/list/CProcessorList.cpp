@@ -220,24 +220,30 @@ SFault CProcessorList::FindAddFault(quint32 nIP) const
 bool CProcessorList::AddProcessor(const SProcessorNode& device, bool bSimulator, EnOrigin origin)
 {
     const SProcessorNode processor = DeviceReport::Mend(device);
-    return Add({ CommandAddProcessor, QStringLiteral("Adding the processor \"%1\"").arg(processor.strName),
-                 QHostAddress(processor.nIP).toString(), origin },
-               bSimulator, { processor });
+    bool bAdded = false;
+    Carry({ CommandAddProcessor, QStringLiteral("Adding the processor \"%1\"").arg(processor.strName),
+            QHostAddress(processor.nIP).toString(), origin },
+          [&] {
+              const SOutcome outcome = rules.AddProcessors(bSimulator, { processor });
+              bAdded = outcome.bChanged;
+              return outcome;
+          });
+    return bAdded;
 }
 
-bool CProcessorList::AddSimulators(const QList<SProcessorNode>& listSimulator, EnOrigin origin)
+bool CProcessorList::AddSimulators(int nCount, const std::function<QList<SProcessorNode>(const CNodeTree&)>& build,
+                                   EnOrigin origin)
 {
-    return Add({ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(listSimulator.size()),
-                 listSimulator.first().strName, origin },
-               nSimulator, listSimulator);
-}
-
-bool CProcessorList::Add(const SListCommand& command, int nPane, const QList<SProcessorNode>& listProcessor)
-{
+    SListCommand command{ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(nCount), {}, origin };
     bool bAdded = false;
     Carry(command, [&] {
-        const SOutcome outcome = rules.AddProcessors(nPane, listProcessor);
+        const QList<SProcessorNode> listSimulator = build(panes.GetTree(nSimulator));
+        const SOutcome outcome = rules.AddProcessors(nSimulator, listSimulator);
+        command.strName = listSimulator.first().strName;
         bAdded = outcome.bChanged;
+        for (const SProcessorNode& simulator : pNetwork&& bAdded ? listSimulator : QList<SProcessorNode>()) {
+            pNetwork->Follow(simulator);
+        }
         return outcome;
     });
     return bAdded;
