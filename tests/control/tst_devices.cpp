@@ -335,10 +335,17 @@ private slots:
 
     void twoThatAddSimulatorsAtOnceGiveThemTwoNames()
     {
+        pFixture->options.nReleaseMs = 0;
         pFixture->Start();
-        for (int n = 0; n < 300; ++n) {
-            std::thread other([] { g_pPrcBasicControl->AddSimulators({ 12, 1, 3 }); });
-            g_pPrcBasicControl->AddSimulators({ 12, 1, 3 });
+        for (int n = 0; n < 100; ++n) {
+            std::atomic<int> nReady{ 0 };
+            const auto add = [&] {
+                ++nReady;
+                while (nReady < 2) { }
+                g_pPrcBasicControl->AddSimulators({ 12, 1, 3 });
+            };
+            std::thread other(add);
+            add();
             other.join();
             const QList<SProcessorNode> listSimulator = CControlFixture::GetTree(true).listProcessor;
             QCOMPARE(listSimulator.size(), 2);

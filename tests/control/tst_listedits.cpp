@@ -234,17 +234,6 @@ private slots:
         QCOMPARE(listName, (QStringList{ "first", "second" }));
     }
 
-    void whatIsNoStepBetweenTwoEditsCountsAllTheSame()
-    {
-        Restart([this] { pFixture->options.nUnlistedDevices = 1; });
-        g_pPrcListControl->RenameGroup(GroupId("Hall"), "Bar");
-        g_pPrcBasicControl->RefreshProcessors();
-        g_pPrcListControl->RenameGroup(GroupId("Hall"), "Hall");
-        const QVector<SListEdit> vecEdit = pRecorder->GetEdits();
-        QCOMPARE(vecEdit.size(), 2);
-        QCOMPARE(vecEdit.at(1).before.nEdition, vecEdit.at(0).after.nEdition + 1);
-    }
-
     void aSnapshotStaysAsItWas()
     {
         const SListSnapshot snapshot = pFixture->pHost->GetSnapshot();
