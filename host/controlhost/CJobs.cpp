@@ -2,16 +2,6 @@
 
 #include <algorithm>
 
-namespace {
-
-// The first of that name, the oldest.
-QVector<SRunningJob>::iterator FindJob(QVector<SRunningJob>& vecJob, const QString& strJob)
-{
-    return std::find_if(vecJob.begin(), vecJob.end(), [&](const SRunningJob& job) { return job.strJob == strJob; });
-}
-
-} // namespace
-
 void CJobs::SetBusy(bool bNow)
 {
     QDateTime timeNow;
@@ -42,27 +32,32 @@ QDateTime CJobs::GetBusySince() const
     return timeSince;
 }
 
-void CJobs::Begin(const QString& strJob)
+int CJobs::Begin(const QString& strJob)
 {
+    int nJob = 0;
     QStringList listNow;
     {
         const std::lock_guard<std::mutex> lock(mutex);
         vecJob.append({ strJob, QDateTime::currentDateTime() });
+        nJob = ++nLast;
+        vecNumber.append(nJob);
         listNow = GetNames(lock);
         ++nSignals;
     }
     emit JobsChanged(listNow);
     EndSignal();
+    return nJob;
 }
 
-void CJobs::End(const QString& strJob)
+void CJobs::End(int nJob)
 {
     QStringList listNow;
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        const auto it = FindJob(vecJob, strJob);
-        if (it != vecJob.end()) {
-            vecJob.erase(it);
+        const int nAt = FindJob(lock, nJob);
+        if (nAt >= 0) {
+            vecJob.removeAt(nAt);
+            vecNumber.removeAt(nAt);
         }
         listNow = GetNames(lock);
         ++nSignals;
@@ -77,17 +72,17 @@ QStringList CJobs::GetRunning() const
     return GetNames(lock);
 }
 
-void CJobs::SetProgress(const QString& strJob, int nDone, int nAll)
+void CJobs::SetProgress(int nJob, int nDone, int nAll)
 {
     QVector<SRunningJob> vecNow;
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        const auto it = FindJob(vecJob, strJob);
-        if (it == vecJob.end()) {
+        const int nAt = FindJob(lock, nJob);
+        if (nAt < 0) {
             return;
         }
-        it->nDone = nDone;
-        it->nAll = nAll;
+        vecJob[nAt].nDone = nDone;
+        vecJob[nAt].nAll = nAll;
         vecNow = vecJob;
         ++nSignals;
     }
@@ -107,6 +102,12 @@ void CJobs::AwaitIdle(std::chrono::milliseconds time)
     const auto isQuiet = [this] { return vecJob.isEmpty() && nSignals == 0; };
     condEnd.wait(lock, isQuiet);
     condEnd.wait_until(lock, std::chrono::steady_clock::now() + time, [&] { return nBusy == 0 && isQuiet(); });
+}
+
+// -1 when it does not run.
+int CJobs::FindJob(const std::lock_guard<std::mutex>& /*lock*/, int nJob) const
+{
+    return vecNumber.indexOf(nJob);
 }
 
 QStringList CJobs::GetNames(const std::lock_guard<std::mutex>& /*lock*/) const

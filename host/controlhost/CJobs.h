@@ -23,13 +23,13 @@ public:
     QDateTime GetBusySince() const; ///< invalid when idle
 
     /// A blocking call begins or ends; strJob says what it does, for display. Each Begin has its End, with the
-    /// same text, or AwaitIdle never returns.
-    void Begin(const QString& strJob);
-    void End(const QString& strJob); ///< as Begin
-    QStringList GetRunning() const;  ///< oldest first
+    /// number that it has returned, or AwaitIdle never returns.
+    int Begin(const QString& strJob);
+    void End(int nJob);             ///< as Begin
+    QStringList GetRunning() const; ///< oldest first
 
     /// How far a job is that has begun; nAll is 0 where nobody knows. One that does not run changes nothing.
-    void SetProgress(const QString& strJob, int nDone, int nAll);
+    void SetProgress(int nJob, int nDone, int nAll);
     QVector<SRunningJob> GetProgress() const; ///< of all that run, oldest first
 
     /// Blocks until nothing runs inside the library and no signal about it is being emitted, and then at most time for
@@ -42,12 +42,15 @@ signals:
     void Progressed(const QVector<SRunningJob>& vecJob);      ///< all that run: one of them got further
 
 private:
+    int FindJob(const std::lock_guard<std::mutex>& lock, int nJob) const;
     QStringList GetNames(const std::lock_guard<std::mutex>& lock) const;
     void EndSignal();
 
     mutable std::mutex mutex; ///< guards all below
     std::condition_variable condEnd;
     QVector<SRunningJob> vecJob;
+    QVector<int> vecNumber; ///< of the jobs, in their order
+    int nLast = 0;          ///< number
     int nBusy = 0;
     int nSignals = 0; ///< that are being emitted just now
     QDateTime timeSince;

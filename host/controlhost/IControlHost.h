@@ -139,7 +139,7 @@ signals:
     void LifeStep(const QString& strLine);                    ///< a step of the scenario or of the quiet day was taken
 
     /// A command of the user has changed the list: through the eight objects, SetChief, TakeEarlierList or UseRefusedList. In the
-    /// order of the changes, on the thread of the command or of one that came just before it on another thread:
+    /// order of the changes, on the thread of the command or of another that came just before or just after it:
     /// connect it queued. Never for what a scan has found, what devices report, steps of a scenario, folding, RestoreList.
     void ListEdited(const SListEdit& edit);
 

@@ -3,15 +3,14 @@
 #include "controlhost/CJobs.h"
 #include "journal/CCallWriter.h"
 
-CSlowCall::CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOperationIn, const QString& strJobIn)
-    : writer(writerIn), jobs(jobsIn), pOperation(pOperationIn), strJob(strJobIn)
+CSlowCall::CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOperationIn, const QString& strJob)
+    : writer(writerIn), jobs(jobsIn), pOperation(pOperationIn), nJob(jobs.Begin(strJob))
 {
     timer.start();
-    jobs.Begin(strJob);
 }
 
 CSlowCall::~CSlowCall()
 {
     writer.Finished(pOperation, timer.elapsed());
-    jobs.End(strJob); // who waits for the end may end the journal then
+    jobs.End(nJob); // who waits for the end may end the journal then
 }

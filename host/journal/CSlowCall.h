@@ -11,8 +11,8 @@ class CJobs;
 class CSlowCall
 {
 public:
-    /// pOperation is a literal; strJobIn says what it does, for display.
-    CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOperationIn, const QString& strJobIn);
+    /// pOperation is a literal; strJob says what it does, for display.
+    CSlowCall(const CCallWriter& writerIn, CJobs& jobsIn, const char* pOperationIn, const QString& strJob);
     ~CSlowCall();
     Q_DISABLE_COPY(CSlowCall)
 
@@ -20,6 +20,6 @@ private:
     const CCallWriter& writer;
     CJobs& jobs;
     const char* pOperation;
-    const QString strJob;
+    const int nJob;
     QElapsedTimer timer;
 };

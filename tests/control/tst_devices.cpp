@@ -122,9 +122,11 @@ private slots:
         processors.ReplaceList(Root({ Group("Stage", { Processor("alpha").Online().Project("Aurora") }) }));
         std::thread deletion([&] { commands.DeleteGroup(GroupId("Stage"), true); });
         QTRY_COMPARE(jobs.GetRunning().size(), 1);
+        QSignalSpy progressed(&jobs, &CJobs::Progressed);
         bRefused ? host.SetProject("Aurora") : processors.MoveProcessor(ProcessorId("alpha"), QUuid());
         network.Stop(); // the devices let go at once
         deletion.join();
+        QCOMPARE(progressed.last().at(0).value<QVector<SRunningJob>>().first().nDone, bRefused ? 0 : 1); // the group alone
         QVERIFY(processors.IsActive(ProcessorId("alpha")));
         network.SetOnline(ProcessorId("alpha"), false);
         QVERIFY(!processors.IsActive(ProcessorId("alpha")));
@@ -329,6 +331,44 @@ private slots:
         g_pPrcBasicControl->AddSimulators({ nType, nCount, nOutput });
         QCOMPARE(g_pPrcListControl->GetSimulatorCount(), nPresent);
         QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageCommandRefused });
+    }
+
+    void twoThatAddSimulatorsAtOnceGiveThemTwoNames()
+    {
+        pFixture->options.nReleaseMs = 0;
+        pFixture->Start();
+        for (int n = 0; n < 100; ++n) {
+            std::atomic<int> nReady{ 0 };
+            const auto add = [&] {
+                ++nReady;
+                while (nReady < 2) { }
+                g_pPrcBasicControl->AddSimulators({ 12, 1, 3 });
+            };
+            std::thread other(add);
+            add();
+            other.join();
+            const QList<SProcessorNode> listSimulator = CControlFixture::GetTree(true).listProcessor;
+            QCOMPARE(listSimulator.size(), 2);
+            QVERIFY2(listSimulator.at(0).strName != listSimulator.at(1).strName, qPrintable(QString::number(n)));
+            for (const SProcessorNode& simulator : listSimulator) {
+                g_pPrcListControl->DeleteProcessor(simulator.idNode, false);
+            }
+        }
+    }
+
+    void ofTwoEqualJobsTheOneThatEndsIsGone()
+    {
+        CJobs jobs;
+        const int nFirst = jobs.Begin("a scan");
+        const int nSecond = jobs.Begin("a scan");
+        jobs.SetProgress(nSecond, 3, 4);
+        QCOMPARE(jobs.GetProgress().at(0).nDone, 0);
+        QCOMPARE(jobs.GetProgress().at(1).nDone, 3);
+        jobs.End(nSecond);
+        QCOMPARE(jobs.GetProgress().size(), 1);
+        QCOMPARE(jobs.GetProgress().at(0).nDone, 0);
+        jobs.End(nFirst);
+        QCOMPARE(jobs.GetRunning(), QStringList());
     }
 
     void aDeletedSimulatorLeavesItsNumberFree()

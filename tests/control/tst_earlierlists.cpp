@@ -73,14 +73,14 @@ private slots:
 
     void takingOneBackIsAnEditThatCanBeUndone()
     {
-        const QString strBefore = ListText::BuildExact(CControlFixture::GetTree());
+        const QString strBefore = ListText::BuildWhole(CControlFixture::GetTree());
         QVERIFY(pFixture->pHost->TakeEarlierList(pFixture->GetPath("list.2024-05-01_12-30-00.kvtl")));
         QCOMPARE(pRecorder->GetEdits().size(), 1);
         const SListEdit edit = pRecorder->GetEdits().first();
         QCOMPARE(edit.command, CommandTakeEarlier);
         QCOMPARE(edit.nNodes, 5);
         QVERIFY(pFixture->pHost->RestoreList(edit.after, edit.before));
-        QCOMPARE(ListText::BuildExact(CControlFixture::GetTree()), strBefore);
+        QCOMPARE(ListText::BuildWhole(CControlFixture::GetTree()), strBefore);
     }
 
     void theOneThatIsTakenIsNotTheOneThatGoes_data()

@@ -2,9 +2,11 @@
 #include "CControlFixture.h"
 #include "CEditRecorder.h"
 #include "CNameRegistry.h"
+#include "CorvidControl/list/CListEdits.h"
 #include "ListText.h"
 #include "TestMain.h"
 
+#include <stdexcept>
 #include <thread>
 
 using Command = std::function<void(CControlHost&)>;
@@ -244,6 +246,22 @@ private slots:
         QCOMPARE(nMost, 1);
     }
 
+    void aReceiverThatThrowsIsNotTheLast()
+    {
+        QStringList listName;
+        CListEdits edits([&](const SListEdit& edit) {
+            listName.append(edit.strName);
+            if (edit.strName == "first") {
+                throw std::runtime_error("a receiver");
+            }
+        });
+        edits.Append({ CommandRename, "first", 1, {}, {} });
+        edits.Append({ CommandRename, "second", 1, {}, {} });
+        QVERIFY_EXCEPTION_THROWN(edits.Deliver(), std::runtime_error);
+        edits.Deliver();
+        QCOMPARE(listName, (QStringList{ "first", "second" }));
+    }
+
     void aSnapshotStaysAsItWas()
     {
         const SListSnapshot snapshot = pFixture->pHost->GetSnapshot();
@@ -264,7 +282,7 @@ private:
 
     static QString GetText(const SListSnapshot& snapshot)
     {
-        return ListText::BuildExact(snapshot.discovered) + ListText::BuildExact(snapshot.simulators);
+        return ListText::BuildWhole(snapshot.discovered) + ListText::BuildWhole(snapshot.simulators);
     }
 
     void Restart(const std::function<void()>& prepare)

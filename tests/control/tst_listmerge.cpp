@@ -71,6 +71,7 @@ SProcessorAllNode BuildRandom(std::mt19937& random)
         if (random() % 3 != 0) {
             node.listGroup.append(Group(QStringLiteral("g%1").arg(n)));
             node.listGroup.last().strName += QString::number(random() % 3);
+            node.listGroup.last().setAux = { static_cast<int>(random() % 3) };
         }
     }
     std::shuffle(node.listGroup.begin(), node.listGroup.end(), random);
@@ -79,6 +80,11 @@ SProcessorAllNode BuildRandom(std::mt19937& random)
     for (const int n : std::as_const(vecProcessor)) {
         SProcessorNode processor = Processor(QStringLiteral("p%1").arg(n)).Ip(0x0A000000U + static_cast<quint32>(n));
         processor.strName += QString::number(random() % 3);
+        processor.nPortA = random() % 3;
+        processor.nPortB = random() % 3;
+        processor.nModel = static_cast<qint32>(random() % 3);
+        processor.strType = QString::number(processor.nModel);
+        processor.idAux = ProcessorId(QStringLiteral("aux %1").arg(random() % 3));
         const int nHome = static_cast<int>(random() % 10);
         if (nHome < node.listGroup.size()) {
             node.listGroup[nHome].listProcessor.append(processor);

@@ -69,16 +69,16 @@ private slots:
     void eachCommandIsTakenBackAndMadeAgain()
     {
         QFETCH(Command, command);
-        const QString strBefore = GetText();
+        const QString strBefore = GetWholeText();
         command(*pLibrary);
-        const QString strAfter = GetText();
+        const QString strAfter = GetWholeText();
         QVERIFY(strAfter != strBefore);
         QVERIFY(Undo(0));
-        QCOMPARE(GetText(), strBefore);
+        QCOMPARE(GetWholeText(), strBefore);
         QVERIFY(Redo(0));
-        QCOMPARE(GetText(), strAfter);
+        QCOMPARE(GetWholeText(), strAfter);
         QVERIFY(Undo(0));
-        QCOMPARE(GetText(), strBefore);
+        QCOMPARE(GetWholeText(), strBefore);
     }
 
     void anImportIsTakenBack()
@@ -86,13 +86,13 @@ private slots:
         pFixture->Write("other.kvtl", pFixture->Read("list.kvtl"));
         g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
         g_pPrcBasicControl->RenameProcessor(ProcessorId("loose"), "renamed");
-        const QString strBefore = GetText();
+        const QString strBefore = GetWholeText();
         QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
-        const QString strAfter = GetText();
+        const QString strAfter = GetWholeText();
         QVERIFY(Undo(2));
-        QCOMPARE(GetText(), strBefore);
+        QCOMPARE(GetWholeText(), strBefore);
         QVERIFY(Redo(2));
-        QCOMPARE(GetText(), strAfter);
+        QCOMPARE(GetWholeText(), strAfter);
     }
 
     void anImportAndItsUndoLeaveWhatDevicesReport()
@@ -241,16 +241,16 @@ private slots:
 
     void severalEditsAreTakenBackAtOnce()
     {
-        const QString strBefore = GetText();
+        const QString strBefore = GetWholeText();
         g_pPrcListControl->AddGroup(Group("Foyer"), false);
         g_pPrcListControl->MoveProcessor(ProcessorId("loose"), GroupId("Foyer"));
         g_pPrcListControl->MoveProcessor(ProcessorId("beta"), GroupId("Foyer"));
-        const QString strAfter = GetText();
+        const QString strAfter = GetWholeText();
         const QVector<SListEdit> vecEdit = pRecorder->GetEdits();
         QVERIFY(pLibrary->history.Restore(vecEdit.last().after, vecEdit.first().before));
-        QCOMPARE(GetText(), strBefore);
+        QCOMPARE(GetWholeText(), strBefore);
         QVERIFY(pLibrary->history.Restore(vecEdit.first().before, vecEdit.last().after));
-        QCOMPARE(GetText(), strAfter);
+        QCOMPARE(GetWholeText(), strAfter);
     }
 
     void whatWasFoundAndHeardSinceStays()
@@ -352,7 +352,8 @@ private slots:
         row("the list is locked", ReasonListLocked, {}, deletion, [](CControlLibrary& library) { library.host.SetLocked(true); });
         row("a job of the panel is under way", ReasonBusy, {}, deletion,
             [](CControlLibrary&) { g_pRuntimeControl->SetBusy(true); });
-        row("a call is under way", ReasonBusy, {}, deletion, [](CControlLibrary& library) { library.jobs.Begin("a scan"); });
+        row("a call is under way", ReasonBusy, {}, deletion,
+            [this](CControlLibrary& library) { nJob = library.jobs.Begin("a scan"); });
         row("its address is another's now", ReasonAddressTaken, "192.168.1.21", deletion,
             [](CControlLibrary&) { g_pPrcBasicControl->AddProcessor(0xC0A80115); });
         row("the list is full by now", ReasonListFull, {}, deletion, [](CControlLibrary& library) {
@@ -400,7 +401,7 @@ private slots:
         QTEST(pRecorder->GetRefusals().first().strDetail, "strDetail");
         QCOMPARE(pFixture->recorder.GetAllMessages(), QVector<int>{ MessageCommandRefused });
         pLibrary->jobs.SetBusy(false);
-        pLibrary->jobs.End("a scan");
+        pLibrary->jobs.End(nJob);
     }
 
     void aRestoreThatWouldBePossibleHasNoFault()
@@ -411,6 +412,67 @@ private slots:
         QVERIFY(pLibrary->history.FindFault(edit.after, edit.before).IsNone());
         QCOMPARE(GetText(), strText);
         QCOMPARE(pRecorder->GetRefusals().size(), 0);
+    }
+
+    void anIdThatIsInBothPanesAlreadyDoesNotForbidIt()
+    {
+        QVERIFY(pLibrary->processors.AddProcessor(Processor("twin"), true, OriginLibrary));
+        QVERIFY(pLibrary->processors.ReplaceList(Root({ Group("Hall") }, { Processor("twin") })).fault.IsNone());
+        g_pPrcListControl->RenameGroup(GroupId("Hall"), "Foyer");
+        QVERIFY(Undo(0));
+        QCOMPARE(CControlFixture::GetText().section('\n', 1), QString("  Hall\n  twin"));
+    }
+
+    void anIdThatTheRestoreWouldDoubleForbidsIt()
+    {
+        Delete("beta");
+        QVERIFY(pLibrary->processors.AddProcessor(Processor("beta"), true, OriginLibrary));
+        QVERIFY(!Undo(0));
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonAlreadyListed);
+    }
+
+    void aListWithTheIdOfASimulatorIsNotImported()
+    {
+        AddSimulators(1);
+        const SProcessorNode simulator = CControlFixture::GetProcessor("Simulator 1", true);
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({ Group("Foyer", { simulator }) })));
+        const QString strText = GetText();
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 2);
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonAlreadyListed);
+        QCOMPARE(GetText(), strText);
+    }
+
+    void whatAnImportBroughtAndRunsTheProjectStays()
+    {
+        pFixture->Write("other.kvtl", ListFormat::Write(Root({}, { Processor("p").Ip("10.0.0.1").Online() })));
+        QCOMPARE(g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")), 0);
+        pLibrary->network.SetProject(ProcessorId("p"), "Aurora");
+        pLibrary->host.SetProject("Aurora");
+        const QString strText = GetText();
+        QVERIFY(!Undo(0));
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonInUse);
+        QCOMPARE(GetText(), strText);
+        pLibrary->host.SetProject({});
+        QVERIFY(Undo(0));
+    }
+
+    void twoSimulatorsComeBackBothOrNot()
+    {
+        AddSimulators(2);
+        QVERIFY(Undo(0));
+        AddSimulators(1);
+        const QString strText = GetText();
+        QVERIFY(!Redo(0));
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonSimulatorsFull);
+        QCOMPARE(GetText(), strText);
+    }
+
+    void simulatorsThatAreOneTooManyInTheEndAreRefusedAsSuch()
+    {
+        const auto build
+            = [](const CNodeTree&) { return QList<SProcessorNode>{ Processor("s1"), Processor("s2"), Processor("s3") }; };
+        QVERIFY(!pLibrary->processors.AddSimulators(3, build));
+        QCOMPARE(pRecorder->GetRefusals().first().reason, ReasonSimulatorsFull);
     }
 
     void aReceiverMayTakeItsEditBackAtOnce()
@@ -477,6 +539,11 @@ private:
     QString GetText() const
     {
         return GetText(pLibrary->processors.GetSnapshot());
+    }
+    QString GetWholeText() const
+    {
+        const SListSnapshot snapshot = pLibrary->processors.GetSnapshot();
+        return ListText::BuildWhole(snapshot.discovered) + '\n' + ListText::BuildWhole(snapshot.simulators);
     }
     QString GetTextWithoutFound() const
     {
@@ -595,6 +662,7 @@ private:
     QScopedPointer<CControlFixture> pFixture;
     QScopedPointer<CControlLibrary> pLibrary;
     QScopedPointer<CEditRecorder> pRecorder;
+    int nJob = 0; ///< that is under way
 };
 
 PTV_TEST_MAIN_CORE(CRestoreTest)

@@ -8,6 +8,7 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <atomic>
 #include <random>
 #include <thread>
@@ -27,6 +28,9 @@ private slots:
         pFixture.reset(new CControlFixture);
         pFixture->options.nReleaseMs = 0;
         pFixture->Write("list.kvtl", ListFormat::Write(node));
+        node.listGroup.removeLast();
+        node.listGroup.first().listProcessor.first().nPortA = 7;
+        pFixture->Write("other.kvtl", ListFormat::Write(node));
         pLibrary.reset(new CControlLibrary(pFixture->options));
         pRecorder.reset(new CEditRecorder(&pLibrary->events));
     }
@@ -47,6 +51,7 @@ private slots:
         vecThread.emplace_back([&] { Restore(); });
         vecThread.emplace_back([&] { Report(); });
         vecThread.emplace_back([&] { Save(); });
+        vecThread.emplace_back([&] { Replace(); });
         QString strFault;
         for (int n = 0; strFault.isEmpty() && (n < 2000 || nRestored < 500); ++n) {
             strFault = FindFault(pLibrary->processors.GetTree(false));
@@ -56,11 +61,13 @@ private slots:
             thread.join();
         }
         QCOMPARE(strFault, QString());
+        QVERIFY(nReplaced > 2);
         CheckNetwork();
     }
 
     void theEditsTakeTheListBackWhenAllIsQuiet()
     {
+        const QByteArray bytes = pFixture->Read("list.kvtl");
         std::vector<std::thread> vecThread;
         for (unsigned nThread = 0; nThread < 3; ++nThread) {
             vecThread.emplace_back([nThread] {
@@ -70,7 +77,6 @@ private slots:
                 }
             });
         }
-        const QByteArray bytes = pFixture->Read("list.kvtl");
         for (std::thread& thread : vecThread) {
             thread.join();
         }
@@ -107,10 +113,25 @@ private:
                 g_pPrcListControl->DeleteGroup(idGroup, random() % 2 != 0);
                 break;
             case 2:
-                pLibrary->processors.ChooseChief(idGroup, {});
+                pLibrary->processors.ChooseChief(idGroup, FindMember(idGroup));
                 break;
             default:
                 g_pPrcListControl->MoveProcessor(ProcessorId(GetProcessor(n)), idGroup);
+            }
+        }
+    }
+
+    // Imports and earlier lists in turn, the next when some restores were made: none is while one is under way.
+    void Replace()
+    {
+        while (!bStop) {
+            const int nBefore = nRestored;
+            const QList<SEarlierList> listEarlier = pLibrary->store.FindEarlier();
+            const bool bTaken
+                = !listEarlier.isEmpty() && nReplaced % 2 != 0 && pLibrary->store.TakeEarlier(listEarlier.last().strPath);
+            nReplaced += bTaken || g_pPrcListControl->ImportList(pFixture->GetPath("other.kvtl")) == 0 ? 1 : 0;
+            while (!bStop && nRestored < nBefore + 20) {
+                std::this_thread::yield();
             }
         }
     }
@@ -145,7 +166,7 @@ private:
         }
     }
 
-    // A node that is there twice.
+    // A node that is there twice, a Chief that is no member.
     static QString FindFault(const SProcessorAllNode& node)
     {
         QSet<QUuid> setId;
@@ -155,6 +176,11 @@ private:
             setId.insert(group.idNode);
             ++nNodes;
             listProcessor += group.listProcessor;
+            const auto isChief = [&](const SProcessorNode& processor) { return processor.idNode == group.idChief; };
+            const auto nChiefs = std::count_if(group.listProcessor.cbegin(), group.listProcessor.cend(), isChief);
+            if (nChiefs != (group.idChief.isNull() ? 0 : 1)) {
+                return group.strName + QStringLiteral(" has a Chief that is no member");
+            }
         }
         for (const SProcessorNode& processor : std::as_const(listProcessor)) {
             setId.insert(processor.idNode);
@@ -163,10 +189,18 @@ private:
         return setId.size() == nNodes ? QString() : QStringLiteral("%1 nodes, %2 ids").arg(nNodes).arg(setId.size());
     }
 
-    // In the end the network knows the devices of the list.
+    QUuid FindMember(const QUuid& idGroup) const
+    {
+        const QList<SProcessorNode> listMember = pLibrary->processors.CopyGroup(idGroup).listProcessor;
+        return listMember.isEmpty() ? QUuid() : listMember.first().idNode;
+    }
+
+    // In the end the network knows the devices of the list, and no others.
     void CheckNetwork()
     {
         const QList<SProcessorNode> listProcessor = pLibrary->processors.CopyTree(false).GetProcessors();
+        const QList<SProcessorNode> listDevice = pLibrary->network.Scan([](int, int) { });
+        QCOMPARE(listDevice.size(), listProcessor.size());
         for (const SProcessorNode& processor : listProcessor) {
             const bool bOnline = !processor.bOnline;
             pLibrary->network.SetOnline(processor.idNode, bOnline);
@@ -179,6 +213,7 @@ private:
     QScopedPointer<CEditRecorder> pRecorder;
     std::atomic<bool> bStop{ false };
     std::atomic<int> nRestored{ 0 };
+    std::atomic<int> nReplaced{ 0 };
 };
 
 PTV_TEST_MAIN_CORE(CRestoreStormTest)

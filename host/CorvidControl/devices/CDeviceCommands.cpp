@@ -139,6 +139,7 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigi
             listGone.append(processor.idNode);
         }
         processors.FollowNodes(listGone);
+        return listGone.size();
     };
     const SProcessorGroupNode group = processors.CopyGroup(id);
     const int nMembers = bWithProcessors ? group.listProcessor.size() : 0;
@@ -156,9 +157,11 @@ void CDeviceCommands::DeleteGroup(const QUuid& id, bool bWithProcessors, EnOrigi
     }
     const CJobScope job(jobs, QStringLiteral("Deleting \"%1\" with its processors").arg(group.strName));
     job.SetProgress(0, 1 + nMembers);
-    ReleaseAndRemove(listId, remove);
-    nDeleted += 1 + nMembers;
-    job.SetProgress(1 + nMembers, 1 + nMembers);
+    int nGone = 0;
+    ReleaseAndRemove(listId, [&] { nGone = remove(); });
+    nGone += processors.GetNodeType(id) == 0 ? 1 : 0;
+    nDeleted += nGone;
+    job.SetProgress(nGone, 1 + nMembers);
 }
 
 void CDeviceCommands::EndJob()
@@ -204,19 +207,18 @@ bool CDeviceCommands::Adopt(const SProcessorNode& device, EnOrigin origin)
 
 void CDeviceCommands::AdoptSimulators(qint32 nType, int nCount, EnOrigin origin)
 {
-    const CNodeTree tree = processors.CopyTree(true);
-    QList<SProcessorNode> listSimulator;
-    for (int nNumber = 1; listSimulator.size() < nCount; ++nNumber) {
-        if (tree.FindByName(QStringLiteral("Simulator %1").arg(nNumber)).isNull()) {
-            listSimulator.append(BuildSimulator(nType, nNumber));
-            network.Adopt(listSimulator.last());
-        }
-    }
-    if (!processors.AddSimulators(listSimulator, origin)) {
-        for (const SProcessorNode& simulator : std::as_const(listSimulator)) {
-            network.Forget(simulator.idNode);
-        }
-    }
+    processors.AddSimulators(
+        nCount,
+        [&](const CNodeTree& tree) {
+            QList<SProcessorNode> listSimulator;
+            for (int nNumber = 1; listSimulator.size() < nCount; ++nNumber) {
+                if (tree.FindByName(QStringLiteral("Simulator %1").arg(nNumber)).isNull()) {
+                    listSimulator.append(BuildSimulator(nType, nNumber));
+                }
+            }
+            return listSimulator;
+        },
+        origin);
 }
 
 // Gives back to the network what is still in the list afterwards: refused, or moved meanwhile.

@@ -6,22 +6,21 @@
 class CJobScope
 {
 public:
-    CJobScope(CJobs& jobsIn, const QString& strJobIn) : jobs(jobsIn), strJob(strJobIn)
-    {
-        jobs.Begin(strJob);
-    }
+    /// jobsIn must outlive it; strJob as in CJobs::Begin.
+    CJobScope(CJobs& jobsIn, const QString& strJob) : jobs(jobsIn), nJob(jobs.Begin(strJob)) { }
     ~CJobScope()
     {
-        jobs.End(strJob);
+        jobs.End(nJob);
     }
     Q_DISABLE_COPY_MOVE(CJobScope)
 
+    /// As CJobs::SetProgress.
     void SetProgress(int nDone, int nAll) const
     {
-        jobs.SetProgress(strJob, nDone, nAll);
+        jobs.SetProgress(nJob, nDone, nAll);
     }
 
 private:
     CJobs& jobs;
-    const QString strJob;
+    const int nJob;
 };

@@ -15,7 +15,6 @@
 
 namespace {
 
-// Imports and their kin read, keep and write files.
 QString BuildJob(const QString& strPath)
 {
     return NameRules::GetLine(QStringLiteral("Importing ") + strPath);
@@ -244,6 +243,10 @@ SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
     const SListSave save = own.Save(processors.GetEdition());
     news.listWarning += save.listWarning;
     SetTrouble(BuildTrouble(save), news);
+    if (save.result == SListSave::Saved) { // what was refused does not stand there any more
+        const Lock lockTrouble(mutexTrouble);
+        strLoadError.clear();
+    }
     if (save.result != SListSave::Saved && (bAlways || news.bTrouble)) {
         news.listWarning.append(BuildTrouble(save));
     }
@@ -281,6 +284,10 @@ CListStore::EnImportResult CListStore::TryImport(const Lock& lock, const SListCo
         fault = { bTooLarge ? ReasonFileTooLarge : ReasonFileInvalid, reading.strReason };
         return bTooLarge ? ImportTooLarge : ImportInvalid;
     }
+    if (processors.IsAnySimulator(reading.node)) {
+        fault = { ReasonAlreadyListed, {} };
+        return ImportInvalid;
+    }
     const SProcessorAllNode node = processors.TakeReports(reading.node);
     const QByteArray bytes = ListFormat::Write(node);
     const QString strProof = bytes == content.bytes ? QString() : ListFormat::FindProofFault(bytes, processors.GetLimits());
@@ -309,15 +316,12 @@ SFault CListStore::ReplaceList(const Lock& /*lock*/, const SProcessorAllNode& no
                                quint64 nEditKept, SNews& news)
 {
     const SListReplacement replacement = processors.ReplaceList(node, command);
-    if (!replacement.fault.IsNone()) {
-        return replacement.fault;
+    if (replacement.fault.IsNone()) {
+        own.Adopt(replacement.nEdit);
+        news.listWarning += replacement.before.nEdit != nEditKept ? own.KeepEarlier(replacement.before) : QStringList();
+        SetTrouble({}, news);
     }
-    own.Adopt(replacement.nEdit);
-    if (replacement.before.nEdit != nEditKept) {
-        news.listWarning += own.KeepEarlier(replacement.before);
-    }
-    SetTrouble({}, news);
-    return {};
+    return replacement.fault;
 }
 
 SFault CListStore::TryUseRefused(const Lock& lock, const SListCommand& command, SNews& news)

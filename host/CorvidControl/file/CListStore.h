@@ -44,7 +44,7 @@ public:
     /// GetLoadError; the list is then empty. Once, before the list is changed.
     bool Load();
 
-    /// One line with the file and the reason; empty when Load has found a good list or none, and after UseRefused.
+    /// One line with the file and the reason; empty when Load has found a good list or none, and after a save or UseRefused.
     QString GetLoadError() const;
 
     /// The own place, absolute, as it was named.

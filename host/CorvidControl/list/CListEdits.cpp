@@ -1,5 +1,7 @@
 #include "CorvidControl/list/CListEdits.h"
 
+#include <QScopeGuard>
+
 void CListEdits::Append(const SListEdit& edit)
 {
     const std::lock_guard<std::mutex> lock(mutex);
@@ -13,11 +15,16 @@ void CListEdits::Deliver()
         return;
     }
     bDelivering = true;
+    const auto end = qScopeGuard([&] { // the receiver may throw
+        if (!lock.owns_lock()) {
+            lock.lock();
+        }
+        bDelivering = false;
+    });
     while (!listEdit.isEmpty()) {
         const SListEdit edit = listEdit.takeFirst();
         lock.unlock();
         receiver(edit);
         lock.lock();
     }
-    bDelivering = false;
 }

@@ -75,6 +75,19 @@ QList<SProcessorNode> CNodeTree::GetProcessors() const
     return listProcessor + node.listProcessor;
 }
 
+QList<QUuid> CNodeTree::GetIds() const
+{
+    QList<QUuid> listId;
+    for (const SProcessorGroupNode& group : node.listGroup) {
+        listId.append(group.idNode);
+    }
+    const QList<SProcessorNode> listProcessor = GetProcessors();
+    for (const SProcessorNode& processor : listProcessor) {
+        listId.append(processor.idNode);
+    }
+    return listId;
+}
+
 int CNodeTree::FindGroup(const QUuid& id) const
 {
     for (int nGroup = 0; nGroup < node.listGroup.size(); ++nGroup) {

@@ -35,6 +35,8 @@ public:
     int GetProcessorCount() const;               ///< members of groups included
     QList<SProcessorNode> GetProcessors() const; ///< all, in the order shown
 
+    QList<QUuid> GetIds() const; ///< of all groups and processors
+
     int FindGroup(const QUuid& id) const;                              ///< index in listGroup; -1 when there is none
     std::optional<SNodePlace> FindProcessor(const QUuid& id) const;    ///< none when it is not there
     bool Contains(const QUuid& id) const;                              ///< a group or a processor; never the root

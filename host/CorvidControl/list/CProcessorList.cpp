@@ -5,7 +5,6 @@
 #include "CorvidControl/list/FaultText.h"
 #include "CorvidControl/list/JobNumber.h"
 #include "CorvidControl/list/NameRules.h"
-#include "CorvidControl/list/RestoreRules.h"
 #include "CorvidControl/messages/CMessageDispatcher.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CHostEvents.h"
@@ -13,8 +12,6 @@
 #include "nodes/EnNodeType.h"
 
 #include <QHostAddress>
-
-#include <algorithm>
 
 namespace {
 
@@ -24,25 +21,6 @@ constexpr int nSimulator = CPanes::nSimulator;
 SFault GetLocked()
 {
     return { ReasonListLocked, {} };
-}
-
-QList<QUuid> GetIds(const QList<SProcessorNode>& listProcessor)
-{
-    QList<QUuid> listId;
-    for (const SProcessorNode& processor : listProcessor) {
-        listId.append(processor.idNode);
-    }
-    return listId;
-}
-
-QList<QUuid> GetIds(const CNodeTree& tree)
-{
-    return GetIds(tree.GetProcessors());
-}
-
-QList<QUuid> GetIds(const SPaneMerge& merge)
-{
-    return GetIds(merge.listGone + merge.listBack);
 }
 
 } // namespace
@@ -221,24 +199,30 @@ SFault CProcessorList::FindAddFault(quint32 nIP) const
 bool CProcessorList::AddProcessor(const SProcessorNode& device, bool bSimulator, EnOrigin origin)
 {
     const SProcessorNode processor = DeviceReport::Mend(device);
-    return Add({ CommandAddProcessor, QStringLiteral("Adding the processor \"%1\"").arg(processor.strName),
-                 QHostAddress(processor.nIP).toString(), origin },
-               bSimulator, { processor });
+    bool bAdded = false;
+    Carry({ CommandAddProcessor, QStringLiteral("Adding the processor \"%1\"").arg(processor.strName),
+            QHostAddress(processor.nIP).toString(), origin },
+          [&] {
+              const SOutcome outcome = rules.AddProcessors(bSimulator, { processor });
+              bAdded = outcome.bChanged;
+              return outcome;
+          });
+    return bAdded;
 }
 
-bool CProcessorList::AddSimulators(const QList<SProcessorNode>& listSimulator, EnOrigin origin)
+bool CProcessorList::AddSimulators(int nCount, const std::function<QList<SProcessorNode>(const CNodeTree&)>& build,
+                                   EnOrigin origin)
 {
-    return Add({ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(listSimulator.size()),
-                 listSimulator.first().strName, origin },
-               nSimulator, listSimulator);
-}
-
-bool CProcessorList::Add(const SListCommand& command, int nPane, const QList<SProcessorNode>& listProcessor)
-{
+    SListCommand command{ CommandAddSimulators, QStringLiteral("Adding %1 simulators").arg(nCount), {}, origin };
     bool bAdded = false;
     Carry(command, [&] {
-        const SOutcome outcome = rules.AddProcessors(nPane, listProcessor);
+        const QList<SProcessorNode> listSimulator = build(panes.GetTree(nSimulator));
+        const SOutcome outcome = rules.AddProcessors(nSimulator, listSimulator);
+        command.strName = listSimulator.first().strName;
         bAdded = outcome.bChanged;
+        for (const SProcessorNode& simulator : pNetwork&& bAdded ? listSimulator : QList<SProcessorNode>()) {
+            pNetwork->Follow(simulator);
+        }
         return outcome;
     });
     return bAdded;
@@ -266,75 +250,9 @@ void CProcessorList::ApplyReport(const SProcessorNode& report)
     dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
 }
 
-SProcessorAllNode CProcessorList::TakeReports(const SProcessorAllNode& node) const
-{
-    const Lock lock(mutex);
-    return TakeReports(lock, node);
-}
-
-SListReplacement CProcessorList::ReplaceList(const SProcessorAllNode& node, const SListCommand& command)
-{
-    SListReplacement replacement;
-    {
-        const Lock lock(mutex);
-        if (command.origin == OriginUser && host.IsLocked()) {
-            replacement.fault = GetLocked();
-            return replacement;
-        }
-        const SListSnapshot before = TakeSnapshot(lock);
-        const QList<QUuid> listGone = GetIds(panes.GetTree(nDiscovered));
-        replacement.before = { before.discovered, nEdit };
-        panes.Replace(nDiscovered, TakeReports(lock, node));
-        Follow(lock, listGone + GetIds(panes.GetTree(nDiscovered)));
-        replacement.nEdit = ++nEdit;
-        ++nEdition;
-        Append(lock, command, node.listGroup.size() + panes.GetTree(nDiscovered).GetProcessorCount(), before);
-    }
-    dispatcher.Post(SenderPrcList, MessageListChanged);
-    return replacement;
-}
-
-void CProcessorList::FollowNodes(const QList<QUuid>& listId) const
-{
-    const Lock lock(mutex);
-    Follow(lock, listId);
-}
-
 void CProcessorList::ReportEdits()
 {
     edits.Deliver();
-}
-
-SFault CProcessorList::Restore(const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore)
-{
-    SOutcome outcome;
-    {
-        const Lock lock(mutex);
-        const SFault fault = TryRestore(lock, from, to, restore);
-        if (!fault.IsNone()) {
-            return fault;
-        }
-        restore.before = { panes.Lend(nDiscovered).GetRoot(), nEdit };
-        if (restore.discovered.bChanged) {
-            panes.Replace(nDiscovered, restore.discovered.result);
-        }
-        if (restore.simulators.bChanged) {
-            panes.Replace(nSimulator, restore.simulators.result);
-        }
-        Follow(lock, GetIds(restore.discovered) + GetIds(restore.simulators));
-        outcome.bChanged = restore.discovered.bChanged || restore.simulators.bChanged;
-        outcome.nPane = restore.discovered.bChanged ? nDiscovered : nSimulator;
-        Count(lock, outcome);
-    }
-    Announce(outcome, { SenderPrcList, MessageListChanged });
-    return {};
-}
-
-SFault CProcessorList::FindRestoreFault(const SListSnapshot& from, const SListSnapshot& to) const
-{
-    SListRestore restore;
-    const Lock lock(mutex);
-    return TryRestore(lock, from, to, restore);
 }
 
 int CProcessorList::GetNodeType(const QUuid& id) const
@@ -428,57 +346,6 @@ void CProcessorList::Append(const Lock& lock, const SListCommand& command, int n
 SListSnapshot CProcessorList::TakeSnapshot(const Lock& /*lock*/) const
 {
     return { panes.Lend(nDiscovered).GetRoot(), panes.Lend(nSimulator).GetRoot(), nEdition };
-}
-
-SProcessorAllNode CProcessorList::TakeReports(const Lock& lock, const SProcessorAllNode& node) const
-{
-    const QHash<QUuid, SProcessorNode> hashHeard = Hear(lock, node);
-    const auto takeReport = [&](SProcessorNode& processor) {
-        const std::optional<SNodePlace> place = panes.FindPlace(nDiscovered, processor.idNode);
-        processor = DeviceReport::TakeState(
-            processor, place ? panes.GetTree(nDiscovered).GetProcessor(*place) : hashHeard.value(processor.idNode, processor));
-    };
-    SProcessorAllNode result = node;
-    for (SProcessorGroupNode& group : result.listGroup) {
-        std::for_each(group.listProcessor.begin(), group.listProcessor.end(), takeReport);
-    }
-    std::for_each(result.listProcessor.begin(), result.listProcessor.end(), takeReport);
-    return result;
-}
-
-QHash<QUuid, SProcessorNode> CProcessorList::Hear(const Lock& /*lock*/, const SProcessorAllNode& node) const
-{
-    QHash<QUuid, SProcessorNode> hashHeard;
-    CNodeTree tree;
-    tree.SetRoot(node);
-    const QList<QUuid> listId = pNetwork ? GetIds(tree) : QList<QUuid>();
-    for (const QUuid& id : listId) {
-        if (const std::optional<SProcessorNode> device = pNetwork->Hear(id)) {
-            hashHeard.insert(id, DeviceReport::Mend(*device));
-        }
-    }
-    return hashHeard;
-}
-
-void CProcessorList::Follow(const Lock& /*lock*/, const QList<QUuid>& listId) const
-{
-    for (const QUuid& id : pNetwork ? listId : QList<QUuid>()) {
-        const SProcessorNode* pProcessor = panes.FindProcessor(id);
-        pProcessor ? pNetwork->Follow(*pProcessor) : pNetwork->Forget(id);
-    }
-}
-
-SFault CProcessorList::TryRestore(const Lock& lock, const SListSnapshot& from, const SListSnapshot& to,
-                                  SListRestore& restore) const
-{
-    if (host.IsLocked()) {
-        return GetLocked();
-    }
-    // Simulators live in this process: what is known of them is what was recorded.
-    const QHash<QUuid, SProcessorNode> hashHeard = Hear(lock, to.discovered);
-    restore.discovered = PaneMerge::Merge(from.discovered, to.discovered, panes.GetTree(nDiscovered).GetRoot(), hashHeard);
-    restore.simulators = PaneMerge::Merge(from.simulators, to.simulators, panes.GetTree(nSimulator).GetRoot());
-    return RestoreRules::FindFault(restore, panes, rules.GetLimits(), host.GetProject());
 }
 
 // Empty for one that is gone.

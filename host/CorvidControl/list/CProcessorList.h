@@ -115,11 +115,16 @@ public:
     /// To the end of the root of a pane, mended to fit a list file. False when it was refused.
     bool AddProcessor(const SProcessorNode& device, bool bSimulator, EnOrigin origin = OriginUser);
 
-    /// At least one: all of them to the end of the root of the Simulator pane, or none. False when it was refused.
-    bool AddSimulators(const QList<SProcessorNode>& listSimulator, EnOrigin origin = OriginUser);
+    /// nCount of them, at least one, built for the Simulator pane as it stands: all of them to the end of its root, or none. The
+    /// network follows. build is called with the list's lock held. False when it was refused.
+    bool AddSimulators(int nCount, const std::function<QList<SProcessorNode>(const CNodeTree&)>& build,
+                       EnOrigin origin = OriginUser);
 
     /// What a device reports: online state, role and project. A device that is not listed is ignored.
     void ApplyReport(const SProcessorNode& report);
+
+    /// True when the Simulator pane has a node with an id of this list.
+    bool IsAnySimulator(const SProcessorAllNode& node) const;
 
     /// The list of a file as ReplaceList would take it: processors that are listed, or that are heard, are in the state that
     /// they have reported, others in that of the file.
@@ -164,7 +169,6 @@ private:
         int nMessage;
     };
 
-    bool Add(const SListCommand& command, int nPane, const QList<SProcessorNode>& listProcessor);
     void Carry(const SListCommand& command, const Body& body);
     void Carry(const SListCommand& command, const Body& body, const SNotice& notice);
     void Announce(const SOutcome& outcome, const SNotice& notice);

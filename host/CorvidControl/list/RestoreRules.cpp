@@ -4,6 +4,8 @@
 
 #include <QHostAddress>
 
+#include <algorithm>
+
 namespace {
 
 CNodeTree BuildTree(const SProcessorAllNode& node)
@@ -34,22 +36,15 @@ SFault FindUse(const QList<SProcessorNode>& listGone, const CPanes& panes, const
     return {};
 }
 
-// An id is one node's, whichever the pane.
-bool IsAnyTwice(const SProcessorAllNode& node, const SProcessorAllNode& other)
+// An id is one node's, whichever the pane; where it is two nodes' already the restore is not what doubles it.
+bool IsAnyDoubled(const SListRestore& restore, const CPanes& panes)
 {
-    const CNodeTree tree = BuildTree(other);
-    for (const SProcessorGroupNode& group : node.listGroup) {
-        if (tree.Contains(group.idNode)) {
-            return true;
-        }
-    }
-    const QList<SProcessorNode> listProcessor = BuildTree(node).GetProcessors();
-    for (const SProcessorNode& processor : listProcessor) {
-        if (tree.Contains(processor.idNode)) {
-            return true;
-        }
-    }
-    return false;
+    const CNodeTree tree = BuildTree(restore.discovered.result);
+    const QList<QUuid> listId = BuildTree(restore.simulators.result).GetIds();
+    return std::any_of(listId.cbegin(), listId.cend(), [&](const QUuid& id) {
+        const bool bBefore = panes.GetTree(CPanes::nDiscovered).Contains(id) && panes.GetTree(CPanes::nSimulator).Contains(id);
+        return tree.Contains(id) && !bBefore;
+    });
 }
 
 } // namespace
@@ -73,6 +68,5 @@ SFault RestoreRules::FindFault(const SListRestore& restore, const CPanes& panes,
     if (restore.discovered.nTakenIP != 0) { // simulators share theirs
         return { ReasonAddressTaken, QHostAddress(restore.discovered.nTakenIP).toString() };
     }
-    const bool bTwice = IsAnyTwice(restore.simulators.result, restore.discovered.result);
-    return bTwice ? SFault{ ReasonAlreadyListed, {} } : SFault();
+    return IsAnyDoubled(restore, panes) ? SFault{ ReasonAlreadyListed, {} } : SFault();
 }

@@ -11,7 +11,10 @@ namespace ListText {
 /// that devices report and nothing that is folded.
 QString Build(const SProcessorAllNode& node);
 
-/// As Build, with the ids: trees of equal text are the same nodes.
+/// As Build, with all that a list records: ids, types, ports, numbers. Trees of equal text are the same nodes.
 QString BuildExact(const SProcessorAllNode& node);
+
+/// As BuildExact, with what devices report and what is folded: trees of equal text are the same records.
+QString BuildWhole(const SProcessorAllNode& node);
 
 } // namespace ListText
