@@ -15,13 +15,13 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <array>
+
 namespace {
 
 constexpr int nMostRows = 2000;
 constexpr int nBatchMs = 100;
-constexpr int nTimeWidth = 108;
-constexpr int nThreadWidth = 56;
-constexpr int nObjectWidth = 144;
+constexpr std::array<int, CJournalModel::ColumnCall> arrWidth{ 108, 56, 144 }; ///< of the columns before the last, at first
 constexpr int nMargin = 8;
 constexpr int nFieldHeight = 24;
 constexpr int nBarMargin = 4; ///< makes the bar as high as the panel's header
@@ -37,8 +37,8 @@ CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* pa
     setObjectName(QStringLiteral("JournalDock"));
     setFeatures(DockWidgetClosable);
     setTitleBarWidget(MakeBar());
-    setWidget(pView);
     MakeView();
+    setWidget(pView); // named by now: the sheet is asked when a widget gets its parent
     SetConnection();
     connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
     UpdateColours(theme);
@@ -102,9 +102,9 @@ void CJournalDock::MakeView()
     pView->setUniformRowHeights(true);
     pView->setSelectionMode(QAbstractItemView::ExtendedSelection);
     pView->header()->setStretchLastSection(true);
-    pView->setColumnWidth(CJournalModel::ColumnTime, nTimeWidth);
-    pView->setColumnWidth(CJournalModel::ColumnThread, nThreadWidth);
-    pView->setColumnWidth(CJournalModel::ColumnObject, nObjectWidth);
+    for (int n = 0; n < CJournalModel::ColumnCall; ++n) {
+        pView->setColumnWidth(n, arrWidth.at(n));
+    }
 }
 
 void CJournalDock::SetConnection()
@@ -139,15 +139,14 @@ void CJournalDock::UpdateText()
     pModel->UpdateText();
 }
 
+// The least width has room for the columns as they are at first: one that was drawn wide must not hold the dock wide.
 void CJournalDock::FitColumns()
 {
-    int nWidth = pView->verticalScrollBar()->sizeHint().width();
-    for (int n = 0; n < CJournalModel::ColumnCount; ++n) {
+    int nWidth = pView->verticalScrollBar()->sizeHint().width() + pView->header()->sectionSizeHint(CJournalModel::ColumnCall);
+    for (int n = 0; n < CJournalModel::ColumnCall; ++n) {
         const int nTitle = pView->header()->sectionSizeHint(n);
-        if (n != CJournalModel::ColumnCall) {
-            pView->setColumnWidth(n, qMax(pView->columnWidth(n), nTitle));
-        }
-        nWidth += nTitle;
+        pView->setColumnWidth(n, qMax(pView->columnWidth(n), nTitle));
+        nWidth += qMax(arrWidth.at(n), nTitle);
     }
     pView->setMinimumWidth(nWidth);
 }

@@ -9,17 +9,18 @@
 
 namespace {
 
-void PlaceExample(const QString& strFile)
+// As in the program, the look comes before the window.
+void Prepare(const QString& strFile)
 {
     QFile::copy(QStringLiteral(EXAMPLES_FOLDER "/studio.kvtl"), strFile);
+    CTheme().Apply(*qApp);
 }
 
 } // namespace
 
-CPanelWindow::CPanelWindow(const QString& strTheme) : CWindowFixture(PlaceExample)
+CPanelWindow::CPanelWindow(const QString& strTheme) : CWindowFixture(Prepare)
 {
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps); // as in the program
-    theme.Apply(*qApp);
     theme.Set(strTheme);
     pPanel = loader.Load({}, window);
     window.SetPanel(pPanel->GetWidget());
