@@ -1,6 +1,8 @@
 #pragma once
 
 /// The commands of a user that an application hears about. The numbers hold within a process only.
+///
+/// @since 0.2
 enum EnListCommand
 {
     CommandAddGroup,

@@ -2,6 +2,8 @@
 
 /// Why a command was refused. What SRefusal::strDetail holds stands behind each; empty where nothing does. The
 /// numbers hold within a process only.
+///
+/// @since 0.2
 enum EnRefusalReason
 {
     ReasonNone, ///< it was not, or would not be

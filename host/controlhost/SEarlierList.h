@@ -4,6 +4,8 @@
 #include <QString>
 
 /// An earlier list, as it is kept beside the list.
+///
+/// @since 0.2
 struct SEarlierList
 {
     QString strPath;     ///< of its file, absolute

@@ -6,6 +6,8 @@
 #include <QMetaType>
 
 /// One command of the user that has changed the list.
+///
+/// @since 0.2
 struct SListEdit
 {
     EnListCommand command = CommandAddGroup; ///< what the user has done

@@ -4,6 +4,8 @@
 
 /// The list at one moment: both panes. A value; its lists are shared with whoever else has them, and nobody writes
 /// them.
+///
+/// @since 0.2
 struct SListSnapshot
 {
     SProcessorAllNode discovered; ///< the root of the Discovered pane

@@ -7,6 +7,8 @@
 #include <QString>
 
 /// A command of the user that was refused or has failed, in parts, so that an application can put it into its own words.
+///
+/// @since 0.2
 struct SRefusal
 {
     EnListCommand command = CommandAddGroup; ///< what the user wanted

@@ -5,6 +5,8 @@
 #include <QStringList>
 
 /// What can be read of the list that was refused at the start.
+///
+/// @since 0.2
 struct SRefusedList
 {
     QString strPath;        ///< the list's own place; empty when no list was refused, or when it was taken already

@@ -6,6 +6,8 @@
 #include <QVector>
 
 /// A blocking call that is under way in the control library, or a job of several.
+///
+/// @since 0.2
 struct SRunningJob
 {
     QString strJob;      ///< what it does, in English
