@@ -13,7 +13,7 @@ mkdir -p "$out/corpus"
 read -ra qt_flags <<<"$(pkg-config --cflags --libs Qt5Core Qt5Network)"
 clang++ -std=c++17 -O1 -g -fPIC -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=undefined -Isrc -Isrc/data -Ihost \
     tests/fuzz/ListFormatFuzz.cpp \
-    host/CorvidControl/file/{ListFormat,CListReader,CListWriter}.cpp host/CorvidControl/list/NameRules.cpp \
+    host/CorvidControl/file/{ListFormat,CListReader,CListWriter}.cpp host/CorvidControl/list/{NameRules,FaultText}.cpp \
     src/data/nodes/{SNode,SProcessorNode,SProcessorGroupNode,SProcessorAllNode}.cpp \
     "${qt_flags[@]}" -o "$out/ListFormatFuzz"
 

@@ -141,8 +141,11 @@ SProcessorNode CSimulatedNetwork::BuildDevice(quint32 nIP, const QString& strNam
 void CSimulatedNetwork::Insert(const std::lock_guard<std::mutex>& /*lock*/, const SProcessorNode& device)
 {
     hashAdopted.insert(device.idNode, device);
-    const auto isIt = [&](const SProcessorNode& entry) { return entry.idNode == device.idNode; };
-    listUnlisted.erase(std::remove_if(listUnlisted.begin(), listUnlisted.end(), isIt), listUnlisted.end());
+    for (int n = listUnlisted.size() - 1; n >= 0; --n) {
+        if (listUnlisted.at(n).idNode == device.idNode) {
+            listUnlisted.removeAt(n);
+        }
+    }
 }
 
 void CSimulatedNetwork::Change(const QUuid& id, const std::function<void(SProcessorNode&)>& change)

@@ -159,7 +159,7 @@ CListStore::EnExportResult CListStore::Export(const QString& strPath)
     if (save.result == SListSave::Saved) {
         return ExportDone;
     }
-    ReportFailure(CommandExport, strPath, save, news.listWarning.last());
+    ReportFailure(CommandExport, strPath, save, news.listWarning.constLast());
     return save.result == SListSave::LeftAlone ? ExportLeftAlone : ExportNotWritten;
 }
 

@@ -220,8 +220,10 @@ bool CProcessorList::AddSimulators(int nCount, const std::function<QList<SProces
         const SOutcome outcome = rules.AddProcessors(nSimulator, listSimulator);
         command.strName = listSimulator.first().strName;
         bAdded = outcome.bChanged;
-        for (const SProcessorNode& simulator : pNetwork&& bAdded ? listSimulator : QList<SProcessorNode>()) {
-            pNetwork->Follow(simulator);
+        if (pNetwork && bAdded) {
+            for (const SProcessorNode& simulator : std::as_const(listSimulator)) {
+                pNetwork->Follow(simulator);
+            }
         }
         return outcome;
     });

@@ -126,18 +126,25 @@ SProcessorAllNode CProcessorList::TakeReports(const Lock& lock, const SProcessor
     };
     SProcessorAllNode result = node;
     for (SProcessorGroupNode& group : result.listGroup) {
-        std::for_each(group.listProcessor.begin(), group.listProcessor.end(), takeReport);
+        for (SProcessorNode& processor : group.listProcessor) {
+            takeReport(processor);
+        }
     }
-    std::for_each(result.listProcessor.begin(), result.listProcessor.end(), takeReport);
+    for (SProcessorNode& processor : result.listProcessor) {
+        takeReport(processor);
+    }
     return result;
 }
 
 QHash<QUuid, SProcessorNode> CProcessorList::Hear(const Lock& /*lock*/, const SProcessorAllNode& node) const
 {
     QHash<QUuid, SProcessorNode> hashHeard;
+    if (!pNetwork) {
+        return hashHeard;
+    }
     CNodeTree tree;
     tree.SetRoot(node);
-    const QList<QUuid> listId = pNetwork ? GetIds(tree) : QList<QUuid>();
+    const QList<QUuid> listId = GetIds(tree);
     for (const QUuid& id : listId) {
         if (const std::optional<SProcessorNode> device = pNetwork->Hear(id)) {
             hashHeard.insert(id, DeviceReport::Mend(*device));
@@ -148,7 +155,10 @@ QHash<QUuid, SProcessorNode> CProcessorList::Hear(const Lock& /*lock*/, const SP
 
 void CProcessorList::Follow(const Lock& /*lock*/, const QList<QUuid>& listId) const
 {
-    for (const QUuid& id : pNetwork ? listId : QList<QUuid>()) {
+    if (!pNetwork) {
+        return;
+    }
+    for (const QUuid& id : listId) {
         const SProcessorNode* pProcessor = panes.FindProcessor(id);
         pProcessor ? pNetwork->Follow(*pProcessor) : pNetwork->Forget(id);
     }

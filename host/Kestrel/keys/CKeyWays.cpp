@@ -62,22 +62,23 @@ void CKeyWays::Find()
 void CKeyWays::Go(int nStep)
 {
     Q_ASSERT(GuiThread::IsCurrent() && (nStep == 1 || nStep == -1));
-    const QVector<SPart> vecPart = GetParts();
-    if (vecPart.isEmpty()) {
+    const std::vector<SPart> vecPart = GetParts();
+    const int nParts = static_cast<int>(vecPart.size());
+    if (nParts < 1) {
         return;
     }
     int nHere = nStep == 1 ? -1 : 0;
-    for (int i = 0; i < vecPart.size(); ++i) {
-        if (HasFocus(vecPart.at(i).pArea)) {
+    for (int i = 0; i < nParts; ++i) {
+        if (HasFocus(vecPart[i].pArea)) {
             nHere = i;
         }
     }
-    vecPart.at((nHere + nStep + vecPart.size()) % vecPart.size()).pTarget->setFocus(Qt::ShortcutFocusReason);
+    vecPart[(nHere + nStep + nParts) % nParts].pTarget->setFocus(Qt::ShortcutFocusReason);
 }
 
-QVector<CKeyWays::SPart> CKeyWays::GetParts() const
+std::vector<CKeyWays::SPart> CKeyWays::GetParts() const
 {
-    QVector<SPart> vecPart;
+    std::vector<SPart> vecPart;
     if (pPanel) {
         AddTree(vecPart);
         AddSearch(vecPart);
@@ -87,14 +88,14 @@ QVector<CKeyWays::SPart> CKeyWays::GetParts() const
     return vecPart;
 }
 
-void CKeyWays::AddTree(QVector<SPart>& vecPart) const
+void CKeyWays::AddTree(std::vector<SPart>& vecPart) const
 {
     if (QTreeView* const pTree = PanelAccess::FindCurrentTree(pPanel)) {
         vecPart.push_back({ pTree, pTree });
     }
 }
 
-void CKeyWays::AddSearch(QVector<SPart>& vecPart) const
+void CKeyWays::AddSearch(std::vector<SPart>& vecPart) const
 {
     QLineEdit* const pEdit = PanelAccess::FindSearchEdit(pPanel);
     if (pEdit && pEdit->isVisible()) {
@@ -102,7 +103,7 @@ void CKeyWays::AddSearch(QVector<SPart>& vecPart) const
     }
 }
 
-void CKeyWays::AddToolBar(QVector<SPart>& vecPart) const
+void CKeyWays::AddToolBar(std::vector<SPart>& vecPart) const
 {
     auto* const pToolBar = pPanel->findChild<QWidget*>(QStringLiteral("ProcessorTreeToolBar"));
     auto* const pFirst = pToolBar ? pToolBar->findChild<QAbstractButton*>() : nullptr; // the menu, which is never disabled
@@ -111,7 +112,7 @@ void CKeyWays::AddToolBar(QVector<SPart>& vecPart) const
     }
 }
 
-void CKeyWays::AddJournal(QVector<SPart>& vecPart) const
+void CKeyWays::AddJournal(std::vector<SPart>& vecPart) const
 {
     auto* const pDock = window.findChild<QDockWidget*>();
     auto* const pView = pDock ? pDock->findChild<QAbstractItemView*>() : nullptr;

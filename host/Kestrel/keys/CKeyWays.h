@@ -4,7 +4,8 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QVector>
+
+#include <vector>
 
 class QAction;
 class QMainWindow;
@@ -42,11 +43,11 @@ private:
     void Go(int nStep);
 
     /// What is shown, in the order of the round: list, search, tool bar, journal.
-    QVector<SPart> GetParts() const;
-    void AddTree(QVector<SPart>& vecPart) const;
-    void AddSearch(QVector<SPart>& vecPart) const;
-    void AddToolBar(QVector<SPart>& vecPart) const;
-    void AddJournal(QVector<SPart>& vecPart) const;
+    std::vector<SPart> GetParts() const;
+    void AddTree(std::vector<SPart>& vecPart) const;
+    void AddSearch(std::vector<SPart>& vecPart) const;
+    void AddToolBar(std::vector<SPart>& vecPart) const;
+    void AddJournal(std::vector<SPart>& vecPart) const;
 
     QMainWindow& window;
     CLostKeys lostKeys;

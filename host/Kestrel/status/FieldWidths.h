@@ -19,3 +19,5 @@ struct SField
 QVector<int> Share(const QVector<SField>& listField, int nRoom, int nMore);
 
 } // namespace FieldWidths
+
+Q_DECLARE_TYPEINFO(FieldWidths::SField, Q_PRIMITIVE_TYPE);

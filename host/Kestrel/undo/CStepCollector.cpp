@@ -23,7 +23,7 @@ bool Joins(const SUndoStep& step, const SListEdit& edit)
 
 void AddPair(SUndoStep& step, const SListEdit& edit)
 {
-    if (!step.listPair.isEmpty() && step.listPair.last().after.nEdition == edit.before.nEdition) {
+    if (!step.listPair.isEmpty() && step.listPair.constLast().after.nEdition == edit.before.nEdition) {
         step.listPair.last().after = edit.after;
     } else {
         step.listPair.append({ edit.before, edit.after });

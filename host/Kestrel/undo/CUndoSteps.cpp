@@ -202,16 +202,17 @@ CStepCommand* CUndoSteps::GetCommand(int nIndex) const
 // next attempt finds those pairs done, which a restore allows.
 bool CUndoSteps::Restore(SUndoStep step, bool bRedo)
 {
+    QList<SUndoStep::SPair>& listPair = step.listPair;
     if (!bRedo) {
-        std::reverse(step.listPair.begin(), step.listPair.end());
+        std::reverse(listPair.begin(), listPair.end());
     }
-    for (int n = 0; n < step.listPair.size(); ++n) {
-        if (RestorePair(step.listPair.at(n), bRedo)) {
+    for (int n = 0; n < listPair.size(); ++n) {
+        if (RestorePair(listPair.at(n), bRedo)) {
             continue;
         }
         const SRefusal refusal = refusalLast;
         while (n > 0) {
-            RestorePair(step.listPair.at(--n), !bRedo);
+            RestorePair(listPair.at(--n), !bRedo);
         }
         refusalLast = refusal;
         return false;
