@@ -18,7 +18,7 @@ struct SNode
     bool bExpanded = true;
 
     QString strName;      ///< text of the row
-    qint32 nNodeType = 0; ///< EnNodeType; takes no part in any comparison
+    qint32 nNodeType = 0; ///< EnNodeType [C-node-1 required]; takes no part in any comparison
 
 protected:
     SNode(const SNode&) = default;

@@ -7,6 +7,6 @@ struct SProcessorAllNode final : SNode
 {
     SProcessorAllNode();
 
-    QList<SProcessorGroupNode> listGroup; ///< groups, in the order shown
+    QList<SProcessorGroupNode> listGroup; ///< groups, in the order shown, which stays [C-node-3 required]
     QList<SProcessorNode> listProcessor;  ///< processors in no group, shown after all groups
 };

@@ -14,10 +14,10 @@ struct SProcessorGroupNode final : SNode
     /// members keep their own bExpanded. An empty text is a hit in every name.
     bool MatchText(const QString& strText) override;
 
-    QUuid idNode;                        ///< identity, unique in its pane
+    QUuid idNode;                        ///< identity, not null, unique in its pane [C-node-1 required]
     QList<SProcessorNode> listProcessor; ///< members, in the order shown
     QUuid idChief;                       ///< the Chief of the group; null for none
-    QSet<int> setAux;                    ///< of the control library; only carried and compared
+    QSet<int> setAux;                    ///< of the control library, which keeps it; carried and compared [C-node-2 required]
 };
 
 /// Compares all fields but nNodeType.

@@ -14,13 +14,13 @@ struct SProcessorNode final : SNode
     /// folds it. Type and address are shown in the information row, hence the difference.
     bool MatchText(const QString& strText) override;
 
-    QUuid idNode;             ///< identity, unique in its pane; shown as the UID
-    QUuid idAux;              ///< of the control library; only carried and compared
+    QUuid idNode;             ///< identity, not null, unique in its pane [C-node-1 required]; shown as the UID
+    QUuid idAux;              ///< of the control library, which keeps it; carried and compared [C-node-2 required]
     qint32 nModel = 12;       ///< processor type, in the numbering of IPrcBasicControl::GetTypeName
     QString strType;          ///< display text of the type
     quint32 nIP = 0x7F000001; ///< IPv4 address, host order
-    quint32 nPortA = 9999;    ///< of the control library; only carried and compared
-    quint32 nPortB = 9099;    ///< of the control library; only carried and compared
+    quint32 nPortA = 9999;    ///< as idAux [C-node-2 required]
+    quint32 nPortB = 9099;    ///< as idAux [C-node-2 required]
     bool bOnline = false;     ///< the processor answers
     qint32 nFailover = 0;     ///< redundancy role: 0 none, 1 Primary, 2 Backup
     QString strProject;       ///< project on the processor; empty for none

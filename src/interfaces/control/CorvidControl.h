@@ -11,12 +11,12 @@ class IProjectManageControl;
 class IProtocalControl;
 class IRuntimeControl;
 
-/// The eight objects of the control library. They exist before the panel is created and outlive it;
-/// none is null in that time, and the panel tests none.
+/// The eight objects of the control library. They exist before the panel is created, and none is null, since the panel tests
+/// none. [C-library-1 required] They outlive the panel and its last job. [C-library-2 not testable]
 ///
 /// Messages. The seven objects with observers send plain numbers. The panel reads everything again on
-/// 1, 7, 9, 10, 14, 15, 32, 53 and 54; it takes note of 59 without reading; it drops all others. Every
-/// change that the panel could show must be followed by one of the numbers that make it read.
+/// 1, 7, 9, 10, 14, 15, 32, 53 and 54; it takes note of 59 without reading; it drops all others. Every change that the panel
+/// could show is followed by one of the numbers that make it read, within a second where no user is busy. [C-library-3 required]
 ///
 /// @since 0.1
 extern CORVIDCONTROL_EXPORT IConfigControl* g_pConfigControl;

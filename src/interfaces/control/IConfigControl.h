@@ -11,10 +11,10 @@
 class IConfigControl
 {
 public:
-    /// Appends to listIP the IPv4 addresses, host order, that a new processor may not take.
+    /// Appends to listIP the IPv4 addresses, host order, that a new processor may not take. [C-config-1 recommended]
     virtual void GetReservedIPs(QList<uint>& listIP) = 0;
 
-    /// Path of the file to which the panel saves the list when it ends. An absolute path.
+    /// The file to which the panel saves the list when it ends: an absolute path; empty for none. [C-config-2 required]
     virtual QString GetListFilePath() = 0;
 
 protected:

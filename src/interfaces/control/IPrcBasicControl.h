@@ -9,7 +9,7 @@
 class CObserver;
 
 /// Processors as devices: scanning, adding, naming. All operations may be called on any thread, at the
-/// same time as all others.
+/// same time as all others. [C-library-4 required]
 ///
 /// The order of the virtual operations is part of the contract.
 ///
@@ -17,37 +17,37 @@ class CObserver;
 class IPrcBasicControl
 {
 public:
-    /// Subscribes pObserver, which stays owned by the caller. Messages may arrive on a thread of the
-    /// library before Attach has returned.
+    /// Subscribes pObserver, which stays owned by the caller. Messages may arrive on a thread of the library before Attach has
+    /// returned. A message that makes it read follows, or a new panel stays empty. [C-basic-1 recommended]
     virtual void Attach(CObserver* pObserver) = 0;
 
-    /// Unsubscribes pObserver. When it returns no Notify of pObserver is running and none will come.
+    /// Unsubscribes pObserver. When it returns no Notify of pObserver is running and none will come. [C-basic-2 required]
     virtual void Detach(CObserver* pObserver) = 0;
 
-    /// Scans for processors and blocks until the scan is done, seconds as a rule. Never called on the
-    /// GUI thread.
+    /// Scans for processors and blocks until the scan is done, seconds as a rule: what it found is listed then. Never called on
+    /// the GUI thread. [C-basic-3 required]
     virtual void RefreshProcessors() = 0;
 
-    /// Adds simulators to the Simulator pane. Returns at once; called on the GUI thread.
+    /// Adds simulators to the Simulator pane. Returns at once; called on the GUI thread. [C-basic-4 required]
     virtual void AddSimulators(SSimulatorRequest request) = 0;
 
-    /// Adds the processor at the IPv4 address nIP, host order, and blocks until it has answered or has
-    /// failed to. Never called on the GUI thread.
+    /// Adds the processor at the IPv4 address nIP, host order, and no other, and blocks until it has answered or has failed to.
+    /// Never called on the GUI thread. [C-basic-5 required]
     virtual void AddProcessor(quint32 nIP) = 0;
 
-    /// Sets the name of a processor. The library may refuse; the old name then stays.
+    /// Sets the name of a processor. The library may refuse; the old name then stays. [C-basic-6 required]
     virtual void RenameProcessor(QUuid idProcessor, QString strName) = 0;
 
-    /// Display name of a processor type. The numbers are the library's; the panel offers 12 when simulators are added.
+    /// Display name of a type; the numbers are the library's. The panel offers 12 for simulators. [C-basic-7 recommended]
     virtual QString GetTypeName(qint32 nType) = 0;
 
-    /// The address of this machine; a processor may not take it. It is no hint where to look for a free one.
+    /// The address of this machine, which no processor may take; no hint where a free one is. [C-basic-8 not testable]
     virtual SLocalAddress GetLocalAddress() = 0;
 
-    /// True while the list may not be changed: the panel then offers no delete, import or refresh.
+    /// True while the list may not be changed: the panel then offers no delete, import or refresh. [C-basic-9 not testable]
     virtual bool IsListLocked() = 0;
 
-    /// True while no refresh may be started.
+    /// True while no refresh may be started. [C-basic-10 not testable]
     virtual bool IsRefreshBlocked() = 0;
 
 protected:

@@ -3,7 +3,7 @@
 class CObserver;
 
 /// The running state of the processors. The panel only listens to it. All operations may be called on any
-/// thread.
+/// thread. [C-library-4 required]
 ///
 /// The order of the virtual operations is part of the contract.
 ///

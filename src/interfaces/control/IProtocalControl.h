@@ -3,7 +3,7 @@
 class CObserver;
 
 /// The protocol that talks to the processors. The panel only listens to it. All operations may be called on
-/// any thread.
+/// any thread. [C-library-4 required]
 ///
 /// The order of the virtual operations is part of the contract.
 ///

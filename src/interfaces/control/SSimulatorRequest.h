@@ -2,7 +2,7 @@
 
 #include <QtGlobal>
 
-/// The largest number of simulators that the Simulator pane holds.
+/// The largest number of simulators that the panel asks for, those present included.
 ///
 /// @since 0.1
 constexpr qint32 nMaxSimulators = 2;
