@@ -69,6 +69,19 @@ private slots:
         QVERIFY(fixture.pHost->GetLifeTime() >= 200);
     }
 
+    void jobsStayInTheOrderInWhichTheyBegan()
+    {
+        CJobs jobs;
+        const CBackwardClock clock;
+        const int nFirst = jobs.Begin("first");
+        const int nSecond = jobs.Begin("second");
+        QCOMPARE(jobs.GetRunning(), (QStringList{ "first", "second" }));
+        QVERIFY(jobs.GetProgress().last().timeSince < jobs.GetProgress().first().timeSince);
+        jobs.End(nFirst);
+        QCOMPARE(jobs.GetRunning(), QStringList{ "second" });
+        jobs.End(nSecond);
+    }
+
     void theEndWaitsForADeadJobNoLongerForIt()
     {
         CHostEvents events;

@@ -41,55 +41,9 @@ private slots:
         QTest::addColumn<QString>("strName");
         QTest::addColumn<int>("nReason");
         QTest::addColumn<QString>("strDetail");
-        const auto row = [](const char* szRow, EnListCommand nCommand, const QString& strName, EnRefusalReason reason,
-                            const QString& strDetail, const Command& command) {
-            QTest::newRow(szRow) << command << int(nCommand) << strName << int(reason) << strDetail;
-        };
-        const auto name = [&](const char* szRow, const QString& strName, EnRefusalReason reason, const QString& strDetail = {}) {
-            row(szRow, CommandRename, strName, reason, strDetail, [=](CControlHost&) { Rename("alpha", strName); });
-        };
-        name("an empty name", "", ReasonNameEmpty);
-        name("half a character", QString(QChar(0xD800)), ReasonNameControl);
-        name("a joiner alone", QChar(0x200D), ReasonNameInvisible);
-        name("an override", QString("a") + QChar(0x202E) + "b", ReasonNameDirection);
-        name("an equals sign", "a=b", ReasonNameCharacters, QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"));
-        name("a long name", QString(65, 'x'), ReasonNameLength, "64");
-        row("a name of two lines", CommandRename, "a= b", ReasonNameCharacters,
-            QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"), [](CControlHost&) { Rename("alpha", " a=\nb"); });
-        row("a file of two lines", CommandImport, "no where", ReasonFileGone, {},
-            [](CControlHost&) { g_pPrcListControl->ImportList("no\nwhere"); });
-        row("renaming what is gone", CommandRename, "x", ReasonGone, {}, [](CControlHost&) { Rename("nobody", "x"); });
-        row("moving what is gone", CommandMove, {}, ReasonGone, {},
-            [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("nobody"), {}); });
-        row("moving into nowhere", CommandMove, "loose", ReasonGroupGone, {},
-            [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("loose"), GroupId("nobody")); });
-        row("a group that is there", CommandAddGroup, "Hall", ReasonIdTaken, {},
-            [](CControlHost&) { g_pPrcListControl->AddGroup(Group("Hall"), true); });
-        row("a reserved address", CommandAddProcessor, "192.168.1.1", ReasonAddressReserved, {},
-            [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0xC0A80101); });
-        row("an address that is taken", CommandAddProcessor, "192.168.1.20", ReasonAddressTaken, {},
-            [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0xC0A80114); });
-        row("an address where nothing answers", CommandAddProcessor, "8.8.8.8", ReasonAddressNoAnswer, {},
-            [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0x08080808); });
-        row("three simulators", CommandAddSimulators, {}, ReasonSimulatorsFull, {}, [](CControlHost&) { AddSimulators(3); });
-        row("an unknown type", CommandAddSimulators, {}, ReasonNoSuchSimulator, {},
-            [](CControlHost&) { g_pPrcBasicControl->AddSimulators({}); });
-        row("deleting what is in use", CommandDelete, "alpha", ReasonInUse, "alpha", [](CControlHost& host) {
-            host.OpenProject("Aurora");
-            g_pPrcListControl->DeleteProcessor(ProcessorId("alpha"), false);
-        });
-        row("its group", CommandDeleteGroup, "Stage", ReasonInUse, "alpha", [](CControlHost& host) {
-            host.OpenProject("Aurora");
-            g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
-        });
-        row("a Chief of another group", CommandChief, "Hall", ReasonNotMember, {},
-            [](CControlHost& host) { host.SetChief(GroupId("Hall"), ProcessorId("alpha")); });
-        row("the Chief of a group that is gone", CommandChief, {}, ReasonGone, {},
-            [](CControlHost& host) { host.SetChief(GroupId("nobody"), {}); });
-        row("a blocked refresh", CommandScan, {}, ReasonRefreshBlocked, {}, [](CControlHost& host) {
-            host.SetRefreshBlocked(true);
-            g_pPrcBasicControl->RefreshProcessors();
-        });
+        AddTexts();
+        AddNodes();
+        AddDevices();
     }
 
     void aRefusalSaysWhatAndWhy()
@@ -202,6 +156,71 @@ private slots:
     }
 
 private:
+    static void AddRow(const char* szRow, EnListCommand nCommand, const QString& strName, EnRefusalReason reason,
+                       const QString& strDetail, const Command& command)
+    {
+        QTest::newRow(szRow) << command << int(nCommand) << strName << int(reason) << strDetail;
+    }
+
+    static void AddName(const char* szRow, const QString& strName, EnRefusalReason reason, const QString& strDetail = {})
+    {
+        AddRow(szRow, CommandRename, strName, reason, strDetail, [=](CControlHost&) { Rename("alpha", strName); });
+    }
+
+    static void AddTexts()
+    {
+        AddName("an empty name", "", ReasonNameEmpty);
+        AddName("half a character", QString(QChar(0xD800)), ReasonNameControl);
+        AddName("a joiner alone", QChar(0x200D), ReasonNameInvisible);
+        AddName("an override", QString("a") + QChar(0x202E) + "b", ReasonNameDirection);
+        AddName("an equals sign", "a=b", ReasonNameCharacters, QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"));
+        AddName("a long name", QString(65, 'x'), ReasonNameLength, "64");
+        AddRow("a name of two lines", CommandRename, "a= b", ReasonNameCharacters,
+               QString::fromUtf8("=}·~+{【】《》‘’“”，。、；：？—"), [](CControlHost&) { Rename("alpha", " a=\nb"); });
+        AddRow("a file of two lines", CommandImport, "no where", ReasonFileGone, {},
+               [](CControlHost&) { g_pPrcListControl->ImportList("no\nwhere"); });
+    }
+
+    static void AddNodes()
+    {
+        AddRow("renaming what is gone", CommandRename, "x", ReasonGone, {}, [](CControlHost&) { Rename("nobody", "x"); });
+        AddRow("moving what is gone", CommandMove, {}, ReasonGone, {},
+               [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("nobody"), {}); });
+        AddRow("moving into nowhere", CommandMove, "loose", ReasonGroupGone, {},
+               [](CControlHost&) { g_pPrcListControl->MoveProcessor(ProcessorId("loose"), GroupId("nobody")); });
+        AddRow("a group that is there", CommandAddGroup, "Hall", ReasonIdTaken, {},
+               [](CControlHost&) { g_pPrcListControl->AddGroup(Group("Hall"), true); });
+        AddRow("deleting what is in use", CommandDelete, "alpha", ReasonInUse, "alpha", [](CControlHost& host) {
+            host.OpenProject("Aurora");
+            g_pPrcListControl->DeleteProcessor(ProcessorId("alpha"), false);
+        });
+        AddRow("its group", CommandDeleteGroup, "Stage", ReasonInUse, "alpha", [](CControlHost& host) {
+            host.OpenProject("Aurora");
+            g_pPrcListControl->DeleteGroup(GroupId("Stage"), true);
+        });
+        AddRow("a Chief of another group", CommandChief, "Hall", ReasonNotMember, {},
+               [](CControlHost& host) { host.SetChief(GroupId("Hall"), ProcessorId("alpha")); });
+        AddRow("the Chief of a group that is gone", CommandChief, {}, ReasonGone, {},
+               [](CControlHost& host) { host.SetChief(GroupId("nobody"), {}); });
+    }
+
+    static void AddDevices()
+    {
+        AddRow("a reserved address", CommandAddProcessor, "192.168.1.1", ReasonAddressReserved, {},
+               [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0xC0A80101); });
+        AddRow("an address that is taken", CommandAddProcessor, "192.168.1.20", ReasonAddressTaken, {},
+               [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0xC0A80114); });
+        AddRow("an address where nothing answers", CommandAddProcessor, "8.8.8.8", ReasonAddressNoAnswer, {},
+               [](CControlHost&) { g_pPrcBasicControl->AddProcessor(0x08080808); });
+        AddRow("three simulators", CommandAddSimulators, {}, ReasonSimulatorsFull, {}, [](CControlHost&) { AddSimulators(3); });
+        AddRow("an unknown type", CommandAddSimulators, {}, ReasonNoSuchSimulator, {},
+               [](CControlHost&) { g_pPrcBasicControl->AddSimulators({}); });
+        AddRow("a blocked refresh", CommandScan, {}, ReasonRefreshBlocked, {}, [](CControlHost& host) {
+            host.SetRefreshBlocked(true);
+            g_pPrcBasicControl->RefreshProcessors();
+        });
+    }
+
     static void Rename(const QString& strNode, const QString& strName)
     {
         g_pPrcBasicControl->RenameProcessor(ProcessorId(strNode), strName);

@@ -30,6 +30,31 @@ void AddFiles()
                                          << "'/tmp' is a folder";
 }
 
+struct SBadOption
+{
+    const char* szWhat;
+    const char* szOptions;
+    const char* szNamed; ///< in the line that is printed
+};
+
+constexpr SBadOption arrBadOption[] = {
+    { "unknown option", "--nonsense", "nonsense" },
+    { "argument without option", "list.kvtl", "list.kvtl" },
+    { "option without its value", "--list", "list" },
+    { "unknown language", "--lang fr", "fr" },
+    { "scale is no number", "--scale big", "big" },
+    { "scale too large", "--scale 9", "9" },
+    { "scale too small", "--scale 0", "0" },
+    { "pace is no number", "--pace fast", "fast" },
+    { "pace too slow", "--pace 0.5", "0.5" },
+    { "pace too fast", "--pace 101", "101" },
+    { "pace of a scenario", "--scenario . --pace 10", "--pace" },
+    { "time is no number", "--shot a.png --at soon", "soon" },
+    { "negative time", "--shot a.png --at=-1", "-1" },
+    { "time without a picture", "--at 3", "--at" },
+    { "pictures without a scenario", "--shots .", "--shots" },
+};
+
 } // namespace
 
 class COptionsTest : public QObject
@@ -42,36 +67,9 @@ private slots:
         QTest::addColumn<QString>("strOptions");
         QTest::addColumn<QString>("strNamed");
 
-        QTest::newRow("unknown option") << "--nonsense"
-                                        << "nonsense";
-        QTest::newRow("argument without option") << "list.kvtl"
-                                                 << "list.kvtl";
-        QTest::newRow("option without its value") << "--list"
-                                                  << "list";
-        QTest::newRow("unknown language") << "--lang fr"
-                                          << "fr";
-        QTest::newRow("scale is no number") << "--scale big"
-                                            << "big";
-        QTest::newRow("scale too large") << "--scale 9"
-                                         << "9";
-        QTest::newRow("scale too small") << "--scale 0"
-                                         << "0";
-        QTest::newRow("pace is no number") << "--pace fast"
-                                           << "fast";
-        QTest::newRow("pace too slow") << "--pace 0.5"
-                                       << "0.5";
-        QTest::newRow("pace too fast") << "--pace 101"
-                                       << "101";
-        QTest::newRow("pace of a scenario") << "--scenario . --pace 10"
-                                            << "--pace";
-        QTest::newRow("time is no number") << "--shot a.png --at soon"
-                                           << "soon";
-        QTest::newRow("negative time") << "--shot a.png --at=-1"
-                                       << "-1";
-        QTest::newRow("time without a picture") << "--at 3"
-                                                << "--at";
-        QTest::newRow("pictures without a scenario") << "--shots ."
-                                                     << "--shots";
+        for (const SBadOption& bad : arrBadOption) {
+            QTest::newRow(bad.szWhat) << bad.szOptions << bad.szNamed;
+        }
         AddFiles();
         for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale",
                                       "--pace", "--journal", "--panel", "--control" }) {

@@ -3,6 +3,8 @@
 #include "Kestrel/status/CPanelCounts.h"
 #include "Kestrel/status/CountText.h"
 #include "TestMain.h"
+#include "interfaces/control/CorvidControl.h"
+#include "interfaces/control/IPrcListControl.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -57,6 +59,17 @@ private slots:
 
         kestrel.Select({ "Empty" });
         QTRY_VERIFY(kestrel.Label(strCount, "1 group selected"));
+    }
+
+    void aFullPaneIsCounted()
+    {
+        CListWindow kestrel;
+        kestrel.AndShown([] { QCOMPARE(g_pPrcListControl->ImportList(BUILT_FOLDER "/limits.kvtl"), 0); });
+
+        kestrel.Action("Select all")->trigger();
+
+        // The other 64 of the 256 are simulators, in the pane behind.
+        QTRY_VERIFY(kestrel.Label(strCount, "256 groups and 192 processors selected"));
     }
 
     void informationRowsAreNoProcessors()

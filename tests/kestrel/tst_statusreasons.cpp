@@ -8,6 +8,8 @@
 #include "clipping/StatusFaults.h"
 
 #include <QAction>
+#include <QFile>
+#include <QRegularExpression>
 #include <QStatusBar>
 
 Q_DECLARE_METATYPE(EnListCommand)
@@ -336,9 +338,18 @@ private slots:
         language.Set("en");
     }
 
+    void theReasonsOfTheLibraryEndWithTheLastThatHasWords()
+    {
+        QFile header(CONTROLHOST_FOLDER "/EnRefusalReason.h");
+        QVERIFY(header.open(QIODevice::ReadOnly));
+        QVERIFY(QRegularExpression("\\bReasonNothingWasRefused\\b[^\n]*\n\\};").match(header.readAll()).hasMatch());
+    }
+
     void aReasonWithoutWordsIsTheLibrarysOwn()
     {
-        QCOMPARE(RefusalText::GetReason(Refusal(CommandRename, ReasonNone)), QStringLiteral("in English"));
+        for (const int nReason : { int(ReasonNone), ReasonNothingWasRefused + 1 }) {
+            QCOMPARE(RefusalText::GetReason(Refusal(CommandRename, EnRefusalReason(nReason))), QStringLiteral("in English"));
+        }
     }
 
     void aNameMayHoldAnything()

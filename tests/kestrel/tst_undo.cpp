@@ -168,8 +168,8 @@ QLineEdit* FindEditor(const CListWindow& kestrel)
     return kestrel.Tree()->viewport()->findChild<QLineEdit*>();
 }
 
-/// With the mouse: the menu, then its entry.
-void ClickEntry(CListWindow& kestrel, const QString& strBegin)
+/// With the mouse: the menu, then its entry, which begins with the second text when the menu is open.
+void ClickEntry(CListWindow& kestrel, const QString& strBegin, const QString& strOpen)
 {
     QAction* pAction = kestrel.Action(strBegin);
     QMenuBar* pBar = kestrel.window.menuBar();
@@ -178,6 +178,7 @@ void ClickEntry(CListWindow& kestrel, const QString& strBegin)
         if (pMenu->actions().contains(pAction)) {
             QTest::mouseClick(pBar, Qt::LeftButton, {}, pBar->actionGeometry(pMenu->menuAction()).center());
             QTRY_VERIFY(pMenu->isVisible());
+            QTRY_VERIFY(kestrel.IsOn(strOpen));
             QTest::mouseClick(pMenu, Qt::LeftButton, {}, pMenu->actionGeometry(pAction).center());
         }
     }
@@ -320,6 +321,48 @@ private slots:
         QCOMPARE(CListWindow::ListText(), strAfter);
     }
 
+    void anOpenDialogKeepsTheKeysForItself()
+    {
+        CListWindow kestrel;
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
+        QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
+        const QString strAfter = CListWindow::ListText();
+        CDialogDriver driver;
+        driver.Answer([&](QDialog* pDialog) {
+            kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(CListWindow::ListText(), strAfter);
+            CDialogDriver::Press(pDialog, "key Esc");
+        });
+
+        kestrel.Select({ "Main stage" });
+        PressTool(kestrel, "Delete");
+
+        QVERIFY(driver.IsDone());
+        QCOMPARE(CListWindow::ListText(), strAfter);
+        QVERIFY(kestrel.IsOn("Undo: Rename to Gate"));
+        kestrel.Focus();
+        kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(CListWindow::ListText().contains("Door 1"));
+    }
+
+    void anOpenMenuKeepsTheTextOfAnEditorAndTakesItBackWhenItSaysSo()
+    {
+        CListWindow kestrel;
+        kestrel.AndShown([&] { Rename(kestrel, "Door 1", "Gate"); });
+        QTRY_VERIFY(kestrel.IsOn("Undo: Rename to Gate"));
+        kestrel.Select({ "Door 2" });
+        kestrel.Key(Qt::Key_F2);
+        kestrel.Type("Bar");
+        QVERIFY(FindEditor(kestrel));
+
+        ClickEntry(kestrel, "Undo: Rename to Gate", "Undo: Rename to Bar");
+
+        QVERIFY(CListWindow::ListText().contains("Gate"));
+        QVERIFY(CListWindow::ListText().contains("Door 2"));
+        QTRY_VERIFY(kestrel.IsOn("Redo: Rename to Bar"));
+        QVERIFY(kestrel.IsOn("Undo: Rename to Gate"));
+    }
+
     void theSearchBoxKeepsTheKeysForItself()
     {
         CListWindow kestrel;
@@ -357,7 +400,7 @@ private slots:
         kestrel.Key(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(!CListWindow::ListText().contains("Door 1"));
 
-        ClickEntry(kestrel, "Undo: Rename to Gate");
+        ClickEntry(kestrel, "Undo: Rename to Gate", "Undo: Rename to Gate");
         QVERIFY(CListWindow::ListText().contains("Door 1"));
     }
 

@@ -101,6 +101,18 @@ QLineEdit* FindEditor(const QTreeView* pTree)
     return pTree->viewport()->findChild<QLineEdit*>();
 }
 
+/// As a user does who looks whether it has opened: a refresh may fall between the click and the key.
+bool OpenEditor(QWindow* pWindow, QTreeView* pTree, const QString& strName)
+{
+    return QTest::qWaitFor(
+        [&] {
+            PanelAccess::ClickRow(pTree, PanelAccess::FindRow(SControlPointers::Linked(), pTree, strName), Qt::NoModifier);
+            QTest::keyClick(pWindow, Qt::Key_F2);
+            return FindEditor(pTree) != nullptr;
+        },
+        nPatience);
+}
+
 bool AwaitRow(const QTreeView* pTree, const QString& strName)
 {
     return QTest::qWaitFor([&] { return PanelAccess::FindRow(SControlPointers::Linked(), pTree, strName).isValid(); }, nPatience);
@@ -253,9 +265,7 @@ private:
         const auto* pWindow = qobject_cast<CMainWindow*>(QApplication::activeWindow());
         QTreeView* pTree = PanelAccess::FindCurrentTree(pWindow->GetPanel());
         QVERIFY(AwaitRow(pTree, "Floor"));
-        PanelAccess::ClickRow(pTree, PanelAccess::FindRow(SControlPointers::Linked(), pTree, "Floor"), Qt::NoModifier);
-        QTest::keyClick(pWindow->windowHandle(), Qt::Key_F2);
-        QVERIFY(FindEditor(pTree));
+        QVERIFY(OpenEditor(pWindow->windowHandle(), pTree, "Floor"));
         QVERIFY(TypeSlowly(pWindow->windowHandle(), "Bar"));
         QTest::keyClick(pWindow->windowHandle(), Qt::Key_Return);
     }

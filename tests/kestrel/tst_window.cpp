@@ -1,4 +1,5 @@
 #include "CWindowFixture.h"
+#include "Kestrel/player/WindowPicture.h"
 #include "Kestrel/status/CBusyIndicator.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
@@ -8,6 +9,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPixmap>
 #include <QRegularExpression>
 
 #include <future>
@@ -118,6 +120,25 @@ private slots:
         QTRY_COMPARE(pDock->width(), 680);
         QTest::keyClick(&kestrel.window, Qt::Key_J, Qt::ControlModifier);
         QVERIFY(!pDock->isVisible());
+    }
+
+    void aPictureShowsThePlacesAsTheyAreAboutToBe()
+    {
+        CBadgedWindow kestrel;
+        auto* pPanel = new QWidget;
+        kestrel.window.SetPanel(pPanel);
+        auto* pJournal = kestrel.window.findChild<QDockWidget*>("JournalDock");
+        QTRY_VERIFY(pPanel->isVisible());
+        WindowPicture::Take(kestrel.window);
+        const int nWidth = pPanel->width();
+        pJournal->show();
+        WindowPicture::Take(kestrel.window);
+        QVERIFY(pPanel->width() < nWidth);
+
+        pJournal->hide();
+        WindowPicture::Take(kestrel.window);
+
+        QCOMPARE(pPanel->width(), nWidth);
     }
 
     void theMenuFollowsWhatChangesElsewhere()

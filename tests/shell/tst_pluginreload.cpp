@@ -25,10 +25,10 @@ QString PluginPath()
 class CLoadedPanel final : public IUIManagement
 {
 public:
-    CLoadedPanel() : library(PluginPath())
+    CLoadedPanel() : plugin(PluginPath())
     {
         window.resize(300, 200);
-        if (const auto fnInit = reinterpret_cast<FnInit>(library.resolve(szEntryPoint))) {
+        if (const auto fnInit = reinterpret_cast<FnInit>(plugin.resolve(szEntryPoint))) {
             fnInit(&pPanel, this);
             pPanel->GetWidget()->resize(window.size());
             window.show();
@@ -38,7 +38,7 @@ public:
     virtual ~CLoadedPanel()
     {
         delete pPanel;
-        library.unload();
+        plugin.unload();
     }
     Q_DISABLE_COPY(CLoadedPanel)
 
@@ -52,7 +52,7 @@ public:
         return qobject_cast<QTreeView*>(pPanel->GetWidget()->findChild<QStackedLayout*>()->currentWidget());
     }
 
-    QLibrary library;
+    QLibrary plugin;
     QWidget window;
     ICorvidWidget* pPanel = nullptr;
 };
@@ -70,7 +70,7 @@ private slots:
         CControlDouble control;
         {
             const CLoadedPanel panel;
-            QVERIFY2(panel.pPanel, qPrintable(panel.library.errorString()));
+            QVERIFY2(panel.pPanel, qPrintable(panel.plugin.errorString()));
         }
         void* const pLibrary = dlopen(qPrintable(PluginPath()), RTLD_LAZY | RTLD_NOLOAD);
         QVERIFY2(pLibrary, "Qt keeps what the library has registered with it");
@@ -84,7 +84,7 @@ private slots:
             const QString strName = QString::number(i);
             control.Set([&](SControlAnswers& answers) { answers.nodeDiscovered = Root({}, { Processor(strName).Primary() }); });
             const CLoadedPanel panel;
-            QVERIFY2(panel.pPanel, qPrintable(panel.library.errorString()));
+            QVERIFY2(panel.pPanel, qPrintable(panel.plugin.errorString()));
             QVERIFY(QTest::qWaitFor([&] { // a message may lie in the worker's queue until the next one
                 control.Raise(1);
                 return TreeText(panel.Tree()).contains("processor " + strName);

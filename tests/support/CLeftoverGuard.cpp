@@ -1,10 +1,9 @@
 #include "CLeftoverGuard.h"
 
 #include "Patience.h"
+#include "ProcessThreads.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QThreadPool>
 #include <QWidget>
 #include <QtTest>
@@ -14,15 +13,9 @@
 
 namespace {
 
-QStringList ThreadIds()
-{
-    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-}
-
 QString ThreadName(const QString& strThread)
 {
-    QFile file(QStringLiteral("/proc/self/task/%1/comm").arg(strThread));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).trimmed() : QString();
+    return QString::fromUtf8(ProcessThreads::Read(strThread, QStringLiteral("comm"))).trimmed();
 }
 
 /// Threads that Qt or a sanitizer starts when first needed and keeps for the process.
@@ -35,7 +28,7 @@ bool IsKeptByLibrary(const QString& strThread)
 QStringList NewThreads(const QStringList& listAtStart)
 {
     QStringList listNew;
-    for (const QString& strThread : ThreadIds()) {
+    for (const QString& strThread : ProcessThreads::GetIds()) {
         if (!listAtStart.contains(strThread) && !IsKeptByLibrary(strThread)) {
             listNew.append(strThread);
         }
@@ -61,7 +54,7 @@ CLeftoverGuard::CLeftoverGuard()
 {
     // With the first thread a sanitizer starts one of its own, which stays.
     std::thread([] { }).join();
-    listThreadAtStart = ThreadIds();
+    listThreadAtStart = ProcessThreads::GetIds();
 }
 
 int CLeftoverGuard::Report()

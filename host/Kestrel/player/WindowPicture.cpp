@@ -9,6 +9,7 @@
 QPixmap WindowPicture::Take(QWidget& window)
 {
     Q_ASSERT(GuiThread::IsCurrent());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest); // what has just been opened or shut has its place
     QPixmap picture = window.grab();
     QPainter painter(&picture);
     const QWidgetList listWidget = QApplication::topLevelWidgets();

@@ -5,10 +5,71 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
-// A command or a reason without a text here does not compile.
+#include <array>
+
+// A command without a text here does not compile.
 #pragma GCC diagnostic error "-Wswitch"
 
 namespace {
+
+/// Why a command was refused, in words.
+struct SReason
+{
+    EnRefusalReason reason;
+    const char* szText;
+};
+
+constexpr std::array<SReason, ReasonNothingWasRefused> arrReason{ {
+    { ReasonListLocked, QT_TRANSLATE_NOOP("RefusalText", "the list is locked") },
+    { ReasonRefreshBlocked, QT_TRANSLATE_NOOP("RefusalText", "refresh is blocked") },
+    { ReasonBusy, QT_TRANSLATE_NOOP("RefusalText", "a job is still running") },
+    { ReasonNotSupported, QT_TRANSLATE_NOOP("RefusalText", "the control library cannot do that") },
+    { ReasonNameEmpty, QT_TRANSLATE_NOOP("RefusalText", "the name is empty") },
+    { ReasonNameControl, QT_TRANSLATE_NOOP("RefusalText", "the name holds line ends or control characters") },
+    { ReasonNameBlanks, QT_TRANSLATE_NOOP("RefusalText", "the name begins or ends with a blank") },
+    { ReasonNameInvisible, QT_TRANSLATE_NOOP("RefusalText", "nothing of the name can be seen") },
+    { ReasonNameDirection, QT_TRANSLATE_NOOP("RefusalText", "the name turns the direction of the text around") },
+    { ReasonNameCharacters, QT_TRANSLATE_NOOP("RefusalText", "a name may not hold any of %1") },
+    { ReasonNameLength, QT_TRANSLATE_NOOP("RefusalText", "the name is longer than %1 bytes") },
+    { ReasonGone, QT_TRANSLATE_NOOP("RefusalText", "it is not in the list any more") },
+    { ReasonGroupGone, QT_TRANSLATE_NOOP("RefusalText", "the group is not in the list any more") },
+    { ReasonNotMember, QT_TRANSLATE_NOOP("RefusalText", "the processor is not in the group") },
+    { ReasonInUse, QT_TRANSLATE_NOOP("RefusalText", "%1 runs the open project") },
+    { ReasonIdTaken, QT_TRANSLATE_NOOP("RefusalText", "the list has a node of that id") },
+    { ReasonTooManyNumbers, QT_TRANSLATE_NOOP("RefusalText", "the group carries more numbers than a list file takes") },
+    { ReasonGroupsFull, QT_TRANSLATE_NOOP("RefusalText", "the list has all the groups that it can have") },
+    { ReasonListFull, QT_TRANSLATE_NOOP("RefusalText", "the list has all the processors that it can have") },
+    { ReasonAlreadyListed, QT_TRANSLATE_NOOP("RefusalText", "it is in the list already") },
+    { ReasonNoSuchSimulator, QT_TRANSLATE_NOOP("RefusalText", "there is no simulator of that type or output") },
+    { ReasonSimulatorsFull, QT_TRANSLATE_NOOP("RefusalText", "more than two simulators cannot exist") },
+    { ReasonAddressReserved, QT_TRANSLATE_NOOP("RefusalText", "the address is reserved") },
+    { ReasonAddressTaken, QT_TRANSLATE_NOOP("RefusalText", "a processor of the list has the address") },
+    { ReasonAddressNoAnswer, QT_TRANSLATE_NOOP("RefusalText", "nothing answers there") },
+    { ReasonFileGone, QT_TRANSLATE_NOOP("RefusalText", "the file does not exist any more") },
+    // What is known of a file beyond that is in English, and in the journal.
+    { ReasonFileInvalid, QT_TRANSLATE_NOOP("RefusalText", "the file is no good list") },
+    { ReasonFileTooLarge, QT_TRANSLATE_NOOP("RefusalText", "the file holds more than the list takes") },
+    { ReasonFileNotWritten, QT_TRANSLATE_NOOP("RefusalText", "the file was not written") },
+    { ReasonFileNotReplaced, QT_TRANSLATE_NOOP("RefusalText", "the file was not replaced") },
+    { ReasonFileNotKept, QT_TRANSLATE_NOOP("RefusalText", "the list before was not kept") },
+    { ReasonFileHeld, QT_TRANSLATE_NOOP("RefusalText", "another program has the file open") },
+    { ReasonFileChanged, QT_TRANSLATE_NOOP("RefusalText", "the file is not the one that was refused") },
+    { ReasonFileUnreadable, QT_TRANSLATE_NOOP("RefusalText", "nothing of the file can be read") },
+    { ReasonNothingWasRefused, QT_TRANSLATE_NOOP("RefusalText", "no list was refused") },
+} };
+
+// Each reason but ReasonNone stands at its place.
+constexpr bool IsInOrder()
+{
+    int nReason = ReasonNone;
+    for (const SReason& row : arrReason) {
+        if (row.reason != ++nReason) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(IsInOrder(), "a text is missing, or at another place");
 
 /// The texts have a context of their own.
 class CRefusalText
@@ -17,7 +78,6 @@ class CRefusalText
 
 public:
     static QString Command(EnListCommand command);
-    static QString Reason(EnRefusalReason reason);
 };
 
 QString CRefusalText::Command(EnListCommand command)
@@ -59,91 +119,17 @@ QString CRefusalText::Command(EnListCommand command)
     return {};
 }
 
-QString CRefusalText::Reason(EnRefusalReason reason)
-{
-    switch (reason) {
-    case ReasonNone:
-        return {};
-    case ReasonListLocked:
-        return tr("the list is locked");
-    case ReasonRefreshBlocked:
-        return tr("refresh is blocked");
-    case ReasonBusy:
-        return tr("a job is still running");
-    case ReasonNotSupported:
-        return tr("the control library cannot do that");
-    case ReasonNameEmpty:
-        return tr("the name is empty");
-    case ReasonNameControl:
-        return tr("the name holds line ends or control characters");
-    case ReasonNameBlanks:
-        return tr("the name begins or ends with a blank");
-    case ReasonNameInvisible:
-        return tr("nothing of the name can be seen");
-    case ReasonNameDirection:
-        return tr("the name turns the direction of the text around");
-    case ReasonNameCharacters:
-        return tr("a name may not hold any of %1");
-    case ReasonNameLength:
-        return tr("the name is longer than %1 bytes");
-    case ReasonGone:
-        return tr("it is not in the list any more");
-    case ReasonGroupGone:
-        return tr("the group is not in the list any more");
-    case ReasonNotMember:
-        return tr("the processor is not in the group");
-    case ReasonInUse:
-        return tr("%1 runs the open project");
-    case ReasonIdTaken:
-        return tr("the list has a node of that id");
-    case ReasonTooManyNumbers:
-        return tr("the group carries more numbers than a list file takes");
-    case ReasonGroupsFull:
-        return tr("the list has all the groups that it can have");
-    case ReasonListFull:
-        return tr("the list has all the processors that it can have");
-    case ReasonAlreadyListed:
-        return tr("it is in the list already");
-    case ReasonNoSuchSimulator:
-        return tr("there is no simulator of that type or output");
-    case ReasonSimulatorsFull:
-        return tr("more than two simulators cannot exist");
-    case ReasonAddressReserved:
-        return tr("the address is reserved");
-    case ReasonAddressTaken:
-        return tr("a processor of the list has the address");
-    case ReasonAddressNoAnswer:
-        return tr("nothing answers there");
-    case ReasonFileGone:
-        return tr("the file does not exist any more");
-    // What is known of a file beyond that is in English, and in the journal.
-    case ReasonFileInvalid:
-        return tr("the file is no good list");
-    case ReasonFileTooLarge:
-        return tr("the file holds more than the list takes");
-    case ReasonFileNotWritten:
-        return tr("the file was not written");
-    case ReasonFileNotReplaced:
-        return tr("the file was not replaced");
-    case ReasonFileNotKept:
-        return tr("the list before was not kept");
-    case ReasonFileHeld:
-        return tr("another program has the file open");
-    case ReasonFileChanged:
-        return tr("the file is not the one that was refused");
-    case ReasonFileUnreadable:
-        return tr("nothing of the file can be read");
-    case ReasonNothingWasRefused:
-        return tr("no list was refused");
-    }
-    return {};
-}
-
 // A refused name may hold anything; of a file its folder says nothing here.
 QString GetName(const SRefusal& refusal)
 {
     const bool bFile = refusal.command == CommandImport || refusal.command == CommandExport;
     return (bFile ? QFileInfo(refusal.strName).fileName() : refusal.strName).simplified();
+}
+
+// Null for ReasonNone, and for one that a newer library has.
+const char* FindWords(EnRefusalReason reason)
+{
+    return reason > ReasonNone && reason <= ReasonNothingWasRefused ? arrReason.at(reason - 1).szText : nullptr;
 }
 
 // A detail may hold what looks like a place holder.
@@ -162,7 +148,8 @@ QString RefusalText::GetCommand(const SRefusal& refusal)
 
 QString RefusalText::GetReason(const SRefusal& refusal)
 {
-    return refusal.reason == ReasonNone ? refusal.strLine : Insert(CRefusalText::Reason(refusal.reason), refusal.strDetail);
+    const char* szWords = FindWords(refusal.reason);
+    return szWords ? Insert(QCoreApplication::translate("RefusalText", szWords), refusal.strDetail) : refusal.strLine;
 }
 
 QString RefusalText::Get(const SRefusal& refusal)
