@@ -7,6 +7,7 @@ set -euo pipefail
 run_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
+    librapidcheck-dev           # the sequences of the contract kit
     fonts-inter fonts-wqy-microhei
     qttranslations5-l10n        # the texts of Qt's own dialogs
     qtwayland5                  # the window on a desktop with Wayland alone

@@ -2,6 +2,7 @@
 installed into an empty folder, the files are taken from the documents, built by the commands that stand there, and run on an X
 server of their own. Usage: examples.py BUILD SHOTS"""
 import re
+import subprocess
 import sys
 import unittest
 from pathlib import Path
@@ -14,6 +15,7 @@ from desktop import Desktop, poll, wait_until
 SHOTS = Path(sys.argv.pop(2))
 BUILD = Path(sys.argv.pop(1)).resolve()
 COUNT = re.compile(r"`(\S+)` \((\d+) lines\)")
+CONTRACT = re.compile(r"<!-- contract -->\n```sh\n(.*)\n```")
 DEVICE = 25.0  # seconds: the device of the example reports every ten
 RENAME = 3.0  # seconds
 
@@ -64,6 +66,16 @@ class WalkTest(unittest.TestCase):
         wait_until("the device goes off", lambda: program.online_pixels() < before * 0.8, DEVICE)
         wait_until("the device comes back", lambda: program.online_pixels() >= before * 0.95, DEVICE)
         self.end(program)
+
+    def test_the_contract_kit_says_of_the_library_what_its_document_says(self):
+        document = walk.text("writing-a-control-library")
+        command = CONTRACT.search(document).group(1)
+        done = subprocess.run(command, shell=True, cwd=self.walk.folder, env=self.walk.environment, capture_output=True, text=True)
+        broken = re.findall(r"^broken +(\S+)", done.stdout, re.M)
+        self.assertEqual(broken, re.findall(r"^\| `(C-\w+-\d+)` \|", document, re.M), done.stdout + done.stderr)
+        said = re.search(r"It says (\d+ kept), (\d+ broken), (\d+ not tried)", document).groups()
+        self.assertEqual([sum for sum in done.stdout.splitlines()[-1].split(", ") if not sum.startswith("0") and "testable" not in sum],
+                         list(said))
 
     def test_kestrel_runs_on_the_library(self):
         journal = self.walk.folder / "journal"

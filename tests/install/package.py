@@ -78,9 +78,10 @@ class InstallTest(unittest.TestCase):
     def expected_development(self):
         config = cache("CMAKE_BUILD_TYPE").lower()
         package = "lib/cmake/ProcessorTreeView/ProcessorTreeView"
-        files = {"bin/kestrel", "lib/libNodeRecords.a", "lib/libControlJournal.a", "lib/pkgconfig/processortreeview.pc",
+        files = {"bin/kestrel", "bin/ptv-contract", "lib/libNodeRecords.a", "lib/libControlJournal.a", "lib/pkgconfig/processortreeview.pc",
                  f"{package}Config.cmake", f"{package}ConfigVersion.cmake", f"{package}Targets.cmake",
                  f"{package}Targets-{config}.cmake", "share/applications/kestrel.desktop", "share/man/man1/kestrel.1",
+                 "share/man/man1/ptv-contract.1",
                  "share/icons/hicolor/scalable/apps/kestrel.svg"}
         files |= {f"lib/lib{name}.so" for name in ("ProcessorTreeView", *STAND_INS)}
         files = files.union(*map(shared_library, STAND_INS))
@@ -163,6 +164,10 @@ class InstallTest(unittest.TestCase):
 
     def test_kestrel_says_its_version(self):
         self.assertIn(version(), self.kestrel("--version"))
+
+    def test_the_contract_kit_tries_the_installed_library(self):
+        report = run(PREFIX / "bin/ptv-contract", "--control", PREFIX / "lib/libCorvidControl.so", "--only", "C-list-17")
+        self.assertRegex(report, r"(?m)^kept +C-list-17 ")
 
     def test_kestrel_shows_an_example_list(self):
         pictures = {}

@@ -27,11 +27,12 @@ SHARED = {"data/nodes", "interfaces"}
 ROOTS = ("src", "src/data", "host")  # where includes are named from; of src/data only the node records
 # The one arrow that runs back: rows are expanded and filtered in the view. In the source, not the header.
 BACK_ARROWS = {("model", ".cpp", "tree/CProcessorTree.h")}
-HOST_FOLDERS = {"CommonComponent", "CorvidControl", "controlhost", "journal", "Kestrel"}
+HOST_FOLDERS = {"CommonComponent", "CorvidControl", "contract", "controlhost", "journal", "Kestrel"}
 # What a folder of host/ may use of the others.
 HOST_USES = {
     "CommonComponent": set(),
     "CorvidControl": {"controlhost"},
+    "contract": {"controlhost"},
     "controlhost": set(),
     "journal": {"controlhost"},
     "Kestrel": {"controlhost", "journal", "CommonComponent"},

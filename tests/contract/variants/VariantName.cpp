@@ -1,0 +1,6 @@
+#include "variants/VariantName.h"
+
+std::string_view VariantName::Get()
+{
+    return VARIANT;
+}
