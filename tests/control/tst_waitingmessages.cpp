@@ -1,9 +1,7 @@
 #include "Builders.h"
 #include "CControlFixture.h"
-#include "CHandClock.h"
+#include "CDispatcherRig.h"
 #include "CNameRegistry.h"
-#include "CorvidControl/messages/CMessageDispatcher.h"
-#include "CorvidControl/messages/EnControlMessage.h"
 #include "TestMain.h"
 
 #include <QDeadlineTimer>
@@ -20,81 +18,8 @@ namespace {
 
 using FnReport = std::function<void(CControlHost& host, int n)>;
 
-constexpr int nFirstMark = 1000; // numbers that mean nothing to anybody
-
 const QVector<int> vecCommand{ 1, 9, 10, 14, 15, 32, 53, 54 };
 const QVector<int> vecRefreshing = vecCommand + QVector<int>{ MessageDevicesChanged };
-
-/// A dispatcher by a clock of the test's, and an observer of all senders that has read the beginning.
-class CRig
-{
-public:
-    CRig()
-    {
-        for (int nSender = SenderPrcBasic; nSender <= SenderPreference; ++nSender) {
-            dispatcher.Attach(EnMessageSender(nSender), &recorder);
-        }
-        HearAfter(60ms);
-        Forget();
-    }
-
-    /// As a device does.
-    void PostDevice()
-    {
-        dispatcher.Post(SenderPrcRuntime, MessageDevicesChanged);
-    }
-
-    /// As a command of the user does.
-    void PostCommand(int nMessage = MessageListChanged)
-    {
-        dispatcher.Post(SenderPrcList, nMessage);
-    }
-
-    /// Lets the time pass, and that of a burst, and returns what has come since the last Forget.
-    QVector<int> HearAfter(std::chrono::milliseconds time)
-    {
-        clock.Turn(time);
-        dispatcher.Post(SenderPrcBasic, ++nMark);
-        clock.Turn(CMessageDispatcher::timeQuiet);
-        recorder.Await(nMark);
-        return Hear();
-    }
-
-    /// As HearAfter, in no time but that of the burst.
-    QVector<int> HearNow()
-    {
-        return HearAfter(0ms);
-    }
-
-    /// What has come since the last Forget.
-    QVector<int> Hear()
-    {
-        QVector<int> vecHeard;
-        const QVector<int> vecAll = recorder.GetMessages();
-        std::copy_if(vecAll.cbegin() + nForgotten, vecAll.cend(), std::back_inserter(vecHeard),
-                     [](int nMessage) { return nMessage < nFirstMark; });
-        return vecHeard;
-    }
-
-    /// Whether the thread of the dispatcher waits for a time; also true just before it is notified.
-    bool IsAsleep() const
-    {
-        return clock.GetAlarm() != CControlClock::Time();
-    }
-
-    void Forget()
-    {
-        nForgotten = recorder.GetMessages().size();
-    }
-
-    CHandClock clock;
-    CMessageDispatcher dispatcher{ clock };
-    CMessageRecorder recorder;
-
-private:
-    int nMark = nFirstMark;
-    int nForgotten = 0;
-};
 
 void AddRows(const QVector<int>& vecMessage)
 {
@@ -122,7 +47,7 @@ private slots:
     void allThatRefreshWaitForAnOpenEditor()
     {
         QFETCH(int, nMessage);
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand(nMessage);
         QCOMPARE(rig.HearAfter(9900ms), QVector<int>());
@@ -132,7 +57,7 @@ private slots:
 
     void whatWaitedGoesInItsOrderWhenTheEditorCloses()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         for (const int nMessage : { 54, 7, 15, 14, 7, 1 }) {
             rig.PostCommand(nMessage);
@@ -140,12 +65,13 @@ private slots:
         QCOMPARE(rig.HearAfter(200ms), QVector<int>());
         QTRY_VERIFY(rig.IsAsleep());
         rig.dispatcher.SetUserEditing(false);
-        QTRY_COMPARE(rig.Hear(), (QVector<int>{ 54, 7, 15, 14, 1 }));
+        QTRY_COMPARE(rig.Hear(), QVector<int>{ 54 });
+        QCOMPARE(rig.HearNow(), (QVector<int>{ 54, 7, 15, 14, 1 }));
     }
 
     void theReturnThatClosesTheEditorHoldsNothingBack()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostDevice();
         rig.dispatcher.NoteUserInput();
@@ -155,7 +81,7 @@ private slots:
 
     void whatWaitsGoesTenSecondsAfterTheFirstOfIt()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(6000ms), QVector<int>());
@@ -167,7 +93,7 @@ private slots:
 
     void afterTenSecondsTheNextMessageWaitsAgain()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         QCOMPARE(rig.HearAfter(10000ms), QVector<int>{ MessageListChanged });
@@ -179,7 +105,7 @@ private slots:
 
     void aMessageThatHasBeenRaisedAlreadyWaitsToo()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.PostCommand();
         rig.dispatcher.SetUserEditing(true);
         QCOMPARE(rig.HearAfter(500ms), QVector<int>());
@@ -187,7 +113,7 @@ private slots:
 
     void theNextEditorHoldsWhatTheOneBeforeLetGo()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         rig.dispatcher.SetUserEditing(false);
@@ -199,7 +125,7 @@ private slots:
 
     void whatMakesNobodyReadWaitsForNothing()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
@@ -211,7 +137,7 @@ private slots:
 
     void settledComesWhileOthersWait()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         rig.PostCommand(60);
@@ -228,7 +154,7 @@ private slots:
 
     void aNewObserversOwnMessageWaitsForTheEditorToo()
     {
-        CRig rig;
+        CDispatcherRig rig;
         CMessageRecorder late;
         rig.dispatcher.SetUserEditing(true);
         rig.dispatcher.Attach(SenderPrcList, &late);
@@ -242,7 +168,7 @@ private slots:
 
     void aNewObserversOwnMessageTakesNoOtherAlong()
     {
-        CRig rig;
+        CDispatcherRig rig;
         CMessageRecorder late;
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
@@ -254,7 +180,7 @@ private slots:
 
     void devicesWaitTwoSecondsWhileTheUserActs()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(1000ms), QVector<int>());
@@ -265,7 +191,7 @@ private slots:
 
     void devicesGoWhenTheUserHasActed()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(500ms), QVector<int>());
@@ -276,7 +202,7 @@ private slots:
 
     void devicesWaitUntilInputIsOld()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.NoteUserInput();
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(300ms), QVector<int>());
@@ -287,7 +213,7 @@ private slots:
 
     void steadyInputHoldsDevicesBackForTwoSeconds()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.PostDevice();
         for (int nKey = 0; nKey < 9; ++nKey) {
             rig.dispatcher.NoteUserInput();
@@ -305,7 +231,7 @@ private slots:
     void commandsDoNotWaitWhileTheUserActs()
     {
         QFETCH(int, nMessage);
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.dispatcher.NoteUserInput();
         rig.PostCommand(nMessage);
@@ -314,7 +240,7 @@ private slots:
 
     void waitingDevicesGoAlongWithACommandBeforeIt()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(100ms), QVector<int>());
@@ -324,7 +250,7 @@ private slots:
 
     void commandsAreStillMergedWhileDevicesWait()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.PostDevice();
         QCOMPARE(rig.HearAfter(1000ms), QVector<int>());
@@ -337,19 +263,20 @@ private slots:
 
     void aStormOfDevicesThatWaitDelaysNoCommand()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserActing(true);
         rig.PostCommand();
         for (int n = 0; n < 15; ++n) {
             rig.PostDevice();
             rig.clock.Turn(1ms);
         }
-        QTRY_COMPARE(rig.Hear(), (QVector<int>{ MessageListChanged, MessageDevicesChanged }));
+        QTRY_COMPARE(rig.Hear(), QVector<int>{ MessageListChanged });
+        QCOMPARE(rig.HearNow(), (QVector<int>{ MessageListChanged, MessageDevicesChanged }));
     }
 
     void theEndDoesNotWaitForTheUser()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         rig.dispatcher.Stop();
@@ -358,7 +285,7 @@ private slots:
 
     void aDetachedObserverHearsNothingOfWhatWaited()
     {
-        CRig rig;
+        CDispatcherRig rig;
         rig.dispatcher.SetUserEditing(true);
         rig.PostCommand();
         rig.dispatcher.Detach(SenderPrcList, &rig.recorder);

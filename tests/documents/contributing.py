@@ -17,7 +17,7 @@ SHORT = ("ctest --preset dev -R", "scripts/reference.sh", "QT_QPA_PLATFORM=offsc
 SHELLS = ("", "sh", "bash", "console")
 COMMAND = re.compile(r"^(?:\./|scripts/|build/|cmake |ctest |kestrel |apt|dpkg|cp |sudo )")
 # What a fresh checkout builds later, from its own folder.
-RELEASE_PROGRAMS = {"build/release/bin/ptv_benchmarks", "build/release/bin/ptv_control_benchmarks"}
+RELEASE_PROGRAMS = {f"build/release/bin/{name}" for name in ("ptv_benchmarks", "ptv_burst_benchmarks", "ptv_control_benchmarks")}
 
 
 def commands():

@@ -49,13 +49,15 @@ void CMessageDispatcher::Post(EnMessageSender sender, int nMessage)
     Enqueue(lock, sender, nMessage, nullptr);
 }
 
-// An editor that opens again before they have gone holds them back as the one before did.
+// An editor that opens again before they have gone holds them back as the one before did. So does one that opens in the middle of
+// a burst.
 void CMessageDispatcher::SetUserEditing(bool bOn)
 {
     const Lock lock(mutex);
     const bool bCloses = activity.IsEditing() && !bOn;
     for (SPending& pending : listPending) {
         pending.bReleased = !bOn && (bCloses || pending.bReleased);
+        pending.bBegun = !bOn && pending.bBegun;
     }
     activity.SetEditing(bOn);
     condWork.notify_all();
@@ -106,12 +108,20 @@ void CMessageDispatcher::Run()
 {
     Lock lock(mutex);
     while (AwaitBurst(lock)) {
-        const std::deque<SPending> listBurst = TakeBurst(lock);
-        for (const SPending& pending : listBurst) {
-            Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
+        const std::deque<SPending> listTurn = TakeTurn(lock);
+        for (const SPending& pending : listTurn) {
+            Send(lock, pending);
         }
         bUnsettled = true;
         timeSettled = clock.GetNow() + timeSettle;
+    }
+}
+
+void CMessageDispatcher::Send(Lock& lock, const SPending& pending)
+{
+    Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
+    if (CUserActivity::MakesRead(pending.nMessage)) {
+        timeRead = clock.GetNow() + timeGap;
     }
 }
 
@@ -144,11 +154,29 @@ void CMessageDispatcher::WaitUntil(Lock& lock, Time timeEnd)
     }
 }
 
+// What goes at once: the messages of the burst up to the next that makes observers read and has to keep its distance.
+std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeTurn(const Lock& lock)
+{
+    std::deque<SPending> listTurn = TakeBurst(lock);
+    const auto makesRead = [](const SPending& pending) { return CUserActivity::MakesRead(pending.nMessage); };
+    auto itRest = std::find_if(listTurn.begin(), listTurn.end(), makesRead);
+    if (itRest != listTurn.end() && timeRead <= clock.GetNow()) {
+        itRest = std::find_if(itRest + 1, listTurn.end(), makesRead);
+    }
+    std::for_each(itRest, listTurn.end(), [](SPending& pending) { pending.bBegun = true; });
+    listPending.insert(listPending.begin(), itRest, listTurn.end());
+    listTurn.erase(itRest, listTurn.end());
+    return listTurn;
+}
+
+// The rest of one that has begun takes in no others: without an end, it would never be over.
 std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst(const Lock& lock)
 {
     const Time timeNow = clock.GetNow();
-    const auto isFree = [&](const SPending& pending) { return IsFree(lock, pending, timeNow); };
-    const bool bAllRead = std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
+    const auto isBegun = [](const SPending& pending) { return pending.bBegun; };
+    const bool bBegun = std::any_of(listPending.cbegin(), listPending.cend(), isBegun);
+    const auto isFree = [&](const SPending& pending) { return bBegun ? pending.bBegun : IsFree(lock, pending, timeNow); };
+    const bool bAllRead = !bBegun && std::any_of(listPending.cbegin(), listPending.cend(), [&](const SPending& pending) {
         return isFree(pending) && !pending.pOnly && CUserActivity::MakesRead(pending.nMessage);
     });
     const auto itHeld = bAllRead ? listPending.end() : std::stable_partition(listPending.begin(), listPending.end(), isFree);
@@ -165,10 +193,18 @@ CMessageDispatcher::Time CMessageDispatcher::FindBurst(const Lock& lock, Time ti
     for (const SPending& pending : listPending) {
         if (IsFree(lock, pending, timeNow)) {
             timeCalm = std::max(timeCalm, pending.timeLast + timeQuiet);
-            timeLatest = std::min(timeLatest, pending.timeFirst + timeLongest);
+            timeLatest = std::min(timeLatest, pending.bBegun ? Time() : pending.timeFirst + timeLongest);
         }
     }
-    return timeLatest == timeNever ? timeNever : std::min(timeCalm, timeLatest);
+    return timeLatest == timeNever ? timeNever : std::max(std::min(timeCalm, timeLatest), FindGapEnd(lock, timeNow));
+}
+
+// Until when the first of them keeps its distance.
+CMessageDispatcher::Time CMessageDispatcher::FindGapEnd(const Lock& lock, Time timeNow) const
+{
+    const auto isFree = [&](const SPending& pending) { return IsFree(lock, pending, timeNow); };
+    const auto itFirst = std::find_if(listPending.cbegin(), listPending.cend(), isFree);
+    return itFirst != listPending.cend() && CUserActivity::MakesRead(itFirst->nMessage) ? timeRead : Time();
 }
 
 // When the next message that waits for the user may go; never if there is none.
@@ -185,7 +221,7 @@ CMessageDispatcher::Time CMessageDispatcher::FindRelease(const Lock& lock, Time 
 
 bool CMessageDispatcher::IsFree(const Lock& /*lock*/, const SPending& pending, Time timeNow) const
 {
-    return pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
+    return pending.bBegun || pending.bReleased || activity.GetRelease(pending.nMessage, pending.timeFirst) <= timeNow;
 }
 
 // Releases the lock during each Notify.

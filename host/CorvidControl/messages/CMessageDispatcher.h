@@ -18,14 +18,19 @@ class CObserver;
 /// timeQuiet, at the latest after timeLongest: a burst of reports ends in one reading. Each burst is
 /// followed by one MessageSettled of SenderProtocal. All operations may be called on any thread.
 ///
+/// Between two messages that make observers read lies timeGap, so that no second has more than 20 of them, whenever it begins,
+/// and none waits for a reader that takes less for each. The first after a pause is not delayed. Where several of a burst make
+/// observers read, its rest goes on in its order, one each timeGap, and what comes meanwhile stands behind it.
+///
 /// While the user is in the middle of something, messages wait as CUserActivity says, each from when the
-/// first of its equals came. What waits delays nothing else and goes along, in the order in which it was
+/// first of its equals came. What waits delays no reading and goes along, in the order in which it was
 /// raised, with the first message for all observers that makes them read: they read everything then.
 class CMessageDispatcher
 {
 public:
     static constexpr std::chrono::milliseconds timeQuiet{ 15 };
     static constexpr std::chrono::milliseconds timeLongest{ 120 };
+    static constexpr std::chrono::milliseconds timeGap{ 50 };
     static constexpr std::chrono::milliseconds timeSettle{ 60 };
 
     /// clockIn must outlive it.
@@ -74,14 +79,18 @@ private:
         Time timeFirst;
         Time timeLast;          ///< when the last of its equals came
         bool bReleased = false; ///< the editor that it waited for has closed
+        bool bBegun = false;    ///< others of its burst have gone: it waits for its distance alone
     };
 
     void Run();
     void Enqueue(const Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
+    void Send(Lock& lock, const SPending& pending);
     bool AwaitBurst(Lock& lock);
     void WaitUntil(Lock& lock, Time timeEnd);
+    std::deque<SPending> TakeTurn(const Lock& lock);
     std::deque<SPending> TakeBurst(const Lock& lock);
     Time FindBurst(const Lock& lock, Time timeNow) const;
+    Time FindGapEnd(const Lock& lock, Time timeNow) const;
     Time FindRelease(const Lock& lock, Time timeNow) const;
     bool IsFree(const Lock& lock, const SPending& pending, Time timeNow) const;
     void Deliver(Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
@@ -96,6 +105,7 @@ private:
     std::deque<SPending> listPending;
     CUserActivity activity;
     Time timeSettled; ///< when MessageSettled is due
+    Time timeRead;    ///< when the next message that makes observers read may go
     bool bUnsettled = false;
     bool bStop = false;
     CObserver* pRunning = nullptr; ///< whose Notify is running

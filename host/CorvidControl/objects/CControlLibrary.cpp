@@ -29,8 +29,8 @@ QString FindListFile(const QString& strListFile)
 
 } // namespace
 
-CControlLibrary::CControlLibrary(const SControlOptions& optionsIn)
-    : options(optionsIn), host(dispatcher, events),
+CControlLibrary::CControlLibrary(const SControlOptions& optionsIn, const CControlClock& clock)
+    : options(optionsIn), dispatcher(clock), host(dispatcher, events),
       processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()),
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),

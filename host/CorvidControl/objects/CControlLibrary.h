@@ -29,8 +29,8 @@
 class CControlLibrary
 {
 public:
-    /// Reads the list file and the scenario file; blocks for the disk.
-    explicit CControlLibrary(const SControlOptions& optionsIn);
+    /// Reads the list file and the scenario file; blocks for the disk. Messages go by clock, which must outlive the library.
+    explicit CControlLibrary(const SControlOptions& optionsIn, const CControlClock& clock = CControlClock::GetSystem());
 
     /// Ends what blocks, waits for the jobs under way, saves what waits to be saved, joins the threads.
     ~CControlLibrary();

@@ -28,6 +28,7 @@ void CHandClock::Wait(std::condition_variable& condition, std::unique_lock<std::
         }
         timeAlarm = timeEnd;
         ++nWaits;
+        conditionWaits.notify_all();
         pCondition = &condition;
         pMutex = lock.mutex();
     }
@@ -72,4 +73,10 @@ int CHandClock::GetWaits() const
 {
     const std::lock_guard<std::mutex> lock(mutexClock);
     return nWaits;
+}
+
+bool CHandClock::AwaitWait(int nWaitsBefore, std::chrono::milliseconds timeMost) const
+{
+    std::unique_lock<std::mutex> lock(mutexClock);
+    return conditionWaits.wait_for(lock, timeMost, [&] { return nWaits > nWaitsBefore; });
 }

@@ -22,12 +22,16 @@ public:
     /// How many waits have begun. One that begins has looked at the clock.
     int GetWaits() const;
 
+    /// False when no wait more than those before has begun in time.
+    bool AwaitWait(int nWaitsBefore, std::chrono::milliseconds timeMost) const;
+
 private:
     mutable std::mutex mutexClock; ///< guards all below; taken within the lock of who waits, never round it
     Time timeNow{ std::chrono::hours(1) };
     std::chrono::milliseconds timeDateBy{ 0 };
     mutable Time timeAlarm;
     mutable int nWaits = 0;
+    mutable std::condition_variable conditionWaits;        ///< a wait has begun
     mutable std::condition_variable* pCondition = nullptr; ///< of who waits, or waited last
     mutable std::mutex* pMutex = nullptr;
 };
