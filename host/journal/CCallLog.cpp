@@ -1,10 +1,14 @@
 #include "journal/CCallLog.h"
 
+#include "journal/recording/ICallRecorder.h"
+#include "journal/recording/SJournalRecord.h"
+
 #include <QDateTime>
 #include <QMutexLocker>
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace {
 
@@ -37,6 +41,9 @@ void CCallLog::Write(EnRecordKind kind, const char* pObject, const QString& strT
     if (bAnnounce) {
         emit RecordsWaiting();
     }
+    if (kind == RecordNote && pRecorder) {
+        PassNote(pObject, strText);
+    }
 }
 
 std::vector<SCallRecord> CCallLog::ReadAfter(quint64 nAfter)
@@ -51,6 +58,16 @@ std::vector<SCallRecord> CCallLog::ReadAfter(quint64 nAfter)
     return vecResult;
 }
 
+void CCallLog::SetRecorder(ICallRecorder* pRecorderIn)
+{
+    pRecorder = pRecorderIn;
+}
+
+ICallRecorder* CCallLog::GetRecorder() const
+{
+    return pRecorder;
+}
+
 quint64 CCallLog::GetLastNumber() const
 {
     const QMutexLocker locker(&mutex);
@@ -61,4 +78,13 @@ int CCallLog::GetThreadNumber() const
 {
     const int nThread = NumberOfThisThread();
     return nThread == nFirstThread ? 0 : nThread;
+}
+
+void CCallLog::PassNote(const char* pObject, const QString& strText)
+{
+    SJournalRecord record;
+    record.line = LineNote;
+    record.szObject = pObject;
+    record.vecField = { { "text", SPrivateText(strText, PrivateText) } };
+    pRecorder->Write(std::move(record));
 }

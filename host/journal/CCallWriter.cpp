@@ -20,10 +20,25 @@ void CCallWriter::Finished(const char* pOperation, qint64 nMilliseconds) const
     journal.Write(RecordCommand, pObject, strText);
 }
 
+void CCallWriter::Threw(const char* pOperation, const QString& strThrown) const
+{
+    journal.Write(RecordNote, pObject, QString::fromLatin1(pOperation) + QStringLiteral(" threw ") + strThrown);
+}
+
 void CCallWriter::Message(int nMessage, const QString& strName) const
 {
     const QString strText = QStringLiteral("message %1 %2").arg(nMessage).arg(strName);
     journal.Write(RecordMessage, pObject, strText.trimmed());
+}
+
+const char* CCallWriter::GetObjectName() const
+{
+    return pObject;
+}
+
+ICallRecorder* CCallWriter::GetRecorder() const
+{
+    return journal.GetRecorder();
 }
 
 QString CCallWriter::GetText(bool bValue)

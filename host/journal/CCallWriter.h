@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class ICallRecorder;
+
 /// Writes the calls of one control object into the journal: one short text per argument. Any thread.
 class CCallWriter
 {
@@ -35,8 +37,14 @@ public:
     /// A command that took its time has come back.
     void Finished(const char* pOperation, qint64 nMilliseconds) const;
 
+    /// The library has left a call by an exception: a note, with what it has thrown in words.
+    void Threw(const char* pOperation, const QString& strThrown) const;
+
     /// A message of the object to its observers; strName may be empty.
     void Message(int nMessage, const QString& strName) const;
+
+    const char* GetObjectName() const;  ///< as the constructor got it
+    ICallRecorder* GetRecorder() const; ///< who gets the calls in full; null for nobody
 
     static QString GetText(bool bValue);
     static QString GetText(int nValue);

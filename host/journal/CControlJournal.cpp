@@ -37,24 +37,24 @@ CControlJournal::~CControlJournal()
     *pointers.ppProtocal = &protocal;
     *pointers.ppRuntime = &runtime;
 
-    prcBasic.Detach(&prcBasicMessages);
-    prcList.Detach(&prcListMessages);
-    prcRuntime.Detach(&prcRuntimeMessages);
-    preference.Detach(&preferenceMessages);
-    projectManage.Detach(&projectManageMessages);
-    protocal.Detach(&protocalMessages);
-    runtime.Detach(&runtimeMessages);
+    prcBasicMessages.Leave(prcBasic);
+    prcListMessages.Leave(prcList);
+    prcRuntimeMessages.Leave(prcRuntime);
+    preferenceMessages.Leave(preference);
+    projectManageMessages.Leave(projectManage);
+    protocalMessages.Leave(protocal);
+    runtimeMessages.Leave(runtime);
 }
 
 void CControlJournal::Listen()
 {
-    prcBasic.Attach(&prcBasicMessages);
-    prcList.Attach(&prcListMessages);
-    prcRuntime.Attach(&prcRuntimeMessages);
-    preference.Attach(&preferenceMessages);
-    projectManage.Attach(&projectManageMessages);
-    protocal.Attach(&protocalMessages);
-    runtime.Attach(&runtimeMessages);
+    prcBasicMessages.Listen(prcBasic);
+    prcListMessages.Listen(prcList);
+    prcRuntimeMessages.Listen(prcRuntime);
+    preferenceMessages.Listen(preference);
+    projectManageMessages.Listen(projectManage);
+    protocalMessages.Listen(protocal);
+    runtimeMessages.Listen(runtime);
 }
 
 void CControlJournal::Install()

@@ -2,6 +2,7 @@
 
 #include "interfaces/widgets/CObserver.h"
 #include "journal/CCallWriter.h"
+#include "journal/LibraryCall.h"
 
 #include <functional>
 
@@ -18,7 +19,20 @@ public:
 
     void Notify(int nMessage) override;
 
+    /// Attaches to the object and detaches from it. What that throws is written down.
+    template <typename Subject> void Listen(Subject& subject)
+    {
+        NoteThrown("Attach", LibraryCall::Try([&] { subject.Attach(this); }));
+    }
+
+    template <typename Subject> void Leave(Subject& subject)
+    {
+        NoteThrown("Detach", LibraryCall::Try([&] { subject.Detach(this); }));
+    }
+
 private:
+    void NoteThrown(const char* szOperation, const QString& strThrown) const;
+
     const CCallWriter writer;
     const MessageNamer fnName;
 };

@@ -1,5 +1,7 @@
 #include "journal/CPrcRuntimeJournal.h"
 
+#include "journal/recording/CRecordedCall.h"
+
 CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& innerIn, CCallLog& journal)
     : inner(innerIn), writer(journal, "PrcRuntimeControl")
 { }
@@ -7,11 +9,13 @@ CPrcRuntimeJournal::CPrcRuntimeJournal(IPrcRuntimeControl& innerIn, CCallLog& jo
 void CPrcRuntimeJournal::Attach(CObserver* pObserver)
 {
     writer.Command("Attach");
-    inner.Attach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Attach");
+    call.Carry([&] { inner.Attach(pObserver); });
 }
 
 void CPrcRuntimeJournal::Detach(CObserver* pObserver)
 {
     writer.Command("Detach");
-    inner.Detach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Detach");
+    call.Carry([&] { inner.Detach(pObserver); });
 }

@@ -1,5 +1,7 @@
 #include "journal/CPreferenceJournal.h"
 
+#include "journal/recording/CRecordedCall.h"
+
 CPreferenceJournal::CPreferenceJournal(IPreferenceControl& innerIn, CCallLog& journal)
     : inner(innerIn), writer(journal, "PreferenceControl")
 { }
@@ -7,18 +9,22 @@ CPreferenceJournal::CPreferenceJournal(IPreferenceControl& innerIn, CCallLog& jo
 void CPreferenceJournal::Attach(CObserver* pObserver)
 {
     writer.Command("Attach");
-    inner.Attach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Attach");
+    call.Carry([&] { inner.Attach(pObserver); });
 }
 
 void CPreferenceJournal::Detach(CObserver* pObserver)
 {
     writer.Command("Detach");
-    inner.Detach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Detach");
+    call.Carry([&] { inner.Detach(pObserver); });
 }
 
 bool CPreferenceJournal::IsChiefMode()
 {
-    const bool result = inner.IsChiefMode();
+    CRecordedCall call(writer, RecordRead, "IsChiefMode");
+    const bool result = call.Ask(false, [&] { return inner.IsChiefMode(); });
+    call.SetResult(result);
     writer.Read("IsChiefMode", result);
     return result;
 }

@@ -1,5 +1,7 @@
 #include "journal/CProtocalJournal.h"
 
+#include "journal/recording/CRecordedCall.h"
+
 CProtocalJournal::CProtocalJournal(IProtocalControl& innerIn, CCallLog& journal)
     : inner(innerIn), writer(journal, "ProtocalControl")
 { }
@@ -7,11 +9,13 @@ CProtocalJournal::CProtocalJournal(IProtocalControl& innerIn, CCallLog& journal)
 void CProtocalJournal::Attach(CObserver* pObserver)
 {
     writer.Command("Attach");
-    inner.Attach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Attach");
+    call.Carry([&] { inner.Attach(pObserver); });
 }
 
 void CProtocalJournal::Detach(CObserver* pObserver)
 {
     writer.Command("Detach");
-    inner.Detach(pObserver);
+    CRecordedCall call(writer, RecordCommand, "Detach");
+    call.Carry([&] { inner.Detach(pObserver); });
 }
