@@ -3,14 +3,15 @@
 #
 # Installs and builds what is missing, then starts Kestrel with your own list, which begins as a copy of
 # examples/studio.kvtl; a control library given by --control brings its own. Without a display it plays
-# examples/day.json and writes pictures of it to shots/, or the one that --shot asks for. Options go to Kestrel;
-# relative paths in them are those of the folder that you are in.
+# examples/day.json and two scenarios in which something goes wrong, and writes pictures of them to shots/, or the one
+# that --shot asks for. Options go to Kestrel; relative paths in them are those of the folder that you are in.
 set -euo pipefail
 
 root=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 kestrel=$root/build/release/bin/kestrel
 log=$root/build/run.log
 stage=0
+faults=(row-flickers two-rows-in-one) # of examples/, played after the day
 
 usage() {
     sed -n '2,/^set /{/^set /d;s/^# \{0,1\}//p}' "$root/run.sh"
@@ -68,6 +69,22 @@ start_on_display() {
     exec "$kestrel" --list "$list" "$@"
 }
 
+play() {
+    QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work "$kestrel" "$@" \
+        2> >(grep -v 'does not support propagateSizeHints' >&2)
+}
+
+# Each with a list and a folder of its own.
+play_faults() {
+    local name
+    for name in "${faults[@]}"; do
+        mkdir -p "$1/$name"
+        rm -f "$1/$name"/[0-9][0-9]-*.png
+        cp "$root/examples/studio.kvtl" "$work/$name.kvtl"
+        play --list "$work/$name.kvtl" --scenario "$root/examples/$name.json" --shots "$1/$name"
+    done
+}
+
 start_without_display() {
     local shots=$root/shots defaults=()
     work=$(mktemp -d)
@@ -82,12 +99,12 @@ start_without_display() {
     if ! given shot "$@" && ! given shots "$@"; then
         mkdir -p "$shots"
         rm -f "$shots"/[0-9][0-9]-*.png
-        echo "run: no display, so a scenario is played without one, about 20 seconds; its pictures go to $shots" >&2
+        echo "run: no display, so a scenario is played without one, about half a minute; its pictures go to $shots" >&2
         given scenario "$@" || defaults+=(--scenario "$root/examples/day.json")
         defaults+=(--shots "$shots")
     fi
-    QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR=$work XDG_CONFIG_HOME=$work "$kestrel" "${defaults[@]}" "$@" \
-        2> >(grep -v 'does not support propagateSizeHints' >&2)
+    play "${defaults[@]}" "$@"
+    [ $# -gt 0 ] || play_faults "$shots"
 }
 
 # Read whole before it runs, so that an edit meanwhile does no harm.

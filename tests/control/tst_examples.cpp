@@ -1,8 +1,11 @@
 #include "CorvidControl/day/CScenario.h"
+#include "CorvidControl/day/StepVerbs.h"
 #include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
+#include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 
 #include <algorithm>
 
@@ -29,6 +32,33 @@ QList<SProcessorNode> GetAll(const SProcessorAllNode& node)
 template <typename Test> bool Any(const QList<SProcessorNode>& listProcessor, Test test)
 {
     return std::any_of(listProcessor.cbegin(), listProcessor.cend(), test);
+}
+
+QStringList GetScenarios()
+{
+    return QDir(QString::fromLatin1(szStored)).entryList({ QStringLiteral("*.json") });
+}
+
+void AddScenarios()
+{
+    QTest::addColumn<int>("nNone");
+    for (const QString& strFile : GetScenarios()) {
+        QTest::newRow(qPrintable(strFile)) << 0;
+    }
+}
+
+/// Of all groups and processors.
+QStringList GetStudioNames()
+{
+    const SProcessorAllNode node = ListFormat::Read(ReadExample(QStringLiteral("studio.kvtl")), {}).node;
+    QStringList listName;
+    for (const SProcessorNode& processor : GetAll(node)) {
+        listName.append(processor.strName);
+    }
+    for (const SProcessorGroupNode& group : node.listGroup) {
+        listName.append(group.strName);
+    }
+    return listName;
 }
 
 } // namespace
@@ -87,26 +117,69 @@ private slots:
         QVERIFY(day.GetSteps().last().nAt <= 20000 && day.GetSteps().last().nAt >= 15000);
     }
 
-    void eachNodeOfTheDayIsInTheStudio()
+    void thereAreTenScenariosAndMore()
     {
-        const SProcessorAllNode node = ListFormat::Read(ReadExample("studio.kvtl"), {}).node;
-        QStringList listName;
-        for (const SProcessorNode& processor : GetAll(node)) {
-            listName.append(processor.strName);
-        }
-        for (const SProcessorGroupNode& group : node.listGroup) {
-            listName.append(group.strName);
-        }
-        const CScenario day = CScenario::ReadFile(QStringLiteral(PTV_EXAMPLES "/day.json"));
-        for (const SScenarioStep& step : day.GetSteps()) {
-            if (step.strDo == QLatin1String("add-group")) {
-                listName.append(step.GetText("name"));
-            }
-            for (const char* pKey : { "node", "group" }) {
+        QVERIFY2(GetScenarios().size() >= 10, qPrintable(GetScenarios().join(' ')));
+    }
+
+    void eachScenarioIsSoundAndOfTheStudio_data()
+    {
+        AddScenarios();
+    }
+
+    void eachScenarioIsSoundAndOfTheStudio()
+    {
+        const CScenario scenario = CScenario::ReadFile(szStored + QString::fromLatin1(QTest::currentDataTag()));
+        QCOMPARE(scenario.GetFault(), QString());
+        QVERIFY(QString::fromUtf8(ReadExample(QString::fromLatin1(QTest::currentDataTag()))).contains("\"title\": \""));
+        QVERIFY(QString::fromUtf8(QJsonDocument(scenario.GetMarks()).toJson()).contains("\"shot\""));
+        QStringList listName = GetStudioNames();
+        for (const SScenarioStep& step : scenario.GetSteps()) {
+            listName.append(step.GetText("name"));
+            for (const char* pKey : { "node", "group", "with" }) {
                 if (!step.GetText(pKey).isEmpty()) {
                     QVERIFY2(listName.contains(step.GetText(pKey)), qPrintable(step.GetText(pKey)));
                 }
             }
+        }
+    }
+
+    void eachThatIsNotTheDayIsShortAndMakesSomethingGoWrong_data()
+    {
+        AddScenarios();
+    }
+
+    void eachThatIsNotTheDayIsShortAndMakesSomethingGoWrong()
+    {
+        const QString strFile = QString::fromLatin1(QTest::currentDataTag());
+        const CScenario scenario = CScenario::ReadFile(szStored + strFile);
+        const bool bDay = strFile == "day.json";
+        const auto isFault = [](const SScenarioStep& step) { return StepVerbs::Find(step.strDo)->bFault; };
+        QCOMPARE(std::any_of(scenario.GetSteps().cbegin(), scenario.GetSteps().cend(), isFault), !bDay);
+        QVERIFY(bDay || scenario.GetSteps().last().nAt <= 5000);
+    }
+
+    // The panel removes the list file for a 1 at its end, also that of a user who tries an example on it.
+    void noScenarioSaysThatAGoodListIsWorthless_data()
+    {
+        AddScenarios();
+    }
+
+    void noScenarioSaysThatAGoodListIsWorthless()
+    {
+        const CScenario scenario = CScenario::ReadFile(szStored + QString::fromLatin1(QTest::currentDataTag()));
+        for (const SScenarioStep& step : scenario.GetSteps()) {
+            QVERIFY(step.strDo != "export-code" || step.GetNumber("code", 0) != 1);
+        }
+    }
+
+    void theDocumentHasEachScenario()
+    {
+        QFile file(QStringLiteral(PTV_DOCS "/scenarios.md"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        for (const QString& strFile : GetScenarios()) {
+            QVERIFY2(bytes.contains('`' + strFile.toUtf8() + '`'), qPrintable(strFile));
         }
     }
 };

@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QTemporaryDir>
 
+#include <array>
 #include <cstdio>
 
 namespace {
@@ -50,11 +51,17 @@ QString GetVerbTable()
 /// A good value of a key, as JSON.
 QString GetGood(const QString& strKey)
 {
-    static const QMap<QString, QString> mapGood{ { "node", "\"a\"" },      { "for", "1" },      { "role", "\"none\"" },
-                                                 { "with", "\"b\"" },      { "on", "true" },    { "project", "\"P\"" },
-                                                 { "group", "\"g\"" },     { "name", "\"N\"" }, { "nodes", "[\"a\"]" },
-                                                 { "ip", "\"10.0.0.1\"" }, { "count", "1" },    { "pane", "\"simulator\"" },
-                                                 { "rate", "5" } };
+    static const QMap<QString, QString> mapGood{ { "node", "\"a\"" },       { "for", "1" },
+                                                 { "role", "\"none\"" },    { "with", "\"b\"" },
+                                                 { "on", "true" },          { "project", "\"P\"" },
+                                                 { "group", "\"g\"" },      { "name", "\"N\"" },
+                                                 { "nodes", "[\"a\"]" },    { "ip", "\"10.0.0.1\"" },
+                                                 { "count", "1" },          { "pane", "\"simulator\"" },
+                                                 { "rate", "5" },           { "ms", "50" },
+                                                 { "code", "3" },           { "thrown", "\"other\"" },
+                                                 { "command", "\"move\"" }, { "call", "\"PrcListControl.GetDiscoveredTree\"" },
+                                                 { "message", "7777" },     { "value", "\"name\"" },
+                                                 { "by", "3600" } };
     return mapGood.value(strKey);
 }
 
@@ -107,6 +114,14 @@ void AddFaultsOfSteps()
     QTest::newRow("three simulators") << SecondStep(Json("'at':1,'do':'add-simulators','count':3")) << "must be 1 or 2";
     QTest::newRow("too hard a storm") << SecondStep(Json("'at':1,'do':'storm','rate':1001,'for':1"))
                                       << "must be a number of 1 to 1000";
+    QTest::newRow("half a message") << SecondStep(Json("'at':1,'do':'empty-message','message':1.5"))
+                                    << "step 2: \"message\" of \"empty-message\" must be a whole number";
+    QTest::newRow("a number too large") << SecondStep(Json("'at':1,'do':'empty-message','message':2147483648"))
+                                        << "step 2: \"message\" of \"empty-message\" must be a whole number";
+    QTest::newRow("no value that flickers") << SecondStep(Json("'at':1,'do':'flicker','node':'a','value':'ip'"))
+                                            << "step 2: \"value\" of \"flicker\" must be aux, expanded, name, online or role";
+    QTest::newRow("a clock that stands still")
+        << SecondStep(Json("'at':1,'do':'clock-back','by':0")) << "must be whole seconds, from 1 to ten years";
     QTest::newRow("a bad name") << SecondStep(Json("'at':1,'do':'appear','ip':'10.0.0.1','name':'a=b'"))
                                 << "step 2: \"name\" of \"appear\" must be a good name";
     QTest::newRow("a project of two lines") << SecondStep(Json("'at':1,'do':'project','node':'a','project':'a\\nb'"))
@@ -115,6 +130,62 @@ void AddFaultsOfSteps()
                                                       + '"')
                                         << "step 2: \"project\" of \"project\" must be a text of at most 256 bytes";
 }
+
+/// One of each form in the document.
+constexpr std::array arrStep{
+    "'do':'offline','node':'a'",
+    "'do':'online','node':'a'",
+    "'do':'boot','node':'a'",
+    "'do':'boot','node':'a','for':0.5",
+    "'do':'role','node':'a','role':'primary'",
+    "'do':'role','node':'a','role':'backup'",
+    "'do':'role','node':'a','role':'none'",
+    "'do':'fail-over','node':'a'",
+    "'do':'fail-over','node':'a','with':'b'",
+    "'do':'project','node':'a','project':''",
+    "'do':'chief','group':'g'",
+    "'do':'chief','group':'g','node':'a'",
+    "'do':'chief-mode','on':true",
+    "'do':'open-project','project':'Aurora'",
+    "'do':'close-project'",
+    "'do':'lock','on':false",
+    "'do':'block-refresh','on':true",
+    "'do':'rename','node':'a','name':'b'",
+    "'do':'move','node':'a'",
+    "'do':'move','node':'a','group':'g'",
+    "'do':'expand','on':false",
+    "'do':'expand','node':'g','on':true",
+    "'do':'select','nodes':[]",
+    "'do':'select','nodes':['a','g']",
+    "'do':'pane','pane':'simulator'",
+    "'do':'add-group','name':'x'",
+    "'do':'add-processor','ip':'10.0.0.1'",
+    "'do':'add-simulators','count':2",
+    "'do':'delete','node':'a'",
+    "'do':'appear','ip':'10.0.0.1','name':'New'",
+    "'do':'silent','ip':'10.0.0.1'",
+    "'do':'scan'",
+    "'do':'storm','rate':20,'for':2",
+    "'do':'latency','call':'PrcListControl.GetDiscoveredTree','ms':300,'for':5",
+    "'do':'hang','call':'PrcBasicControl.RefreshProcessors','for':5",
+    "'do':'throw','call':'RuntimeControl.IsNodeInUse'",
+    "'do':'throw','call':'PrcListControl.Attach','count':3,'thrown':'other'",
+    "'do':'refuse-selection','count':2",
+    "'do':'import-code','code':99",
+    "'do':'export-code','code':7",
+    "'do':'refuse','command':'add-group','count':2",
+    "'do':'lose-messages'",
+    "'do':'lose-messages','count':3",
+    "'do':'double-messages','count':3",
+    "'do':'reorder-messages','count':3",
+    "'do':'empty-message','message':1",
+    "'do':'empty-message','message':2147483647",
+    "'do':'flicker','node':'a'",
+    "'do':'flicker','node':'a','value':'role','count':4",
+    "'do':'collide','node':'a','with':'g'",
+    "'do':'collide','node':'a','with':'b','for':0.5",
+    "'do':'clock-back','by':86400",
+};
 
 } // namespace
 
@@ -127,43 +198,8 @@ private slots:
     void eachStepOfTheDocumentIsTaken_data()
     {
         QTest::addColumn<QByteArray>("step");
-        const QVector<QByteArray> vecStep{
-            Json("'do':'offline','node':'a'"),
-            Json("'do':'online','node':'a'"),
-            Json("'do':'boot','node':'a'"),
-            Json("'do':'boot','node':'a','for':0.5"),
-            Json("'do':'role','node':'a','role':'primary'"),
-            Json("'do':'role','node':'a','role':'backup'"),
-            Json("'do':'role','node':'a','role':'none'"),
-            Json("'do':'fail-over','node':'a'"),
-            Json("'do':'fail-over','node':'a','with':'b'"),
-            Json("'do':'project','node':'a','project':''"),
-            Json("'do':'chief','group':'g'"),
-            Json("'do':'chief','group':'g','node':'a'"),
-            Json("'do':'chief-mode','on':true"),
-            Json("'do':'open-project','project':'Aurora'"),
-            Json("'do':'close-project'"),
-            Json("'do':'lock','on':false"),
-            Json("'do':'block-refresh','on':true"),
-            Json("'do':'rename','node':'a','name':'b'"),
-            Json("'do':'move','node':'a'"),
-            Json("'do':'move','node':'a','group':'g'"),
-            Json("'do':'expand','on':false"),
-            Json("'do':'expand','node':'g','on':true"),
-            Json("'do':'select','nodes':[]"),
-            Json("'do':'select','nodes':['a','g']"),
-            Json("'do':'pane','pane':'simulator'"),
-            Json("'do':'add-group','name':'x'"),
-            Json("'do':'add-processor','ip':'10.0.0.1'"),
-            Json("'do':'add-simulators','count':2"),
-            Json("'do':'delete','node':'a'"),
-            Json("'do':'appear','ip':'10.0.0.1','name':'New'"),
-            Json("'do':'silent','ip':'10.0.0.1'"),
-            Json("'do':'scan'"),
-            Json("'do':'storm','rate':20,'for':2"),
-        };
-        for (const QByteArray& step : vecStep) {
-            QTest::newRow(step.constData()) << step;
+        for (const char* szStep : arrStep) {
+            QTest::newRow(szStep) << Json(szStep);
         }
     }
 

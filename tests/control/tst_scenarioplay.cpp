@@ -5,6 +5,9 @@
 #include "TestMain.h"
 #include "interfaces/control/SProjectInfo.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 using Check = std::function<bool(CControlHost&)>;
 Q_DECLARE_METATYPE(Check)
 
@@ -148,6 +151,31 @@ private slots:
         pFixture->pHost->StartLife();
         QTRY_VERIFY(pFixture->pHost->IsChiefMode());
         QTRY_COMPARE(listLogged.value(0), QString("The step \"offline\" was passed over: \"nobody\" is not in the list"));
+    }
+
+    void aFaultOfANodeThatCannotBeIsPassedOver_data()
+    {
+        QTest::addColumn<QByteArray>("step");
+        QTest::addColumn<QString>("strFault");
+        QTest::newRow("nobody flickers") << QByteArray(R"({"do":"flicker","node":"nobody"})") << "\"nobody\" is not in the list";
+        QTest::newRow("a group has no role")
+            << QByteArray(R"({"do":"flicker","node":"Stage","value":"role"})") << "a group has no \"role\"";
+        QTest::newRow("with nobody") << QByteArray(R"({"do":"collide","node":"alpha","with":"nobody"})")
+                                     << "\"nobody\" is not in the list";
+        QTest::newRow("with itself") << QByteArray(R"({"do":"collide","node":"alpha","with":"alpha"})")
+                                     << "these are not two nodes of one pane";
+        QTest::newRow("with a simulator") << QByteArray(R"({"do":"collide","node":"alpha","with":"Simulator 1"})")
+                                          << "these are not two nodes of one pane";
+    }
+
+    void aFaultOfANodeThatCannotBeIsPassedOver()
+    {
+        QFETCH(QByteArray, step);
+        Play(R"({"at":0,"do":"add-simulators","count":1},{"at":0,"do":"chief-mode","on":true})");
+        QTRY_VERIFY(pFixture->pHost->IsChiefMode());
+        const SProcessorNode simulator = CControlFixture::GetTree(true).listProcessor.value(0);
+        g_pPrcBasicControl->RenameProcessor(simulator.idNode, "Simulator 1");
+        QTEST(pFixture->pHost->TakeFault(QJsonDocument::fromJson(step).object()), "strFault");
     }
 
     void aSlowDeviceDoesNotHoldUpTheRest()

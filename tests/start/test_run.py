@@ -127,11 +127,15 @@ class DisplayTest(RunTest):
         self.assertEqual(self.arguments("--lang", "de", **OFFSCREEN), ["offscreen", "--list", str(own), "--lang", "de"])
         self.assertEqual(own.read_text(), "changed")
 
-    def test_without_one_the_example_is_played_into_pictures(self):
+    def test_without_one_the_examples_are_played_into_pictures(self):
         words = self.arguments()
         tree = self.checkout.root
-        self.assertEqual(words[:2] + words[3:], ["offscreen", "--list", "--scenario", f"{tree}/examples/day.json", "--shots",
-                                                 f"{tree}/shots"])
+        runs = [words[n:n + 7] for n in range(0, len(words), 7)]
+        played = [("day", "shots"), ("row-flickers", "shots/row-flickers"), ("two-rows-in-one", "shots/two-rows-in-one")]
+        self.assertEqual([run[:2] + run[3:] for run in runs],
+                         [["offscreen", "--list", "--scenario", f"{tree}/examples/{name}.json", "--shots", f"{tree}/{folder}"]
+                          for name, folder in played])
+        self.assertEqual(len({run[2] for run in runs}), 3)
         self.assertEqual(list((self.checkout.folder / "tmp").iterdir()), [])
 
     def test_without_one_own_options_replace_those_of_the_example(self):

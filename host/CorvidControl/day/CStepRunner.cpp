@@ -21,11 +21,6 @@ SStepResult BuildFault(const QString& strFault)
     return { strFault, {} };
 }
 
-SStepResult BuildNotThere(const QString& strText)
-{
-    return BuildFault(QStringLiteral("\"%1\" is not in the list").arg(strText));
-}
-
 qint32 ReadRole(const QString& strRole)
 {
     return strRole == QLatin1String("primary") ? nPrimary : strRole == QLatin1String("backup") ? nBackup : 0;
@@ -42,8 +37,9 @@ SScenarioStep BuildLater(const SScenarioStep& step, const QString& strDo, double
 } // namespace
 
 CStepRunner::CStepRunner(CProcessorList& processorsIn, CHostState& hostIn, CDeviceCommands& commandsIn,
-                         CSimulatedNetwork& networkIn, quint32 nSeed)
-    : processors(processorsIn), host(hostIn), commands(commandsIn), network(networkIn), random(nSeed)
+                         CSimulatedNetwork& networkIn, CMessageDispatcher& dispatcherIn, CFaults& faultsIn, quint32 nSeed)
+    : processors(processorsIn), host(hostIn), commands(commandsIn), network(networkIn), dispatcher(dispatcherIn),
+      faults(faultsIn), random(nSeed)
 { }
 
 bool CStepRunner::IsBlocking(const SScenarioStep& step)
@@ -283,7 +279,7 @@ QString CStepRunner::GetText(const SScenarioStep& step) const
     // A quiet day names its nodes by their ids.
     const QString strName = FindProcessor(Find(step, "node")).strName;
     QStringList listWord{ step.strDo, strName.isEmpty() ? step.GetText("node") : strName };
-    for (const char* szKey : { "group", "role", "project", "name", "pane", "ip" }) {
+    for (const char* szKey : { "group", "role", "project", "name", "pane", "ip", "call", "command" }) {
         listWord.append(step.GetText(szKey));
     }
     if (step.Has("on")) {
@@ -301,6 +297,11 @@ SStepResult CStepRunner::ChangeDevice(const SScenarioStep& step, const std::func
     }
     change(id);
     return {};
+}
+
+SStepResult CStepRunner::BuildNotThere(const QString& strText)
+{
+    return BuildFault(QStringLiteral("\"%1\" is not in the list").arg(strText));
 }
 
 QUuid CStepRunner::Find(const SScenarioStep& step, const char* szKey) const

@@ -9,7 +9,9 @@
 #include <random>
 
 class CDeviceCommands;
+class CFaults;
 class CHostState;
+class CMessageDispatcher;
 class CSimulatedNetwork;
 class CProcessorList;
 struct SProcessorNode;
@@ -28,7 +30,7 @@ class CStepRunner
 public:
     /// The same seed gives the same storms. All references must outlive the runner.
     CStepRunner(CProcessorList& processorsIn, CHostState& hostIn, CDeviceCommands& commandsIn, CSimulatedNetwork& networkIn,
-                quint32 nSeed);
+                CMessageDispatcher& dispatcherIn, CFaults& faultsIn, quint32 nSeed);
 
     /// True when the step may take as long as a device takes. Any thread.
     static bool IsBlocking(const SScenarioStep& step);
@@ -66,19 +68,39 @@ public:
     SStepResult Silence(const SScenarioStep& step);
     SStepResult Scan(const SScenarioStep& step);
     SStepResult Storm(const SScenarioStep& step);
+
+    SStepResult DelayCall(const SScenarioStep& step);
+    SStepResult HangCall(const SScenarioStep& step);
+    SStepResult ThrowFromCall(const SScenarioStep& step);
+    SStepResult RefuseSelection(const SScenarioStep& step);
+    SStepResult SetImportCode(const SScenarioStep& step);
+    SStepResult SetExportCode(const SScenarioStep& step);
+    SStepResult RefuseCommand(const SScenarioStep& step);
+
+    SStepResult LoseMessages(const SScenarioStep& step);
+    SStepResult DoubleMessages(const SScenarioStep& step);
+    SStepResult ReorderMessages(const SScenarioStep& step);
+    SStepResult SendEmptyMessage(const SScenarioStep& step);
+    SStepResult Flicker(const SScenarioStep& step);
+    SStepResult Collide(const SScenarioStep& step);
+    SStepResult SetClockBack(const SScenarioStep& step);
     /// @}
 
 private:
     SStepResult ChangeDevice(const SScenarioStep& step, const std::function<void(const QUuid& id)>& change) const;
+    static SStepResult BuildNotThere(const QString& strText);
     QUuid Find(const SScenarioStep& step, const char* szKey) const;
     QUuid FindText(const QString& strText) const;
     SProcessorNode FindProcessor(const QUuid& id) const;
     QUuid FindPartner(const SProcessorNode& processor) const;
     void Disturb();
+    bool AreInOnePane(const QUuid& id, const QUuid& idOther) const;
 
     CProcessorList& processors;
     CHostState& host;
     CDeviceCommands& commands;
     CSimulatedNetwork& network;
+    CMessageDispatcher& dispatcher;
+    CFaults& faults;
     std::mt19937 random; ///< of the steps that do not block
 };

@@ -1,16 +1,20 @@
 #include "CorvidControl/day/StepVerbs.h"
 
 #include "CorvidControl/day/CStepRunner.h"
+#include "CorvidControl/faults/CarriedValues.h"
+#include "CorvidControl/faults/ControlCalls.h"
 #include "CorvidControl/list/NameRules.h"
 
 #include <QHostAddress>
 #include <QJsonArray>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr double dLongest = 24 * 60 * 60; // seconds
+constexpr int nTenYears = 10 * 365 * 24 * 60 * 60;
 
 bool IsRole(const QJsonValue& value)
 {
@@ -45,6 +49,16 @@ bool IsCount(const QJsonValue& value)
     return value == QJsonValue(1) || value == QJsonValue(2);
 }
 
+bool IsWhole(const QJsonValue& value, int nLeast, int nMost)
+{
+    return IsNumber(value, nLeast, nMost) && value.toDouble() == value.toInt();
+}
+
+bool IsThrown(const QJsonValue& value)
+{
+    return value.toString() == QLatin1String("error") || value.toString() == QLatin1String("other");
+}
+
 bool IsAddress(const QJsonValue& value)
 {
     bool bAddress = false;
@@ -67,9 +81,28 @@ constexpr SStepValue valueAddress{ "an IPv4 address", IsAddress };
 constexpr SStepValue valueRole{ "none, primary or backup", IsRole };
 constexpr SStepValue valuePane{ "discovered or simulator", IsPane };
 
+constexpr SStepValue valueCall{ "an operation with its object, as PrcListControl.AddGroup",
+                                [](const QJsonValue& v) { return ControlCalls::GetAll().contains(v.toString()); } };
+constexpr SStepValue valueHeldCall{ "an operation that the panel calls off the GUI thread",
+                                    [](const QJsonValue& v) { return ControlCalls::GetHeld().contains(v.toString()); } };
+constexpr SStepValue valueCommand{ "a command of the user",
+                                   [](const QJsonValue& v) { return ControlCalls::GetCommands().contains(v.toString()); } };
+constexpr SStepValue valueMilliseconds{ "milliseconds, from 0 to a minute",
+                                        [](const QJsonValue& v) { return IsWhole(v, 0, 60000); } };
+constexpr SStepValue valueTimes{ "a whole number of 0 to 1000", [](const QJsonValue& v) { return IsWhole(v, 0, 1000); } };
+constexpr SStepValue valueThrown{ "error or other", IsThrown };
+
+constexpr SStepValue valueMessage{ "a whole number from 0 on",
+                                   [](const QJsonValue& v) { return IsWhole(v, 0, std::numeric_limits<int>::max()); } };
+constexpr SStepValue valueFlicker{ "aux, expanded, name, online or role",
+                                   [](const QJsonValue& v) { return CarriedValues::GetNames().contains(v.toString()); } };
+constexpr SStepValue valueDate{ "whole seconds, from 1 to ten years",
+                                [](const QJsonValue& v) { return IsWhole(v, 1, nTenYears); } };
+
 constexpr SStepKey keyNode{ "node", &valueText };
 constexpr SStepKey keyOn{ "on", &valueFlag };
 constexpr SStepKey keyAddress{ "ip", &valueAddress };
+constexpr SStepKey keyTimes{ "count", &valueTimes, false, "1" };
 
 std::vector<SStepVerb> BuildDeviceVerbs()
 {
@@ -151,11 +184,110 @@ std::vector<SStepVerb> BuildNetworkVerbs()
     };
 }
 
+std::vector<SStepVerb> BuildCallFaultVerbs()
+{
+    return {
+        { "latency",
+          { { "call", &valueHeldCall }, { "ms", &valueMilliseconds }, { "for", &valueSeconds } },
+          "each such call that begins within `for` answers so much later",
+          &CStepRunner::DelayCall,
+          false,
+          true },
+        { "hang",
+          { { "call", &valueHeldCall }, { "for", &valueSeconds } },
+          "no such call comes back before `for` is over, or Kestrel ends",
+          &CStepRunner::HangCall,
+          false,
+          true },
+        { "throw",
+          { { "call", &valueCall }, { "count", &valueTimes, false, "1" }, { "thrown", &valueThrown, false, "error" } },
+          "the next `count` of these calls throw: a std::runtime_error, or something that is no std::exception",
+          &CStepRunner::ThrowFromCall,
+          false,
+          true },
+        { "refuse-selection",
+          { { "count", &valueTimes, false, "1" } },
+          "the next `count` calls of SetSelectedNodes change nothing and return false",
+          &CStepRunner::RefuseSelection,
+          false,
+          true },
+        { "import-code",
+          { { "code", &valueTimes } },
+          "the next ImportList changes nothing and answers this",
+          &CStepRunner::SetImportCode,
+          false,
+          true },
+        { "export-code",
+          { { "code", &valueTimes } },
+          "the next ExportList changes nothing and answers this. For a 1 at its end the panel removes the list file",
+          &CStepRunner::SetExportCode,
+          false,
+          true },
+        { "refuse",
+          { { "command", &valueCommand }, { "count", &valueTimes, false, "1" } },
+          "the next `count` commands of this kind are refused, as not possible here",
+          &CStepRunner::RefuseCommand,
+          false,
+          true },
+    };
+}
+
+std::vector<SStepVerb> BuildMessageFaultVerbs()
+{
+    return {
+        { "lose-messages",
+          { keyTimes },
+          "the next `count` messages reach nobody. Equal ones that wait are one message, here and below",
+          &CStepRunner::LoseMessages,
+          false,
+          true },
+        { "double-messages", { keyTimes }, "the next `count` messages come twice", &CStepRunner::DoubleMessages, false, true },
+        { "reorder-messages",
+          { keyTimes },
+          "the next `count` messages wait for one another, a second at most, and come with the last first",
+          &CStepRunner::ReorderMessages,
+          false,
+          true },
+        { "empty-message",
+          { { "message", &valueMessage } },
+          "a message comes and nothing has changed; it may mean nothing to anybody",
+          &CStepRunner::SendEmptyMessage,
+          false,
+          true },
+    };
+}
+
+std::vector<SStepVerb> BuildDataFaultVerbs()
+{
+    return {
+        { "flicker",
+          { keyNode, { "value", &valueFlicker, false, "all" }, keyTimes },
+          "of the next `count` readings of the node the first, third and so on have another value than the list. `aux` is what "
+          "the "
+          "panel only carries; a group has no online state and no role",
+          &CStepRunner::Flicker,
+          false,
+          true },
+        { "collide",
+          { keyNode, { "with", &valueText }, { "for", &valueSeconds, false, "2" } },
+          "for so long `node` is read with the id of `with`, a node of the same pane. Commands for that id go to `with`",
+          &CStepRunner::Collide,
+          false,
+          true },
+        { "clock-back",
+          { { "by", &valueDate } },
+          "the date by which files are named is set back by so much; nothing waits by it",
+          &CStepRunner::SetClockBack,
+          false,
+          true },
+    };
+}
+
 std::vector<SStepVerb> BuildAll()
 {
     std::vector<SStepVerb> vecAll;
-    for (const std::vector<SStepVerb>& vecVerb :
-         { BuildDeviceVerbs(), BuildHostVerbs(), BuildListVerbs(), BuildNetworkVerbs() }) {
+    for (const std::vector<SStepVerb>& vecVerb : { BuildDeviceVerbs(), BuildHostVerbs(), BuildListVerbs(), BuildNetworkVerbs(),
+                                                   BuildCallFaultVerbs(), BuildMessageFaultVerbs(), BuildDataFaultVerbs() }) {
         vecAll.insert(vecAll.end(), vecVerb.begin(), vecVerb.end());
     }
     return vecAll;

@@ -33,6 +33,7 @@ struct SStepVerb
     const char* szEffect; ///< one sentence for docs/scenarios.md, as Markdown
     SStepResult (CStepRunner::*action)(const SScenarioStep& step);
     bool bBlocking = false; ///< the action takes as long as a device takes
+    bool bFault = false;    ///< something goes wrong on purpose; the action may be taken on any thread
 };
 
 /// All that a step can do, one entry each: the files are checked and the steps are taken by it, and a test holds the

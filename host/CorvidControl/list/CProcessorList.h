@@ -154,6 +154,7 @@ public:
     bool IsActive(const QUuid& id) const;           ///< its device answers; a group is always active
     bool IsInUse(const QUuid& id) const;            ///< it, or a member of it, answers and runs the open project
     QUuid FindByName(const QString& strName) const; ///< in the Discovered pane first; null without one
+    QString FindName(const QUuid& id) const;        ///< of a node of either pane; empty when it is gone
 
     /// Logs a command that was refused elsewhere, reports it, and sends MessageCommandRefused for it.
     void Refuse(EnMessageSender sender, const SListCommand& command, const SFault& fault);
@@ -179,7 +180,6 @@ private:
     QHash<QUuid, SProcessorNode> Hear(const Lock& lock, const SProcessorAllNode& node) const;
     void Follow(const Lock& lock, const QList<QUuid>& listId) const;
     SFault TryRestore(const Lock& lock, const SListSnapshot& from, const SListSnapshot& to, SListRestore& restore) const;
-    QString FindName(const QUuid& id) const;
 
     CMessageDispatcher& dispatcher;
     CHostEvents& events;

@@ -1,5 +1,6 @@
 #include "CorvidControl/messages/CMessageDispatcher.h"
 
+#include "CorvidControl/faults/CMessageFaults.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "interfaces/widgets/CObserver.h"
 
@@ -13,7 +14,9 @@ constexpr CControlClock::Time timeNever = CControlClock::Time::max();
 
 } // namespace
 
-CMessageDispatcher::CMessageDispatcher(const CControlClock& clockIn) : clock(clockIn), threadDelivery([this] { Run(); }) { }
+CMessageDispatcher::CMessageDispatcher(const CControlClock& clockIn, CMessageFaults* pFaultsIn)
+    : clock(clockIn), pFaults(pFaultsIn), threadDelivery([this] { Run(); })
+{ }
 
 CMessageDispatcher::~CMessageDispatcher()
 {
@@ -108,19 +111,18 @@ void CMessageDispatcher::Run()
 {
     Lock lock(mutex);
     while (AwaitBurst(lock)) {
-        const std::deque<SPending> listTurn = TakeTurn(lock);
-        for (const SPending& pending : listTurn) {
-            Send(lock, pending);
+        for (const SMessageOnItsWay& message : Disturb(lock, TakeTurn(lock))) {
+            Send(lock, message);
         }
         bUnsettled = true;
         timeSettled = clock.GetNow() + timeSettle;
     }
 }
 
-void CMessageDispatcher::Send(Lock& lock, const SPending& pending)
+void CMessageDispatcher::Send(Lock& lock, const SMessageOnItsWay& message)
 {
-    Deliver(lock, pending.sender, pending.nMessage, pending.pOnly);
-    if (CUserActivity::MakesRead(pending.nMessage)) {
+    Deliver(lock, message.sender, message.nMessage, message.pOnly);
+    if (CUserActivity::MakesRead(message.nMessage)) {
         timeRead = clock.GetNow() + timeGap;
     }
 }
@@ -130,7 +132,7 @@ bool CMessageDispatcher::AwaitBurst(Lock& lock)
 {
     while (!bStop) {
         const Time timeNow = clock.GetNow();
-        const Time timeBurst = FindBurst(lock, timeNow);
+        const Time timeBurst = std::min(FindBurst(lock, timeNow), pFaults ? pFaults->GetDue() : timeNever);
         const Time timeEnd = bUnsettled && timeBurst == timeNever ? timeSettled : timeNever;
         if (timeBurst <= timeNow) {
             return true;
@@ -183,6 +185,17 @@ std::deque<CMessageDispatcher::SPending> CMessageDispatcher::TakeBurst(const Loc
     std::deque<SPending> listBurst(listPending.begin(), itHeld);
     listPending.erase(listPending.begin(), itHeld);
     return listBurst;
+}
+
+// What is delivered of a burst.
+std::vector<SMessageOnItsWay> CMessageDispatcher::Disturb(const Lock& /*lock*/, const std::deque<SPending>& listBurst) const
+{
+    std::vector<SMessageOnItsWay> vecMessage;
+    vecMessage.reserve(listBurst.size());
+    for (const SPending& pending : listBurst) {
+        vecMessage.push_back({ pending.sender, pending.nMessage, pending.pOnly });
+    }
+    return pFaults ? pFaults->Pass(vecMessage, clock.GetNow()) : vecMessage;
 }
 
 // When the messages that need not wait for the user are due; never if there are none.

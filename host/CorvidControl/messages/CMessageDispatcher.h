@@ -11,7 +11,9 @@
 #include <thread>
 #include <vector>
 
+class CMessageFaults;
 class CObserver;
+struct SMessageOnItsWay;
 
 /// Delivers messages to observers on a thread of its own, never in the caller's stack and never with a
 /// lock held. Equal messages that wait are merged, and delivery starts when no message has come for
@@ -33,8 +35,8 @@ public:
     static constexpr std::chrono::milliseconds timeGap{ 50 };
     static constexpr std::chrono::milliseconds timeSettle{ 60 };
 
-    /// clockIn must outlive it.
-    explicit CMessageDispatcher(const CControlClock& clockIn = CControlClock::GetSystem());
+    /// clockIn must outlive it, and so must what goes wrong on purpose; null for nothing.
+    explicit CMessageDispatcher(const CControlClock& clockIn = CControlClock::GetSystem(), CMessageFaults* pFaultsIn = nullptr);
 
     /// As Stop.
     ~CMessageDispatcher();
@@ -84,11 +86,12 @@ private:
 
     void Run();
     void Enqueue(const Lock& lock, EnMessageSender sender, int nMessage, CObserver* pOnly);
-    void Send(Lock& lock, const SPending& pending);
+    void Send(Lock& lock, const SMessageOnItsWay& message);
     bool AwaitBurst(Lock& lock);
     void WaitUntil(Lock& lock, Time timeEnd);
     std::deque<SPending> TakeTurn(const Lock& lock);
     std::deque<SPending> TakeBurst(const Lock& lock);
+    std::vector<SMessageOnItsWay> Disturb(const Lock& lock, const std::deque<SPending>& listBurst) const;
     Time FindBurst(const Lock& lock, Time timeNow) const;
     Time FindGapEnd(const Lock& lock, Time timeNow) const;
     Time FindRelease(const Lock& lock, Time timeNow) const;
@@ -97,6 +100,7 @@ private:
     bool IsSubscribed(const Lock& lock, const SSubscription& subscription) const;
 
     const CControlClock& clock;
+    CMessageFaults* const pFaults;
 
     std::mutex mutex; ///< guards all fields below but threadDelivery; held for moments only, never in a Notify
     std::condition_variable condWork;

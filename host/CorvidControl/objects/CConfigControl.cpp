@@ -4,10 +4,12 @@
 
 void CConfigControl::GetReservedIPs(QList<uint>& listIP)
 {
+    gate.Enter("GetReservedIPs");
     listIP += CDeviceCommands::GetReservedAddresses();
 }
 
 QString CConfigControl::GetListFilePath()
 {
+    gate.Enter("GetListFilePath");
     return strListFile;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CorvidControl/faults/CCallGate.h"
 #include "interfaces/control/IConfigControl.h"
 
 /// The object behind g_pConfigControl, the only one of the eight without observers. Its answers stay the
@@ -7,8 +8,9 @@
 class CConfigControl final : public IConfigControl
 {
 public:
-    /// strListFileIn: absolute.
-    explicit CConfigControl(const QString& strListFileIn) : strListFile(strListFileIn) { }
+    /// strListFileIn: absolute. faults must outlive it.
+    CConfigControl(const QString& strListFileIn, CCallFaults& faults) : strListFile(strListFileIn), gate(faults, "ConfigControl")
+    { }
 
     /// Appends CDeviceCommands::GetReservedAddresses; this machine's own address is not among them.
     void GetReservedIPs(QList<uint>& listIP) override;
@@ -18,4 +20,5 @@ public:
 
 private:
     const QString strListFile;
+    const CCallGate gate;
 };

@@ -1,10 +1,14 @@
 #include "CorvidControl/objects/CControlHost.h"
 
+#include "CorvidControl/day/ScenarioFaults.h"
+#include "CorvidControl/day/StepVerbs.h"
 #include "CorvidControl/list/FaultText.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "CorvidControl/objects/CControlLibrary.h"
 #include "interfaces/control/CorvidControl.h"
 
+#include <QCoreApplication>
+#include <QJsonObject>
 #include <QMap>
 
 IControlHost* CorvidControl_CreateHost(const SControlOptions& options)
@@ -31,6 +35,10 @@ CControlHost::CControlHost(std::unique_ptr<CControlLibrary> pLibraryIn) : pLibra
     connect(pEvents, &CHostEvents::ListEdited, this, &CControlHost::ListEdited, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::CommandRefused, this, &CControlHost::CommandRefused, Qt::DirectConnection);
     connect(pEvents, &CHostEvents::ScenarioFinished, this, &CControlHost::ScenarioFinished, Qt::DirectConnection);
+    // Before the panel ends: it waits for some of what it has called, and the rest must not come back to one that is gone.
+    if (const QCoreApplication* pApplication = QCoreApplication::instance()) {
+        connect(pApplication, &QCoreApplication::aboutToQuit, this, [this] { pLibrary->ReleaseFaults(); }, Qt::DirectConnection);
+    }
 }
 
 CControlHost::~CControlHost() = default;
@@ -78,6 +86,19 @@ void CControlHost::StartLife()
 qint64 CControlHost::GetLifeTime() const
 {
     return pLibrary->life.GetTime();
+}
+
+QString CControlHost::TakeFault(const QJsonObject& step)
+{
+    QJsonObject keys = step;
+    keys.insert(QStringLiteral("at"), 0);
+    const QString strDo = keys.value(QLatin1String("do")).toString();
+    const SStepVerb* pVerb = StepVerbs::Find(strDo);
+    const QString strFault = ScenarioFaults::FindStepFault(keys);
+    if (!strFault.isEmpty() || !pVerb->bFault) {
+        return strFault.isEmpty() ? QStringLiteral("that is no fault") : strFault;
+    }
+    return pLibrary->runner.Run({ 0, strDo, keys }).strFault;
 }
 
 void CControlHost::OpenProject(const QString& strName)

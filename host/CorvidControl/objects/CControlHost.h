@@ -19,6 +19,10 @@ public:
     /// Milliseconds since StartLife; 0 before it. Any thread.
     qint64 GetLifeTime() const;
 
+    /// Makes something go wrong now, as a step of a scenario does with the same keys but "at"; other steps are refused. Returns
+    /// what is wrong with it, empty when it was taken. Any thread.
+    QString TakeFault(const QJsonObject& step);
+
     ~CControlHost() override;
 
     bool IsSteerable() const override;

@@ -30,17 +30,20 @@ QString FindListFile(const QString& strListFile)
 } // namespace
 
 CControlLibrary::CControlLibrary(const SControlOptions& optionsIn, const CControlClock& clock)
-    : options(optionsIn), dispatcher(clock), host(dispatcher, events),
+    : options(optionsIn), dispatcher(clock, &faults.messages), host(dispatcher, events),
       processors(dispatcher, events, host, options.bLiftLimits ? SListLimits::Lifted() : SListLimits()),
       network({ Milliseconds(options.nScanMs), Milliseconds(options.nAnswerMs), Milliseconds(options.nTimeoutMs),
                 Milliseconds(options.nReleaseMs) }),
       commands(processors, jobs, network), history(processors, jobs),
-      store(processors, jobs, events, FindListFile(options.strListFile)), keeper([this] { return store.SaveSoon(); }),
+      store(processors, jobs, events, FindListFile(options.strListFile), faults.clock),
+      keeper([this] { return store.SaveSoon(); }),
       deletions(processors, jobs, [this](const SListEdition& edition) { store.KeepEarlier(edition); }),
       scenario(options.strScenarioFile.isEmpty() ? CScenario() : CScenario::ReadFile(options.strScenarioFile)),
-      runner(processors, host, commands, network, options.nSeed), life(processors, runner, events), config(store.GetPath()),
-      prcBasic(dispatcher, processors, commands), prcList(dispatcher, processors, commands, store), prcRuntime(dispatcher),
-      preference(dispatcher, host), projectManage(dispatcher, host), protocal(dispatcher), runtime(dispatcher, processors, jobs)
+      runner(processors, host, commands, network, dispatcher, faults, options.nSeed), life(processors, runner, events),
+      config(store.GetPath(), faults.calls), prcBasic(dispatcher, faults.calls, processors, commands),
+      prcList(dispatcher, faults, processors, commands, store), prcRuntime(dispatcher, faults.calls),
+      preference(dispatcher, faults.calls, host), projectManage(dispatcher, faults.calls, host),
+      protocal(dispatcher, faults.calls), runtime(dispatcher, faults.calls, processors, jobs)
 {
     Connect();
     store.Load();
@@ -52,6 +55,7 @@ CControlLibrary::CControlLibrary(const SControlOptions& optionsIn, const CContro
 
 CControlLibrary::~CControlLibrary()
 {
+    faults.Release();
     network.Stop();
     life.Stop();
     jobs.AwaitIdle(timeLastStep);
@@ -77,6 +81,13 @@ void CControlLibrary::EndJob()
 {
     deletions.EndJob();
     commands.EndJob();
+}
+
+void CControlLibrary::ReleaseFaults()
+{
+    if (faults.Release()) {
+        jobs.AwaitIdle(timeLastStep);
+    }
 }
 
 void CControlLibrary::StartLife()

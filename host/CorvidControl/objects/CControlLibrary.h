@@ -4,6 +4,7 @@
 #include "CorvidControl/day/CScenario.h"
 #include "CorvidControl/devices/CDeviceCommands.h"
 #include "CorvidControl/devices/CSimulatedNetwork.h"
+#include "CorvidControl/faults/CFaults.h"
 #include "CorvidControl/file/CListKeeper.h"
 #include "CorvidControl/file/CListStore.h"
 #include "CorvidControl/list/CDeletionWatch.h"
@@ -38,8 +39,12 @@ public:
     /// Begins the scenario, or the quiet day. Only the first call counts. Any thread.
     void StartLife();
 
+    /// Ends what is held on purpose, and waits for the jobs of the panel that have hung there. Any thread but theirs.
+    void ReleaseFaults();
+
     const SControlOptions options;
     CHostEvents events;
+    CFaults faults;
     CMessageDispatcher dispatcher;
     CHostState host;
     CProcessorList processors;

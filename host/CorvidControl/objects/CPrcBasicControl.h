@@ -12,7 +12,8 @@ class CPrcBasicControl final : public CObserved<IPrcBasicControl, SenderPrcBasic
 {
 public:
     /// All references must outlive it.
-    CPrcBasicControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn);
+    CPrcBasicControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults, CProcessorList& processorsIn,
+                     CDeviceCommands& commandsIn);
 
     /// Blocks for SControlOptions::nScanMs. Refused while the list is locked or refresh is blocked.
     void RefreshProcessors() override;
@@ -41,6 +42,8 @@ public:
     bool IsRefreshBlocked() override;
 
 private:
+    void Refuse(EnListCommand command, const QString& strText, const QString& strName);
+
     CProcessorList& processors;
     CDeviceCommands& commands;
 };

@@ -4,8 +4,10 @@
 #include "interfaces/control/IPrcListControl.h"
 
 class CDeviceCommands;
+class CFaults;
 class CListStore;
 class CProcessorList;
+class CReadingFaults;
 
 /// The object behind g_pPrcListControl. Any thread. A change is followed by 1; a command that is refused
 /// changes nothing, writes one line into the log and is followed by 54. A locked list refuses all but folding.
@@ -13,8 +15,8 @@ class CPrcListControl final : public CObserved<IPrcListControl, SenderPrcList>
 {
 public:
     /// All references must outlive it.
-    CPrcListControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CDeviceCommands& commandsIn,
-                    CListStore& storeIn);
+    CPrcListControl(CMessageDispatcher& dispatcherIn, CFaults& faultsIn, CProcessorList& processorsIn,
+                    CDeviceCommands& commandsIn, CListStore& storeIn);
 
     /// Blocks for the disk. Returns a CListStore::EnExportResult, never 1.
     qint32 ExportList(QString strPath, qint32 nOption) override;
@@ -63,6 +65,9 @@ public:
     qint32 GetNodeType(QUuid idNode) override;
 
 private:
+    void Refuse(EnListCommand command, const QString& strText, const QString& strName);
+
+    CReadingFaults& readings;
     CProcessorList& processors;
     CDeviceCommands& commands;
     CListStore& store;

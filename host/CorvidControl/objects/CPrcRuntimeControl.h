@@ -7,6 +7,8 @@
 class CPrcRuntimeControl final : public CObserved<IPrcRuntimeControl, SenderPrcRuntime>
 {
 public:
-    /// dispatcherIn must outlive it.
-    explicit CPrcRuntimeControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
+    /// Both must outlive it.
+    CPrcRuntimeControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults)
+        : CObserved(dispatcherIn, faults, "PrcRuntimeControl")
+    { }
 };

@@ -10,7 +10,7 @@ class CPreferenceControl final : public CObserved<IPreferenceControl, SenderPref
 {
 public:
     /// All references must outlive it.
-    CPreferenceControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
+    CPreferenceControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults, const CHostState& hostIn);
 
     /// Any thread, never waits. A change is followed by 32.
     bool IsChiefMode() override;

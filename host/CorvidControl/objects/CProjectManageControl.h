@@ -10,7 +10,7 @@ class CProjectManageControl final : public CObserved<IProjectManageControl, Send
 {
 public:
     /// All references must outlive it.
-    CProjectManageControl(CMessageDispatcher& dispatcherIn, const CHostState& hostIn);
+    CProjectManageControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults, const CHostState& hostIn);
 
     /// Any thread. Sets name and id of info; the id follows from the name, and is null when none is open.
     void GetProjectInfo(SProjectInfo& info) override;

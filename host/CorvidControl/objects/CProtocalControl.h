@@ -7,6 +7,7 @@
 class CProtocalControl final : public CObserved<IProtocalControl, SenderProtocal>
 {
 public:
-    /// dispatcherIn must outlive it.
-    explicit CProtocalControl(CMessageDispatcher& dispatcherIn) : CObserved(dispatcherIn) { }
+    /// Both must outlive it.
+    CProtocalControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults) : CObserved(dispatcherIn, faults, "ProtocalControl")
+    { }
 };

@@ -11,7 +11,7 @@ class CRuntimeControl final : public CObserved<IRuntimeControl, SenderRuntime>
 {
 public:
     /// All references must outlive it.
-    CRuntimeControl(CMessageDispatcher& dispatcherIn, CProcessorList& processorsIn, CJobs& jobsIn);
+    CRuntimeControl(CMessageDispatcher& dispatcherIn, CCallFaults& faults, CProcessorList& processorsIn, CJobs& jobsIn);
 
     /// Equal numbers that wait are merged; the delivery may wait for the user, see CMessageDispatcher.
     void PostMessage(qint32 nMessage) override;

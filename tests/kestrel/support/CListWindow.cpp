@@ -70,7 +70,8 @@ QUuid FindId(const SProcessorAllNode& node, const QString& strName)
 
 } // namespace
 
-CListWindow::CListWindow() : pHost(Start()), window(*pHost, pointers, log, language, theme)
+CListWindow::CListWindow(ICallRecorder* pRecorder)
+    : pHost(Start()), pJournal(Record(pRecorder)), window(*pHost, pointers, log, language, theme)
 {
     language.Set(QStringLiteral("en"));
     pPanel = loader.Load({}, window);
@@ -140,22 +141,32 @@ void CListWindow::Type(const QString& strText) const
 void CListWindow::Choose(const QStringList& listName, const QStringList& listPath) const
 {
     Select(listName);
-    const CMenuDriver driver([&](QMenu* pMenu) { CMenuDriver::Choose(pMenu, listPath); });
-    const QPoint point = Tree()->visualRect(Row(listName.first())).center();
+    OpenMenu(Row(listName.first()), [&](QMenu* pMenu) { CMenuDriver::Choose(pMenu, listPath); });
+}
+
+void CListWindow::OpenMenu(const QModelIndex& index, const std::function<void(QMenu*)>& fnAct) const
+{
+    const CMenuDriver driver(fnAct);
+    const QPoint point = Tree()->visualRect(index).center();
     QContextMenuEvent event(QContextMenuEvent::Mouse, point, Tree()->viewport()->mapToGlobal(point));
     QApplication::sendEvent(Tree()->viewport(), &event);
     QTRY_VERIFY(driver.HasActed());
 }
 
-// The platform of the tests runs no drag, and without one the application hands no drop on.
 void CListWindow::Drop(const QStringList& listName, const QString& strTarget) const
 {
     Select(listName);
+    DropOnto(Row(strTarget));
+}
+
+// The platform of the tests runs no drag, and without one the application hands no drop on.
+void CListWindow::DropOnto(const QModelIndex& indexTarget) const
+{
     QByteArray bytes;
     QDataStream(&bytes, QIODevice::WriteOnly) << true;
     QMimeData data;
     data.setData(QStringLiteral("PROCESSOR DATA"), bytes);
-    const QPoint point = Tree()->visualRect(Row(strTarget)).center();
+    const QPoint point = Tree()->visualRect(indexTarget).center();
     QDropEvent event(point, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
     (Tree()->*CDropAccess::Get())(&event);
 }
@@ -218,6 +229,16 @@ QUuid CListWindow::Id(const QString& strName)
 {
     const QUuid id = FindId(List(), strName);
     return id.isNull() ? FindId(List(true), strName) : id;
+}
+
+std::unique_ptr<CControlJournal> CListWindow::Record(ICallRecorder* pRecorder)
+{
+    if (!pRecorder) {
+        return {};
+    }
+    log.SetRecorder(pRecorder);
+    return std::make_unique<CControlJournal>(pointers, log, jobs,
+                                             [this](int nMessage) { return pHost->GetMessageName(nMessage); });
 }
 
 // The devices are found by a scan, and named before anybody listens.

@@ -5,8 +5,10 @@
 #include "Kestrel/CMainWindow.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/theme/CTheme.h"
+#include "controlhost/CJobs.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "journal/CCallLog.h"
+#include "journal/CControlJournal.h"
 #include "journal/SControlPointers.h"
 #include "nodes/SProcessorAllNode.h"
 
@@ -15,7 +17,9 @@
 #include <functional>
 #include <memory>
 
+class ICallRecorder;
 class QLabel;
+class QMenu;
 class QTreeView;
 
 /// Kestrel's window, shown and active, with the real panel on the real control library. The list is
@@ -28,7 +32,8 @@ class QTreeView;
 class CListWindow
 {
 public:
-    CListWindow();
+    /// With a recorder the decorators of the control library are in place, and it gets what they record.
+    explicit CListWindow(ICallRecorder* pRecorder = nullptr);
 
     QTreeView* Tree() const;
     QModelIndex Row(const QString& strName) const;
@@ -48,8 +53,14 @@ public:
     /// Opens the menu of the first of the rows, all of which are selected first, and chooses.
     void Choose(const QStringList& listName, const QStringList& listPath) const;
 
+    /// Opens the menu of a row that is selected, and acts on it.
+    void OpenMenu(const QModelIndex& index, const std::function<void(QMenu*)>& fnAct) const;
+
     /// Drags the rows onto another and drops them there.
     void Drop(const QStringList& listName, const QString& strTarget) const;
+
+    /// Drops what is selected onto a row.
+    void DropOnto(const QModelIndex& indexTarget) const;
 
     /// The window is active and the tree of the pane has the focus, as after a click.
     void Focus();
@@ -70,6 +81,8 @@ public:
     std::unique_ptr<CControlHost> pHost;
     const SControlPointers pointers = SControlPointers::Linked();
     CCallLog log{ 4096 };
+    CJobs jobs;
+    std::unique_ptr<CControlJournal> pJournal; ///< null without a recorder
     CLanguage language;
     CTheme theme;
     CMainWindow window;
@@ -79,4 +92,5 @@ public:
 private:
     QAction* Find(const QString& strBegin) const;
     std::unique_ptr<CControlHost> Start() const;
+    std::unique_ptr<CControlJournal> Record(ICallRecorder* pRecorder);
 };
