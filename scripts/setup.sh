@@ -7,6 +7,7 @@ set -euo pipefail
 run_packages=(
     g++ cmake ninja-build ccache
     qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools
+    libarchive-dev              # reports of Kestrel
     librapidcheck-dev           # the sequences of the contract kit
     fonts-inter fonts-wqy-microhei
     qttranslations5-l10n        # the texts of Qt's own dialogs
@@ -63,6 +64,7 @@ missing_by_hand() {
     for name in "${run_modules[@]}"; do
         pkg-config --atleast-version=5.15 "$name" 2>/dev/null || echo "$name>=5.15"
     done
+    pkg-config --exists libarchive 2>/dev/null || echo libarchive
 }
 
 as_root() {

@@ -25,6 +25,7 @@ constexpr double dMostScale = 4.0;
 constexpr QLatin1String strAt = Literal("at");
 constexpr QLatin1String strHelp = Literal("help");
 constexpr QLatin1String strLang = Literal("lang");
+constexpr QLatin1String strMask = Literal("mask-journal");
 constexpr QLatin1String strPace = Literal("pace");
 constexpr QLatin1String strScale = Literal("scale");
 constexpr QLatin1String strScenario = Literal("scenario");
@@ -62,6 +63,7 @@ void AddOptions(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), strHelp }));
     parser.addOption(QCommandLineOption(strVersion));
+    parser.addOption(QCommandLineOption(strMask));
     for (const STextOption& option : listText) {
         AddOption(parser, option.strName);
     }
@@ -90,6 +92,11 @@ CCommandLine::CCommandLine(const QStringList& listArgument)
     }
     if (!parser.positionalArguments().isEmpty()) {
         Refuse(QStringLiteral("Unexpected argument '%1'").arg(parser.positionalArguments().constFirst()));
+    }
+    options.bMaskJournal = parser.isSet(strMask);
+    const QStringList listGiven = parser.optionNames();
+    for (const QString& strName : listGiven) {
+        options.listName.append(QStringLiteral("--") + strName);
     }
     ReadTexts(parser);
     ReadNumbers(parser);

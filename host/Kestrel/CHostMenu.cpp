@@ -1,6 +1,7 @@
 #include "Kestrel/CHostMenu.h"
 
 #include "Kestrel/CLanguage.h"
+#include "Kestrel/report/CReportAction.h"
 #include "controlhost/IControlHost.h"
 
 #include <QAction>
@@ -62,6 +63,7 @@ void CHostMenu::MakeProjectMenu()
 {
     pOpenProject = MakeAction(pProjectMenu, QKeySequence::Open);
     pCloseProject = MakeAction(pProjectMenu, QKeySequence(QStringLiteral("Ctrl+W")));
+    pProjectMenu->addAction(new CReportAction(&window));
     pProjectMenu->addSeparator();
     pQuit = MakeAction(pProjectMenu, QKeySequence(QStringLiteral("Ctrl+Q")));
 }

@@ -54,6 +54,7 @@ int CKestrel::Run()
     TakeSettings();
 
     CCallLog log(nJournalLines);
+    runJournal.Listen(log);
     CJobs jobs;
     CControlLoader loader;
     const std::unique_ptr<IControlHost> pHost = loader.Load(options.strControlFile, GetControlOptions(options), jobs);
@@ -72,6 +73,7 @@ int CKestrel::Run()
         Complain(journalFile.GetError());
         return nCodeBadFile;
     }
+    runJournal.Open(loader.GetPointers(), language, theme);
     if (!pHost->GetListError().isEmpty()) {
         Complain(pHost->GetListError());
     }
@@ -141,10 +143,12 @@ int CKestrel::RunWindow(IControlHost& host, const SControlPointers& pointers, CC
     if (!bForPictures) {
         settings.RestoreWindow(window);
     }
+    runJournal.Follow(window, language, theme);
     window.show();
     host.StartLife();
     player.Start();
     QApplication::exec();
+    runJournal.Leave();
     if (!bForPictures) {
         settings.SaveWindow(window, !player.HasMovedJournal());
     }

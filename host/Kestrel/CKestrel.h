@@ -4,6 +4,7 @@
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/CSettings.h"
 #include "Kestrel/SKestrelOptions.h"
+#include "Kestrel/journal/CRunJournal.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QObject>
@@ -41,7 +42,8 @@ private:
     void Fail(const QString& strReason, CMainWindow& window);
 
     const SKestrelOptions options;
-    CEndSignals endSignals; ///< outlives the panel's own save
+    CRunJournal runJournal{ options }; ///< outlives the calls that it records
+    CEndSignals endSignals;            ///< outlives the panel's own save
     CSettings settings;
     CTheme theme;
     CLanguage language;

@@ -70,6 +70,7 @@ void CMainWindow::EndUnattended()
 {
     Q_ASSERT(GuiThread::IsCurrent());
     bUnattended = true;
+    emit EndedUnattended();
     unwinding.Begin();
 }
 
@@ -79,11 +80,15 @@ bool CMainWindow::SaveList(const std::function<bool()>& mayAsk)
         PanelAccess::EndEdit(pPanelWidget);
     }
     const QString strReason = finalSave.Save();
+    const bool bAsks = !strReason.isEmpty() && mayAsk();
+    emit ListSaved(strReason, bAsks);
     if (strReason.isEmpty()) {
         return true;
     }
-    if (mayAsk()) {
-        return finalSave.Ask(strReason);
+    if (bAsks) {
+        const bool bGoes = finalSave.Ask(strReason);
+        emit ListAnswered(bGoes);
+        return bGoes;
     }
     finalSave.SaveAside(strReason);
     return true;

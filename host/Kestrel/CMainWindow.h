@@ -52,6 +52,14 @@ public:
     /// One line, when the list could not be saved at its place and nobody was asked; else empty.
     QString GetSaveFault() const;
 
+signals:
+    void EndedUnattended(); ///< see EndUnattended; at each call, before anything is cancelled
+
+    /// The list was to be saved: the reason why it is not safe at its place, empty when it is, and whether the user is asked
+    /// about it now.
+    void ListSaved(const QString& strReason, bool bAsks);
+    void ListAnswered(bool bGoes); ///< the user was asked; whether the program may go
+
 protected:
     /// Waits for jobs that the panel has started: it must not end before them. Saves before the window goes.
     void closeEvent(QCloseEvent* event) override;

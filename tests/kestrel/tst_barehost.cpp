@@ -82,7 +82,7 @@ private slots:
         const CBareWindow kestrel;
 
         QCOMPARE(kestrel.Entries(),
-                 (QStringList{ "Quit", "Select all", "Journal", "Search the list", "Next part of the window",
+                 (QStringList{ "Save report…", "Quit", "Select all", "Journal", "Search the list", "Next part of the window",
                                "Previous part of the window" }));
     }
 

@@ -2,6 +2,8 @@
 #include "CWindowFixture.h"
 #include "Kestrel/CPanelLoader.h"
 #include "Kestrel/CSessionEnd.h"
+#include "Kestrel/SKestrelOptions.h"
+#include "Kestrel/journal/CRunJournal.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
@@ -9,6 +11,8 @@
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -62,6 +66,28 @@ public:
     {
         QFile file(folder.filePath(strName));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    /// The lines of the journal that is kept while something is done to the window.
+    QList<QJsonObject> Record(const std::function<void()>& action)
+    {
+        QWidget panel;
+        window.SetPanel(&panel);
+        const SKestrelOptions options;
+        auto pJournal = std::make_unique<CRunJournal>(options);
+        pJournal->Listen(log);
+        pJournal->Open(pointers, language, theme);
+        pJournal->Follow(window, language, theme);
+        action();
+        pJournal->Leave();
+        log.SetRecorder(nullptr);
+        pJournal.reset(); // has written all
+        QList<QJsonObject> listLine;
+        const QList<QByteArray> listBytes = Read("list.kvtl.journal/000001.jsonl").split('\n');
+        for (const QByteArray& bytes : listBytes) {
+            listLine.append(QJsonDocument::fromJson(bytes).object());
+        }
+        return listLine;
     }
 
     /// The contents of the dated lists, which are removed.
@@ -127,6 +153,38 @@ private slots:
         QVERIFY(scene.window.close());
 
         QCOMPARE(scene.window.GetSaveFault(), QString());
+    }
+
+    void theJournalHoldsTheQuestionAndItsAnswer_data()
+    {
+        QTest::addColumn<QString>("strButton");
+        QTest::addColumn<bool>("bGoes");
+        QTest::newRow("stays") << "Cancel" << false;
+        QTest::newRow("goes") << "Quit without saving" << true;
+    }
+
+    void theJournalHoldsTheQuestionAndItsAnswer()
+    {
+        QFETCH(QString, strButton);
+        QFETCH(bool, bGoes);
+        CScene scene(PlaceTaken);
+        CDialogDriver driver;
+        driver.Answer(strButton);
+
+        const QList<QJsonObject> listLine = scene.Record([&] { QCOMPARE(scene.window.close(), bGoes); });
+
+        QStringList listSave;
+        for (const QJsonObject& line : listLine) {
+            const QString strOperation = line.value("operation").toString();
+            if (strOperation == "save") {
+                QVERIFY(!line.value("saved").toBool() && line.value("asked").toBool());
+                QVERIFY2(line.value("reason").toString().contains("list.kvtl"), qPrintable(line.value("reason").toString()));
+                listSave.append(strOperation);
+            } else if (strOperation == "save answered") {
+                listSave.append(strOperation + (line.value("goes").toBool() ? ": goes" : ": stays"));
+            }
+        }
+        QCOMPARE(listSave, QStringList({ "save", QString("save answered: ") + QTest::currentDataTag() }));
     }
 
     void savedElsewhereItQuits()

@@ -217,9 +217,9 @@ private slots:
         QVERIFY(program.Run({ "--help" }));
 
         QCOMPARE(program.ExitCode(), 0);
-        for (const char* szOption :
-             { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale", "--pace", "--journal",
-               "--panel", "--control", "--help", "--version", "SIGTERM", ", 3 the", "4 no display", "5 no font" }) {
+        for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale",
+                                      "--pace", "--journal", "--mask-journal", "--panel", "--control", "--help", "--version",
+                                      "SIGTERM", ", 3 the", "4 no display", "5 no font" }) {
             QVERIFY2(program.Output().contains(szOption), szOption);
         }
     }

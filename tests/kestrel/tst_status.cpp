@@ -1,4 +1,7 @@
 #include "CWindowFixture.h"
+#include "Kestrel/SKestrelOptions.h"
+#include "Kestrel/journal/CJournalField.h"
+#include "Kestrel/journal/CRunJournal.h"
 #include "Kestrel/status/CElidedLabel.h"
 #include "TestMain.h"
 
@@ -79,6 +82,33 @@ private slots:
         QVERIFY(QDir().rmdir(scene.ListPath()));
         QCOMPARE(scene.pHost->SaveList(), QString());
         QTRY_VERIFY(!scene.Trouble()->isVisible());
+    }
+
+    void aJournalThatIsNotWrittenIsShownForAsLongAsItIsSo()
+    {
+        CStatusWindow scene;
+        QWidget panel;
+        scene.window.SetPanel(&panel);
+        const SKestrelOptions options;
+        CRunJournal journal(options);
+        journal.Listen(scene.log);
+        QFile file(scene.ListPath() + ".journal");
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        journal.Open(scene.pointers, scene.language, scene.theme);
+        journal.Follow(scene.window, scene.language, scene.theme);
+        auto* pField = scene.window.findChild<CJournalField*>();
+
+        QTRY_VERIFY(pField->isVisible());
+        QVERIFY2(pField->text().startsWith("Journal not written: ") && pField->text().contains(file.fileName()),
+                 qPrintable(pField->text()));
+        scene.language.Set("de");
+        QTRY_VERIFY(pField->text().startsWith("Journal wird nicht geschrieben: "));
+        scene.language.Set("en");
+        QVERIFY(file.remove());
+        scene.log.Write(RecordNote, "Library", "another line, another attempt");
+        QTRY_VERIFY(!pField->isVisible());
+        journal.Leave();
+        scene.log.SetRecorder(nullptr);
     }
 
     void theReasonFollowsTheLanguage()

@@ -1,5 +1,6 @@
 #include "CDialogDriver.h"
 #include "CDoubledWindow.h"
+#include "Kestrel/journal/CGuardField.h"
 #include "Kestrel/status/CBusyIndicator.h"
 #include "Kestrel/status/CRefusalNote.h"
 #include "Kestrel/status/FieldWidths.h"
@@ -518,13 +519,14 @@ private slots:
         scene.host.strListTrouble = "/lists/of/the/studio/own.kvtl: Permission denied";
         emit scene.host.ListTroubleChanged();
         scene.Refuse(Refusal(CommandRename, ReasonTooManyNumbers));
+        scene.pWindow->findChild<CGuardField*>()->SetState(1, {});
         scene.pWindow->resize(nWidth, 400);
         CScene::Settle();
 
         QTRY_COMPARE(scene.pWindow->width(), nWidth);
         QCOMPARE(StatusFaults::Find(*scene.pWindow->statusBar()), QStringList());
         QCOMPARE(StatusFaults::GetGone(*scene.pWindow->statusBar()).isEmpty(), bAllShown);
-        QCOMPARE(StatusFaults::CountTexts(*scene.pWindow->statusBar()), 7);
+        QCOMPARE(StatusFaults::CountTexts(*scene.pWindow->statusBar()), 8);
         scene.language.Set("en");
     }
 };

@@ -1,5 +1,7 @@
 #include "Kestrel/status/CHostStatus.h"
 
+#include "Kestrel/journal/CGuardField.h"
+#include "Kestrel/journal/CJournalField.h"
 #include "Kestrel/status/CBusyIndicator.h"
 #include "Kestrel/status/CElidedLabel.h"
 #include "Kestrel/status/CFieldLayout.h"
@@ -110,8 +112,17 @@ void CHostStatus::InitFields()
     pMore->setObjectName(QStringLiteral("MoreBadge"));
     auto* pLayout = new CFieldLayout(pFields, pMore);
     const std::initializer_list<std::pair<QWidget*, int>> listField{
-        { pBusy, 1 },           { pRefusal, 0 },    { pFound, 7 },     { pSelected, 6 }, { pTrouble, 2 },
-        { pRefreshBlocked, 5 }, { pListLocked, 4 }, { pChiefMode, 3 }, { pProject, 8 },
+        { pBusy, 1 },
+        { pRefusal, 0 },
+        { pFound, 7 },
+        { pSelected, 6 },
+        { pTrouble, 2 },
+        { pRefreshBlocked, 5 },
+        { pListLocked, 4 },
+        { pChiefMode, 3 },
+        { pProject, 8 },
+        { new CJournalField(this), 9 },
+        { new CGuardField(this), 10 },
     };
     for (const auto& [pField, nRank] : listField) {
         pLayout->AddField(pField, nRank);

@@ -175,6 +175,17 @@
     </message>
 </context>
 <context>
+    <name>CGuardField</name>
+    <message>
+        <source>Held up %1×, last for %2 ms</source>
+        <translation>%1× aufgehalten, zuletzt %2 ms</translation>
+    </message>
+    <message>
+        <source>Held up %1×, last for %2 ms by %3</source>
+        <translation>%1× aufgehalten, zuletzt %2 ms durch %3</translation>
+    </message>
+</context>
+<context>
     <name>CHostMenu</name>
     <message>
         <source>&amp;Project</source>
@@ -308,6 +319,13 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>CJournalField</name>
+    <message>
+        <source>Journal not written: %1</source>
+        <translation>Journal wird nicht geschrieben: %1</translation>
     </message>
 </context>
 <context>
@@ -697,6 +715,34 @@ Fortfahren?</translation>
     <message>
         <source>The refused file is kept in the same folder.</source>
         <translation>Die abgelehnte Datei wird im selben Ordner aufbewahrt.</translation>
+    </message>
+</context>
+<context>
+    <name>CReportAction</name>
+    <message>
+        <source>Save &amp;report…</source>
+        <translation>Be&amp;richt speichern…</translation>
+    </message>
+</context>
+<context>
+    <name>CReportSaver</name>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Reports (*.tar.gz)</source>
+        <translation>Berichte (*.tar.gz)</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>Bericht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>The report was not saved.
+%1: %2</source>
+        <translation>Der Bericht wurde nicht gespeichert.
+%1: %2</translation>
     </message>
 </context>
 <context>

@@ -175,6 +175,17 @@
     </message>
 </context>
 <context>
+    <name>CGuardField</name>
+    <message>
+        <source>Held up %1×, last for %2 ms</source>
+        <translation>卡顿 %1 次，最近一次 %2 毫秒</translation>
+    </message>
+    <message>
+        <source>Held up %1×, last for %2 ms by %3</source>
+        <translation>卡顿 %1 次，最近一次 %2 毫秒，因 %3</translation>
+    </message>
+</context>
+<context>
     <name>CHostMenu</name>
     <message>
         <source>&amp;Project</source>
@@ -308,6 +319,13 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>CJournalField</name>
+    <message>
+        <source>Journal not written: %1</source>
+        <translation>日志未写入：%1</translation>
     </message>
 </context>
 <context>
@@ -693,6 +711,34 @@ Continue?</source>
     <message>
         <source>The refused file is kept in the same folder.</source>
         <translation>被拒绝的文件将保留在同一文件夹中。</translation>
+    </message>
+</context>
+<context>
+    <name>CReportAction</name>
+    <message>
+        <source>Save &amp;report…</source>
+        <translation>保存报告(&amp;R)…</translation>
+    </message>
+</context>
+<context>
+    <name>CReportSaver</name>
+    <message>
+        <source>Save report</source>
+        <translation>保存报告</translation>
+    </message>
+    <message>
+        <source>Reports (*.tar.gz)</source>
+        <translation>报告 (*.tar.gz)</translation>
+    </message>
+    <message>
+        <source>Report saved: %1</source>
+        <translation>报告已保存：%1</translation>
+    </message>
+    <message>
+        <source>The report was not saved.
+%1: %2</source>
+        <translation>报告未保存。
+%1：%2</translation>
     </message>
 </context>
 <context>
