@@ -1,0 +1,151 @@
+#include "CRecordedSession.h"
+
+#include "Builders.h"
+#include "CorvidControl/file/ListFormat.h"
+#include "CorvidControl/objects/CControlHost.h"
+#include "TestMain.h"
+#include "controlhost/CJobs.h"
+#include "journal/CControlJournal.h"
+#include "journal/guard/CGuiGuard.h"
+#include "journal/recording/CJournalRecorder.h"
+#include "journal/recording/CJournalRing.h"
+
+#include <QElapsedTimer>
+#include <QThreadPool>
+
+namespace {
+
+SProcessorAllNode Site()
+{
+    return Root(
+        { Group("Stage", { Processor("alpha").Ip("10.0.0.1").Expanded(false), Processor("beta").Ip("10.0.0.2").Expanded(false) }),
+          Group("Hall") },
+        { Processor("loose").Ip("10.0.0.3").Expanded(false), Processor("other").Ip("10.0.0.4").Expanded(false) });
+}
+
+void WriteFile(const QString& strPath, const QByteArray& bytes)
+{
+    QFile file(strPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+std::unique_ptr<CControlHost> StartLibrary(const QTemporaryDir& folder, const QByteArray& scenario)
+{
+    SControlOptions options;
+    options.strListFile = folder.filePath("list.kvtl");
+    options.bQuietDay = false;
+    options.nScanMs = 20;
+    options.nAnswerMs = 10;
+    options.nReleaseMs = 5;
+    WriteFile(options.strListFile, ListFormat::Write(Site()));
+    if (!scenario.isEmpty()) {
+        options.strScenarioFile = folder.filePath("day.json");
+        WriteFile(options.strScenarioFile, scenario);
+    }
+    return CControlHost::Start(options);
+}
+
+// An answer to a dialog is the step -1.
+void NoteStep(ICallRecorder& recorder, int nStep)
+{
+    SJournalRecord record;
+    record.line = LineUser;
+    record.szObject = "User";
+    record.szOperation = nStep < 0 ? "answer" : "step";
+    record.vecField = { { "step", qint64(nStep) } };
+    recorder.Write(std::move(record));
+}
+
+/// The journal of a run, put together as Kestrel does.
+struct SRunJournal
+{
+    explicit SRunJournal(const SSessionPlan& plan) : writer(SRecordingLimits{ 16, plan.nFileBytes, 16384 }) { }
+
+    CJournalWriter writer;
+    CJournalRecorder recorder{ writer };
+    CGuiGuard guard{ recorder };
+    CCallLog log{ 64 };
+    CJobs jobs;
+};
+
+/// Knows when nothing has been called for a while.
+class CQuiet
+{
+public:
+    explicit CQuiet(const CCallLog& logIn) : log(logIn)
+    {
+        timer.start();
+    }
+
+    bool Is()
+    {
+        constexpr int nQuietMilliseconds = 100;
+        if (std::exchange(nLast, log.GetLastNumber()) != log.GetLastNumber()) {
+            timer.start();
+        }
+        return timer.elapsed() > nQuietMilliseconds;
+    }
+
+private:
+    const CCallLog& log;
+    quint64 nLast = 0;
+    QElapsedTimer timer;
+};
+
+} // namespace
+
+bool SSessionStep::IsReady(const CPanelSession& session) const
+{
+    return (strRow.isEmpty() || session.Has(strRow)) && (!fnReady || fnReady(session));
+}
+
+CRecordedSession::CRecordedSession(const SSessionPlan& plan)
+{
+    Record(plan);
+}
+
+QString CRecordedSession::GetFolder() const
+{
+    return folder.filePath("list.kvtl.journal");
+}
+
+void CRecordedSession::RemoveFirstFiles(int nCount) const
+{
+    const QStringList listFile = CJournalRing::GetFiles(GetFolder());
+    for (const QString& strFile : listFile.mid(0, nCount)) {
+        QVERIFY2(QFile::remove(strFile), qPrintable(strFile));
+    }
+}
+
+QString CRecordedSession::GetText() const
+{
+    return strText;
+}
+
+void CRecordedSession::Record(const SSessionPlan& plan)
+{
+    SRunJournal run(plan);
+    run.log.SetRecorder(&run.guard);
+    const std::unique_ptr<CControlHost> pHost = StartLibrary(folder, plan.scenario);
+    bool bFinished = plan.scenario.isEmpty();
+    QObject::connect(pHost.get(), &CControlHost::ScenarioFinished, pHost.get(), [&] { bFinished = true; }, Qt::QueuedConnection);
+    run.writer.Open(GetFolder(), { { "format", qint64(1) }, { "run", QUuid::createUuid() } }, plan.bMask);
+    const CControlJournal journal(SControlPointers::Linked(), run.log, run.jobs, [](int) { return QString(); });
+    CPanelSession session;
+    session.fnBeforeAnswer = [&] { NoteStep(run.guard, -1); };
+    pHost->StartLife();
+    for (std::size_t n = 0; n < plan.vecStep.size(); ++n) {
+        const SSessionStep& step = plan.vecStep[n];
+        QTRY_VERIFY2(step.IsReady(session), qPrintable(step.strRow));
+        CPanelSession::Settle();
+        NoteStep(run.guard, static_cast<int>(n));
+        step.fnDo(session);
+        QTRY_VERIFY(!run.jobs.IsBusy());
+    }
+    QTRY_VERIFY(session.driver.IsDone() && bFinished && QThreadPool::globalInstance()->activeThreadCount() == 0);
+    CQuiet quiet(run.log);
+    QTRY_VERIFY(quiet.Is());
+    strText = session.GetText();
+    session.Delete();
+}

@@ -1,0 +1,84 @@
+#include "SessionSteps.h"
+
+std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
+{
+    std::vector<SSessionStep> vecStep = Selections();
+    const std::vector<SSessionStep> vecMore{
+        { "loose", [](CPanelSession& session) { session.PressButton("Add group"); } },
+        { "Group 1",
+          [](CPanelSession& session) {
+              session.Click("Group 1");
+              session.Press(Qt::Key_F2);
+              session.Type("Yard");
+          } },
+        { "Yard", [](CPanelSession& session) { session.ChooseInMenu("loose", { "Move to group", "Yard" }); } },
+        { "loose", [](CPanelSession& session) { session.Fold("Stage"); } },
+        { {}, [](CPanelSession& session) { session.ChoosePane(true); } },
+        { {},
+          [](CPanelSession& session) {
+              session.Answer("DialogAccept");
+              session.PressButton("Add simulators");
+          } },
+        { {}, [](CPanelSession& session) { session.ChoosePane(false); } },
+        { {},
+          [](CPanelSession& session) { session.Refresh(); },
+          [](const CPanelSession& session) { return session.CanRefresh(); } },
+        { {},
+          [](CPanelSession& session) {
+              session.Answer("DialogAccept");
+              session.PressButton("Add a processor");
+          } },
+        { "other",
+          [](CPanelSession& session) {
+              session.Click("other");
+              session.Answer("Yes");
+              session.PressButton("Delete");
+          } },
+        { {},
+          [strImport](CPanelSession& session) {
+              session.Answer("ButtonYes");
+              session.AnswerByFile(strImport);
+              session.Answer("ButtonOk");
+              session.TriggerEntry("Import");
+          } },
+        { "imported", [](CPanelSession& session) { session.Click("imported"); } },
+    };
+    vecStep.insert(vecStep.end(), vecMore.begin(), vecMore.end());
+    return vecStep;
+}
+
+std::vector<SSessionStep> SessionSteps::Selections()
+{
+    return {
+        { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },
+        { "beta", [](CPanelSession& session) { session.Click("beta", Qt::ControlModifier); } },
+        { "loose", [](CPanelSession& session) { session.Click("loose"); } },
+        { "loose", [](CPanelSession& session) { session.Press(Qt::Key_Down); } },
+        { "Stage", [](CPanelSession& session) { session.Click("Stage"); } },
+    };
+}
+
+std::vector<SSessionStep> SessionSteps::Short()
+{
+    std::vector<SSessionStep> vecStep = Selections();
+    vecStep.push_back({ "loose", [](CPanelSession& session) { session.PressButton("Add group"); } });
+    vecStep.push_back({ "Group 1", [](CPanelSession& session) { session.Click("Hall"); } });
+    vecStep.push_back({ {}, [](CPanelSession& session) {
+                           session.Click("other");
+                           session.Answer("Yes");
+                           session.PressButton("Delete");
+                       } });
+    return vecStep;
+}
+
+QByteArray SessionSteps::Storm()
+{
+    return R"({"steps": [
+        { "at": 0.1, "do": "storm", "rate": 300, "for": 0.5 },
+        { "at": 0.2, "do": "role", "node": "alpha", "role": "primary" },
+        { "at": 0.3, "do": "open-project", "project": "Evening" },
+        { "at": 0.4, "do": "chief-mode", "on": true },
+        { "at": 0.45, "do": "block-refresh", "on": true },
+        { "at": 0.5, "do": "block-refresh", "on": false }
+    ]})";
+}

@@ -1,0 +1,142 @@
+#include "Builders.h"
+#include "CReplayedSession.h"
+#include "CorvidControl/file/ListFormat.h"
+#include "SessionSteps.h"
+#include "TestMain.h"
+
+#include <atomic>
+#include <thread>
+
+namespace {
+
+/// Threads that take the processors while they live.
+class CLoad
+{
+public:
+    CLoad()
+    {
+        for (std::thread& thread : threads) {
+            thread = std::thread([this] {
+                while (!bEnd) {
+                    ++nTurns;
+                }
+            });
+        }
+    }
+
+    ~CLoad()
+    {
+        bEnd = true;
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+    }
+    Q_DISABLE_COPY(CLoad)
+
+private:
+    std::atomic<bool> bEnd{ false };
+    std::atomic<quint64> nTurns{ 0 };
+    std::thread threads[3];
+};
+
+} // namespace
+
+/// The same recording, and others, again and again on a machine that is busy. When the machine is so busy while it is recorded
+/// that a refresh is shown between a click and its command, what of both came first is in no recording: such a one differs at
+/// each replay, and another is made then.
+class CReplayStormTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QFile file(folder.filePath("in.kvtl"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(ListFormat::Write(Root({ Group("Attic", { Processor("imported").Ip("10.0.0.9") }) })));
+        vecStep = SessionSteps::All(file.fileName());
+    }
+
+    void runsWithoutTheirFirstFilesHaveNoDifference()
+    {
+        for (int nRecording = 0; nRecording < 3; ++nRecording) {
+            QCOMPARE(FindFault([this] { return PlayWithoutFirstFiles(); }), QString());
+        }
+    }
+
+    void fiftyReplaysUnderLoadHaveNoDifference()
+    {
+        for (int nRecording = 0; nRecording < 5; ++nRecording) {
+            QCOMPARE(FindFault([this] { return PlayTenTimes(); }), QString());
+        }
+    }
+
+private:
+    /// Of the last of at most three recordings.
+    template <typename FnPlay> static QString FindFault(FnPlay fnPlay)
+    {
+        QString strFault = fnPlay();
+        for (int n = 0; n < 2 && !strFault.isEmpty(); ++n) {
+            qInfo("Recorded once more: %s", qPrintable(strFault));
+            strFault = fnPlay();
+        }
+        return strFault;
+    }
+
+    QString PlayWithoutFirstFiles() const
+    {
+        const CRecordedSession recorded({ vecStep, SessionSteps::Storm(), false, 8192 });
+        const CLoad load;
+        CRecordedRun run = Read(recorded);
+        while (run.GetFirstPlace() < run.GetLines().size()) {
+            const QString strFault = Play(run, recorded);
+            if (!strFault.isEmpty()) {
+                return strFault;
+            }
+            recorded.RemoveFirstFiles(1);
+            QString strError;
+            if (!run.Read(recorded.GetFolder(), strError)) {
+                break;
+            }
+        }
+        return run.HasBeginning() ? QStringLiteral("the run is in one file") : QString();
+    }
+
+    QString PlayTenTimes() const
+    {
+        const CRecordedSession recorded({ vecStep, SessionSteps::Storm() });
+        const CLoad load;
+        const CRecordedRun run = Read(recorded);
+        QString strFault;
+        for (int n = 0; n < 10 && strFault.isEmpty(); ++n) {
+            strFault = Play(run, recorded);
+        }
+        return strFault;
+    }
+
+    QString Play(const CRecordedRun& run, const CRecordedSession& recorded) const
+    {
+        CReplayedSession replayed;
+        replayed.Play(run, vecStep);
+        if (!replayed.GetFault().isEmpty() || replayed.GetText() == recorded.GetText()) {
+            return replayed.GetFault();
+        }
+        return QStringLiteral("%1 instead of %2").arg(replayed.GetText(), recorded.GetText());
+    }
+
+    static CRecordedRun Read(const CRecordedSession& recorded)
+    {
+        CRecordedRun run;
+        QString strError;
+        if (!run.Read(recorded.GetFolder(), strError)) {
+            qFatal("%s", qPrintable(strError));
+        }
+        return run;
+    }
+
+    QTemporaryDir folder;
+    std::vector<SSessionStep> vecStep;
+};
+
+PTV_TEST_MAIN(CReplayStormTest)
+#include "tst_replaystorm.moc"
