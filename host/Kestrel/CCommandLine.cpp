@@ -2,6 +2,7 @@
 
 #include "Kestrel/CLanguage.h"
 #include "Kestrel/OptionFiles.h"
+#include "Kestrel/replay/ReplayTime.h"
 #include "Kestrel/theme/CTheme.h"
 
 #include <QCommandLineParser>
@@ -25,12 +26,15 @@ constexpr double dMostScale = 4.0;
 constexpr QLatin1String strAt = Literal("at");
 constexpr QLatin1String strHelp = Literal("help");
 constexpr QLatin1String strLang = Literal("lang");
+constexpr QLatin1String strListing = Literal("listing");
 constexpr QLatin1String strMask = Literal("mask-journal");
 constexpr QLatin1String strPace = Literal("pace");
+constexpr QLatin1String strReplay = Literal("replay");
 constexpr QLatin1String strScale = Literal("scale");
 constexpr QLatin1String strScenario = Literal("scenario");
 constexpr QLatin1String strShot = Literal("shot");
 constexpr QLatin1String strShots = Literal("shots");
+constexpr QLatin1String strSpeed = Literal("speed");
 constexpr QLatin1String strTheme = Literal("theme");
 constexpr QLatin1String strVersion = Literal("version");
 
@@ -41,12 +45,13 @@ struct STextOption
     QString SKestrelOptions::* pValue;
 };
 
-constexpr std::array<STextOption, 9> listText{ {
+constexpr std::array<STextOption, 10> listText{ {
     { Literal("control"), &SKestrelOptions::strControlFile },
     { Literal("journal"), &SKestrelOptions::strJournalFile },
     { strLang, &SKestrelOptions::strLanguage },
     { Literal("list"), &SKestrelOptions::strListFile },
     { Literal("panel"), &SKestrelOptions::strPanelFile },
+    { strReplay, &SKestrelOptions::strReplayFile },
     { strScenario, &SKestrelOptions::strScenarioFile },
     { strShot, &SKestrelOptions::strShotFile },
     { strShots, &SKestrelOptions::strShotFolder },
@@ -63,11 +68,12 @@ void AddOptions(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{ QStringLiteral("h"), strHelp }));
     parser.addOption(QCommandLineOption(strVersion));
+    parser.addOption(QCommandLineOption(strListing));
     parser.addOption(QCommandLineOption(strMask));
     for (const STextOption& option : listText) {
         AddOption(parser, option.strName);
     }
-    for (const QLatin1String strName : { strAt, strPace, strScale }) {
+    for (const QLatin1String strName : { strAt, strPace, strScale, strSpeed }) {
         AddOption(parser, strName);
     }
 }
@@ -100,7 +106,7 @@ CCommandLine::CCommandLine(const QStringList& listArgument)
     }
     ReadTexts(parser);
     ReadNumbers(parser);
-    CheckCompany(parser);
+    options.strReplayFile.isEmpty() ? CheckCompany(parser) : ReadReplay(parser);
     const QString strFault = OptionFiles::FindFault(options);
     if (!strFault.isEmpty()) {
         Refuse(strFault);
@@ -145,7 +151,7 @@ void CCommandLine::CheckChoice(const QString& strValue, const QString& strWhat, 
 
 void CCommandLine::ReadNumbers(const QCommandLineParser& parser)
 {
-    if (parser.isSet(strAt)) {
+    if (parser.isSet(strAt) && options.strReplayFile.isEmpty()) {
         options.dShotAt = ReadNumber(parser, strAt, 0.0, dMostSeconds);
     }
     if (parser.isSet(strPace)) {
@@ -165,8 +171,52 @@ void CCommandLine::CheckCompany(const QCommandLineParser& parser)
     if (parser.isSet(strPace) && parser.isSet(strScenario)) {
         Refuse(QStringLiteral("--pace is for the quiet day, which --scenario replaces"));
     }
+    for (const QLatin1String strOfReplay : { strListing, strSpeed }) {
+        if (parser.isSet(strOfReplay)) {
+            Refuse(QStringLiteral("--%1 needs --replay").arg(strOfReplay));
+        }
+    }
     if (parser.isSet(strShots) && !parser.isSet(strScenario)) {
         Refuse(QStringLiteral("--shots needs --scenario"));
+    }
+}
+
+void CCommandLine::ReadReplay(const QCommandLineParser& parser)
+{
+    for (const QLatin1String strOther :
+         { Literal("control"), Literal("journal"), Literal("list"), strMask, strPace, strScenario }) {
+        if (parser.isSet(strOther)) {
+            Refuse(QStringLiteral("--%1 does not go with --replay").arg(strOther));
+        }
+    }
+    const QString strSpeedAsked = parser.isSet(strSpeed) ? parser.value(strSpeed) : QStringLiteral("fast");
+    CheckChoice(strSpeedAsked, strSpeed, { QStringLiteral("fast"), QStringLiteral("real") });
+    options.bReplayReal = strSpeedAsked == QLatin1String("real");
+    options.listReplayAt = parser.values(strAt);
+    options.bListing = parser.isSet(strListing);
+    for (const QLatin1String strOfPlaying : { strAt, strShot, strShots, strSpeed }) {
+        if (options.bListing && parser.isSet(strOfPlaying)) {
+            Refuse(QStringLiteral("--listing plays nothing and does not go with --%1").arg(strOfPlaying));
+        }
+    }
+    CheckReplayPictures();
+}
+
+void CCommandLine::CheckReplayPictures()
+{
+    const int nTimes = options.listReplayAt.size();
+    for (const QString& strTime : qAsConst(options.listReplayAt)) {
+        if (!ReplayTime::Read(strTime)) {
+            Refuse(QStringLiteral("--at takes a time of the recording such as 14:03:12.345, not '%1'").arg(strTime));
+        }
+    }
+    const bool bFile = !options.strShotFile.isEmpty();
+    const bool bFolder = !options.strShotFolder.isEmpty();
+    if (bFile && (bFolder || nTimes > 1)) {
+        Refuse(QStringLiteral("--shot takes one picture; --shots and --at take more"));
+    }
+    if (bFolder != (nTimes > 0 && !bFile)) {
+        Refuse(bFolder ? QStringLiteral("--shots needs --at") : QStringLiteral("--at needs --shot or --shots"));
     }
 }
 

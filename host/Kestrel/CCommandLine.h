@@ -22,6 +22,8 @@ private:
     void CheckChoice(const QString& strValue, const QString& strWhat, const QStringList& listChoice);
     void ReadNumbers(const QCommandLineParser& parser);
     void CheckCompany(const QCommandLineParser& parser);
+    void ReadReplay(const QCommandLineParser& parser);
+    void CheckReplayPictures();
     double ReadNumber(const QCommandLineParser& parser, const QString& strOption, double dLeast, double dMost);
     void Refuse(const QString& strReason);
 

@@ -33,14 +33,16 @@ std::unique_ptr<IControlHost> CControlLoader::Load(const QString& strFile, const
 {
     Q_ASSERT(GuiThread::IsCurrent());
     QLibrary library(LibraryFile::Find(strFile, QLatin1String(szLibrary)));
-    library.setLoadHints(QLibrary::ExportExternalSymbolsHint | QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    if (!library.load()) {
-        Fail(library.errorString());
-        return nullptr;
-    }
-    strFileName = library.fileName();
-    FindPointers(library);
+    Open(library);
     return strError.isEmpty() ? CreateHost(library, options, jobs) : nullptr;
+}
+
+bool CControlLoader::LoadPointers()
+{
+    Q_ASSERT(GuiThread::IsCurrent());
+    QLibrary library(LibraryFile::Find(QString(), QLatin1String(szLibrary)));
+    Open(library);
+    return strError.isEmpty();
 }
 
 QString CControlLoader::GetError() const
@@ -82,6 +84,17 @@ template <typename Object> void CControlLoader::Check(const char* szName, Object
     if (!*ppObject) {
         Fail(QStringLiteral("%1 has set no %2").arg(strFileName, QLatin1String(szName)));
     }
+}
+
+void CControlLoader::Open(QLibrary& library)
+{
+    library.setLoadHints(QLibrary::ExportExternalSymbolsHint | QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    if (!library.load()) {
+        Fail(library.errorString());
+        return;
+    }
+    strFileName = library.fileName();
+    FindPointers(library);
 }
 
 void CControlLoader::FindPointers(QLibrary& library)

@@ -18,6 +18,10 @@ public:
     /// offers nothing beyond the contract gets a CBareControlHost with jobs, which must outlive it.
     std::unique_ptr<IControlHost> Load(const QString& strFile, const SControlOptions& options, const CJobs& jobs);
 
+    /// The eight places alone, in the library of the installation, which makes no objects. False on failure; GetError then
+    /// holds one line.
+    bool LoadPointers();
+
     QString GetError() const;
 
     /// The library's file, as far as it was found.
@@ -30,6 +34,7 @@ private:
     void* FindOwn(QLibrary& library, const char* szName) const;
     template <typename Object> void Find(QLibrary& library, const char* szName, Object**& ppObject);
     template <typename Object> void Check(const char* szName, Object* const* ppObject);
+    void Open(QLibrary& library);
     void FindPointers(QLibrary& library);
     void CheckPointers();
     std::unique_ptr<IControlHost> CreateHost(QLibrary& library, const SControlOptions& options, const CJobs& jobs);

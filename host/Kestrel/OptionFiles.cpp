@@ -20,10 +20,11 @@ struct SOptionFile
     QString SKestrelOptions::* pFile;
 };
 
-constexpr std::array<SOptionFile, 6> listFile{ {
+constexpr std::array<SOptionFile, 7> listFile{ {
     { "--list", &SKestrelOptions::strListFile },
     { "--scenario", &SKestrelOptions::strScenarioFile },
     { "--shot", &SKestrelOptions::strShotFile },
+    { "--replay", &SKestrelOptions::strReplayFile },
     { "--journal", &SKestrelOptions::strJournalFile },
     { "--panel", &SKestrelOptions::strPanelFile },
     { "--control", &SKestrelOptions::strControlFile },

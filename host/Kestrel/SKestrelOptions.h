@@ -21,6 +21,10 @@ struct SKestrelOptions
     QString strPanelFile;      ///< the panel's library; empty: the one of the installation
     QString strLanguage;       ///< "en", "de", "zh_CN", "en_XA"; empty: not asked for
     QString strTheme;          ///< "dark", "contrast"; empty: not asked for
+    QString strReplayFile;     ///< a recorded run to play again: a file, a folder or a report; empty for none
+    bool bReplayReal = false;  ///< it goes at the speed of the recording
+    bool bListing = false;     ///< it is not played but listed
+    QStringList listReplayAt;  ///< times of the recording to take pictures at, "14:03:12.345"
     double dPace = 1.0;        ///< how many times as fast the quiet day goes
     double dScale = 0.0;       ///< pixels a point; 0: as the screen says
 };

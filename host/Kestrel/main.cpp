@@ -2,6 +2,9 @@
 #include "Kestrel/CKestrel.h"
 #include "Kestrel/DisplayServer.h"
 #include "Kestrel/Fonts.h"
+#include "Kestrel/replay/CReplayRun.h"
+#include "Kestrel/replay/CReplaySource.h"
+#include "Kestrel/replay/ReplayListing.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -24,12 +27,19 @@ QStringList GetArguments(int argc, char** argv)
     return listArgument;
 }
 
+/// What the command line asks for, or else what the recording had.
+double GetScale(const SKestrelOptions& options, const CReplaySource& source)
+{
+    const double dRecorded = options.strReplayFile.isEmpty() ? 0.0 : source.GetHeaderText(QStringLiteral("scale")).toDouble();
+    return options.dScale > 0.0 ? options.dScale : dRecorded;
+}
+
 /// What must be set before the application object exists.
-void Prepare(const SKestrelOptions& options)
+void Prepare(double dScale)
 {
     // The screen's own factor only where none is asked for: the two would multiply.
-    if (options.dScale > 0.0) {
-        qputenv("QT_SCALE_FACTOR", QByteArray::number(options.dScale));
+    if (dScale > 0.0) {
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(dScale));
     } else {
         QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     }
@@ -57,12 +67,22 @@ int main(int argc, char** argv)
         std::puts("kestrel " KESTREL_VERSION);
         return 0;
     }
+    CReplaySource source;
+    const QString& strReplayFile = commandLine.GetOptions().strReplayFile;
+    if (!strReplayFile.isEmpty() && !source.Open(strReplayFile)) {
+        CKestrel::Complain(source.GetError());
+        return source.GetErrorCode();
+    }
+    if (commandLine.GetOptions().bListing) {
+        std::puts(qUtf8Printable(ReplayListing::GetText(source)));
+        return 0;
+    }
     const QString strDisplayFault = DisplayServer::Choose();
     if (!strDisplayFault.isEmpty()) {
         CKestrel::Complain(strDisplayFault);
         return nCodeNoDisplay;
     }
-    Prepare(commandLine.GetOptions());
+    Prepare(GetScale(commandLine.GetOptions(), source));
     // Only the program's name: everything else has been read, and Qt takes none of it.
     int nCount = 1;
     const QApplication application(nCount, argv);
@@ -72,6 +92,9 @@ int main(int argc, char** argv)
         return nCodeNoFont;
     }
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/image/kestrel/kestrel.svg")));
+    if (!strReplayFile.isEmpty()) {
+        return CReplayRun(commandLine.GetOptions(), source).Run();
+    }
     CKestrel kestrel(commandLine.GetOptions());
     return kestrel.Run();
 }

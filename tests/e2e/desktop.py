@@ -4,6 +4,7 @@ Nothing here waits for a fixed time; whoever needs something to have happened wa
 a pixel or for a window. The pauses between the steps of a drag are the drag's own pace.
 """
 
+import datetime
 import os
 import pathlib
 import re
@@ -14,11 +15,12 @@ import subprocess
 import tempfile
 import time
 
-from PIL import ImageGrab
+from PIL import ImageChops, ImageGrab
 
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
 START = 20.0  # seconds that a server or a window manager may take
+RESTS = 8  # looks at the rows at the end of a run
 TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
@@ -195,6 +197,8 @@ class Kestrel:
         self.journal_file = self.folder / "journal"
         self.journal_records = []
         self.journal_read = 0  # bytes
+        self.last_rows = None
+        self.last_time = None
         script = self.folder / "scenario.json"
         script.write_text(scenario or '{ "title": "Nothing happens by itself", "steps": [] }')
         life = ["--pace", str(pace)] if pace else ["--scenario", script]
@@ -226,11 +230,32 @@ class Kestrel:
     def quit(self):
         """Closes the window as its menu does and waits for the end; the exit code."""
         if self.process.poll() is None:
+            self._remember_rows()
             self.desktop.xdotool("windowactivate", "--sync", self.window)
             self.desktop.key("ctrl+q")
         code = self.process.wait(DEADLINE)
         self.clean()
         return code
+
+    def _remember_rows(self):
+        """What the rows look like at the end, and when, unless they do not come to rest."""
+        self.desktop.move(self.desktop.SIZE[0] - 2, self.desktop.SIZE[1] - 2)
+        former = None
+        for _ in range(RESTS):
+            rows = self.desktop.grab().convert("RGB").crop(self._rows_on_screen())
+            if former and ImageChops.difference(rows, former).getbbox() is None:
+                self.last_rows, self.last_time = former, moment.strftime("%H:%M:%S.%f")[:-3]
+                return
+            former, moment = rows, datetime.datetime.now()  # wall clock: as the recording counts
+            time.sleep(0.2)  # paced: between two looks at the rows
+
+    def rows_in_window(self):
+        """The rows of the panel: left, top, right, bottom."""
+        return 2, MENU_BAR + HEADER, self.panel_width() - 2, self.height - self.status_bar() - 36
+
+    def _rows_on_screen(self):
+        left, top, right, bottom = self.rows_in_window()
+        return self.x + left, self.y + top, self.x + right, self.y + bottom
 
     def clean(self):
         if self.process.poll() is None:

@@ -8,6 +8,7 @@ import unittest
 
 import desktop
 import listfile
+import replay
 from listfile import group, processor
 
 PROGRAM = os.environ["KESTREL"]
@@ -46,8 +47,13 @@ class Scene(unittest.TestCase):
 
     def start(self):
         self.kestrel = self.KESTREL(self.desktop, PROGRAM, self.list_file, scenario=self.SCENARIO, pace=self.PACE)
+        self.addCleanup(self.replay, self.kestrel)
         self.addCleanup(self.kestrel.clean)
         self.kestrel.wait_for_pixel("the root selected", self.kestrel.row(0, 250), lambda colour: colour == SELECTED)
+
+    def replay(self, run):
+        """Plays what was done once more."""
+        replay.check(PROGRAM, run, self.desktop.shots)
 
     def outline_after_quit(self):
         self.assertEqual(self.kestrel.quit(), 0)

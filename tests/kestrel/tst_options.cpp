@@ -53,6 +53,15 @@ constexpr SBadOption arrBadOption[] = {
     { "negative time", "--shot a.png --at=-1", "-1" },
     { "time without a picture", "--at 3", "--at" },
     { "pictures without a scenario", "--shots .", "--shots" },
+    { "speed without a replay", "--speed real", "--speed" },
+    { "unknown speed", "--replay . --speed slow", "slow" },
+    { "replay of a list", "--replay . --list a.kvtl", "--list" },
+    { "replay with a scenario", "--replay . --scenario .", "--scenario" },
+    { "replay with a masked journal", "--replay . --mask-journal", "--mask-journal" },
+    { "seconds in a replay", "--replay . --shot a.png --at 2", "14:03:12.345" },
+    { "two times, one picture", "--replay . --shot a.png --at 01:00:00 --at 02:00:00", "--shots" },
+    { "pictures of a replay without a time", "--replay . --shots .", "--at" },
+    { "time of a replay without a picture", "--replay . --at 01:00:00", "--shot" },
 };
 
 } // namespace
@@ -72,7 +81,7 @@ private slots:
         }
         AddFiles();
         for (const char* szOption : { "--list", "--scenario", "--shot", "--at", "--shots", "--lang", "--theme", "--scale",
-                                      "--pace", "--journal", "--panel", "--control" }) {
+                                      "--pace", "--journal", "--replay", "--speed", "--panel", "--control" }) {
             QTest::addRow("%s with nothing", szOption) << szOption + QStringLiteral(" ") << szOption;
         }
     }
