@@ -20,6 +20,8 @@
 
 #include <algorithm>
 
+#include <linux/futex.h>
+
 namespace {
 
 class CHost final : public IUIManagement
@@ -69,13 +71,19 @@ QString GetNames(const QList<SProcessorNode>& listProcessor, const std::function
     return listName.join(QStringLiteral(", "));
 }
 
-// A worker that has handed on what it has read sleeps until the next message.
+// Neither for a lock nor for time to pass; see futex(2).
+bool IsInCondition(const QString& strThread)
+{
+    const int nOperation = ProcessThreads::Read(strThread, "syscall").split(' ').value(2).toInt(nullptr, 16);
+    return (nOperation & FUTEX_CMD_MASK) == FUTEX_WAIT_BITSET;
+}
+
+// A worker that has handed on what it has read waits for the next message.
 bool AreWorkersAsleep()
 {
     const QStringList listThread = ProcessThreads::GetIds();
     return std::all_of(listThread.begin(), listThread.end(), [](const QString& strThread) {
-        const QByteArray stat = ProcessThreads::Read(strThread, "stat");
-        return !stat.contains("(QThread) ") || stat.contains("(QThread) S");
+        return !ProcessThreads::Read(strThread, "stat").contains("(QThread) ") || IsInCondition(strThread);
     });
 }
 
@@ -155,9 +163,14 @@ void CPanelSession::Type(const QString& strText)
 
 void CPanelSession::PressButton(const QString& strToolTip)
 {
-    auto* pButton = Find<QToolButton>(View(), [&](QToolButton* pThis) { return pThis->toolTip() == strToolTip; });
-    QVERIFY2(pButton && pButton->isEnabled(), qPrintable(strToolTip));
-    QTest::mouseClick(pButton, Qt::LeftButton);
+    QVERIFY2(CanPress(strToolTip), qPrintable(strToolTip));
+    QTest::mouseClick(Button(strToolTip), Qt::LeftButton);
+}
+
+bool CPanelSession::CanPress(const QString& strToolTip) const
+{
+    const QToolButton* pButton = Button(strToolTip);
+    return pButton && pButton->isEnabled();
 }
 
 void CPanelSession::Refresh()
@@ -224,6 +237,11 @@ CProcessorTreeView* CPanelSession::View() const
 CProcessorTree* CPanelSession::Tree() const
 {
     return static_cast<CProcessorTree*>(View()->findChild<QStackedLayout*>()->currentWidget());
+}
+
+QToolButton* CPanelSession::Button(const QString& strToolTip) const
+{
+    return Find<QToolButton>(View(), [&](QToolButton* pThis) { return pThis->toolTip() == strToolTip; });
 }
 
 QModelIndex CPanelSession::Row(const QString& strName) const

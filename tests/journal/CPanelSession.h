@@ -10,6 +10,7 @@
 class CProcessorTree;
 class CProcessorTreeView;
 class ICorvidWidget;
+class QToolButton;
 
 /// The real panel in a window, over whatever the eight globals point to, and a user who works with it. Rows go by their names.
 class CPanelSession
@@ -35,6 +36,7 @@ public:
     void Press(Qt::Key key);
     void Type(const QString& strText);
     void PressButton(const QString& strToolTip);
+    bool CanPress(const QString& strToolTip) const; ///< the button is enabled
     void Refresh();
     bool CanRefresh() const; ///< the button is enabled
     void ChoosePane(bool bSimulator);
@@ -54,6 +56,7 @@ public:
 private:
     CProcessorTreeView* View() const;
     CProcessorTree* Tree() const;
+    QToolButton* Button(const QString& strToolTip) const; ///< of the tool bar; null for none
     QModelIndex Row(const QString& strName) const;
 
     CFreshStore store;

@@ -93,6 +93,16 @@ private:
     QElapsedTimer timer;
 };
 
+// What the worker has read may take from a step what it needs.
+bool IsReadyAtRest(const SSessionStep& step, const CPanelSession& session)
+{
+    if (!step.IsReady(session)) {
+        return false;
+    }
+    CPanelSession::Settle();
+    return step.IsReady(session);
+}
+
 } // namespace
 
 bool SSessionStep::IsReady(const CPanelSession& session) const
@@ -137,8 +147,7 @@ void CRecordedSession::Record(const SSessionPlan& plan)
     pHost->StartLife();
     for (std::size_t n = 0; n < plan.vecStep.size(); ++n) {
         const SSessionStep& step = plan.vecStep[n];
-        QTRY_VERIFY2(step.IsReady(session), qPrintable(step.strRow));
-        CPanelSession::Settle();
+        QVERIFY2(QTest::qWaitFor([&] { return IsReadyAtRest(step, session); }, nPatience), qPrintable(step.strRow));
         NoteStep(run.guard, static_cast<int>(n));
         step.fnDo(session);
         QTRY_VERIFY(!run.jobs.IsBusy());

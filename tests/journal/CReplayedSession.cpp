@@ -59,7 +59,7 @@ void CReplayedSession::Play(const CRecordedRun& run, const std::vector<SSessionS
     const CInstalled installed(library.GetPointers());
     {
         CPanelSession session;
-        SPlay play{ run.GetLines(), vecStep, library, session, run.GetFirstPlace() };
+        SPlay play{ run.GetLines(), vecStep, library, session, run.GetTeardownNumber(), run.GetFirstPlace() };
         session.fnBeforeAnswer = [&] { PlayLines(play, true); };
         if (!run.HasBeginning()) {
             library.ShowFirstState();
@@ -75,10 +75,10 @@ void CReplayedSession::Play(const CRecordedRun& run, const std::vector<SSessionS
     QVERIFY(library.AwaitJobs(std::chrono::milliseconds(nPatience)));
 }
 
-// bToAnswer: no further than the answer to the dialog that is open.
+// A message may still have come while the panel went. bToAnswer: no further than the answer to the dialog that is open.
 void CReplayedSession::PlayLines(SPlay& play, bool bToAnswer)
 {
-    while (play.nNext < play.vecLine.size()) {
+    while (play.nNext < play.vecLine.size() && play.vecLine[play.nNext].nNumber < play.nTeardown) {
         const int nStep = PlayLine(play);
         if (nStep == nAnswer && bToAnswer) {
             return;

@@ -34,6 +34,7 @@ private:
         const std::vector<SSessionStep>& vecStep;
         CReplayLibrary& library;
         CPanelSession& session;
+        quint64 nTeardown;
         int nNext = 0; ///< line
     };
 

@@ -1,10 +1,31 @@
 #include "SessionSteps.h"
 
+namespace {
+
+/// Opens the button's dialog and accepts it as it is.
+SSessionStep AcceptDialogOf(const QString& strToolTip)
+{
+    return { {},
+             [strToolTip](CPanelSession& session) {
+                 session.Answer("DialogAccept");
+                 session.PressButton(strToolTip);
+             },
+             [strToolTip](const CPanelSession& session) { return session.CanPress(strToolTip); } };
+}
+
+SSessionStep AddGroup()
+{
+    return { "loose", [](CPanelSession& session) { session.PressButton("Add group"); },
+             [](const CPanelSession& session) { return session.CanPress("Add group"); } };
+}
+
+} // namespace
+
 std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
 {
     std::vector<SSessionStep> vecStep = Selections();
     const std::vector<SSessionStep> vecMore{
-        { "loose", [](CPanelSession& session) { session.PressButton("Add group"); } },
+        AddGroup(),
         { "Group 1",
           [](CPanelSession& session) {
               session.Click("Group 1");
@@ -14,20 +35,12 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
         { "Yard", [](CPanelSession& session) { session.ChooseInMenu("loose", { "Move to group", "Yard" }); } },
         { "loose", [](CPanelSession& session) { session.Fold("Stage"); } },
         { {}, [](CPanelSession& session) { session.ChoosePane(true); } },
-        { {},
-          [](CPanelSession& session) {
-              session.Answer("DialogAccept");
-              session.PressButton("Add simulators");
-          } },
+        AcceptDialogOf("Add simulators"),
         { {}, [](CPanelSession& session) { session.ChoosePane(false); } },
         { {},
           [](CPanelSession& session) { session.Refresh(); },
           [](const CPanelSession& session) { return session.CanRefresh(); } },
-        { {},
-          [](CPanelSession& session) {
-              session.Answer("DialogAccept");
-              session.PressButton("Add a processor");
-          } },
+        AcceptDialogOf("Add a processor"),
         { "other",
           [](CPanelSession& session) {
               session.Click("other");
@@ -61,7 +74,7 @@ std::vector<SSessionStep> SessionSteps::Selections()
 std::vector<SSessionStep> SessionSteps::Short()
 {
     std::vector<SSessionStep> vecStep = Selections();
-    vecStep.push_back({ "loose", [](CPanelSession& session) { session.PressButton("Add group"); } });
+    vecStep.push_back(AddGroup());
     vecStep.push_back({ "Group 1", [](CPanelSession& session) { session.Click("Hall"); } });
     vecStep.push_back({ {}, [](CPanelSession& session) {
                            session.Click("other");

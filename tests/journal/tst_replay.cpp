@@ -2,6 +2,7 @@
 #include "CEditedRecording.h"
 #include "CReplayedSession.h"
 #include "CorvidControl/file/ListFormat.h"
+#include "Replays.h"
 #include "SessionSteps.h"
 #include "TestMain.h"
 #include "nodes/SProcessorAllNode.h"
@@ -30,16 +31,6 @@ public:
 
     QTemporaryDir folder;
 };
-
-CRecordedRun Read(const CRecordedSession& session)
-{
-    CRecordedRun run;
-    QString strError;
-    if (!run.Read(session.GetFolder(), strError)) {
-        qFatal("%s", qPrintable(strError));
-    }
-    return run;
-}
 
 /// By the pseudonyms of the rows: alpha is clicked, or beta, and a group added.
 std::vector<SSessionStep> MaskedSession(const CRecordedRun& run, bool bAlpha)
@@ -186,7 +177,7 @@ private slots:
     {
         const std::vector<SSessionStep> vecStep = SessionSteps::Selections();
         const CRecordedSession recorded({ vecStep });
-        const CRecordedRun run = Read(recorded);
+        const CRecordedRun run = Replays::Read(recorded);
         QVERIFY2(run.IsWhole() && run.HasEnd(), qPrintable(run.GetReason()));
 
         CReplayedSession replayed;
@@ -200,14 +191,12 @@ private slots:
     {
         const CImportFile file;
         const std::vector<SSessionStep> vecStep = SessionSteps::All(file.GetPath());
-        const CRecordedSession recorded({ vecStep, SessionSteps::Storm() });
-        const CRecordedRun run = Read(recorded);
+        const auto play = [&] {
+            const CRecordedSession recorded({ vecStep, SessionSteps::Storm() });
+            return Replays::Play(Replays::Read(recorded), vecStep, recorded);
+        };
 
-        CReplayedSession replayed;
-        replayed.Play(run, vecStep);
-
-        QCOMPARE(replayed.GetFault(), QString());
-        QCOMPARE(replayed.GetText(), recorded.GetText());
+        QCOMPARE(Replays::FindFault(play), QString());
     }
 
     void whatAnotherPanelCalledIsFound_data()
@@ -244,16 +233,19 @@ private slots:
         const auto click = [](Qt::KeyboardModifiers modifiers, const QString& strName) {
             return SSessionStep{ strName, [=](CPanelSession& session) { session.Click(strName, modifiers); } };
         };
-        std::vector<SSessionStep> vecStep{ click({}, "alpha"), click(Qt::ControlModifier, "beta"), click({}, "alpha") };
-        const CRecordedSession recorded({ vecStep });
-        const CRecordedRun run = Read(recorded);
-        vecStep.back().fnDo = [](CPanelSession&) { };
+        const std::vector<SSessionStep> vecStep{ click({}, "alpha"), click(Qt::ControlModifier, "beta"), click({}, "alpha") };
+        std::vector<SSessionStep> vecOther = vecStep;
+        vecOther.back().fnDo = [](CPanelSession&) { };
+        const auto play = [&] {
+            const CRecordedSession recorded({ vecStep });
+            CReplayedSession replayed;
+            replayed.nMostWait = nShortWait;
+            replayed.Play(Replays::Read(recorded), vecOther);
+            const bool bFound = replayed.GetFault().startsWith("The panel did not call SetSelectedNodes");
+            return bFound ? QString() : "found: " + replayed.GetFault();
+        };
 
-        CReplayedSession replayed;
-        replayed.nMostWait = nShortWait;
-        replayed.Play(run, vecStep);
-
-        QVERIFY2(replayed.GetFault().startsWith("The panel did not call SetSelectedNodes"), qPrintable(replayed.GetFault()));
+        QCOMPARE(Replays::FindFault(play), QString());
     }
 
     void anUnchangedRecordingHasNoDifference()
@@ -272,7 +264,7 @@ private slots:
         const CRecordedSession recorded({ vecStep, {}, false, 8192 });
         for (const int nGone : { 1, 3, 1 }) { // up to the middle of a dialog
             recorded.RemoveFirstFiles(nGone);
-            const CRecordedRun run = Read(recorded);
+            const CRecordedRun run = Replays::Read(recorded);
             QVERIFY(!run.HasBeginning() && run.HasEnd());
 
             CReplayedSession replayed;
@@ -289,7 +281,7 @@ private slots:
                                             { "loose", [](CPanelSession& session) { session.PressButton("Add group"); } } },
                                           {},
                                           true });
-        const CRecordedRun run = Read(recorded);
+        const CRecordedRun run = Replays::Read(recorded);
         QVERIFY(run.IsMasked());
 
         CReplayedSession replayed;

@@ -1,6 +1,6 @@
 #include "Builders.h"
-#include "CReplayedSession.h"
 #include "CorvidControl/file/ListFormat.h"
+#include "Replays.h"
 #include "SessionSteps.h"
 #include "TestMain.h"
 
@@ -41,9 +41,7 @@ private:
 
 } // namespace
 
-/// The same recording, and others, again and again on a machine that is busy. When the machine is so busy while it is recorded
-/// that a refresh is shown between a click and its command, what of both came first is in no recording: such a one differs at
-/// each replay, and another is made then.
+/// The same recording, and others, again and again on a machine that is busy.
 class CReplayStormTest : public QObject
 {
     Q_OBJECT
@@ -60,36 +58,25 @@ private slots:
     void runsWithoutTheirFirstFilesHaveNoDifference()
     {
         for (int nRecording = 0; nRecording < 3; ++nRecording) {
-            QCOMPARE(FindFault([this] { return PlayWithoutFirstFiles(); }), QString());
+            QCOMPARE(Replays::FindFault([this] { return PlayWithoutFirstFiles(); }), QString());
         }
     }
 
     void fiftyReplaysUnderLoadHaveNoDifference()
     {
         for (int nRecording = 0; nRecording < 5; ++nRecording) {
-            QCOMPARE(FindFault([this] { return PlayTenTimes(); }), QString());
+            QCOMPARE(Replays::FindFault([this] { return PlayTenTimes(); }), QString());
         }
     }
 
 private:
-    /// Of the last of at most three recordings.
-    template <typename FnPlay> static QString FindFault(FnPlay fnPlay)
-    {
-        QString strFault = fnPlay();
-        for (int n = 0; n < 2 && !strFault.isEmpty(); ++n) {
-            qInfo("Recorded once more: %s", qPrintable(strFault));
-            strFault = fnPlay();
-        }
-        return strFault;
-    }
-
     QString PlayWithoutFirstFiles() const
     {
         const CRecordedSession recorded({ vecStep, SessionSteps::Storm(), false, 8192 });
         const CLoad load;
-        CRecordedRun run = Read(recorded);
+        CRecordedRun run = Replays::Read(recorded);
         while (run.GetFirstPlace() < run.GetLines().size()) {
-            const QString strFault = Play(run, recorded);
+            const QString strFault = Replays::Play(run, vecStep, recorded);
             if (!strFault.isEmpty()) {
                 return strFault;
             }
@@ -106,32 +93,12 @@ private:
     {
         const CRecordedSession recorded({ vecStep, SessionSteps::Storm() });
         const CLoad load;
-        const CRecordedRun run = Read(recorded);
+        const CRecordedRun run = Replays::Read(recorded);
         QString strFault;
         for (int n = 0; n < 10 && strFault.isEmpty(); ++n) {
-            strFault = Play(run, recorded);
+            strFault = Replays::Play(run, vecStep, recorded);
         }
         return strFault;
-    }
-
-    QString Play(const CRecordedRun& run, const CRecordedSession& recorded) const
-    {
-        CReplayedSession replayed;
-        replayed.Play(run, vecStep);
-        if (!replayed.GetFault().isEmpty() || replayed.GetText() == recorded.GetText()) {
-            return replayed.GetFault();
-        }
-        return QStringLiteral("%1 instead of %2").arg(replayed.GetText(), recorded.GetText());
-    }
-
-    static CRecordedRun Read(const CRecordedSession& recorded)
-    {
-        CRecordedRun run;
-        QString strError;
-        if (!run.Read(recorded.GetFolder(), strError)) {
-            qFatal("%s", qPrintable(strError));
-        }
-        return run;
     }
 
     QTemporaryDir folder;
