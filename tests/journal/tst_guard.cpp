@@ -129,7 +129,13 @@ private slots:
         CGuardedLibrary library;
         library.guard.WatchLoop();
         library.control.During("ImportList", [] { Block(std::chrono::milliseconds(150)); });
-        QTimer::singleShot(0, &library.guard, [] { g_pPrcListControl->ImportList("/a.kvtl"); });
+        int nCalls = 0;
+        QTimer timer; // again and again: on a loaded machine much of a stall may be something else
+        connect(&timer, &QTimer::timeout, &library.guard, [&nCalls] {
+            ++nCalls;
+            g_pPrcListControl->ImportList("/a.kvtl");
+        });
+        timer.start(300);
         const auto fnByImport = [&] {
             const QList<QJsonObject> listStall = library.Lines("stall");
             return std::any_of(listStall.begin(), listStall.end(), [](const QJsonObject& line) {
@@ -137,7 +143,8 @@ private slots:
             });
         };
         QTRY_VERIFY(fnByImport());
-        QCOMPARE(library.Count("PrcListControl.ImportList"), 1);
+        timer.stop();
+        QCOMPARE(library.Count("PrcListControl.ImportList"), nCalls);
     }
 
     void aLongStallIsCountedBesideAShortCallInIt()
