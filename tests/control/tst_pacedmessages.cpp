@@ -27,6 +27,7 @@ public:
         }
         HearNow();
         clock.Turn(100ms);
+        recorder.Await(MessageSettled);
         Forget();
         const std::lock_guard<std::mutex> lock(mutex);
         vecTime.clear();
