@@ -131,6 +131,6 @@ PTV_SANITIZE=${PTV_SANITIZE};\
 ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1;\
 LSAN_OPTIONS=suppressions=${suppressions}/leak.supp:print_suppressions=0;\
 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1;\
-TSAN_OPTIONS=ignore_noninstrumented_modules=1:exitcode=66:atexit_sleep_ms=100;\
+TSAN_OPTIONS=ignore_noninstrumented_modules=1:exitcode=66:atexit_sleep_ms=100:suppressions=${suppressions}/thread.supp:print_suppressions=0;\
 ${TEST_ENVIRONMENT}")
 endfunction()

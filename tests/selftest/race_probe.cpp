@@ -19,13 +19,21 @@
 #include <string>
 #include <thread>
 
-/// A signal that the program emits, not Qt itself.
+/// A record that Qt copies for a queued signal, by code of the program.
+struct SNumber
+{
+    int n = 0;
+};
+Q_DECLARE_METATYPE(SNumber)
+
+/// Signals that the program emits, not Qt itself.
 class CEmitter final : public QObject
 {
     Q_OBJECT
 
 signals:
     void Emitted();
+    void Counted(const SNumber& number);
 };
 
 namespace {
@@ -260,6 +268,26 @@ void CleanQueuedSignal()
     thread.wait();
 }
 
+// Qt copies the record when the signal has been emitted.
+void CleanQueuedRecord()
+{
+    qRegisterMetaType<SNumber>();
+    CEmitter emitter;
+    QObject receiver;
+    int nSum = 0;
+    std::atomic_bool bEmitted{ false };
+    QObject::connect(&emitter, &CEmitter::Counted, &receiver, [&nSum](const SNumber& number) { nSum += number.n; });
+    std::thread other([&emitter, &bEmitted] {
+        emit emitter.Counted({ 1 });
+        bEmitted.store(true, std::memory_order_relaxed);
+    });
+    while (!bEmitted.load(std::memory_order_relaxed)) {
+        QThread::yieldCurrentThread();
+    }
+    QCoreApplication::sendPostedEvents(&receiver);
+    other.join();
+}
+
 void CleanInvokedMethods()
 {
     QThread thread;
@@ -322,6 +350,7 @@ const std::map<std::string, FnPattern> mapPattern{
     { "cleanSteadyWait", &CleanSteadyWait },
     { "cleanSemaphore", &CleanSemaphore },
     { "cleanQueuedSignal", &CleanQueuedSignal },
+    { "cleanQueuedRecord", &CleanQueuedRecord },
     { "cleanInvokedMethods", &CleanInvokedMethods },
     { "cleanPoolJob", &CleanPoolJob },
     { "cleanThreadAfterWait", &CleanThreadAfterWait },

@@ -51,7 +51,7 @@ private slots:
     void correctPatternIsSilent_data()
     {
         AddRows({ "cleanReadWriteLock", "cleanReaders", "cleanMutex", "cleanWaitCondition", "cleanSteadyWait", "cleanSemaphore",
-                  "cleanQueuedSignal", "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait",
+                  "cleanQueuedSignal", "cleanQueuedRecord", "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait",
                   "cleanWorkerThatDeletesItself" });
     }
 
