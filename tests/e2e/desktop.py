@@ -116,10 +116,11 @@ class Desktop:
         self.move(x, y)
         self.xdotool("click", "--repeat", 2, "--delay", 60, 1)
 
-    def drag(self, start, end):
-        """Press, pull free, travel in steps, let go."""
+    def drag(self, start, end, click_first=False):
+        """Press, pull free, travel in steps, let go. click_first: the press makes a double click with one just before it, as
+        near as the server takes them."""
         self.move(*start)
-        self.xdotool("mousedown", 1)
+        self.xdotool(*(("click", 1) if click_first else ()), "mousedown", 1)
         for offset in (3, 9):
             self.move(start[0], start[1] + offset)
         time.sleep(0.3)  # paced: a drag starts after a rest

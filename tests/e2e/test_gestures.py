@@ -262,6 +262,16 @@ class Dragging(Scene):
         self.assertEqual(self.kestrel.journal("^MoveProcessor", "command", mark), [])
         self.assertEqual(self.kestrel.quit(), 0)
 
+    def test_a_press_within_the_double_click_time_arms_no_drag(self):
+        self.select(self.TWO)
+        mark = self.kestrel.mark()
+        self.desktop.drag(self.grip(self.TWO), self.kestrel.row(self.STAGE), click_first=True)
+        self.wait_for_hover(self.ONE)  # no row is lit while a drag runs
+        self.select(self.ONE)
+        self.assertEqual(self.kestrel.journal("^MoveProcessor", "command", mark), [])
+        self.assertEqual(len(self.kestrel.journal("^SetExpanded", "command", mark)), 1)  # the double click
+        self.assertEqual(self.kestrel.quit(), 0)
+
     def test_the_drop_target_is_marked_while_the_drag_runs(self):
         self.select(self.ONE)
         start, end = self.grip(self.ONE), self.kestrel.row(self.EMPTY)
@@ -274,7 +284,6 @@ class Dragging(Scene):
         finally:
             self.desktop.xdotool("mouseup", 1)
         self.assertEqual(self.kestrel.quit(), 0)
-
 
     def grip(self, row):
         """Where to take a row: away from the last click, so that the press is no double click."""

@@ -406,8 +406,6 @@ class Kept(Gestures):
         self.click(self.NOISE_1)
         self.deviate(hidden, lambda: self.type_under_filter("noise 1", "Down", "Delete"), " Delete",
                      [f"job DeleteProcessor({self.NOISE_1}, false)"])
-        self.click(self.NOISE_2)
-        self.deviate("a press within the double-click time arms no drag", self.drag_by_double_click, " Move", [])
         self.meet("no hover after a rebuild until the mouse moves")
         self.expect_darkness()
         self.click(ROOT)
@@ -442,11 +440,6 @@ class Kept(Gestures):
         self.desktop.key(*keys)
         self.kestrel.wait_for(r"SetBusy\(false", after=mark)
         self.desktop.click(self.kestrel.x + self.kestrel.panel_width() - 24, y - desktop.ROW)
-
-    def drag_by_double_click(self):
-        grip = self.point(self.NOISE_2, 200)
-        self.desktop.click(*grip)
-        self.desktop.drag(grip, self.point(self.STAGE, 200))
 
     def expect_darkness(self):
         """The light goes out under a mouse that rests."""
