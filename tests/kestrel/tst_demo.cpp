@@ -2,6 +2,9 @@
 #include "TestMain.h"
 
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <algorithm>
 
@@ -30,6 +33,46 @@ constexpr char szScenario[] = R"({
     ]
 })";
 
+QByteArray StretchTimes(const char* szText, int nTimes)
+{
+    QJsonObject scenario = QJsonDocument::fromJson(szText).object();
+    for (const QString& strPart : { QStringLiteral("steps"), QStringLiteral("ui") }) {
+        QJsonArray arrayStretched;
+        const QJsonArray arrayPart = scenario.value(strPart).toArray();
+        for (const QJsonValue& value : arrayPart) {
+            QJsonObject step = value.toObject();
+            step["at"] = step["at"].toDouble() * nTimes;
+            arrayStretched.append(step);
+        }
+        scenario[strPart] = arrayStretched;
+    }
+    return QJsonDocument(scenario).toJson();
+}
+
+QStringList ShotPaths(const CProgram& program)
+{
+    QStringList listPath;
+    for (const char* szName : { "01-start", "02-two-selected", "03-search", "04-simulator", "05-chief-mode", "06-dialog" }) {
+        listPath.append(program.Path(QStringLiteral("shots/%1.png").arg(szName)));
+    }
+    return listPath;
+}
+
+/// The first picture whose panel looks as that of one before; empty when all differ. The journal beside it differs by its times
+/// alone.
+QString FindRepeatedPanel(const QStringList& listPath)
+{
+    QVector<QImage> vecPanel;
+    for (const QString& strPath : listPath) {
+        const QImage panel = QImage(strPath).copy(0, 28, 350, 660);
+        if (vecPanel.contains(panel)) {
+            return strPath;
+        }
+        vecPanel.append(panel);
+    }
+    return {};
+}
+
 } // namespace
 
 class CDemoTest : public QObject
@@ -51,24 +94,25 @@ private slots:
         QFETCH(QString, strLanguage);
         CProgram program;
         QVERIFY(QDir().mkdir(program.Path("shots")));
-        const QString strScenario = program.Write("a.json", szScenario);
+        const QString strList = program.CopyExample("studio.kvtl");
 
-        QVERIFY(program.Run({ "--list", program.CopyExample("studio.kvtl"), "--scenario", strScenario, "--shots",
-                              program.Path("shots"), "--lang", strLanguage }));
+        QString strRepeated;
+        for (int nTimes : { 1, 4 }) { // on a busy machine a change may not be shown yet when its picture is due
+            const QString strScenario = program.Write("a.json", StretchTimes(szScenario, nTimes));
+            QVERIFY(program.Run(
+                { "--list", strList, "--scenario", strScenario, "--shots", program.Path("shots"), "--lang", strLanguage },
+                nTimes * nPatience));
 
-        QCOMPARE(program.Errors(), QStringList());
-        QCOMPARE(program.ExitCode(), 0);
-        const QStringList listPath = program.Output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        const QStringList listName{ "01-start", "02-two-selected", "03-search", "04-simulator", "05-chief-mode", "06-dialog" };
-        QCOMPARE(listPath.size(), listName.size());
-        // The panel only: the journal beside it differs by its times alone.
-        QVector<QImage> vecPanel;
-        for (int n = 0; n < listPath.size(); ++n) {
-            QCOMPARE(listPath[n], program.Path("shots/" + listName[n] + ".png"));
-            const QImage panel = QImage(listPath[n]).copy(0, 28, 350, 660);
-            QVERIFY2(!vecPanel.contains(panel), qPrintable(listPath[n]));
-            vecPanel.append(panel);
+            QCOMPARE(program.Errors(), QStringList());
+            QCOMPARE(program.ExitCode(), 0);
+            const QStringList listPath = program.Output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            QCOMPARE(listPath, ShotPaths(program));
+            strRepeated = FindRepeatedPanel(listPath);
+            if (strRepeated.isEmpty()) {
+                break;
+            }
         }
+        QCOMPARE(strRepeated, QString());
     }
 
     void aMarkOpensAndShutsTheJournal()

@@ -79,10 +79,11 @@ bool AwaitChanges()
     bool bCame = true;
     for (int n = 0; bCame && n < nChanges; ++n) {
         const SProcessorAllNode before = GetList();
-        bCame = QTest::qWaitFor([&] {
+        const auto IsOther = [&] {
             const SProcessorAllNode now = GetList();
             return now.listGroup != before.listGroup || now.listProcessor != before.listProcessor;
-        });
+        };
+        bCame = QTest::qWaitFor(IsOther, nPatience);
     }
     return bCame;
 }

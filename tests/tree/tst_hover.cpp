@@ -4,6 +4,7 @@
 #include "model/EnItemRole.h"
 #include "model/SPrcNodeItem.h"
 
+#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -14,6 +15,7 @@ const QColor colorBackground("#1C1E21");
 const QColor colorHovered("#42464D");
 const char* const szPrimary = "Processor redundancy enabled. This processor has been set as Primary.";
 const char* const szChief = "Chief-Member mode enabled. This processor has been set as Chief.";
+constexpr int nTipDelayMs = 40; // until a tip that is up follows the mouse
 const char* const szLongName = "a name that is far too long for a tree of three hundred pixels, whatever the font may be";
 
 SProcessorAllNode Site()
@@ -186,10 +188,16 @@ private slots:
         ShowChiefs(fixture);
         const QPoint ptChief = MarkOf(fixture, "pair", &SPrcNodeItem::rcChief);
         const QPoint ptFailover = MarkOf(fixture, "pair", &SPrcNodeItem::rcFailover);
-        MoveMouse(fixture, ptFailover);
-        AskForTip(fixture, ptFailover);
-        MoveMouse(fixture, ptChief);
-        QCOMPARE(Tip(), QString::fromLatin1(szPrimary)); // not yet
+        QElapsedTimer time;
+        QString strAtOnce;
+        do { // once more where the machine was away for as long as the delay
+            MoveMouse(fixture, ptFailover);
+            AskForTip(fixture, ptFailover);
+            time.start();
+            MoveMouse(fixture, ptChief);
+            strAtOnce = Tip();
+        } while (strAtOnce != szPrimary && time.hasExpired(nTipDelayMs));
+        QCOMPARE(strAtOnce, QString::fromLatin1(szPrimary)); // not yet
         QTRY_COMPARE(Tip(), QString::fromLatin1(szChief));
     }
 
