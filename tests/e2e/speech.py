@@ -108,7 +108,10 @@ class Reader:
             pass
 
     def _say_focus(self, node):
-        """What has the focus already is not said again, only better: its state may follow its focus."""
+        """What has the focus already is not said again, only better: its state may follow its focus. A row that is rebuilt before
+        it answers has no name any more."""
+        if node.get_role() == Atspi.Role.TABLE_CELL and not node.get_name():
+            return
         line = describe(node)
         if node.path == self.focus and not self.lines[-1].startswith("now "):
             self.lines.pop()
