@@ -34,7 +34,7 @@ public:
         const auto isDone = [&] { return clock.GetWaits() > nWaits || panel.watch.HasCome(MessageSettled); };
         const QDeadlineTimer deadline(nPatience);
         while (!(isDone() && panel.watch.GetQueued() == 0) && !deadline.hasExpired()) {
-            std::this_thread::sleep_for(50us); // a wait that spins takes the core from what it waits for
+            clock.AwaitWait(clock.GetWaits(), 1ms); // a wait that spins takes the core from what it waits for
         }
         QVERIFY(!deadline.hasExpired());
         QCoreApplication::processEvents();
