@@ -6,6 +6,7 @@
 
 #include <functional>
 
+Q_DECLARE_METATYPE(SProcessorAllNode)
 Q_DECLARE_METATYPE(std::vector<QUuid>)
 Q_DECLARE_METATYPE(std::function<bool*(SProcessorAllNode&)>)
 
@@ -107,6 +108,26 @@ private slots:
             store.SetExpanded(id, bExpanded);
             QVERIFY(IsSame(CurrentTree(store), nodeExpected));
             QVERIFY(IsSame(TreeOfPane(store, true), SimulatorTree()));
+        }
+    }
+
+    void expandingTheRootReachesNoNodeWithoutAnId_data()
+    {
+        QTest::addColumn<SProcessorAllNode>("node");
+        QTest::newRow("group") << Root({ Group("Stage").NodeId(QUuid()) });
+        QTest::newRow("member") << Root({ Group("Stage", { Processor("a").NodeId(QUuid()) }) });
+        QTest::newRow("in no group") << Root({}, { Processor("d").NodeId(QUuid()) });
+    }
+
+    void expandingTheRootReachesNoNodeWithoutAnId()
+    {
+        QFETCH(SProcessorAllNode, node);
+        CProcessorTreeData store;
+        store.SetCurrentTree(node);
+        for (const bool bExpanded : { false, true, false }) {
+            node.bExpanded = bExpanded;
+            store.SetExpanded(QUuid(), bExpanded);
+            QVERIFY(IsSame(CurrentTree(store), node));
         }
     }
 

@@ -249,6 +249,22 @@ private slots:
         QCOMPARE(nRoots, nAsked);
     }
 
+    void idsAreKnownBeforeARebuildOpensTheirRows()
+    {
+        CModelFixture fixture(TwoGroups());
+        QStringList listOpened;
+        const auto fnAsk = [&](const QModelIndex& index) {
+            const QUuid id = index.data(RoleNodeId).toUuid();
+            listOpened += !id.isNull() && fixture.Index(id) == index ? CNameRegistry::Instance().Text(id) : QString("root");
+        };
+        connect(fixture.pTree.get(), &QTreeView::expanded, this, fnAsk);
+        // Otherwise blocked until the rebuild has returned.
+        const auto fnUnblock = [&] { fixture.pTree->blockSignals(false); };
+        connect(fixture.pModel, &QStandardItemModel::rowsInserted, this, fnUnblock);
+        fixture.Rebuild();
+        QCOMPARE(listOpened, (QStringList{ "root", "Stage", "b", "c", "e" }));
+    }
+
     void openingARowTellsTheStoreAndTheLibrary_data()
     {
         QTest::addColumn<QUuid>("id");
