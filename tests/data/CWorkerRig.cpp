@@ -12,6 +12,8 @@ public:
     static constexpr auto pExit = &CAccess::bExit;
     static constexpr auto pQueue = &CAccess::listMessage;
     static constexpr auto pQueueMutex = &CAccess::mutexQueue;
+    static constexpr auto pWakeMutex = &CAccess::mutexWake;
+    static constexpr auto pWakeCondition = &CAccess::condWake;
     static constexpr auto fnActivate = &CAccess::ActivateThread;
 };
 
@@ -38,9 +40,25 @@ std::mutex& CWorkerProbe::QueueMutex() const
     return pThread->*CAccess::pQueueMutex;
 }
 
+std::mutex& CWorkerProbe::WakeMutex() const
+{
+    return pThread->*CAccess::pWakeMutex;
+}
+
+std::condition_variable& CWorkerProbe::WakeCondition() const
+{
+    return pThread->*CAccess::pWakeCondition;
+}
+
 void CWorkerProbe::Activate() const
 {
     (pThread->*CAccess::fnActivate)();
+}
+
+void CWorkerProbe::ExitWithOneWakeUp() const
+{
+    pThread->*CAccess::pExit = true;
+    WakeCondition().notify_all();
 }
 
 void CWorkerProbe::Append(int nMessage) const
@@ -81,6 +99,13 @@ void CWorkerRig::RequestStop()
         pWorker->ThreadExit();
         thread.quit();
     }
+}
+
+void CWorkerRig::RequestStopWithOneWakeUp()
+{
+    bStopRequested = true;
+    Probe().ExitWithOneWakeUp();
+    thread.quit();
 }
 
 bool CWorkerRig::Stop(int nTimeout)

@@ -16,7 +16,10 @@ public:
     bool IsToExit() const;
     QList<int> Queue() const;
     std::mutex& QueueMutex() const;
+    std::mutex& WakeMutex() const;
+    std::condition_variable& WakeCondition() const;
     void Activate() const;
+    void ExitWithOneWakeUp() const;
 
     /// Past the filter, without a wake-up.
     void Append(int nMessage) const;
@@ -39,6 +42,9 @@ public:
     /// Asks the worker to end and waits for it; false when it has not ended within nTimeout milliseconds.
     bool Stop(int nTimeout = nPatience);
     void RequestStop();
+
+    /// A stop as it would be without the thread that repeats the wake-up.
+    void RequestStopWithOneWakeUp();
 
     /// True when the signal for message 59 has come once more.
     bool WaitForToolBar(int nTimeout = nPatience);

@@ -1,13 +1,19 @@
 #include "CWorkerRig.h"
 #include "TestMain.h"
+#include "data/CProcessorTreeData.h"
 #include "double/CControlDouble.h"
 
+#include <atomic>
 #include <future>
 #include <limits>
+#include <thread>
 
 namespace {
 
 using namespace std::chrono_literals;
+
+/// Far longer than anything takes that does not wait for a lock.
+constexpr int nLongMs = 30;
 
 const QSet<int> setRefreshing{ 1, 7, 9, 10, 14, 15, 32, 53, 54 };
 const QStringList listSubject{ "g_pPrcBasicControl",      "g_pPrcListControl",  "g_pRuntimeControl",   "g_pPrcRuntimeControl",
@@ -20,6 +26,13 @@ QStringList CallsOf(const char* pOperation, const QString& strThread)
         listCall.append(strThread + ": " + strSubject + "." + pOperation + "(observer)");
     }
     return listCall;
+}
+
+void SpinUntil(const std::atomic<bool>& bFlag)
+{
+    while (!bFlag.load(std::memory_order_relaxed)) {
+        QThread::yieldCurrentThread();
+    }
 }
 
 } // namespace
@@ -191,6 +204,61 @@ private slots:
         lock.unlock();
         QVERIFY(bDropped);
         QVERIFY(!bFiledEarly);
+    }
+
+    void theFrontIsReadUnderTheLockOfTheQueue()
+    {
+        CControlDouble control;
+        CWorkerRig rig;
+        rig.pWorker->Notify(1);
+        std::unique_lock<std::mutex> lock(rig.Probe().QueueMutex());
+        rig.Start();
+        const bool bEarly = control.WaitForCall("GetDiscoveredTree", 1, nLongMs);
+        lock.unlock();
+        QVERIFY(!bEarly);
+        QVERIFY(control.WaitForCall("GetDiscoveredTree"));
+    }
+
+    void theFrontIsRemovedUnderTheLockOfTheQueue()
+    {
+        CControlDouble control;
+        control.Hold("GetDiscoveredTree");
+        CWorkerRig rig;
+        rig.pWorker->Notify(1);
+        rig.Start();
+        QVERIFY(control.WaitForHeld("GetDiscoveredTree"));
+        std::unique_lock<std::mutex> lock(rig.Probe().QueueMutex());
+        control.Release("GetDiscoveredTree");
+        const bool bEarly = QTest::qWaitFor([&] { return rig.Probe().IsIdle(); }, nLongMs);
+        lock.unlock();
+        QVERIFY(!bEarly);
+        QVERIFY(rig.WaitForIdle());
+    }
+
+    /// For the thread sanitizer: nothing but the lock of the queue orders the two threads, for it overlooks relaxed
+    /// operations.
+    void aMessageIsFiledOnAThreadOfItsOwnDuringARefresh()
+    {
+        CControlDouble control;
+        control.Set([](SControlAnswers& answers) { answers.strProject = QUuid::createUuid().toString(); });
+        std::atomic<bool> bRefreshing{ false };
+        std::atomic<bool> bFiled{ false };
+        QObject context;
+        const auto fnWait = [&] {
+            bRefreshing.store(true, std::memory_order_relaxed);
+            SpinUntil(bFiled);
+        };
+        connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyWindowTitle, &context, fnWait, Qt::DirectConnection);
+        CWorkerRig rig;
+        rig.pWorker->Notify(1);
+        std::thread other([&] {
+            SpinUntil(bRefreshing);
+            rig.pWorker->Notify(1);
+            bFiled.store(true, std::memory_order_relaxed);
+        });
+        rig.Start();
+        other.join();
+        QVERIFY(control.WaitForCall("IsSimulatorPane", 2));
     }
 
     void anUnknownNumberInTheQueueIsOnlyRemoved()
