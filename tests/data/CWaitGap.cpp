@@ -12,10 +12,10 @@ std::atomic<CWaitGap*> s_pGap{ nullptr };
 } // namespace
 
 // Found before the one of the library, by the panel's objects too, which are linked into the program.
-void std::condition_variable::wait(std::unique_lock<std::mutex>& __lock)
+void std::condition_variable::wait(std::unique_lock<std::mutex>& lock)
 {
     CWaitGap::Pass(*this);
-    pthread_cond_wait(native_handle(), __lock.mutex()->native_handle());
+    pthread_cond_wait(native_handle(), lock.mutex()->native_handle());
 }
 
 CWaitGap::CWaitGap(const std::condition_variable& conditionIn) : condition(conditionIn)

@@ -5,6 +5,7 @@
 
 #include <QReadWriteLock>
 
+#include <algorithm>
 #include <future>
 
 namespace {
@@ -31,18 +32,20 @@ bool EndsWithin(const std::future<void>& future, std::chrono::milliseconds nTime
     return future.wait_for(nTime) == std::future_status::ready;
 }
 
-bool IsWriter(const SStoreCall& call)
+/// The calls that write into the store, or all others.
+std::vector<SStoreCall> Calls(bool bWriting)
 {
     static const QStringList listWriter{ "SetSimulatorPane", "SetSelectedNodes", "SetExpanded", "AppendGroup" };
-    return listWriter.contains(call.pName);
+    std::vector<SStoreCall> vecCall = SStoreCall::All();
+    const auto fnOther = [&](const SStoreCall& call) { return listWriter.contains(call.pName) != bWriting; };
+    vecCall.erase(std::remove_if(vecCall.begin(), vecCall.end(), fnOther), vecCall.end());
+    return vecCall;
 }
 
 void ReadAll(CProcessorTreeData& store)
 {
-    for (const SStoreCall& call : SStoreCall::All()) {
-        if (!IsWriter(call)) {
-            call.fnCall(store);
-        }
+    for (const SStoreCall& call : Calls(false)) {
+        call.fnCall(store);
     }
 }
 
@@ -58,36 +61,26 @@ template <typename Call> bool PassesAReader(const CProcessorTreeData& store, std
 
 } // namespace
 
-Q_DECLARE_METATYPE(SStoreCall)
-
 /// Readers of the store do not wait for each other, and writers wait for them.
 class CStoreReadersTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void aQueryRunsBesideAReader_data()
-    {
-        AddCalls(false);
-    }
-
     void aQueryRunsBesideAReader()
     {
-        QFETCH(SStoreCall, call);
         CFilledStore store;
-        QVERIFY(PassesAReader(store, timeDeadline, [&] { call.fnCall(store); }));
-    }
-
-    void aWriterWaitsForAReader_data()
-    {
-        AddCalls(true);
+        for (const SStoreCall& call : Calls(false)) {
+            QVERIFY2(PassesAReader(store, timeDeadline, [&] { call.fnCall(store); }), call.pName);
+        }
     }
 
     void aWriterWaitsForAReader()
     {
-        QFETCH(SStoreCall, call);
         CFilledStore store;
-        QVERIFY(!PassesAReader(store, timeLong, [&] { call.fnCall(store); }));
+        for (const SStoreCall& call : Calls(true)) {
+            QVERIFY2(!PassesAReader(store, timeLong, [&] { call.fnCall(store); }), call.pName);
+        }
     }
 
     void aRefreshWaitsForAReader()
@@ -133,17 +126,6 @@ private slots:
         }
         QVERIFY(bSecondWaited);
         QVERIFY(EndsWithin(second, timeDeadline));
-    }
-
-private:
-    static void AddCalls(bool bWriters)
-    {
-        QTest::addColumn<SStoreCall>("call");
-        for (const SStoreCall& call : SStoreCall::All()) {
-            if (IsWriter(call) == bWriters) {
-                QTest::newRow(call.pName) << call;
-            }
-        }
     }
 };
 

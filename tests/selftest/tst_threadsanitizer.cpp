@@ -37,7 +37,8 @@ private slots:
     void plantedRaceIsReported_data()
     {
         AddRows({ "raceWithoutLock", "raceWriteUnderReadLock", "raceAfterRecursiveUnlock", "raceTwoMutexes", "raceWithPoolJob",
-                  "raceWithThreadBeforeWait", "raceBehindSteadyWait" });
+                  "raceWithThreadBeforeWait", "raceBehindSteadyWait", "raceOnGrowingList", "raceOnShrinkingList", "raceOnString",
+                  "raceOnMap" });
     }
 
     void plantedRaceIsReported()
@@ -52,7 +53,8 @@ private slots:
     {
         AddRows({ "cleanReadWriteLock", "cleanReaders", "cleanMutex", "cleanWaitCondition", "cleanSteadyWait", "cleanSemaphore",
                   "cleanQueuedSignal", "cleanQueuedRecord", "cleanInvokedMethods", "cleanPoolJob", "cleanThreadAfterWait",
-                  "cleanWorkerThatDeletesItself" });
+                  "cleanWorkerThatDeletesItself", "cleanList", "cleanSharedList", "cleanThreadStorage",
+                  "cleanDestructorsAfterFinished", "cleanQueuedFinished", "cleanThreadThatDeletesItself" });
     }
 
     void correctPatternIsSilent()

@@ -63,8 +63,7 @@ void TsanQt::BeforeDelivery(QObject* pReceiver, QEvent* pEvent)
 
 void TsanQt::AfterDelivery(QObject* pReceiver)
 {
-    // The receiver may be gone; its address is all that is used. The thread's own point is for what is
-    // delivered after QThread::finished was emitted, the deletion of its workers.
+    // The receiver may be gone; its address is all that is used. One that was a QThread has waited for its end.
     PutOut(pReceiver);
-    PutOut(QThread::currentThread());
+    TakeOut(pReceiver);
 }

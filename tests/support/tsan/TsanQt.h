@@ -17,13 +17,20 @@ class QObject;
 ///     TsanThreads.cpp    QThread, QThreadPool
 ///     TsanFutures.cpp    results and ends of futures
 ///
-/// Not seen: a race on a value whose copy is made inside Qt, such as the characters of a QString, or on the
-/// copy of a queued signal's argument (suppressions/thread.supp); a value that is changed after the queued
-/// signal that announced it; a signal that Qt emits itself, such as objectNameChanged (the library's own calls
-/// pass by the program's definitions), but for those of threads and futures, so that its queued slot may be
-/// reported falsely; what runs inside QThread::create (its call passes through a once-flag inside Qt, in which
-/// the sanitizer looks away): a QThread of its own class or a worker object is seen. QThreadPool::tryTake does
-/// not find a job, which is wrapped here.
+/// Nor does it see what Qt does to the containers of a program. Two more files tell it what these calls read and write:
+///
+///     TsanLists.cpp      QList: all that adds, removes, moves, copies or frees its elements
+///     TsanValues.cpp     assignments of QString and QByteArray; insertion into a QMap, removal from it
+///
+/// QVector and QHash need nothing: their accesses are compiled into the program.
+///
+/// Not seen: a change of the characters of a QString in place, such as by append; a race on the copy of a queued
+/// signal's argument (suppressions/thread.supp); a value that is changed after the queued signal that announced it;
+/// a signal that Qt emits itself, such as objectNameChanged (the library's own calls pass by the program's
+/// definitions), but for those of threads and futures, so that its queued slot may be reported falsely; what runs
+/// inside QThread::create (its call passes through a once-flag inside Qt, in which the sanitizer looks away): a
+/// QThread of its own class or a worker object is seen. QThreadPool::tryTake does not find a job, which is wrapped
+/// here.
 ///
 /// Each object stands for two points of order: its own address for what goes into it (a lock that was
 /// given back, a signal that was emitted, a job that was queued), and the address behind for what comes

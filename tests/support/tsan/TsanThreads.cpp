@@ -1,5 +1,6 @@
 #include "tsan/TsanOrder.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDeadlineTimer>
 #include <QThread>
 #include <QThreadPool>
@@ -35,12 +36,49 @@ private:
     bool bOwns;
 };
 
+/// What a thread does until it emits QThread::finished comes before the slots of that signal. Of the slots of one thread
+/// this one has to be the first, since the others may be delivered while it runs.
+void OrderBeforeFinished(QThread* pThread)
+{
+    QObject::connect(pThread, &QThread::finished, [pThread] { PutIn(pThread); });
+}
+
+/// What a thread does at all comes before the end of QThread::wait: also the destructors that run behind
+/// QThread::finished, of objects that are deleted later and of what QThreadStorage holds. The dispatcher goes last.
+void OrderBeforeWait(QThread* pThread)
+{
+    QObject::connect(QAbstractEventDispatcher::instance(), &QObject::destroyed, [pThread] { PutOut(pThread); });
+}
+
+using FnConstructor = void (*)(QThread*, QObject*);
+
 } // namespace
+
+// A constructor can be defined a second time under its symbols only: of a QThread, and of the base of another class.
+extern "C" {
+
+void TsanQtMakeThread(QThread* pThread, QObject* pParent) asm("_ZN7QThreadC1EP7QObject");
+void TsanQtMakeThreadBase(QThread* pThread, QObject* pParent) asm("_ZN7QThreadC2EP7QObject");
+
+void TsanQtMakeThread(QThread* pThread, QObject* pParent)
+{
+    static const auto fnOriginal = Original<FnConstructor>("_ZN7QThreadC1EP7QObject");
+    fnOriginal(pThread, pParent);
+    OrderBeforeFinished(pThread);
+}
+
+void TsanQtMakeThreadBase(QThread* pThread, QObject* pParent)
+{
+    static const auto fnOriginal = Original<FnConstructor>("_ZN7QThreadC2EP7QObject");
+    fnOriginal(pThread, pParent);
+    OrderBeforeFinished(pThread);
+}
+}
 
 void QThread::start(Priority priority)
 {
     static const auto fnOriginal = Original<void (*)(QThread*, Priority)>("_ZN7QThread5startENS_8PriorityE");
-    connect(this, &QThread::finished, [this] { PutOut(this); });
+    connect(this, &QThread::started, [this] { OrderBeforeWait(this); });
     PutIn(this);
     fnOriginal(this, priority);
 }

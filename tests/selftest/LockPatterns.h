@@ -1,0 +1,10 @@
+#pragma once
+
+#include "RacePattern.h"
+
+/// Locks, conditions and semaphores.
+namespace LockPatterns {
+
+RacePatterns All();
+
+} // namespace LockPatterns
