@@ -91,7 +91,7 @@ private slots:
         QCOMPARE(listRow.at(0), QStringLiteral("4 Mar 2026 14:03:12 | 3 | 12"));
         QCOMPARE(listRow.at(1), QStringLiteral("3 Mar 2026 14:03:12 | – | –"));
         QCOMPARE(listRow.at(2), QStringLiteral("2 Mar 2026 14:03:12 | 1 | 256"));
-        QCOMPARE(scene.host.listCall, QStringList());
+        QCOMPARE(scene.host.Calls(), QStringList());
     }
 
     void datesAndFaultsAreInTheLanguageOfTheProgram_data()
@@ -160,7 +160,7 @@ private slots:
         });
         scene.Open();
         QVERIFY(driver.IsDone());
-        QCOMPARE(scene.host.listCall, QStringList{ "earlier /lists/new" });
+        QCOMPARE(scene.host.Calls(), QStringList{ "earlier /lists/new" });
     }
 
     void aListIsChosenByTheKeyboard()
@@ -175,7 +175,7 @@ private slots:
         });
         scene.Open();
         QVERIFY(driver.IsDone());
-        QCOMPARE(scene.host.listCall, QStringList{ "earlier /lists/old" });
+        QCOMPARE(scene.host.Calls(), QStringList{ "earlier /lists/old" });
     }
 
     void aRefusalStaysInTheDialogWithItsReason()
@@ -196,7 +196,7 @@ private slots:
         });
         scene.Open();
         QVERIFY(driver.IsDone());
-        QCOMPARE(scene.host.listCall, QStringList());
+        QCOMPARE(scene.host.Calls(), QStringList());
     }
 
     void withoutAnEarlierListItSaysSo()

@@ -66,7 +66,7 @@ private slots:
         QVERIFY2(strShown.startsWith("Refused list: The list was refused at the start:\n/lists/own.kvtl"), qPrintable(strShown));
         QVERIFY2(!strShown.contains("the sum"), qPrintable(strShown)); // English, in every language: the journal has it
         QVERIFY2(strShown.contains("What can be read: 1 group, 12 processors; 2 faults."), qPrintable(strShown));
-        QTRY_COMPARE(scene.host.listCall, QStringList{ "use refused" });
+        QTRY_COMPARE(scene.host.Calls(), QStringList{ "use refused" });
         QTRY_VERIFY(!Entry(*scene.pWindow)->isVisible());
     }
 
@@ -86,7 +86,7 @@ private slots:
         driver.Answer(strAnswer);
         Entry(*scene.pWindow)->trigger();
         QTRY_VERIFY(driver.IsDone());
-        QCOMPARE(scene.host.listCall, QStringList());
+        QCOMPARE(scene.host.Calls(), QStringList());
         QVERIFY(Entry(*scene.pWindow)->isVisible());
     }
 

@@ -92,7 +92,7 @@ private slots:
         scene.DeleteJob(3, 1);
 
         QCOMPARE(scene.Names(), QStringList{ "Delete 3 processors" });
-        QCOMPARE(scene.host.listCall, QStringList{ "restore 4>1" });
+        QCOMPARE(scene.host.Calls(), QStringList{ "restore 4>1" });
     }
 
     void twoDeletionJobsAreTwoSteps()
@@ -174,7 +174,7 @@ private slots:
             scene.Edit(CommandMove, "Wall", n);
         }
         QCOMPARE(scene.Names(), QStringList{ "Move 3 processors" });
-        QCOMPARE(scene.host.listCall, QStringList{ "restore 4>1" });
+        QCOMPARE(scene.host.Calls(), QStringList{ "restore 4>1" });
     }
 
     void theMovesOfTwoInputsAreTwoSteps()
@@ -223,11 +223,11 @@ private slots:
         CScene::Settle();
 
         scene.steps.Undo();
-        QCOMPARE(scene.host.listCall, (QStringList{ "restore 4>3", "restore 2>1" }));
-        scene.host.listCall.clear();
+        QCOMPARE(scene.host.Calls(), (QStringList{ "restore 4>3", "restore 2>1" }));
+        scene.host.ClearCalls();
 
         scene.steps.Redo();
-        QCOMPARE(scene.host.listCall, (QStringList{ "restore 1>2", "restore 3>4" }));
+        QCOMPARE(scene.host.Calls(), (QStringList{ "restore 1>2", "restore 3>4" }));
     }
 
     void aStepIsTakenBackWholeOrNotAtAll()
@@ -242,7 +242,7 @@ private slots:
 
         scene.steps.Undo();
 
-        QCOMPARE(scene.host.listCall, (QStringList{ "restore 4>3", "restore 3>4" }));
+        QCOMPARE(scene.host.Calls(), (QStringList{ "restore 4>3", "restore 3>4" }));
         QCOMPARE(scene.steps.GetUndoName(), QStringLiteral("Delete 2 processors"));
     }
 
@@ -297,7 +297,7 @@ private slots:
 
         QCOMPARE(scene.steps.GetUndoName(), QStringLiteral("Rename to First"));
         QVERIFY(!scene.steps.IsStuck() && !scene.steps.CanRedo());
-        QCOMPARE(scene.host.listCall, QStringList());
+        QCOMPARE(scene.host.Calls(), QStringList());
     }
 
     void aReasonThatPassesLeavesNothingOut()
@@ -360,7 +360,7 @@ private slots:
         CScene::Settle();
         const auto isOff = [&] {
             scene.steps.Undo();
-            return !scene.steps.CanUndo() && scene.host.listCall.isEmpty() && !scene.steps.GetUndoName().isEmpty();
+            return !scene.steps.CanUndo() && scene.host.Calls().isEmpty() && !scene.steps.GetUndoName().isEmpty();
         };
         scene.host.bLocked = true;
         QVERIFY(isOff());
@@ -383,7 +383,7 @@ private slots:
 
         scene.steps.Undo();
 
-        QCOMPARE(scene.host.listCall, QStringList{ "restore 3>2" });
+        QCOMPARE(scene.host.Calls(), QStringList{ "restore 3>2" });
         QCOMPARE(scene.steps.GetUndoName(), QStringLiteral("Rename to First"));
     }
 

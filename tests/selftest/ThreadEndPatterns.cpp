@@ -93,7 +93,7 @@ void CleanQueuedFinished()
 {
     std::atomic_bool bFinished{ false };
     std::atomic_bool bTaken{ false };
-    QThread thread;
+    CBriefThread thread;
     QObject::connect(&thread, &QThread::finished, qApp, [] { ++nShared; });
     QObject::connect(
         &thread, &QThread::finished, &thread,
@@ -104,10 +104,7 @@ void CleanQueuedFinished()
             }
         },
         Qt::DirectConnection);
-    QObject::connect(&thread, &QThread::started, [&thread] {
-        ++nShared;
-        thread.quit();
-    });
+    QObject::connect(&thread, &QThread::started, [] { ++nShared; });
     thread.start();
     while (!bFinished.load(std::memory_order_relaxed)) {
         QThread::yieldCurrentThread();

@@ -1,5 +1,17 @@
 #include "CHostDouble.h"
 
+QStringList CHostDouble::Calls() const
+{
+    const QMutexLocker locker(&mutex);
+    return listCall;
+}
+
+void CHostDouble::ClearCalls()
+{
+    const QMutexLocker locker(&mutex);
+    listCall.clear();
+}
+
 void CHostDouble::ChangeBusy(bool bNow)
 {
     bBusy = bNow;
@@ -15,7 +27,7 @@ QString CHostDouble::SaveListAside(QString& strReason)
 
 void CHostDouble::SetChief(const QUuid& idGroup, const QUuid& idChief)
 {
-    listCall.append(QStringLiteral("chief %1 %2").arg(idGroup.toString(), idChief.toString()));
+    Note(QStringLiteral("chief %1 %2").arg(idGroup.toString(), idChief.toString()));
 }
 
 SRefusal CHostDouble::FindRestoreFault(const SListSnapshot& /*from*/, const SListSnapshot& to) const
@@ -34,7 +46,7 @@ bool CHostDouble::RestoreList(const SListSnapshot& from, const SListSnapshot& to
         emit CommandRefused(refusal);
         return false;
     }
-    listCall.append(QStringLiteral("restore %1>%2").arg(from.nEdition).arg(to.nEdition));
+    Note(QStringLiteral("restore %1>%2").arg(from.nEdition).arg(to.nEdition));
     return true;
 }
 
@@ -87,6 +99,12 @@ bool CHostDouble::Carry(EnListCommand command, const QString& strName, const QSt
         emit CommandRefused({ command, strName, reason, {}, {} });
         return false;
     }
-    listCall.append(strCall);
+    Note(strCall);
     return true;
+}
+
+void CHostDouble::Note(const QString& strCall)
+{
+    const QMutexLocker locker(&mutex);
+    listCall.append(strCall);
 }

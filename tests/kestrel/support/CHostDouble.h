@@ -2,6 +2,8 @@
 
 #include "controlhost/IControlHost.h"
 
+#include <QMutex>
+
 #include <functional>
 
 /// A control library's host that does what a test says, and notes what was asked of its lists. One thread, but for the
@@ -24,7 +26,9 @@ public:
     std::function<EnRefusalReason(quint64 nTo)> fnReason; ///< of a restore to that edition; instead of reason
     std::function<void()> fnBlock;                        ///< runs first in what blocks for the disk
 
-    QStringList listCall; ///< "restore 2>1", "chief …", "earlier …", "use refused"
+    /// What was asked: "restore 2>1", "chief …", "earlier …", "use refused". Any thread.
+    QStringList Calls() const;
+    void ClearCalls();
 
     /// Emits BusyChanged.
     void ChangeBusy(bool bNow);
@@ -129,7 +133,10 @@ public:
 
 private:
     bool Carry(EnListCommand command, const QString& strName, const QString& strCall);
+    void Note(const QString& strCall);
 
+    mutable QMutex mutex; ///< guards listCall
+    QStringList listCall;
     QString strProject;
     QDateTime timeBusy;
     bool bChiefMode = false;
