@@ -1,0 +1,39 @@
+#pragma once
+
+#include "CorvidControl/objects/CControlHost.h"
+
+#include <QStringList>
+
+#include <memory>
+
+/// The control library by lines of text: each is one command, each answer says what the library believes.
+class CStoreCommands
+{
+public:
+    /// Starts nothing yet. strListFile: the list's own place.
+    explicit CStoreCommands(const QString& strListFile);
+
+    /// start             why the list is not being saved; empty when it is
+    /// rename NAME       the first group gets that name
+    /// add NAME          a new group
+    /// save, leave       the result of ExportList at the own place; what SaveList returns
+    /// export PATH, import PATH    their results
+    /// earlier, refused  takes the latest generation back; uses what was refused: "1" when that was done
+    /// delete            the first group goes with its processors, as one job
+    /// aside             the path of the dated file
+    /// list              the check sum of the file that the list would be
+    /// warnings          what was logged since, in one line
+    /// end               of the library
+    QString Run(const QString& strCommand, const QString& strArgument);
+
+private:
+    QString Start();
+    QString Change(const QString& strCommand, const QString& strArgument);
+    QString TakeEarlier();
+    QString TakeWarnings();
+    static void DeleteFirstGroup();
+
+    SControlOptions options;
+    std::unique_ptr<CControlHost> pHost;
+    QStringList listWarning;
+};

@@ -1,0 +1,105 @@
+"""The program that runs the list's store, and the folder with its files."""
+import hashlib
+import os
+import re
+import select
+import shutil
+import subprocess
+import tempfile
+from pathlib import Path
+
+PATIENCE = 30  # seconds, until a command counts as hanging
+
+
+def check_sum(content):
+    return hashlib.sha256(content).hexdigest()
+
+
+def as_list(body):
+    return b"kvtl 1 sha256:" + check_sum(body).encode() + b"\n" + body
+
+
+class StoreProgram:
+    """list_store, with what is preloaded; answers line by line."""
+
+    def __init__(self, program, *libraries, habit=""):
+        self.command, self.habit = program, habit
+        self.libraries = " ".join(libraries)
+        self.process = None
+
+    def __enter__(self):
+        surroundings = dict(os.environ, LD_PRELOAD=self.libraries, LIST_STORE_HABIT=self.habit)
+        self.errors = tempfile.TemporaryFile()
+        self.process = subprocess.Popen([self.command], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors,
+                                        env=surroundings, start_new_session=True)
+        self.left = b""
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            os.killpg(self.process.pid, 9)
+        self.process.communicate()
+        self.errors.close()
+
+    def restart(self):
+        self.__exit__()
+        self.__enter__()
+
+    def send(self, line):
+        self.process.stdin.write(line.encode() + b"\n")
+        self.process.stdin.flush()
+
+    def receive(self):
+        """The next line; None when it does not come in time, or never."""
+        while b"\n" not in self.left:
+            ready, _, _ = select.select([self.process.stdout], [], [], PATIENCE)
+            part = os.read(self.process.stdout.fileno(), 65536) if ready else b""
+            if not part:
+                return None
+            self.left += part
+        line, self.left = self.left.split(b"\n", 1)
+        return line.decode()
+
+    def ask(self, line):
+        self.send(line)
+        return self.receive()
+
+
+class ListFolder:
+    """A folder that is made anew for each run: name to bytes, or to the target of a link."""
+
+    def __init__(self, path, files):
+        self.path, self.files = Path(path), files
+
+    def fill(self):
+        shutil.rmtree(self.path, ignore_errors=True)
+        self.path.mkdir()
+        for name, content in self.files.items():
+            if isinstance(content, str):
+                os.symlink(content, self.path / name)
+                continue
+            (self.path / name).write_bytes(content)
+            (self.path / name).chmod(0o640)
+
+    def look(self):
+        """Name to content, as files; of a regular file with the inode and the mode."""
+        found = {}
+        for entry in os.scandir(self.path):
+            status = entry.stat(follow_symlinks=False)
+            content = os.readlink(entry.path) if entry.is_symlink() else Path(entry.path).read_bytes()
+            found[entry.name] = (content, status.st_ino, status.st_mode & 0o7777)
+        return found
+
+
+class CallLog:
+    """What the library of faults has written of one run."""
+
+    def __init__(self, text):
+        lines = [line.split(" ") for line in text.splitlines()]
+        self.calls = [line[0] for line in lines if line[0] != "lost"]
+        self.failed = [line[0] for line in lines if line[-1] == "failed"]
+        self.lost = {int(line[1]) for line in lines if line[0] == "lost"}
+
+
+def is_temporary(name):
+    return re.search(r"\.kvtl\.[A-Za-z]{6}$", name) is not None
