@@ -2,8 +2,6 @@
 
 #include "CorvidControl/file/ListFormat.h"
 #include "interfaces/control/CorvidControl.h"
-#include "interfaces/control/IPrcListControl.h"
-#include "interfaces/control/IRuntimeControl.h"
 
 #include <QCryptographicHash>
 
@@ -30,6 +28,13 @@ void AddGroup(const QString& strName)
     g_pPrcListControl->AddGroup(group, true);
 }
 
+void DeleteFirstGroup()
+{
+    g_pRuntimeControl->SetBusy(true);
+    g_pPrcListControl->DeleteGroup(GetFirstGroup(), true);
+    g_pRuntimeControl->SetBusy(false);
+}
+
 QString GetCheckSum()
 {
     return QString::fromLatin1(QCryptographicHash::hash(ListFormat::Write(GetTree()), QCryptographicHash::Sha256).toHex());
@@ -49,30 +54,25 @@ QString CStoreCommands::Run(const QString& strCommand, const QString& strArgumen
     if (strCommand == QLatin1String("start")) {
         return Start();
     }
-    if (strCommand == QLatin1String("save")) {
-        return QString::number(g_pPrcListControl->ExportList(options.strListFile, 0));
-    }
-    if (strCommand == QLatin1String("leave")) {
-        return pHost->SaveList();
-    }
-    if (strCommand == QLatin1String("export")) {
-        return QString::number(g_pPrcListControl->ExportList(strArgument, 0));
-    }
-    if (strCommand == QLatin1String("import")) {
-        return QString::number(g_pPrcListControl->ImportList(strArgument));
-    }
     if (strCommand == QLatin1String("list")) {
         return GetCheckSum();
+    }
+    if (strCommand == QLatin1String("warnings")) {
+        return TakeWarnings();
+    }
+    if (strCommand == QLatin1String("end")) {
+        return End();
     }
     return Change(strCommand, strArgument);
 }
 
 QString CStoreCommands::Start()
 {
-    pHost = CControlHost::Start(options);
-    QObject::connect(pHost.get(), &CControlHost::LogLine, pHost.get(),
+    pLibrary = std::make_unique<CControlLibrary>(options);
+    pLibrary->keeper.Stop(); // on a busy machine it would save in the middle of anything
+    QObject::connect(&pLibrary->events, &CHostEvents::LogLine, &pLibrary->events,
                      [this](const QString& strLine) { listWarning.append(strLine); }, Qt::DirectConnection);
-    return pHost->GetListTrouble();
+    return pLibrary->store.GetTrouble();
 }
 
 QString CStoreCommands::Change(const QString& strCommand, const QString& strArgument)
@@ -83,27 +83,40 @@ QString CStoreCommands::Change(const QString& strCommand, const QString& strArgu
         AddGroup(strArgument);
     } else if (strCommand == QLatin1String("delete")) {
         DeleteFirstGroup();
+    } else if (strCommand == QLatin1String("import")) {
+        return QString::number(g_pPrcListControl->ImportList(strArgument));
     } else if (strCommand == QLatin1String("earlier")) {
         return TakeEarlier();
     } else if (strCommand == QLatin1String("refused")) {
-        return QString::number(pHost->UseRefusedList() ? 1 : 0);
-    } else if (strCommand == QLatin1String("aside")) {
-        QString strReason;
-        return pHost->SaveListAside(strReason);
-    } else if (strCommand == QLatin1String("warnings")) {
-        return TakeWarnings();
-    } else if (strCommand == QLatin1String("end")) {
-        pHost.reset();
+        return QString::number(pLibrary->store.UseRefused() ? 1 : 0);
     } else {
-        qFatal("no such command: %s", qPrintable(strCommand));
+        return Save(strCommand, strArgument);
     }
     return {};
 }
 
+QString CStoreCommands::Save(const QString& strCommand, const QString& strArgument)
+{
+    if (strCommand == QLatin1String("save")) {
+        return QString::number(g_pPrcListControl->ExportList(options.strListFile, 0));
+    }
+    if (strCommand == QLatin1String("leave")) {
+        return pLibrary->store.Save();
+    }
+    if (strCommand == QLatin1String("export")) {
+        return QString::number(g_pPrcListControl->ExportList(strArgument, 0));
+    }
+    if (strCommand != QLatin1String("aside")) {
+        qFatal("no such command: %s", qPrintable(strCommand));
+    }
+    QString strReason;
+    return pLibrary->store.SaveAside(strReason);
+}
+
 QString CStoreCommands::TakeEarlier()
 {
-    const QList<SEarlierList> listEarlier = pHost->GetEarlierLists();
-    return QString::number(!listEarlier.isEmpty() && pHost->TakeEarlierList(listEarlier.first().strPath) ? 1 : 0);
+    const QList<SEarlierList> listEarlier = pLibrary->store.FindEarlier();
+    return QString::number(!listEarlier.isEmpty() && pLibrary->store.TakeEarlier(listEarlier.first().strPath) ? 1 : 0);
 }
 
 QString CStoreCommands::TakeWarnings()
@@ -113,9 +126,9 @@ QString CStoreCommands::TakeWarnings()
     return strLine;
 }
 
-void CStoreCommands::DeleteFirstGroup()
+QString CStoreCommands::End()
 {
-    g_pRuntimeControl->SetBusy(true);
-    g_pPrcListControl->DeleteGroup(GetFirstGroup(), true);
-    g_pRuntimeControl->SetBusy(false);
+    const bool bSecured = pLibrary->store.SaveSoon();
+    pLibrary.reset();
+    return QString::number(bSecured ? 1 : 0);
 }

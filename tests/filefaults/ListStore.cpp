@@ -1,9 +1,11 @@
 // Runs the list's store over and over, each time in a process of its own. Its input, line by line, each answered by one:
-//   run LIST     a new process over that list, which takes the commands of CStoreCommands until "quit", and besides
+//   run LIST <tab> COMMAND <tab> ...     a new process over that list; it takes the commands of CStoreCommands, here and in
+//                                        the lines that follow, until "quit", and answers with ":" and their answers, and
+//                                        tabs between them. Besides:
 //     begin FOLDER LOG NUMBER ERROR LENGTH FLAGS   the calls on the folder's files fail from now on, see SFilePlan
 //     over                                         they do not any more
-//   read FILE    "" when the library's own reader takes the file, else why it does not
-// "quit" is answered by how the process has ended: "0", or the number of its signal or its exit code.
+//   read FILE                            "" when the library's own reader takes the file, else why it does not
+// When the process ends, by "quit" or otherwise, the answer is how: "0", or the number of its signal or its exit code.
 
 #include "CStoreCommands.h"
 #include "CorvidControl/file/ListFormat.h"
@@ -21,10 +23,15 @@
 
 namespace {
 
-QStringList ReadWords()
+constexpr unsigned nPatience = 30; // seconds, until a process that hangs is ended by the system
+
+// False at the end of the input.
+bool ReadLine(QString& strLine)
 {
-    std::string strLine;
-    return std::getline(std::cin, strLine) ? QString::fromStdString(strLine).split(QLatin1Char(' ')) : QStringList();
+    std::string strText;
+    const bool bRead = static_cast<bool>(std::getline(std::cin, strText));
+    strLine = QString::fromStdString(strText);
+    return bRead;
 }
 
 void Answer(const QString& strAnswer)
@@ -56,8 +63,9 @@ void BeginFaults(const QStringList& listWord)
     FindFaults(&FileFaults_Begin, "FileFaults_Begin")(plan);
 }
 
-QString RunLine(CStoreCommands& commands, const QStringList& listWord)
+QString RunCommand(CStoreCommands& commands, const QString& strCommand)
 {
+    const QStringList listWord = strCommand.split(QLatin1Char(' '));
     if (listWord.first() == QLatin1String("begin")) {
         BeginFaults(listWord);
         return {};
@@ -69,20 +77,29 @@ QString RunLine(CStoreCommands& commands, const QStringList& listWord)
     return commands.Run(listWord.first(), listWord.mid(1).join(QLatin1Char(' ')));
 }
 
-// In the new process, which alone reads the input meanwhile. Its library has ended when it returns.
-void RunCommands(const QString& strListFile)
+// In the new process, which alone reads the input meanwhile.
+void RunCommands(const QString& strListFile, QStringList listCommand)
 {
     CStoreCommands commands(strListFile);
-    for (QStringList listWord = ReadWords(); listWord.value(0) != QLatin1String("quit"); listWord = ReadWords()) {
-        Answer(RunLine(commands, listWord));
+    QString strLine;
+    while (strLine != QLatin1String("quit")) {
+        for (QString& strCommand : listCommand) {
+            strCommand = RunCommand(commands, strCommand);
+        }
+        Answer(QLatin1Char(':') + listCommand.join(QLatin1Char('\t')));
+        if (!ReadLine(strLine)) {
+            return;
+        }
+        listCommand = strLine.split(QLatin1Char('\t'));
     }
 }
 
-int RunApart(const QString& strListFile)
+int RunApart(const QString& strListFile, const QStringList& listCommand)
 {
     const pid_t nChild = fork();
     if (nChild == 0) {
-        RunCommands(strListFile);
+        alarm(nPatience);
+        RunCommands(strListFile, listCommand);
         std::_Exit(0);
     }
     int nStatus = 0;
@@ -106,9 +123,11 @@ QString ReadFile(const QString& strPath)
 int main(int argc, char* argv[])
 {
     const QCoreApplication app(argc, argv);
-    for (QStringList listWord = ReadWords(); !listWord.isEmpty(); listWord = ReadWords()) {
-        const QString strFile = listWord.mid(1).join(QLatin1Char(' '));
-        Answer(listWord.first() == QLatin1String("run") ? QString::number(RunApart(strFile)) : ReadFile(strFile));
+    for (QString strLine; ReadLine(strLine);) {
+        const QStringList listPart = strLine.split(QLatin1Char('\t'));
+        const QString strFile = listPart.first().section(QLatin1Char(' '), 1);
+        const bool bRun = listPart.first().startsWith(QLatin1String("run "));
+        Answer(bRun ? QString::number(RunApart(strFile, listPart.mid(1))) : ReadFile(strFile));
     }
     return 0;
 }

@@ -17,10 +17,10 @@ def main():
         for scene in SCENES:
             if names and scene.name not in names and names != ["sample"]: continue
             t=time.monotonic(); n=0
-            for run in failing_runs(program, scene, folder, 41 if names == ["sample"] else 1):
+            for run in failing_runs(program, scene, folder, int(__import__('os').environ.get('STEP','41'))):
                 n+=1
                 for f in run.faults:
-                    found[scene.name + ": "+ (run.log.failed or ["-"])[0] + ": " + f].append(str(run) + " " + str(run.answers))
+                    found[scene.name + ": "+ (run.log.failed or ["-"])[0] + ": " + f].append(str(run))
             print(scene.name, n, round(time.monotonic()-t,1), flush=True)
-    for k, v in found.items(): print(len(v), k, "\n       ", v[0])
+    for k, v in found.items(): print(len(v), k[:150], "\n       ", v[0][:80])
 main()

@@ -2,14 +2,9 @@
 import hashlib
 import os
 import re
-import select
 import shutil
 import subprocess
-import tempfile
 from pathlib import Path
-
-PATIENCE = 30  # seconds, until a command counts as hanging
-
 
 def check_sum(content):
     return hashlib.sha256(content).hexdigest()
@@ -25,44 +20,21 @@ class StoreProgram:
     def __init__(self, program, *libraries, habit=""):
         self.command, self.habit = program, habit
         self.libraries = " ".join(libraries)
-        self.process = None
 
     def __enter__(self):
         surroundings = dict(os.environ, LD_PRELOAD=self.libraries, LIST_STORE_HABIT=self.habit)
-        self.errors = tempfile.TemporaryFile()
-        self.process = subprocess.Popen([self.command], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors,
-                                        env=surroundings, start_new_session=True)
-        self.left = b""
+        self.process = subprocess.Popen([self.command], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                        env=surroundings)
         return self
 
     def __exit__(self, *_):
-        if self.process.poll() is None:
-            os.killpg(self.process.pid, 9)
         self.process.communicate()
-        self.errors.close()
-
-    def restart(self):
-        self.__exit__()
-        self.__enter__()
-
-    def send(self, line):
-        self.process.stdin.write(line.encode() + b"\n")
-        self.process.stdin.flush()
-
-    def receive(self):
-        """The next line; None when it does not come in time, or never."""
-        while b"\n" not in self.left:
-            ready, _, _ = select.select([self.process.stdout], [], [], PATIENCE)
-            part = os.read(self.process.stdout.fileno(), 65536) if ready else b""
-            if not part:
-                return None
-            self.left += part
-        line, self.left = self.left.split(b"\n", 1)
-        return line.decode()
 
     def ask(self, line):
-        self.send(line)
-        return self.receive()
+        """One line for another; an empty one where the program has ended."""
+        self.process.stdin.write(line.encode() + b"\n")
+        self.process.stdin.flush()
+        return self.process.stdout.readline().decode().rstrip("\n")
 
 
 class ListFolder:

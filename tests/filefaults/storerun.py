@@ -1,13 +1,11 @@
 """One run of a scene with one failure, and what is wrong afterwards."""
 import re
-import time
 from pathlib import Path
 
 from errors import ALL_CALLS
 from liststore import CallLog, ListFolder, check_sum, is_temporary
 
 LOCK = "list.kvtl.lock"
-SLOW = 0.8  # seconds after which the library saves by itself
 DATED = re.compile(r"\w+\.(unsaved-|refused-|)\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d(-\d+)?\.kvtl$")
 
 
@@ -17,55 +15,63 @@ class StoreRun:
         self.number, self.error, self.length = number, error, length
         self.folder = ListFolder(Path(folder) / "lists", scene.files)
         self.log_file = Path(folder) / "calls"
-        self.faults = []
+        self.ends = scene.tried == "end"
 
     def __str__(self):
         call = self.log.failed[0] if self.log.failed else "none"
         return f"{self.scene.name}: call {self.number} ({call}), error {self.error}, length {self.length}"
 
+    def ask(self, start, *commands):
+        """The answers; none where the process has ended instead, and how."""
+        line = "\t".join([*start, *commands]).replace("FOLDER", str(self.folder.path))
+        answer = self.program.ask(line)
+        if not answer.startswith(":"):
+            self.status = answer
+            return None
+        return answer[1:].split("\t")
+
     def run(self):
-        """As often as it takes until the library has had no time to save by itself in between."""
-        start = time.monotonic()
-        self.faults = list(self.find_faults())
-        if time.monotonic() - start > SLOW and None not in self.answers:
-            return self.run()
-        return self
-
-    def ask(self, line):
-        answer = self.program.ask(line.replace("FOLDER", str(self.folder.path)))
-        self.answers.append(answer)
-        return answer
-
-    def find_faults(self):
-        self.answers = []
+        self.status = None
         self.folder.fill()
         self.before = self.folder.look()
-        self.program.send(f"run {self.folder.path}/list.kvtl")
-        for command in self.scene.before:
-            self.ask(command)
-        self.fail()
-        if None in self.answers:
-            self.log = CallLog(self.log_file.read_text())
-            self.program.restart()
-            yield "it hangs, or has ended"
-            return
-        yield from self.scene.check(self)
-        yield from self.folder_faults()
-        yield from self.recovery_faults()
-        yield from self.content_faults()
+        done = self.fail() and self.recover()
+        if self.status is None:
+            self.status = self.program.ask("quit")
+        self.log = CallLog(self.log_file.read_text())
+        self.faults = list(self.find_faults()) if done else []
+        if self.status != "0":
+            self.faults.append(f"it ended with {self.status}")
+        return self
 
     def fail(self):
         """The commands under failures, and what the disk has then."""
-        started = bool(self.scene.before)
-        self.memory_before = self.ask("list") if started else None
-        self.ask(f"begin {self.folder.path} {self.log_file} {self.number} {self.error} {self.length} {int(self.scene.flags)}")
-        self.answer = self.ask(self.scene.tried)
-        self.ask("over")
-        self.ended = self.scene.tried == "end"
-        self.memory_after = self.memory_before if self.ended else self.ask("list")
-        self.warnings = self.ask("warnings")
+        plan = f"begin {self.folder.path} {self.log_file} {self.number} {self.error} {self.length} {int(self.scene.flags)}"
+        before = [*self.scene.before, "list"] if self.scene.before else []
+        after = [] if self.ends else ["list"]
+        answers = self.ask([f"run {self.folder.path}/list.kvtl"], *before, plan, self.scene.tried, "over", "warnings", *after)
         self.after = self.folder.look()
-        self.log = CallLog(self.log_file.read_text())
+        if answers is None:
+            return False
+        self.memory_before = answers[len(before) - 1] if before else None
+        self.answer, self.warnings = answers[len(before) + 1], answers[len(before) + 3]
+        self.memory_after = self.memory_before if self.ends else answers[-1]
+        return True
+
+    def recover(self):
+        """The disk is well again, and the list is saved once more."""
+        answers = None if self.ends else self.ask([], "add After", "save", "list", "end")
+        self.recovered = self.folder.look()
+        if answers:
+            self.saved, self.memory_saved = answers[1:3]
+        return self.ends or answers is not None
+
+    def find_faults(self):
+        yield from self.scene.check(self)
+        yield from self.folder_faults()
+        if not self.ends:
+            yield from self.recovery_faults()
+        yield from self.lock_faults()
+        yield from self.content_faults()
 
     def scene_success(self):
         return "0" if self.scene.tried.startswith("import") else "1"
@@ -103,27 +109,19 @@ class StoreRun:
             yield f"{name} is neither the old list nor the new one"
 
     def recovery_faults(self):
-        """The disk is well again: the list goes to its place, or beside one that is not to be written."""
-        if not self.ended:
-            self.ask("add After")
-            saved = self.ask("save")
-            memory = self.ask("list")
-            self.after = self.folder.look()
-            target = "real.kvtl" if "real.kvtl" in self.before else "list.kvtl"
-            if saved == "0" and self.sum_of(target) != memory:
-                yield "the next save says that it saved, and has not"
-            if not any(self.sum_of(name) == memory for name in self.after):
-                yield f"the next save answers {saved}, and the list is nowhere"
-            if saved != "0" and not self.may_stay_unsaved():
-                yield f"the next save answers {saved}, though the disk is well again"
-            self.ask("end")
-        status = self.ask("quit")
-        if status != "0":
-            self.program.restart()
-            yield f"it ended with {status}"
-        self.after = self.folder.look()
-        locks = [name for name in self.after if name.endswith(".lock")]
-        if locks and not (self.ended and "unlink" in self.log.failed):
+        """The list goes to its place, or beside one that is not to be written."""
+        sums = {name: check_sum(content) for name, (content, _, _) in self.recovered.items() if isinstance(content, bytes)}
+        own = "real.kvtl" if "real.kvtl" in self.before else "list.kvtl"
+        if self.saved == "0" and sums.get(own) != self.memory_saved:
+            yield "the next save says that it saved, and has not"
+        if self.memory_saved not in sums.values():
+            yield f"the next save answers {self.saved}, and the list is nowhere"
+        if self.saved != "0" and not self.may_stay_unsaved():
+            yield f"the next save answers {self.saved}, though the disk is well again"
+
+    def lock_faults(self):
+        locks = [name for name in self.recovered if name.endswith(".lock")]
+        if locks and not (self.ends and "unlink" in self.log.failed):
             yield f"{locks[0]} was left over"
 
     def may_stay_unsaved(self):
@@ -132,7 +130,7 @@ class StoreRun:
 
     def content_faults(self):
         known = {content for content in self.scene.files.values() if isinstance(content, bytes)}
-        for name, (content, _, _) in self.after.items():
+        for name, (content, _, _) in self.recovered.items():
             if name.endswith(".kvtl") and isinstance(content, bytes) and content not in known and content not in GOOD:
                 reason = self.program.ask(f"read {self.folder.path / name}")
                 if reason:

@@ -2,9 +2,8 @@
 
 /// What the preloaded library of faults offers to the program that it is loaded into, which asks for it by name.
 
-/// How a call fails that is no error of its own: as a value of SFilePlan::nError.
-constexpr int nHalfDone = -1;    ///< a read or write does half of its work
-constexpr int nNothingDone = -2; ///< a write takes nothing, and says so
+/// How a call falls short that does not fail: as a value of SFilePlan::nError.
+constexpr int nHalfDone = -1; ///< a read or write does half of its work
 
 /// Which calls on the files of a folder fail.
 struct SFilePlan
@@ -19,7 +18,7 @@ struct SFilePlan
     const char* szFolder = "";  ///< absolute; what lies below it counts
     const char* szLog = "";     ///< a file outside the folder, which gets a line for each call
     int nCall = 0;              ///< the number of the call that fails, from 1; 0 for none
-    int nError = 0;             ///< of errno, or one of the two above
+    int nError = 0;             ///< of errno, or nHalfDone
     EnLength length = Once;     ///< what fails besides
     bool bWithoutFlags = false; ///< renameat2 does not know flags, as on old file systems
 };

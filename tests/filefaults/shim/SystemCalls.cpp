@@ -151,9 +151,6 @@ ssize_t write(int nFile, const void* pBuffer, size_t nBytes)
 {
     static const auto next = FindNext(&write, "write");
     const int nError = Shorten("write", nFile, nBytes);
-    if (nError == nNothingDone) {
-        return 0;
-    }
     errno = nError;
     return nError == 0 ? next(nFile, pBuffer, nBytes) : -1;
 }
