@@ -23,7 +23,7 @@ QUuid GetFirstGroup()
 void AddGroup(const QString& strName)
 {
     SProcessorGroupNode group;
-    group.idNode = QUuid::createUuid();
+    group.idNode = QUuid::createUuidV5(QUuid(), strName); // the same list each time
     group.strName = strName;
     g_pPrcListControl->AddGroup(group, true);
 }

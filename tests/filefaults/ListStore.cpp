@@ -1,17 +1,17 @@
 // Runs the list's store over and over, each time in a process of its own. Its input, line by line, each answered by one:
-//   run LIST <tab> COMMAND <tab> ...     a new process over that list; it takes the commands of CStoreCommands, here and in
-//                                        the lines that follow, until "quit", and answers with ":" and their answers, and
-//                                        tabs between them. Besides:
+//   run LIST <tab> COMMAND <tab> ...     over that list, the commands of CStoreCommands; their answers, with a tab behind
+//                                        each, and how the process has ended: "0", or its signal or exit code. Besides:
 //     begin FOLDER LOG NUMBER ERROR LENGTH FLAGS   the calls on the folder's files fail from now on, see SFilePlan
 //     over                                         they do not any more
+//     look FOLDER OTHER                            the files of the folder get a second name in the other, which is new
 //   read FILE                            "" when the library's own reader takes the file, else why it does not
-// When the process ends, by "quit" or otherwise, the answer is how: "0", or the number of its signal or its exit code.
 
 #include "CStoreCommands.h"
 #include "CorvidControl/file/ListFormat.h"
 #include "shim/FileFaults.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 
 #include <cstdio>
@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr unsigned nPatience = 30; // seconds, until a process that hangs is ended by the system
+constexpr unsigned nPatience = 40; // seconds, until a process that hangs is ended by the system
 
 // False at the end of the input.
 bool ReadLine(QString& strLine)
@@ -34,10 +34,9 @@ bool ReadLine(QString& strLine)
     return bRead;
 }
 
-void Answer(const QString& strAnswer)
+QString GetLine(QString strText)
 {
-    std::printf("%s\n", qUtf8Printable(QString(strAnswer).replace(QLatin1Char('\n'), QLatin1Char(' '))));
-    std::fflush(stdout);
+    return strText.replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 template <typename Function> Function FindFaults(Function /*declared*/, const char* szName)
@@ -63,6 +62,19 @@ void BeginFaults(const QStringList& listWord)
     FindFaults(&FileFaults_Begin, "FileFaults_Begin")(plan);
 }
 
+// Links of links too. What is put in place of a file later has its name there alone.
+void Look(const QString& strFolder, const QString& strOther)
+{
+    QDir().mkpath(strOther);
+    const QStringList listName = QDir(strFolder).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString& strName : listName) {
+        if (link(QFile::encodeName(QDir(strFolder).filePath(strName)).constData(),
+                 QFile::encodeName(QDir(strOther).filePath(strName)).constData()) != 0) {
+            qFatal("%s cannot be looked at", qUtf8Printable(strName));
+        }
+    }
+}
+
 QString RunCommand(CStoreCommands& commands, const QString& strCommand)
 {
     const QStringList listWord = strCommand.split(QLatin1Char(' '));
@@ -74,24 +86,23 @@ QString RunCommand(CStoreCommands& commands, const QString& strCommand)
         FindFaults(&FileFaults_End, "FileFaults_End")();
         return {};
     }
+    if (listWord.first() == QLatin1String("look")) {
+        Look(listWord.value(1), listWord.value(2));
+        return {};
+    }
     return commands.Run(listWord.first(), listWord.mid(1).join(QLatin1Char(' ')));
 }
 
-// In the new process, which alone reads the input meanwhile.
-void RunCommands(const QString& strListFile, QStringList listCommand)
+// In the new process. The library is left as it is, unless a command has ended it.
+void RunCommands(const QString& strListFile, const QStringList& listCommand)
 {
-    CStoreCommands commands(strListFile);
-    QString strLine;
-    while (strLine != QLatin1String("quit")) {
-        for (QString& strCommand : listCommand) {
-            strCommand = RunCommand(commands, strCommand);
-        }
-        Answer(QLatin1Char(':') + listCommand.join(QLatin1Char('\t')));
-        if (!ReadLine(strLine)) {
-            return;
-        }
-        listCommand = strLine.split(QLatin1Char('\t'));
+    auto* pCommands = new CStoreCommands(strListFile);
+    QString strAnswers;
+    for (const QString& strCommand : listCommand) {
+        strAnswers += GetLine(RunCommand(*pCommands, strCommand)) + QLatin1Char('\t');
     }
+    std::printf("%s", qUtf8Printable(strAnswers));
+    std::fflush(stdout);
 }
 
 int RunApart(const QString& strListFile, const QStringList& listCommand)
@@ -127,7 +138,9 @@ int main(int argc, char* argv[])
         const QStringList listPart = strLine.split(QLatin1Char('\t'));
         const QString strFile = listPart.first().section(QLatin1Char(' '), 1);
         const bool bRun = listPart.first().startsWith(QLatin1String("run "));
-        Answer(bRun ? QString::number(RunApart(strFile, listPart.mid(1))) : ReadFile(strFile));
+        const QString strAnswer = bRun ? QString::number(RunApart(strFile, listPart.mid(1))) : GetLine(ReadFile(strFile));
+        std::printf("%s\n", qUtf8Printable(strAnswer));
+        std::fflush(stdout);
     }
     return 0;
 }

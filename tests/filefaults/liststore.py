@@ -2,7 +2,6 @@
 import hashlib
 import os
 import re
-import shutil
 import subprocess
 from pathlib import Path
 
@@ -30,43 +29,38 @@ class StoreProgram:
     def __exit__(self, *_):
         self.process.communicate()
 
-    def ask(self, line):
-        """One line for another; an empty one where the program has ended."""
-        self.process.stdin.write(line.encode() + b"\n")
+    def ask(self, *lines):
+        """One line for each."""
+        self.process.stdin.write("".join(line + "\n" for line in lines).encode())
         self.process.stdin.flush()
-        return self.process.stdout.readline().decode().rstrip("\n")
+        return [self.process.stdout.readline().decode().rstrip("\n") for _ in lines]
 
 
-class ListFolder:
-    """A folder that is made anew for each run: name to bytes, or to the target of a link."""
+def fill(folder, files):
+    """files: name to bytes, or to the target of a link."""
+    folder.mkdir(parents=True)
+    for name, content in files.items():
+        if isinstance(content, str):
+            os.symlink(content, folder / name)
+            continue
+        (folder / name).write_bytes(content)
+        (folder / name).chmod(0o640)
 
-    def __init__(self, path, files):
-        self.path, self.files = Path(path), files
 
-    def fill(self):
-        shutil.rmtree(self.path, ignore_errors=True)
-        self.path.mkdir()
-        for name, content in self.files.items():
-            if isinstance(content, str):
-                os.symlink(content, self.path / name)
-                continue
-            (self.path / name).write_bytes(content)
-            (self.path / name).chmod(0o640)
-
-    def look(self):
-        """Name to content, as files; of a regular file with the inode and the mode."""
-        found = {}
-        for entry in os.scandir(self.path):
-            status = entry.stat(follow_symlinks=False)
-            content = os.readlink(entry.path) if entry.is_symlink() else Path(entry.path).read_bytes()
-            found[entry.name] = (content, status.st_ino, status.st_mode & 0o7777)
-        return found
+def look(folder):
+    """Name to content, inode and mode."""
+    found = {}
+    for entry in os.scandir(folder):
+        status = entry.stat(follow_symlinks=False)
+        content = os.readlink(entry.path) if entry.is_symlink() else Path(entry.path).read_bytes()
+        found[entry.name] = (content, status.st_ino, status.st_mode & 0o7777)
+    return found
 
 
 class CallLog:
     """What the library of faults has written of one run."""
 
-    def __init__(self, text):
+    def __init__(self, text=""):
         lines = [line.split(" ") for line in text.splitlines()]
         self.calls = [line[0] for line in lines if line[0] != "lost"]
         self.failed = [line[0] for line in lines if line[-1] == "failed"]

@@ -92,7 +92,7 @@ def check_export(run):
 
 
 def check_import(run):
-    if run.answer not in ("0", "1") or run.answer != run.scene_success():
+    if run.answer not in ("0", "1") or run.answer != run.success():
         yield from target_is_old(run)
         yield from memory_is_old(run)
         return

@@ -1,79 +1,64 @@
 """One run of a scene with one failure, and what is wrong afterwards."""
 import re
+import shutil
+from errno import EIO
 from pathlib import Path
 
-from errors import ALL_CALLS
-from liststore import CallLog, ListFolder, check_sum, is_temporary
+from errors import ALL_CALLS, ONCE, ways_to_fail
+from liststore import CallLog, check_sum, fill, is_temporary, look
 
 LOCK = "list.kvtl.lock"
+AT_A_TIME = 40
 DATED = re.compile(r"\w+\.(unsaved-|refused-|)\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d(-\d+)?\.kvtl$")
 
 
 class StoreRun:
-    def __init__(self, program, scene, folder, number=0, error=0, length=0):
-        self.program, self.scene = program, scene
-        self.number, self.error, self.length = number, error, length
-        self.folder = ListFolder(Path(folder) / "lists", scene.files)
-        self.log_file = Path(folder) / "calls"
+    """folder: a new one. line() goes to the program, whose answer comes to finish()."""
+
+    def __init__(self, scene, folder, number=0, error=0, length=ONCE):
+        self.scene, self.number, self.error, self.length = scene, number, error, length
+        self.folder, self.log_file = folder / "lists", folder / "calls"
+        self.after_folder, self.recovered_folder = folder / "after", folder / "recovered"
         self.ends = scene.tried == "end"
+        self.log, self.faults = CallLog(), []
 
     def __str__(self):
         call = self.log.failed[0] if self.log.failed else "none"
-        return f"{self.scene.name}: call {self.number} ({call}), error {self.error}, length {self.length}"
+        return f"{self.scene.name}: call {self.number} ({call}), {self.error}, {self.length}"
 
-    def ask(self, start, *commands):
-        """The answers; none where the process has ended instead, and how."""
-        line = "\t".join([*start, *commands]).replace("FOLDER", str(self.folder.path))
-        answer = self.program.ask(line)
-        if not answer.startswith(":"):
-            self.status = answer
-            return None
-        return answer[1:].split("\t")
+    def line(self):
+        fill(self.folder, self.scene.files)
+        self.before = look(self.folder)
+        plan = f"begin {self.folder} {self.log_file} {self.number} {self.error} {self.length} {int(self.scene.flags)}"
+        commands = [*self.scene.before, *(["list"] if self.scene.before else []), plan, self.scene.tried, "over", "warnings",
+                    f"look {self.folder} {self.after_folder}"]
+        if not self.ends:
+            commands += ["list", "add After", "save", "list"]
+        commands.append(f"look {self.folder} {self.recovered_folder}")
+        return "\t".join([f"run {self.folder}/list.kvtl", *commands]).replace("FOLDER", str(self.folder))
 
-    def run(self):
-        self.status = None
-        self.folder.fill()
-        self.before = self.folder.look()
-        done = self.fail() and self.recover()
-        if self.status is None:
-            self.status = self.program.ask("quit")
+    def finish(self, answer, program):
         self.log = CallLog(self.log_file.read_text())
-        self.faults = list(self.find_faults()) if done else []
-        if self.status != "0":
-            self.faults.append(f"it ended with {self.status}")
-        return self
+        *answers, status = answer.split("\t")
+        if status != "0":
+            self.faults = [f"it ended with {status}"]
+            return
+        count = len(self.scene.before)
+        self.memory_before = answers[count] if count else None
+        self.answer, self.warnings = (answers[count + (1 if count else 0) + place] for place in (1, 3))
+        self.memory_after, self.saved, self.memory_saved = (self.memory_before, None, None) if self.ends else (answers[-5], answers[-3], answers[-2])
+        self.after, self.recovered = look(self.after_folder), look(self.recovered_folder)
+        self.faults = list(self.find_faults(program))
 
-    def fail(self):
-        """The commands under failures, and what the disk has then."""
-        plan = f"begin {self.folder.path} {self.log_file} {self.number} {self.error} {self.length} {int(self.scene.flags)}"
-        before = [*self.scene.before, "list"] if self.scene.before else []
-        after = [] if self.ends else ["list"]
-        answers = self.ask([f"run {self.folder.path}/list.kvtl"], *before, plan, self.scene.tried, "over", "warnings", *after)
-        self.after = self.folder.look()
-        if answers is None:
-            return False
-        self.memory_before = answers[len(before) - 1] if before else None
-        self.answer, self.warnings = answers[len(before) + 1], answers[len(before) + 3]
-        self.memory_after = self.memory_before if self.ends else answers[-1]
-        return True
-
-    def recover(self):
-        """The disk is well again, and the list is saved once more."""
-        answers = None if self.ends else self.ask([], "add After", "save", "list", "end")
-        self.recovered = self.folder.look()
-        if answers:
-            self.saved, self.memory_saved = answers[1:3]
-        return self.ends or answers is not None
-
-    def find_faults(self):
+    def find_faults(self, program):
         yield from self.scene.check(self)
         yield from self.folder_faults()
         if not self.ends:
             yield from self.recovery_faults()
         yield from self.lock_faults()
-        yield from self.content_faults()
+        yield from self.content_faults(program)
 
-    def scene_success(self):
+    def success(self):
         return "0" if self.scene.tried.startswith("import") else "1"
 
     def sum_of(self, name):
@@ -120,19 +105,19 @@ class StoreRun:
             yield f"the next save answers {self.saved}, though the disk is well again"
 
     def lock_faults(self):
-        locks = [name for name in self.recovered if name.endswith(".lock")]
-        if locks and not (self.ends and "unlink" in self.log.failed):
+        locks = [name for name in self.after if name.endswith(".lock")]
+        if self.ends and locks and "unlink" not in self.log.failed:
             yield f"{locks[0]} was left over"
 
     def may_stay_unsaved(self):
         """What could not be read at the start is not replaced; nor is what was refused."""
         return (not self.scene.before and self.log.failed) or "damaged" in self.scene.name or self.scene.name == "refused"
 
-    def content_faults(self):
+    def content_faults(self, program):
         known = {content for content in self.scene.files.values() if isinstance(content, bytes)}
         for name, (content, _, _) in self.recovered.items():
             if name.endswith(".kvtl") and isinstance(content, bytes) and content not in known and content not in GOOD:
-                reason = self.program.ask(f"read {self.folder.path / name}")
+                reason, = program.ask(f"read {self.recovered_folder / name}")
                 if reason:
                     yield f"{name} cannot be read: {reason}"
                 else:
@@ -142,15 +127,26 @@ class StoreRun:
 GOOD = set()  # contents that the library's reader took
 
 
-def failing_runs(program, scene, folder, step=1, first=0):
+def run_all(program, runs):
+    """Several at a time: on a busy machine each answer is waited for."""
+    runs = list(runs)
+    for start in range(0, len(runs), AT_A_TIME):
+        part = runs[start:start + AT_A_TIME]
+        for run, answer in zip(part, program.ask(*(run.line() for run in part))):
+            run.finish(answer, program)
+            shutil.rmtree(run.folder.parent)
+            yield run
+
+
+def failing_runs(program, scene, folder, step=1):
     """Each call of the scene fails in each way, until a run meets no failure; of these every step-th."""
-    calls = StoreRun(program, scene, folder).run()
-    yield calls
-    from errors import ways_to_fail
-    ways = [(number, error, length) for number, call in enumerate(calls.log.calls, 1) for error, length in ways_to_fail(call)]
-    for number, error, length in ways[first::step]:
-        yield StoreRun(program, scene, folder, number, error, length).run()
-    last = StoreRun(program, scene, folder, len(calls.log.calls) + 1, 5, ALL_CALLS).run()
-    if last.log.failed:
-        last.faults.append("there is one more call than there was")
-    yield last
+    folder = Path(folder)
+    sound, = run_all(program, [StoreRun(scene, folder / "sound")])
+    calls = sound.log.calls
+    ways = [(number, *way) for number, call in enumerate(calls, 1) for way in ways_to_fail(call)]
+    chosen = [*ways[::step], (len(calls) + 1, EIO, ALL_CALLS)]
+    runs = [StoreRun(scene, folder / str(number), *way) for number, way in enumerate(chosen)]
+    yield sound
+    yield from run_all(program, runs)
+    if runs[-1].log.failed:
+        raise AssertionError(f"{scene.name}: there is one more call than there was")
