@@ -70,8 +70,9 @@ QString CStoreCommands::Start()
 {
     pLibrary = std::make_unique<CControlLibrary>(options);
     pLibrary->keeper.Stop(); // on a busy machine it would save in the middle of anything
-    QObject::connect(&pLibrary->events, &CHostEvents::LogLine, &pLibrary->events,
-                     [this](const QString& strLine) { listWarning.append(strLine); }, Qt::DirectConnection);
+    QObject::connect(
+        &pLibrary->events, &CHostEvents::LogLine, &pLibrary->events,
+        [this](const QString& strLine) { listWarning.append(strLine); }, Qt::DirectConnection);
     return pLibrary->store.GetTrouble();
 }
 

@@ -69,7 +69,8 @@ void Look(const QString& strFolder, const QString& strOther)
     const QStringList listName = QDir(strFolder).entryList(QDir::Files | QDir::Hidden | QDir::System);
     for (const QString& strName : listName) {
         if (link(QFile::encodeName(QDir(strFolder).filePath(strName)).constData(),
-                 QFile::encodeName(QDir(strOther).filePath(strName)).constData()) != 0) {
+                 QFile::encodeName(QDir(strOther).filePath(strName)).constData())
+            != 0) {
             qFatal("%s cannot be looked at", qUtf8Printable(strName));
         }
     }

@@ -68,4 +68,5 @@ class CallLog:
 
 
 def is_temporary(name):
-    return re.search(r"\.kvtl\.[A-Za-z]{6}$", name) is not None
+    """The second is the lock of the lock, which Qt takes while it breaks one."""
+    return re.search(r"\.kvtl(\.[A-Za-z]{6}|\.lock\.rmlock)$", name) is not None

@@ -3,6 +3,7 @@
 #include "CorvidControl/file/FileAccess.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -28,6 +30,16 @@ QString BuildTemporaryName(const QString& strTarget)
 
 } // namespace
 
+QString CFileReplacement::Overwrite(const QString& strPath, const QByteArray& bytes)
+{
+    const QString strReal = FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath());
+    if (strReal.isEmpty()) {
+        return QStringLiteral("it is out of reach");
+    }
+    CFileReplacement replacement(strReal);
+    return replacement.Write(bytes) && replacement.Place(true) == Placed ? QString() : replacement.GetFault();
+}
+
 CFileReplacement::CFileReplacement(const QString& strTargetIn) : strTarget(strTargetIn) { }
 
 CFileReplacement::~CFileReplacement()
@@ -43,7 +55,9 @@ bool CFileReplacement::Write(const QByteArray& bytes)
     if (!Create() || !TakeOverTarget() || !WriteAll(bytes)) {
         return false;
     }
-    Close();
+    if (!Close()) { // some file systems find only here that there is no room
+        return Fail(errno);
+    }
     // Here, and not at the target: a second process may write there.
     const SFileContent content = FileAccess::Read(strTemporary, bytes.size());
     if (content.kind != SFileContent::Read) {
@@ -93,7 +107,7 @@ bool CFileReplacement::TakeOverTarget()
 {
     const QByteArray path = QFile::encodeName(strTarget);
     struct stat status = {};
-    if (stat(path.constData(), &status) != 0) {
+    if (lstat(path.constData(), &status) != 0) { // a link that nobody has followed is not replaced
         return errno == ENOENT || Fail(errno);
     }
     if (!S_ISREG(status.st_mode)) {
@@ -138,10 +152,7 @@ bool CFileReplacement::Fail(const QString& strReason)
     return false;
 }
 
-void CFileReplacement::Close()
+bool CFileReplacement::Close()
 {
-    if (nFile >= 0) {
-        close(nFile);
-        nFile = -1;
-    }
+    return nFile < 0 || close(std::exchange(nFile, -1)) == 0;
 }

@@ -16,7 +16,11 @@ public:
         Failed ///< see GetFault
     };
 
-    /// strTargetIn must not be a symbolic link, it would be replaced itself.
+    /// All of it in place of the file at strPath, or behind the links there, whatever that is. Returns the fault; empty when
+    /// it is done.
+    static QString Overwrite(const QString& strPath, const QByteArray& bytes);
+
+    /// A target that is a symbolic link is not replaced.
     explicit CFileReplacement(const QString& strTargetIn);
 
     /// Removes what was not placed.
@@ -42,7 +46,7 @@ private:
     bool WriteAll(const QByteArray& bytes);
     bool Fail(int nError);
     bool Fail(const QString& strReason);
-    void Close();
+    bool Close();
 
     const QString strTarget;
     QString strTemporary; ///< empty while there is none

@@ -12,6 +12,10 @@ constexpr qint64 nMaxMakingSeconds = 10; // no process takes that long from crea
 
 CListLock::EnState CListLock::Take(const QString& strRealPath)
 {
+    if (strRealPath.isEmpty()) {
+        strReason = QStringLiteral("nobody knows where its links lead");
+        return Impossible;
+    }
     if (pFile && strPath != strRealPath) {
         Release();
     }

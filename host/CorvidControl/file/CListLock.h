@@ -17,7 +17,7 @@ public:
         Impossible ///< no lock can be made there, as in a read-only folder
     };
 
-    /// Takes the lock of the list at strRealPath, or keeps it. Waits for nobody.
+    /// Takes the lock of the list at strRealPath, or keeps it; Impossible where that is empty. Waits for nobody.
     EnState Take(const QString& strRealPath);
 
     /// Why the last Take did not return Held, in a few words; empty when it did.

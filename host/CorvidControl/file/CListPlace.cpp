@@ -11,7 +11,9 @@ CListPlace::CListPlace(const QString& strPathIn, int nMaxBytesIn)
 
 QString CListPlace::GetRealPath() const
 {
-    return FileAccess::FollowLinks(strPath);
+    const QString strNow = FileAccess::FollowLinks(strPath);
+    strReal = strNow.isEmpty() ? strReal : strNow;
+    return strReal;
 }
 
 SFileContent CListPlace::Load()
@@ -44,7 +46,12 @@ QString CListPlace::FindObstacle() const
 
 CListPlace::EnResult CListPlace::Replace(const QByteArray& bytes, QString& strFault)
 {
-    CFileReplacement replacement(GetRealPath());
+    const QString strTarget = GetRealPath();
+    if (strTarget.isEmpty()) {
+        strFault = QStringLiteral("it is out of reach");
+        return NotWritten;
+    }
+    CFileReplacement replacement(strTarget);
     if (!replacement.Write(bytes)) {
         strFault = replacement.GetFault();
         return NotWritten;

@@ -24,7 +24,8 @@ public:
         return strPath;
     }
 
-    /// Behind the symbolic links, as they lead now: where the files beside the list are.
+    /// Behind the symbolic links, as they lead now, or as they have led when the system does not say: where the files beside
+    /// the list are. Empty when it has never said.
     QString GetRealPath() const;
 
     /// Returns what stands there. It may be overwritten from now on, until Forget.
@@ -58,5 +59,6 @@ private:
 
     const QString strPath;
     const int nMaxBytes;
-    QByteArray bytesKnown; ///< null when nothing may be overwritten
+    mutable QString strReal; ///< as it was found last
+    QByteArray bytesKnown;   ///< null when nothing may be overwritten
 };

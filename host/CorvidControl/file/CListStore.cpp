@@ -11,8 +11,6 @@
 #include "CorvidControl/objects/CHostEvents.h"
 #include "CorvidControl/objects/CHostState.h"
 
-#include <QFileInfo>
-
 namespace {
 
 QString BuildJob(const QString& strPath)
@@ -144,16 +142,14 @@ void CListStore::KeepEarlier(const SListEdition& edition)
     Announce(news);
 }
 
-// The own place counts in every spelling, and so does a second name of the own file where that is not ours.
 CListStore::EnExportResult CListStore::Export(const QString& strPath)
 {
     SNews news;
     SListSave save;
     {
         const Lock lock(mutexFile);
-        const bool bOwnFile = FileAccess::IsSameFile(strPath, GetPath()) && own.Check().result == SListSave::LeftAlone;
-        const bool bHere = bOwnFile || FileAccess::IsSamePlace(strPath, GetPath());
-        save = bHere ? SaveHere(lock, news, true) : ExportElsewhere(lock, strPath, news);
+        const std::optional<bool> bHere = own.IsHere(strPath);
+        save = bHere.value_or(false) ? SaveHere(lock, news, true) : ExportElsewhere(lock, strPath, !bHere, news);
     }
     Announce(news);
     if (save.result == SListSave::Saved) {
@@ -253,18 +249,19 @@ SListSave CListStore::SaveHere(const Lock& /*lock*/, SNews& news, bool bAlways)
     return save;
 }
 
-SListSave CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, SNews& news) const
+SListSave CListStore::ExportElsewhere(const Lock& /*lock*/, const QString& strPath, bool bUnclear, SNews& news) const
 {
     SListSave save;
-    save.strReason = QStringLiteral("no file was named");
-    if (!strPath.isEmpty()) {
+    if (strPath.isEmpty() || bUnclear) {
+        save.strReason = strPath.isEmpty() ? QStringLiteral("no file was named")
+                                           : QStringLiteral("it may be the list's own file, and is out of reach");
+    } else {
         const QByteArray bytes = ListFormat::Write(processors.GetTree(false));
         save.strReason = ListFormat::FindProofFault(bytes, processors.GetLimits());
-        CFileReplacement replacement(FileAccess::FollowLinks(QFileInfo(strPath).absoluteFilePath()));
-        if (save.strReason.isEmpty() && replacement.Write(bytes) && replacement.Place(true) == CFileReplacement::Placed) {
+        save.strReason = save.strReason.isEmpty() ? CFileReplacement::Overwrite(strPath, bytes) : save.strReason;
+        if (save.strReason.isEmpty()) {
             return {};
         }
-        save.strReason = save.strReason.isEmpty() ? replacement.GetFault() : save.strReason;
     }
     save.result = SListSave::NotWritten;
     news.listWarning.append(QStringLiteral("The list was not exported. %1: %2").arg(strPath, save.strReason));

@@ -104,7 +104,7 @@ private:
     SFault ReplaceList(const Lock& lock, const SProcessorAllNode& node, const SListCommand& command, quint64 nEditKept,
                        SNews& news);
     SListSave SaveHere(const Lock& lock, SNews& news, bool bAlways);
-    SListSave ExportElsewhere(const Lock& lock, const QString& strPath, SNews& news) const;
+    SListSave ExportElsewhere(const Lock& lock, const QString& strPath, bool bUnclear, SNews& news) const;
     EnImportResult TryImport(const Lock& lock, const SListCommand& command, SFault& fault, SNews& news);
     SFault TryUseRefused(const Lock& lock, const SListCommand& command, SNews& news);
     SRefusedList ReadRefused(const Lock& lock) const;

@@ -44,6 +44,21 @@ SListSave COwnList::Check()
     return state == CListLock::Held ? SListSave() : BuildFault(SListSave::NotWritten, lockList.GetReason());
 }
 
+// The own place counts in every spelling, and so does a second name of the own file where that is not ours.
+std::optional<bool> COwnList::IsHere(const QString& strPath)
+{
+    const std::optional<bool> bSameFile = FileAccess::IsSameFile(strPath, place.GetPath());
+    const std::optional<bool> bSamePlace = FileAccess::IsSamePlace(strPath, place.GetPath());
+    if (bSamePlace.value_or(false)) {
+        return true;
+    }
+    if (bSameFile && bSamePlace) {
+        return *bSameFile && Check().result == SListSave::LeftAlone;
+    }
+    const bool bNothing = FileAccess::Read(strPath, limits.nBytes).kind == SFileContent::Absent;
+    return bNothing ? std::make_optional(false) : std::nullopt;
+}
+
 void COwnList::Adopt(quint64 nEdit)
 {
     nEditSaved = nEdit;
@@ -265,7 +280,7 @@ QStringList COwnList::Prune() const
 QString COwnList::WriteAside(const QByteArray& bytes, QString& strFault)
 {
     const QString strReal = place.GetRealPath();
-    const bool bWritten
-        = aside.Write(place.GetPath(), bytes, strFault) || (strReal != place.GetPath() && aside.Write(strReal, bytes, strFault));
+    const bool bWritten = aside.Write(place.GetPath(), bytes, strFault)
+        || (!strReal.isEmpty() && strReal != place.GetPath() && aside.Write(strReal, bytes, strFault));
     return bWritten ? aside.GetPath() : QString();
 }

@@ -47,6 +47,10 @@ public:
     /// As a save would find it now, with nothing to save. Takes the list's lock, and keeps it when it may write.
     SListSave Check();
 
+    /// True when a file at strPath would take the list's own place, or that of a list that is to be left alone. None when that
+    /// cannot be told of a file that is there. Takes the list's lock as Check does.
+    std::optional<bool> IsHere(const QString& strPath);
+
     /// The edition is in memory because it was read or written here.
     void Adopt(quint64 nEdit);
 

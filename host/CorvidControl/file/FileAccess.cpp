@@ -22,6 +22,20 @@ SFileContent BuildUnreadable(const QString& strReason)
     return content;
 }
 
+bool IsAbsence(int nError)
+{
+    return nError == ENOENT || nError == ENOTDIR;
+}
+
+// Not Qt's: it takes a link that it cannot look at for none.
+bool FindLink(const QString& strPath, bool& bLink)
+{
+    struct stat status = {};
+    const bool bThere = lstat(QFile::encodeName(strPath).constData(), &status) == 0;
+    bLink = bThere && S_ISLNK(status.st_mode);
+    return bThere || IsAbsence(errno);
+}
+
 // Only ENOENT means that a file is not there; about a file out of reach nothing is known. A link that leads
 // nowhere counts as there: its target may just not be mounted yet.
 SFileContent BuildMissing(const QString& strPath, int nError)
@@ -29,7 +43,11 @@ SFileContent BuildMissing(const QString& strPath, int nError)
     if (nError != ENOENT) {
         return BuildUnreadable(FileAccess::GetReason(nError));
     }
-    return QFileInfo(strPath).isSymLink() ? BuildUnreadable(QStringLiteral("the link leads nowhere")) : SFileContent();
+    bool bLink = false;
+    if (!FindLink(strPath, bLink)) {
+        return BuildUnreadable(FileAccess::GetReason(errno));
+    }
+    return bLink ? BuildUnreadable(QStringLiteral("the link leads nowhere")) : SFileContent();
 }
 
 QString FindStatusFault(const struct stat& status, int nMaxBytes)
@@ -73,14 +91,24 @@ SFileContent ReadOpen(int nFile, int nMaxBytes)
     return strFault.isEmpty() ? ReadAll(nFile, static_cast<int>(status.st_size)) : BuildUnreadable(strFault);
 }
 
-bool FindStatus(const QString& strPath, struct stat& status)
+struct SNode
 {
-    return stat(QFile::encodeName(strPath).constData(), &status) == 0;
+    bool bKnown = true; ///< the system has said what is there, or that nothing is
+    bool bThere = false;
+    struct stat status = {};
+};
+
+SNode FindNode(const QString& strPath)
+{
+    SNode node;
+    node.bThere = stat(QFile::encodeName(strPath).constData(), &node.status) == 0;
+    node.bKnown = node.bThere || IsAbsence(errno);
+    return node;
 }
 
-bool IsSameNode(const struct stat& status, const struct stat& other)
+bool IsSameNode(const SNode& node, const SNode& other)
 {
-    return status.st_dev == other.st_dev && status.st_ino == other.st_ino;
+    return node.bThere && other.bThere && node.status.st_dev == other.status.st_dev && node.status.st_ino == other.status.st_ino;
 }
 
 } // namespace
@@ -110,8 +138,11 @@ QString FileAccess::FollowLinks(const QString& strPath)
 {
     QString strReal = strPath;
     for (int n = 0; n < nMaxLinks; ++n) {
-        const QFileInfo info(strReal);
-        if (!info.isSymLink()) {
+        bool bLink = false;
+        if (!FindLink(strReal, bLink)) {
+            return {};
+        }
+        if (!bLink) {
             return strReal;
         }
         // Not QFileInfo's target: it cleans "..", which is wrong behind a link to a folder.
@@ -119,32 +150,37 @@ QString FileAccess::FollowLinks(const QString& strPath)
         const ssize_t nLength
             = readlink(QFile::encodeName(strReal).constData(), target.data(), static_cast<size_t>(target.size()));
         if (nLength <= 0 || nLength == target.size()) {
-            return strPath;
+            return {};
         }
         const QString strTarget = QFile::decodeName(target.left(static_cast<int>(nLength)));
-        strReal = strTarget.startsWith(QLatin1Char('/')) ? strTarget : info.path() + QLatin1Char('/') + strTarget;
+        strReal = strTarget.startsWith(QLatin1Char('/')) ? strTarget : QFileInfo(strReal).path() + QLatin1Char('/') + strTarget;
     }
     return strPath;
 }
 
-bool FileAccess::IsSamePlace(const QString& strPath, const QString& strOther)
+std::optional<bool> FileAccess::IsSamePlace(const QString& strPath, const QString& strOther)
 {
+    if (strPath == strOther) {
+        return true;
+    }
     const QFileInfo info(FollowLinks(strPath));
     const QFileInfo other(FollowLinks(strOther));
-    struct stat folder = {};
-    struct stat folderOther = {};
-    const bool bFolders = FindStatus(info.path(), folder) && FindStatus(other.path(), folderOther);
-    if (!bFolders) {
+    const SNode folder = FindNode(info.path());
+    const SNode folderOther = FindNode(other.path());
+    if (info.filePath().isEmpty() || other.filePath().isEmpty() || !folder.bKnown || !folderOther.bKnown) {
+        return std::nullopt;
+    }
+    if (!folder.bThere || !folderOther.bThere) {
         return QDir::cleanPath(info.absoluteFilePath()) == QDir::cleanPath(other.absoluteFilePath());
     }
     return IsSameNode(folder, folderOther) && info.fileName() == other.fileName();
 }
 
-bool FileAccess::IsSameFile(const QString& strPath, const QString& strOther)
+std::optional<bool> FileAccess::IsSameFile(const QString& strPath, const QString& strOther)
 {
-    struct stat status = {};
-    struct stat statusOther = {};
-    return FindStatus(strPath, status) && FindStatus(strOther, statusOther) && IsSameNode(status, statusOther);
+    const SNode node = FindNode(strPath);
+    const SNode other = FindNode(strOther);
+    return node.bKnown && other.bKnown ? std::make_optional(IsSameNode(node, other)) : std::nullopt;
 }
 
 QString FileAccess::GetReason(int nError)

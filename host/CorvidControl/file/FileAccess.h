@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 /// What was found at a path.
 struct SFileContent
 {
@@ -26,14 +28,14 @@ namespace FileAccess {
 SFileContent Read(const QString& strPath, int nMaxBytes);
 
 /// The file behind the symbolic links at the end of strPath; strPath as it is when there are none, or when
-/// they lead round in a circle.
+/// they lead round in a circle. Empty when the system does not say where they lead.
 QString FollowLinks(const QString& strPath);
 
-/// True when both name the same file in the same folder, however they are spelled.
-bool IsSamePlace(const QString& strPath, const QString& strOther);
+/// True when both name the same file in the same folder, however they are spelled. None when the system does not say.
+std::optional<bool> IsSamePlace(const QString& strPath, const QString& strOther);
 
-/// True when the same file stands at both, also under two names of its own.
-bool IsSameFile(const QString& strPath, const QString& strOther);
+/// True when the same file stands at both, also under two names of its own. None when the system does not say.
+std::optional<bool> IsSameFile(const QString& strPath, const QString& strOther);
 
 /// The words for a value of errno.
 QString GetReason(int nError);
