@@ -5,7 +5,10 @@
 #include "CorvidControl/file/ListFormat.h"
 #include "TestMain.h"
 
+#include <QFileInfo>
+
 #include <cerrno>
+#include <unistd.h>
 
 namespace {
 
@@ -72,6 +75,8 @@ private slots:
         QTest::newRow("the disk is full") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << ENOSPC;
         QTest::newRow("the disk fails at writing") << int(CFileFaults::CallWrite) << QByteArray(szTemporary) << EIO;
         QTest::newRow("the disk fails at the end") << int(CFileFaults::CallSync) << QByteArray(szTemporary) << EIO;
+        QTest::newRow("the disk fails at closing") << int(CFileFaults::CallClose) << QByteArray(szTemporary) << EIO;
+        QTest::newRow("nobody says whether it is a link") << int(CFileFaults::CallLink) << QByteArray(szList) << EIO;
         QTest::newRow("the mode cannot be kept") << int(CFileFaults::CallMode) << QByteArray(szTemporary) << EPERM;
         QTest::newRow("the proof cannot be read") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << EIO;
         QTest::newRow("the proof is another") << int(CFileFaults::CallRead) << QByteArray(szTemporary) << CFileFaults::nFlip;
@@ -94,6 +99,76 @@ private slots:
         }
         QCOMPARE(pFixture->Read("list.kvtl"), before);
         QCOMPARE(pFixture->ListFiles({ "list.kvtl*" }), QStringList{ "list.kvtl" });
+    }
+
+    void aLinkThatCannotBeFollowedStaysALink_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::newRow("nobody says what it is") << int(CFileFaults::CallLink);
+        QTest::newRow("nobody says where it leads") << int(CFileFaults::CallReadLink);
+    }
+
+    void aLinkThatCannotBeFollowedStaysALink()
+    {
+        QFETCH(int, call);
+        QVERIFY(QFile::rename(pFixture->GetPath(), pFixture->GetPath("real.kvtl")));
+        QVERIFY(QFile::link("real.kvtl", pFixture->GetPath()));
+        pFixture->Write("other.kvtl", before);
+        QVERIFY(QFile::link("other.kvtl", pFixture->GetPath("way.kvtl")));
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), szList, EIO);
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 0); // to where it led before
+            QVERIFY(faults.GetFailed() > 0);
+        }
+        ExpectWarning("The list was not exported. .*way.kvtl: it ");
+        {
+            const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), "way.kvtl", EIO);
+            QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath("way.kvtl"), 0), 6);
+        }
+        QVERIFY(QFileInfo(pFixture->GetPath()).isSymLink() && QFileInfo(pFixture->GetPath("way.kvtl")).isSymLink());
+        QVERIFY(pFixture->Read("real.kvtl").contains("Ours"));
+        QCOMPARE(pFixture->Read("other.kvtl"), before);
+    }
+
+    void aListOutOfReachBehindItsLinkIsNotSaved()
+    {
+        QVERIFY(QFile::rename(pFixture->GetPath(), pFixture->GetPath("real.kvtl")));
+        QVERIFY(QFile::link("real.kvtl", pFixture->GetPath()));
+        const CFileFaults faults(CFileFaults::CallReadLink, szList, EIO);
+        ExpectWarning("nobody knows where its links lead");
+        pFixture->StartAsIs();
+        g_pPrcListControl->RenameGroup(GroupId("Stage"), "Ours");
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath(), 0), 6);
+        QCOMPARE(pFixture->Read("real.kvtl"), before);
+        QCOMPARE(pFixture->ListFiles(), (QStringList{ "list.kvtl", "real.kvtl" }));
+    }
+
+    void aFileThatMayBeTheOwnOneIsNotExportedTo_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<QByteArray>("pattern");
+        QTest::newRow("nobody says what it is") << int(CFileFaults::CallStatus) << QByteArray("way.kvtl");
+        QTest::newRow("nobody says what the own one is") << int(CFileFaults::CallStatus) << QByteArray(szList);
+    }
+
+    void aFileThatMayBeTheOwnOneIsNotExportedTo()
+    {
+        QFETCH(int, call);
+        QFETCH(QByteArray, pattern);
+        pFixture->Write("list.kvtl", "damaged");
+        ExpectWarning("The list was not read");
+        pFixture->StartAsIs();
+        QCOMPARE(::link(QFile::encodeName(pFixture->GetPath()).constData(),
+                        QFile::encodeName(pFixture->GetPath("way.kvtl")).constData()),
+                 0);
+        g_pPrcListControl->AddGroup(Group("Ours"), true);
+        const CFileFaults faults(static_cast<CFileFaults::EnCall>(call), pattern, EIO);
+        ExpectWarning("it may be the list's own file, and is out of reach");
+        QCOMPARE(g_pPrcListControl->ExportList(pFixture->GetPath("way.kvtl"), 0), 6);
+        QVERIFY(faults.GetFailed() > 0);
+        QCOMPARE(pFixture->Read("way.kvtl"), QByteArray("damaged"));
     }
 
     void aFaultInAnImportLeavesListAndFiles_data()

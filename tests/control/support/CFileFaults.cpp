@@ -75,6 +75,31 @@ int stat(const char* szPath, struct stat* pStatus) noexcept
     return nError != 0 ? -1 : next(szPath, pStatus);
 }
 
+int lstat(const char* szPath, struct stat* pStatus) noexcept
+{
+    static const auto next = FindNext<int (*)(const char*, struct stat*)>("lstat");
+    const int nError = CFileFaults::Find(CFileFaults::CallLink, szPath);
+    errno = nError;
+    return nError != 0 ? -1 : next(szPath, pStatus);
+}
+
+ssize_t readlink(const char* szPath, char* szTarget, size_t nBytes) noexcept
+{
+    static const auto next = FindNext<ssize_t (*)(const char*, char*, size_t)>("readlink");
+    const int nError = CFileFaults::Find(CFileFaults::CallReadLink, szPath);
+    errno = nError;
+    return nError != 0 ? -1 : next(szPath, szTarget, nBytes);
+}
+
+int close(int nFile)
+{
+    static const auto next = FindNext<int (*)(int)>("close");
+    const int nError = CFileFaults::Find(CFileFaults::CallClose, nFile);
+    const int nResult = next(nFile);
+    errno = nError != 0 ? nError : errno;
+    return nError != 0 ? -1 : nResult;
+}
+
 ssize_t read(int nFile, void* pBuffer, size_t nBytes)
 {
     static const auto next = FindNext<ssize_t (*)(int, void*, size_t)>("read");

@@ -13,7 +13,10 @@ class CFileFaults
 public:
     enum EnCall
     {
-        CallStatus, ///< stat
+        CallStatus,   ///< stat
+        CallLink,     ///< lstat
+        CallReadLink, ///< readlink
+        CallClose,    ///< closes all the same
         CallRead,
         CallWrite,
         CallSync,

@@ -79,6 +79,7 @@ void CFaultPlan::Lose(int nFile)
     const Lock lock(mutex);
     if (syscall(SYS_fstat, nFile, &status) == 0 && S_ISREG(status.st_mode)) {
         Log("lost " + std::to_string(status.st_ino));
+        syscall(SYS_dup, nFile); // for good: no other file gets that inode while the process lives
     }
 }
 
