@@ -19,7 +19,8 @@ MEMORY = Path("/dev/shm")  # nothing is asked of the disk itself
 class FaultsTest(unittest.TestCase):
     def test_a_call_that_fails_costs_no_list(self):
         count = collections.Counter()
-        with tempfile.TemporaryDirectory(dir=MEMORY if MEMORY.is_dir() else None) as folder, StoreProgram(PROGRAM, FAULTS) as program:
+        place = MEMORY if MEMORY.is_dir() else None
+        with tempfile.TemporaryDirectory(dir=place) as folder, StoreProgram(PROGRAM, FAULTS) as program:
             for scene in SCENES:
                 with self.subTest(scene.name):
                     runs = list(failing_runs(program, scene, Path(folder), STEP))

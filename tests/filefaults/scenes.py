@@ -23,6 +23,9 @@ GENERATIONS = {f"list.2024-05-01_12-30-{second:02}.kvtl": renamed(OTHER, f"Take 
 OLD_GENERATIONS = set(sorted(GENERATIONS)[1:4])
 
 
+# The answer to each command when nothing fails; None for a path.
+DONE = {"start": "", "save": "0", "leave": "", "end": "1", "aside": None, "delete": "",
+        "export": "0", "import": "0", "earlier": "1", "refused": "1"}
 NOBODY = 4194305  # no process can have that number
 
 
@@ -39,6 +42,11 @@ class Scene:
     target: str = "list.kvtl"
     may_go: set = field(default_factory=set)
     flags: bool = True
+
+    def is_done(self, answer):
+        """Whether the answer says that the command did what it is for."""
+        done = "7" if self.check is check_protected else DONE[self.tried.split()[0]]
+        return bool(answer) if done is None else answer == done
 
 
 def holds(run, content_sum, pattern=r".*\.kvtl$"):
@@ -76,7 +84,7 @@ def check_start(run):
 
 
 def check_save(run):
-    yield from target_is(run, run.memory_after) if run.answer in ("0", "") else target_is_old(run)
+    yield from target_is(run, run.memory_after) if run.scene.is_done(run.answer) else target_is_old(run)
     yield from memory_is_old(run)
     yield from kept_where_it_says(run)
 
@@ -96,7 +104,7 @@ def check_export(run):
 
 
 def check_import(run):
-    if run.answer not in ("0", "1") or run.answer != run.success():
+    if not run.scene.is_done(run.answer):
         yield from target_is_old(run)
         yield from memory_is_old(run)
         return
@@ -137,7 +145,8 @@ CHANGED = ["start", "rename Ours"]
 SCENES = [
     Scene("start", {"list.kvtl": OLD}, [], "start", check_start),
     Scene("start through a link", {"list.kvtl": "real.kvtl", "real.kvtl": OLD}, [], "start", check_start, "real.kvtl"),
-    Scene("start after a crash", {"list.kvtl": OLD, "list.kvtl.lock": b"%d\nlist_store\n\n" % NOBODY}, [], "start", check_start),
+    Scene("start after a crash", {"list.kvtl": OLD, "list.kvtl.lock": b"%d\nlist_store\n\n" % NOBODY}, [], "start",
+          check_start),
     Scene("save", {"list.kvtl": OLD}, CHANGED, "save", check_save),
     Scene("save with old generations", {"list.kvtl": OLD, **GENERATIONS}, CHANGED, "save", check_save, may_go=OLD_GENERATIONS),
     Scene("save through a link", {"list.kvtl": "real.kvtl", "real.kvtl": OLD}, CHANGED, "save", check_save, "real.kvtl"),

@@ -7,7 +7,7 @@ from pathlib import Path
 from errors import ALL_CALLS, ONCE, ways_to_fail
 from liststore import CallLog, check_sum, fill, is_temporary, look
 
-LOCK = "list.kvtl.lock"
+LOCKS = {"list.kvtl.lock", "real.kvtl.lock"}
 AT_A_TIME = 40
 DATED = re.compile(r"\w+\.(unsaved-|refused-|)\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d(-\d+)?\.kvtl$")
 
@@ -43,12 +43,19 @@ class StoreRun:
         if status != "0":
             self.faults = [f"it ended with {status}"]
             return
-        count = len(self.scene.before)
-        self.memory_before = answers[count] if count else None
-        self.answer, self.warnings = (answers[count + (1 if count else 0) + place] for place in (1, 3))
-        self.memory_after, self.saved, self.memory_saved = (self.memory_before, None, None) if self.ends else (answers[-5], answers[-3], answers[-2])
+        self.take(answers)
         self.after, self.recovered = look(self.after_folder), look(self.recovered_folder)
         self.faults = list(self.find_faults(program))
+
+    def take(self, answers):
+        """The answers to the commands of line(), in their order."""
+        answers = iter(answers[len(self.scene.before):])
+        self.memory_before = next(answers) if self.scene.before else None
+        _, self.answer, _, self.warnings, _ = (next(answers) for _ in range(5))
+        if self.ends:
+            self.memory_after = self.memory_before
+        else:
+            self.memory_after, _, self.saved, self.memory_saved = (next(answers) for _ in range(4))
 
     def find_faults(self, program):
         yield from self.scene.check(self)
@@ -58,8 +65,8 @@ class StoreRun:
         yield from self.lock_faults()
         yield from self.content_faults(program)
 
-    def success(self):
-        return "0" if self.scene.tried.startswith("import") else "1"
+    def whole_files(self):
+        return [content for content in self.scene.files.values() if isinstance(content, bytes)]
 
     def sum_of(self, name):
         content = self.after.get(name, (None,))[0]
@@ -67,11 +74,11 @@ class StoreRun:
 
     def folder_faults(self):
         """Nothing good has gone, and nothing but whole files has come."""
-        allowed = {self.memory_before, self.memory_after, *(check_sum(content) for content in self.scene.files.values() if isinstance(content, bytes))}
+        allowed = {self.memory_before, self.memory_after, *(check_sum(content) for content in self.whole_files())}
         for name, (content, _, mode) in self.before.items():
             yield from self.old_file_faults(name, content, mode, allowed)
         left_over = "unlink" in self.log.failed
-        for name in self.after.keys() - self.before.keys() - {LOCK, "real.kvtl.lock", self.scene.target}:
+        for name in self.after.keys() - self.before.keys() - LOCKS - {self.scene.target}:
             if is_temporary(name) and not left_over:
                 yield f"{name} was left over"
             elif not is_temporary(name) and (not DATED.match(name) or self.sum_of(name) not in allowed):
@@ -114,7 +121,7 @@ class StoreRun:
         return (not self.scene.before and self.log.failed) or "damaged" in self.scene.name or self.scene.name == "refused"
 
     def content_faults(self, program):
-        known = {content for content in self.scene.files.values() if isinstance(content, bytes)}
+        known = set(self.whole_files())
         for name, (content, _, _) in self.recovered.items():
             if name.endswith(".kvtl") and isinstance(content, bytes) and content not in known and content not in GOOD:
                 reason, = program.ask(f"read {self.recovered_folder / name}")
@@ -142,6 +149,8 @@ def failing_runs(program, scene, folder, step=1):
     """Each call of the scene fails in each way, until a run meets no failure; of these every step-th."""
     folder = Path(folder)
     sound, = run_all(program, [StoreRun(scene, folder / "sound")])
+    if not scene.is_done(sound.answer):
+        sound.faults.append(f"without a failure the answer is '{sound.answer}'")
     calls = sound.log.calls
     ways = [(number, *way) for number, call in enumerate(calls, 1) for way in ways_to_fail(call)]
     chosen = [*ways[::step], (len(calls) + 1, EIO, ALL_CALLS)]
