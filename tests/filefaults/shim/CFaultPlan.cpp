@@ -79,7 +79,8 @@ void CFaultPlan::Lose(int nFile)
     const Lock lock(mutex);
     if (syscall(SYS_fstat, nFile, &status) == 0 && S_ISREG(status.st_mode)) {
         Log("lost " + std::to_string(status.st_ino));
-        syscall(SYS_dup, nFile); // for good: no other file gets that inode while the process lives
+        // For good: no other file gets that inode while the process lives. Not a second handle, which would hold its lock.
+        syscall(SYS_open, ("/proc/self/fd/" + std::to_string(nFile)).c_str(), O_RDONLY | O_CLOEXEC);
     }
 }
 
