@@ -1,21 +1,20 @@
 """The runs with failures notice a store that loses lists: the good one with one bad habit each.
 Usage: badhabits.py LIST_STORE FILE_FAULTS BAD_HABITS"""
 import sys
-import tempfile
 import unittest
 from pathlib import Path
 
-from liststore import StoreProgram
+from liststore import StoreProgram, new_folder
 from scenes import SCENES
 from storerun import failing_runs
 
 PROGRAM, FAULTS, HABITS = sys.argv[1:]
-STEP = 7
+STEP = 11
 SAVE = next(scene for scene in SCENES if scene.name == "save")
 
 
 def find_faults(habit):
-    with tempfile.TemporaryDirectory() as folder, StoreProgram(PROGRAM, HABITS, FAULTS, habit=habit) as program:
+    with new_folder() as folder, StoreProgram(PROGRAM, HABITS, FAULTS, habit=habit) as program:
         return [f"{run}: {fault}" for run in failing_runs(program, SAVE, Path(folder), STEP) for fault in run.faults]
 
 

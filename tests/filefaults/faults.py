@@ -3,24 +3,21 @@ each failure the list on the disk is a whole one, old or new, nothing good has g
 Usage: faults.py LIST_STORE FILE_FAULTS [STEP], of all failures every STEP-th"""
 import collections
 import sys
-import tempfile
 import unittest
 from pathlib import Path
 
-from liststore import StoreProgram
+from liststore import StoreProgram, new_folder
 from scenes import SCENES
 from storerun import failing_runs
 
 PROGRAM, FAULTS = sys.argv[1:3]
 STEP = int(sys.argv[3]) if len(sys.argv) > 3 else 1
-MEMORY = Path("/dev/shm")  # nothing is asked of the disk itself
 
 
 class FaultsTest(unittest.TestCase):
     def test_a_call_that_fails_costs_no_list(self):
         count = collections.Counter()
-        place = MEMORY if MEMORY.is_dir() else None
-        with tempfile.TemporaryDirectory(dir=place) as folder, StoreProgram(PROGRAM, FAULTS) as program:
+        with new_folder() as folder, StoreProgram(PROGRAM, FAULTS) as program:
             for scene in SCENES:
                 with self.subTest(scene.name):
                     runs = list(failing_runs(program, scene, Path(folder), STEP))

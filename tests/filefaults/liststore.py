@@ -3,6 +3,7 @@ import hashlib
 import os
 import re
 import subprocess
+import tempfile
 from pathlib import Path
 
 def check_sum(content):
@@ -11,6 +12,11 @@ def check_sum(content):
 
 def as_list(body):
     return b"kvtl 1 sha256:" + check_sum(body).encode() + b"\n" + body
+
+
+def new_folder():
+    """In memory where that can be: nothing is asked of the disk itself."""
+    return tempfile.TemporaryDirectory(dir="/dev/shm" if Path("/dev/shm").is_dir() else None)
 
 
 class StoreProgram:
