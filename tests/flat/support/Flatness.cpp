@@ -1,0 +1,49 @@
+#include "Flatness.h"
+
+#include "Holdings.h"
+#include "ObjectCensus.h"
+
+#include <QtTest>
+
+namespace {
+
+constexpr int nBlocks = 5; // the first one for the caches
+
+// A list in Qt that takes its next size once in a while is no growth; an entry more in a list with each round is.
+constexpr qint64 nBytesOnce = 4096;
+constexpr qint64 nBytesPerRound = 2;
+
+SHoldings RunBlock(int nRounds, const std::function<void()>& fnRound)
+{
+    for (int n = 0; n < nRounds && !QTest::currentTestFailed(); ++n) {
+        fnRound();
+    }
+    return Holdings::Take();
+}
+
+} // namespace
+
+QString Flatness::FindGrowth(int nRounds, const std::function<void()>& fnRound, int nPatienceMs)
+{
+    ObjectCensus::Start();
+    const int nBlock = nRounds / nBlocks;
+    const SHoldings first = RunBlock(nBlock, fnRound);
+    for (int n = 2; n <= nBlocks; ++n) {
+        const SHoldings holdings = RunBlock(nBlock, fnRound);
+        qInfo("%d rounds: %s", n * nBlock, qPrintable(Holdings::Describe(holdings)));
+    }
+    const qint64 nBytesAllowed = nBytesOnce + nBytesPerRound * (nRounds - nBlock);
+    QString strGrowth;
+    Q_UNUSED(QTest::qWaitFor(
+        [&] {
+            strGrowth = Holdings::DescribeGrowth(first, Holdings::Take(), nBytesAllowed);
+            return strGrowth.isEmpty();
+        },
+        nPatienceMs))
+    return strGrowth;
+}
+
+int Flatness::CountRounds(int nYears, int nDay)
+{
+    return qEnvironmentVariableIsSet("PTV_FLAT_YEARS") ? nYears : nDay;
+}
