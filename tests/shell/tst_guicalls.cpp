@@ -1,18 +1,14 @@
 #include "CDialogDriver.h"
-#include "CMenuDriver.h"
 #include "TestMain.h"
-#include "fixtures/CPanelFixture.h"
+#include "fixtures/CUsedPanel.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "shell/CProcessorTreeView.h"
 #include "tree/CProcessorTree.h"
-#include "tree/SDragPayload.h"
 
 #include <QAction>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QThreadPool>
 #include <QToolButton>
 
 #include <functional>
@@ -25,92 +21,17 @@ SProcessorAllNode Site()
                 { Processor("loose").Expanded(false), Processor("other").Expanded(false) });
 }
 
-/// Hands on drops, which the application does only while a drag runs.
-class COpenTree : public CProcessorTree
-{
-public:
-    using CProcessorTree::dropEvent;
-};
-
 /// A panel that a user works with, and the control library's operations that were called meanwhile on the GUI thread.
-class CWatchedPanel
+class CWatchedPanel : public CUsedPanel
 {
 public:
     CWatchedPanel()
-        : panel([](SControlAnswers& answers) {
+        : CUsedPanel([](SControlAnswers& answers) {
               answers.nodeDiscovered = Site();
               answers.nodeSimulator = Root({}, { Processor("sim").Expanded(false) });
               answers.setActive = { ProcessorId("alpha"), ProcessorId("loose"), ProcessorId("other") };
           })
-    {
-        panel.Refresh();
-        QApplication::setActiveWindow(&panel.host);
-    }
-
-    ~CWatchedPanel()
-    {
-        QThreadPool::globalInstance()->waitForDone();
-    }
-    Q_DISABLE_COPY(CWatchedPanel)
-
-    QModelIndex Row(const QString& strName, bool bSimulator = false) const
-    {
-        const QAbstractItemModel* pModel = panel.Tree(bSimulator)->model();
-        const QUuid id = strName == "Stage" || strName == "Hall" ? GroupId(strName) : ProcessorId(strName);
-        return pModel->match(pModel->index(0, 0), Qt::UserRole + 1, id, 1, Qt::MatchExactly | Qt::MatchRecursive).value(0);
-    }
-
-    void Click(const QString& strName, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::mouseClick(panel.Tree()->viewport(), Qt::LeftButton, modifiers, panel.Tree()->visualRect(Row(strName)).center());
-    }
-
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(panel.Tree(), key, modifiers);
-    }
-
-    /// Selects the rows and chooses the entry, and that of its sub-menu, by a right click on the first.
-    void Choose(const QStringList& listName, const QStringList& listPath)
-    {
-        Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-        for (const QString& strName : listName) {
-            Click(strName, modifiers);
-            modifiers = Qt::ControlModifier;
-        }
-        const CMenuDriver menuDriver([&](QMenu* pMenu) { CMenuDriver::Choose(pMenu, listPath); });
-        const QPoint pos = panel.Tree()->visualRect(Row(listName[0])).center();
-        QTest::mouseClick(panel.host.windowHandle(), Qt::RightButton, {}, panel.Tree()->viewport()->mapTo(&panel.host, pos));
-        QVERIFY(menuDriver.HasActed());
-    }
-
-    /// Answers a row's editor.
-    void Type(const QString& strText)
-    {
-        auto* pEditor = qobject_cast<QLineEdit*>(panel.Tree()->viewport()->findChild<QLineEdit*>());
-        QVERIFY(pEditor);
-        QTest::keyClicks(pEditor, strText);
-        QTest::keyClick(pEditor, Qt::Key_Return);
-    }
-
-    void Drop(const QString& strName, const QString& strTarget)
-    {
-        Click(strName);
-        SDragPayload payload;
-        payload.bAllow = true;
-        const QScopedPointer<QMimeData> pData(payload.ToMime());
-        QDropEvent event(panel.Tree()->visualRect(Row(strTarget)).center(), Qt::MoveAction, pData.data(), Qt::LeftButton,
-                         Qt::NoModifier);
-        const auto fnDrop = &COpenTree::dropEvent;
-        (panel.Tree()->*fnDrop)(&event);
-    }
-
-    /// The job has taken its last step.
-    void AwaitJob()
-    {
-        QTRY_COMPARE(panel.control.CallCount(QStringLiteral("SetBusy")), 2);
-        QVERIFY(QThreadPool::globalInstance()->waitForDone(nPatience));
-    }
+    { }
 
     /// A file to import.
     QString WriteList() const
@@ -149,7 +70,6 @@ public:
         return listCall;
     }
 
-    CPanelFixture panel;
     CDialogDriver driver;
     QTemporaryDir folder;
 };
