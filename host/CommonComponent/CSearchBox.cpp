@@ -104,7 +104,7 @@ void CSearchBox::ClearText()
     if (GetText().isEmpty()) {
         emit SignalSearch(QString());
     } else {
-        d->pEdit->clear();
+        d->pEdit->setText(QString()); // unlike clear() it empties the line's list of undo too, which grows with each search
     }
 }
 

@@ -1,7 +1,6 @@
 #include "Flatness.h"
 
 #include "Holdings.h"
-#include "ObjectCensus.h"
 
 #include <QtTest>
 
@@ -25,7 +24,6 @@ SHoldings RunBlock(int nRounds, const std::function<void()>& fnRound)
 
 QString Flatness::FindGrowth(int nRounds, const std::function<void()>& fnRound, int nPatienceMs)
 {
-    ObjectCensus::Start();
     const int nBlock = nRounds / nBlocks;
     const SHoldings first = RunBlock(nBlock, fnRound);
     for (int n = 2; n <= nBlocks; ++n) {

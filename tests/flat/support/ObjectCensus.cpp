@@ -34,15 +34,18 @@ void Remove(QObject* pObject)
     census.setLiving.erase(pObject);
 }
 
-} // namespace
-
-void ObjectCensus::Start()
+bool Start()
 {
     const QHooks::AddQObjectCallback fnAdd = &Add;
     const QHooks::RemoveQObjectCallback fnRemove = &Remove;
     qtHookData[QHooks::AddQObject] = reinterpret_cast<quintptr>(fnAdd);
     qtHookData[QHooks::RemoveQObject] = reinterpret_cast<quintptr>(fnRemove);
+    return true;
 }
+
+[[maybe_unused]] const bool bStarted = Start(); // before there is an application
+
+} // namespace
 
 std::vector<const QObject*> ObjectCensus::GetLiving()
 {
