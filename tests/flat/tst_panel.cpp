@@ -47,10 +47,7 @@ QList<SHabit> Menus()
           [](CFlatPanel& user) { user.OpenMenu({ "loose" }, [](QMenu* pMenu) { pMenu->close(); }); } },
         { "a menu of which an entry of the sub-menu is chosen", 10000, 200,
           [](CFlatPanel& user) { user.Choose({ "loose" }, { "Move to group", "Hall" }); } },
-        { "a group by the menu", 10000, 200,
-          [](CFlatPanel& user) {
-              user.Choose({ "loose", "alpha" }, { user.Round() % 2 == 1 ? "Group" : "Remove from group" });
-          } },
+        { "a group by the menu", 10000, 200, [](CFlatPanel& user) { user.Choose({ "loose", "alpha" }, { "Group" }); } },
         { "the menu of the tool bar", 10000, 200,
           [](CFlatPanel& user) {
               const CMenuDriver driver([](QMenu* pMenu) { pMenu->close(); });

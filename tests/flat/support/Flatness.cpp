@@ -2,6 +2,7 @@
 
 #include "Holdings.h"
 
+#include <QPixmapCache>
 #include <QtTest>
 
 namespace {
@@ -24,6 +25,7 @@ SHoldings RunBlock(int nRounds, const std::function<void()>& fnRound)
 
 QString Flatness::FindGrowth(int nRounds, const std::function<void()>& fnRound, int nPatienceMs)
 {
+    QPixmapCache::setCacheLimit(0); // the cache has a limit of its own, 10 MB, far above what is looked for here
     const int nBlock = nRounds / nBlocks;
     const SHoldings first = RunBlock(nBlock, fnRound);
     for (int n = 2; n <= nBlocks; ++n) {

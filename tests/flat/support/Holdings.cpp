@@ -7,7 +7,6 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDir>
-#include <QPixmapCache>
 #include <QStringList>
 #include <QThreadPool>
 
@@ -48,7 +47,6 @@ qint64 CountHandles()
 void Settle()
 {
     QThreadPool::globalInstance()->waitForDone(nPatience); // ends idle threads too
-    QPixmapCache::clear();                                 // has a limit of its own, 10 MB, far above what is measured here
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
