@@ -47,7 +47,8 @@ QList<SHabit> Menus()
           [](CFlatPanel& user) { user.OpenMenu({ "loose" }, [](QMenu* pMenu) { pMenu->close(); }); } },
         { "a menu of which an entry of the sub-menu is chosen", 10000, 200,
           [](CFlatPanel& user) { user.Choose({ "loose" }, { "Move to group", "Hall" }); } },
-        { "a group by the menu", 10000, 200, [](CFlatPanel& user) { user.Choose({ "loose", "alpha" }, { "Group" }); } },
+        { "members that leave their group", 10000, 200,
+          [](CFlatPanel& user) { user.Choose({ "alpha", "loose" }, { "Remove from group" }); } },
         { "the menu of the tool bar", 10000, 200,
           [](CFlatPanel& user) {
               const CMenuDriver driver([](QMenu* pMenu) { pMenu->close(); });
@@ -161,8 +162,8 @@ QList<SHabit> Hands()
         { "a screen reader", 1000, 50,
           [](CFlatPanel& user) {
               const CScreenReader reader;
-              user.ReadNews();
               user.Press(Qt::Key_Down);
+              user.ReadRows(); // Qt keeps what it has made for each row that was spoken of until the rows are others
           } },
     };
 }
