@@ -1,7 +1,6 @@
 #include "CFlatPanel.h"
 #include "CMapTranslator.h"
 #include "CMenuDriver.h"
-#include "CScreenReader.h"
 #include "Flatness.h"
 #include "TestMain.h"
 #include "shell/CProcessorTreeView.h"
@@ -158,12 +157,6 @@ QList<SHabit> Hands()
               const CMapTranslator translator({ { "CProcessorTreeToolBar|Delete", "Weg" } });
               QCoreApplication::processEvents();
               QVERIFY(user.panel.ToolButton("Weg"));
-          } },
-        { "a screen reader", 1000, 50,
-          [](CFlatPanel& user) {
-              const CScreenReader reader;
-              user.Press(Qt::Key_Down);
-              user.ReadRows(); // Qt keeps what it has made for each row that was spoken of until the rows are others
           } },
     };
 }

@@ -1,5 +1,5 @@
 #include "TestMain.h"
-#include "fixtures/CTreeFixture.h"
+#include "fixtures/CDragRun.h"
 
 #include <QDrag>
 #include <QMimeData>
@@ -21,83 +21,6 @@ SProcessorAllNode Site()
                   Group("Hall", { Processor("gamma").Expanded(false) }).Expanded(false) },
                 { Processor("loose").Expanded(false), Processor("open").Expanded(true), Processor("last").Expanded(false) });
 }
-
-/// A drag with the mouse, through the window: press, move far enough, then the steps one by one while
-/// QDrag::exec() runs. A drag that the steps do not end is cancelled.
-class CDragRun
-{
-public:
-    using FnStep = std::function<void()>;
-
-    explicit CDragRun(CTreeFixture& fixtureIn) : fixture(fixtureIn) { }
-
-    void Run(const QModelIndex& indexFrom, const QList<FnStep>& listOfSteps)
-    {
-        listStep = listOfSteps;
-        ptLast = fixture.At(indexFrom);
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, &timer, [this] { Next(); });
-        timer.start(1);
-        QTest::mousePress(Window(), Qt::LeftButton, Qt::NoModifier, ptLast);
-        MoveTo(ptLast + QPoint(0, 3));
-        bMoving = true;
-        MoveTo(ptLast + QPoint(8, 0)); // blocks until the drag is over
-        if (!bHasRun && fixture.pTree) {
-            QTest::mouseRelease(Window(), Qt::LeftButton, Qt::NoModifier, ptLast);
-        }
-    }
-
-    void MoveTo(const QPoint& pos)
-    {
-        ptLast = pos;
-        QTest::mouseMove(Window(), pos);
-    }
-    void MoveOnto(const QModelIndex& index)
-    {
-        MoveTo(fixture.At(index));
-    }
-    void Release()
-    {
-        QTest::mouseRelease(Window(), Qt::LeftButton, Qt::NoModifier, ptLast);
-    }
-
-    QDrag* Drag() const
-    {
-        return fixture.pTree ? fixture.pTree->findChild<QDrag*>() : nullptr;
-    }
-    bool HasRun() const
-    {
-        return bHasRun;
-    }
-
-private:
-    QWindow* Window() const
-    {
-        return fixture.pTree->windowHandle();
-    }
-
-    void Next()
-    {
-        if (!bMoving || !Drag() || bInStep) {
-            return;
-        }
-        bHasRun = true;
-        bInStep = true;
-        if (listStep.isEmpty()) {
-            QDrag::cancel();
-        } else {
-            listStep.takeFirst()();
-        }
-        bInStep = false;
-    }
-
-    CTreeFixture& fixture;
-    QList<FnStep> listStep;
-    QPoint ptLast;
-    bool bMoving = false;
-    bool bInStep = false;
-    bool bHasRun = false;
-};
 
 QColor ColorOf(const CTreeFixture& fixture, const QModelIndex& index, int nFromTop)
 {

@@ -103,11 +103,6 @@ void CFlatPanel::ReadNews()
     panel.Refresh([this](SControlAnswers& answers) { Change(answers, nRound); });
 }
 
-void CFlatPanel::ReadRows()
-{
-    panel.Refresh([this](SControlAnswers& answers) { answers.nodeDiscovered = Site(nRound % 2 == 1); });
-}
-
 void CFlatPanel::ShowTip(const QString& strRow)
 {
     QWidget* const pViewport = panel.Tree()->viewport();

@@ -29,9 +29,6 @@ public:
     /// come of it. Returns when the panel shows it.
     void ReadNews();
 
-    /// As ReadNews, always with other rows.
-    void ReadRows();
-
     /// Holds the pointer over a row until its tip shows, and takes it away.
     void ShowTip(const QString& strRow);
 
