@@ -5,7 +5,7 @@
 #              an hour when the compiler cache knows the sources, about twice that when it does not
 #   quick      the daily round: a build, the quick tests, the layout of the sources
 #   long       everything, then for hours: stress, end to end and quick tests over and over on an overloaded machine,
-#              fuzzing for an hour
+#              the rounds of years, fuzzing for an hour
 #
 # Installs what is missing first (scripts/setup.sh). Each stage has its number and the time at which it began, each
 # build says how far it is; logs are kept in build/test-logs. The last line: "N passed, N failed", summed over all
@@ -38,7 +38,7 @@ esac
 case $round in
 quick) stages=4 ;;
 all) stages=10 ;;
-long) stages=13 ;;
+long) stages=14 ;;
 esac
 mkdir -p "$log_dir"
 
@@ -158,6 +158,9 @@ run_long() {
     load_machine
     run_tests dev -j 12 -L '^quick$' --repeat until-fail:10
     release_machine
+
+    section "What the panel holds after years"
+    PTV_FLAT_YEARS=1 QTEST_FUNCTION_TIMEOUT=14400000 run_tests dev -R '^tst_flat_(panel|drags)$'
 
     section "Fuzzing for an hour"
     step "fuzzing, 3600 s" scripts/fuzz.sh 3600
