@@ -56,6 +56,14 @@ private slots:
         QCOMPARE(pBox->GetText(), QStringLiteral("a"));
     }
 
+    void whatWasClearedIsForgotten()
+    {
+        QTest::keyClicks(Edit(), QStringLiteral("ab"));
+        QVERIFY(Edit()->isUndoAvailable());
+        pBox->ClearText();
+        QVERIFY(!Edit()->isUndoAvailable());
+    }
+
     void clearTextSearchesForNothingExactlyOnce_data()
     {
         QTest::addColumn<QString>("strText");
