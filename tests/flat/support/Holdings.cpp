@@ -10,8 +10,10 @@
 #include <QStringList>
 #include <QThreadPool>
 
+#include <cstddef>
+
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#include <sanitizer/allocator_interface.h>
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes(); // the compiler comes without the header
 #else
 #include <malloc.h>
 #endif
