@@ -115,7 +115,28 @@ const SProcessorAllNode& CBenchPanel::Tree() const
 void CBenchPanel::SelectFirstProcessor()
 {
     const QUuid id = nodeTree.listGroup.constFirst().listProcessor.constFirst().idNode;
-    control.Set([&id](SControlAnswers& answers) { answers.vecDiscoveredSelection = { id }; });
+    Select({ id });
+}
+
+void CBenchPanel::SelectAll()
+{
+    std::vector<QUuid> vecId{ QUuid() };
+    const auto fnAdd = [&vecId](const QList<SProcessorNode>& listProcessor) {
+        for (const SProcessorNode& processor : listProcessor) {
+            vecId.push_back(processor.idNode);
+        }
+    };
+    for (const SProcessorGroupNode& group : std::as_const(nodeTree.listGroup)) {
+        vecId.push_back(group.idNode);
+        fnAdd(group.listProcessor);
+    }
+    fnAdd(nodeTree.listProcessor);
+    Select(vecId);
+}
+
+void CBenchPanel::Select(const std::vector<QUuid>& vecId)
+{
+    control.Set([&vecId](SControlAnswers& answers) { answers.vecDiscoveredSelection = vecId; });
     g_pProcessorTreeData->Refresh();
     Settle();
 }
@@ -159,6 +180,11 @@ int CBenchPanel::RowCount() const
         nRows += 1 + 2 * group.listProcessor.size();
     }
     return nRows + 2 * nodeTree.listProcessor.size();
+}
+
+CProcessorTree& CBenchPanel::View()
+{
+    return *pTree;
 }
 
 QWidget* CBenchPanel::Viewport() const

@@ -35,6 +35,9 @@ public:
     const SProcessorAllNode& Tree() const;
     void SelectFirstProcessor();
 
+    /// The root, all groups and all processors, in the order of the rows.
+    void SelectAll();
+
     /// The library drops one processor or gets it back; nobody is told yet.
     void ChangeOneProcessor();
 
@@ -48,12 +51,14 @@ public:
     void Rebuild();
 
     int RowCount() const;
+    CProcessorTree& View();
     QWidget* Viewport() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void Select(const std::vector<QUuid>& vecId);
     void ResizeViewport(int nHeight);
 
     CControlDouble control;

@@ -1,7 +1,10 @@
 #include "CPlainTree.h"
 
+#include "CBenchPanel.h"
+
 #include "nodes/SProcessorAllNode.h"
 
+#include <QHeaderView>
 #include <QHostAddress>
 #include <QStandardItemModel>
 #include <QTreeWidget>
@@ -25,6 +28,29 @@ QString InfoText(const SProcessorNode& node)
         .arg(node.strType, QHostAddress(node.nIP).toString(), node.strProject, node.idNode.toString(QUuid::WithoutBraces));
 }
 
+bool IsProcessor(const QTreeWidgetItem& item)
+{
+    return item.childCount() == 1 && item.child(0)->childCount() == 0;
+}
+
+// The information row has type and address.
+bool Matches(const QTreeWidgetItem& item, const QString& strText)
+{
+    return item.text(0).contains(strText, Qt::CaseInsensitive) || item.child(0)->text(0).contains(strText, Qt::CaseInsensitive);
+}
+
+void FilterGroup(QTreeWidgetItem* pGroup, const QString& strText)
+{
+    const bool bNameMatches = pGroup->text(0).contains(strText, Qt::CaseInsensitive);
+    bool bShown = bNameMatches;
+    for (int i = 0; i < pGroup->childCount(); ++i) {
+        const bool bMatches = Matches(*pGroup->child(i), strText);
+        bShown = bShown || bMatches;
+        pGroup->child(i)->setHidden(!bMatches && !bNameMatches);
+    }
+    pGroup->setHidden(!bShown);
+}
+
 } // namespace
 
 CPlainTree::CPlainTree()
@@ -32,6 +58,29 @@ CPlainTree::CPlainTree()
       iconOnline(QStringLiteral(":/image/treeView/online/online.svg")),
       iconOffline(QStringLiteral(":/image/treeView/online/offline.svg"))
 { }
+
+void CPlainTree::Prepare(QTreeWidget* pTree)
+{
+    pTree->setObjectName(QStringLiteral("ProcessorTree"));
+    pTree->setStyleSheet(CBenchPanel::Sheet());
+    pTree->header()->hide();
+    pTree->setIndentation(15);
+    pTree->resize(CBenchPanel::nWidth, CBenchPanel::nDefaultHeight);
+    pTree->show();
+}
+
+void CPlainTree::Filter(QTreeWidget* pTree, const QString& strText)
+{
+    QTreeWidgetItem* const pRoot = pTree->topLevelItem(0);
+    for (int i = 0; i < pRoot->childCount(); ++i) {
+        QTreeWidgetItem* const pItem = pRoot->child(i);
+        if (IsProcessor(*pItem)) {
+            pItem->setHidden(!Matches(*pItem, strText));
+        } else {
+            FilterGroup(pItem, strText);
+        }
+    }
+}
 
 void CPlainTree::Fill(QTreeWidget* pTree, const SProcessorAllNode& node) const
 {

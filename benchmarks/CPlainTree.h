@@ -13,6 +13,12 @@ class CPlainTree
 public:
     CPlainTree();
 
+    /// Puts pTree in the panel's place, under the same sheet, on the screen.
+    static void Prepare(QTreeWidget* pTree);
+
+    /// Hides the rows that Fill made and that strText is not in, by the panel's rule.
+    static void Filter(QTreeWidget* pTree, const QString& strText);
+
     /// Empties pTree and fills it anew: a root, groups with their members, processors without a group,
     /// one information row under each processor; expanded as the records say.
     void Fill(QTreeWidget* pTree, const SProcessorAllNode& node) const;

@@ -1,5 +1,7 @@
 #include "CSamples.h"
 
+#include <valgrind/callgrind.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -13,13 +15,7 @@ double CSamples::Add(double fSeconds)
 
 double CSamples::Median() const
 {
-    if (vecSeconds.empty()) {
-        return 0.0;
-    }
-    std::vector<double> vecSorted = vecSeconds;
-    const auto itMiddle = vecSorted.begin() + static_cast<std::ptrdiff_t>(vecSorted.size() / 2);
-    std::nth_element(vecSorted.begin(), itMiddle, vecSorted.end());
-    return *itMiddle;
+    return ::Median(vecSeconds);
 }
 
 double CSamples::ThreadSeconds()
@@ -32,6 +28,27 @@ double CSamples::ThreadSeconds()
 double CSamples::WallSeconds()
 {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+void CSamples::BeginCount()
+{
+    CALLGRIND_ZERO_STATS;
+}
+
+void CSamples::EndCount() const
+{
+    CALLGRIND_DUMP_STATS_AT(szName);
+}
+
+double Median(const std::vector<double>& vecValue)
+{
+    if (vecValue.empty()) {
+        return 0.0;
+    }
+    std::vector<double> vecSorted = vecValue;
+    const auto itMiddle = vecSorted.begin() + static_cast<std::ptrdiff_t>(vecSorted.size() / 2);
+    std::nth_element(vecSorted.begin(), itMiddle, vecSorted.end());
+    return *itMiddle;
 }
 
 double GrowthExponent(const std::vector<int>& vecSize, const std::vector<double>& vecSeconds)

@@ -18,8 +18,8 @@ void BM_LookupsOfARepaint(benchmark::State& state)
     panel.SetTree(CBenchPanel::MakeGroupedTree(256, 256));
     const QUuid id = panel.Tree().listGroup.constLast().listProcessor.constFirst().idNode;
 
-    CSamples samplesLookup;
-    CSamples samplesDetached;
+    CSamples samplesLookup("lookup");
+    CSamples samplesDetached("detached");
     for (auto _ : state) {
         state.SetIterationTime(samplesLookup.Time([&id] {
             for (int i = 0; i < nLookups; ++i) {

@@ -84,8 +84,8 @@ void BM_JournalOnTheWayToPixels(benchmark::State& state)
     CBenchPanel panel;
     panel.SetTree(CBenchPanel::MakeGroupedTree(nLimit, nLimit));
     CBenchJournal journal;
-    CSamples samplesPlain;
-    CSamples samplesJournal;
+    CSamples samplesPlain("plain");
+    CSamples samplesJournal("journal");
     CPairs pairs;
     const auto fnMeasure = [&panel](CSamples& samples) {
         panel.ChangeOneProcessor();

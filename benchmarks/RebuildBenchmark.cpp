@@ -1,11 +1,10 @@
 #include "CBenchPanel.h"
-#include "CSamples.h"
-
-#include <benchmark/benchmark.h>
+#include "CPair.h"
 
 namespace {
 
 const std::vector<int> vecSize{ 256, 1024, 4096, 16384 };
+const std::vector<const char*> vecName{ "256", "1024", "4096", "16384" };
 
 /// A list of nProcessors in 256 groups, one processor selected.
 CBenchPanel& Fill(CBenchPanel& panel, int nProcessors)
@@ -29,7 +28,7 @@ void BM_Rebuild(benchmark::State& state)
 /// All sizes in turn, in one run, with the exponent of the growth.
 void BM_RebuildGrowth(benchmark::State& state)
 {
-    std::vector<CSamples> vecSamples(vecSize.size());
+    std::vector<CSamples> vecSamples(vecName.cbegin(), vecName.cend());
     CBenchPanel panel;
     for (auto _ : state) {
         double fSum = 0.0;
@@ -50,7 +49,27 @@ void BM_RebuildGrowth(benchmark::State& state)
     state.counters["ms_16384"] = vecMedian.back() * 1e3;
 }
 
+/// What 513 selected rows, all that show at 256 processors in 256 groups, add to the rebuild of one.
+void BM_SelectionOverRebuild(benchmark::State& state)
+{
+    CBenchPanel panel;
+    panel.SetTree(CBenchPanel::MakeGroupedTree(256, 256));
+    CSamples samplesAll("all");
+    CSamples samplesOne("one");
+    for (auto _ : state) {
+        panel.SelectFirstProcessor();
+        panel.Rebuild();
+        const double fOne = samplesOne.Time([&panel] { panel.Rebuild(); });
+        panel.SelectAll();
+        panel.Rebuild();
+        state.SetIterationTime(samplesAll.Time([&panel] { panel.Rebuild(); }) - fOne);
+    }
+    state.counters["selected_ms"] = (samplesAll.Median() - samplesOne.Median()) * 1e3;
+    state.counters["one_ms"] = samplesOne.Median() * 1e3;
+}
+
 } // namespace
 
 BENCHMARK(BM_Rebuild)->Unit(benchmark::kMillisecond)->Arg(256)->Arg(1024)->Arg(4096)->Arg(16384);
 BENCHMARK(BM_RebuildGrowth)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
+BENCHMARK(BM_SelectionOverRebuild)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(CPair::GetCount());

@@ -1,56 +1,43 @@
+#include "CApplicationFont.h"
 #include "CBenchPanel.h"
-#include "CPlainTree.h"
-#include "CSamples.h"
+#include "CPair.h"
+#include "CPlainView.h"
 
-#include <QCoreApplication>
-#include <QHeaderView>
-#include <QStandardItemModel>
-#include <QTreeView>
+#include "Kestrel/theme/ThemeFont.h"
 
-#include <benchmark/benchmark.h>
+#include <QFontDatabase>
 
 namespace {
 
 constexpr int nRows = 40;
 constexpr int nHeight = nRows * 32;
 
-/// A plain view of the same rows, in the same place and under the same sheet.
-void PrepareTree(QTreeView& tree, QStandardItemModel& model)
-{
-    tree.setObjectName(QStringLiteral("ProcessorTree"));
-    tree.setStyleSheet(CBenchPanel::Sheet());
-    tree.setModel(&model);
-    tree.header()->hide();
-    tree.setIndentation(15);
-    tree.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    tree.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    tree.expandAll();
-    tree.resize(CBenchPanel::nWidth, nHeight);
-    tree.show();
-}
-
 /// 40 rows painted whole, every processor with its online mark and its Primary or Backup mark.
-void BM_RepaintViewport(benchmark::State& state)
+void Repaint(benchmark::State& state, const QFont& font)
 {
+    const CApplicationFont applicationFont(font);
     const SProcessorAllNode node = CBenchPanel::MakeMarkedTree(nRows);
     CBenchPanel panel(nHeight);
     panel.SetTree(node);
-    QStandardItemModel model;
-    CPlainTree().Fill(&model, node);
-    QTreeView plain;
-    PrepareTree(plain, model);
-    QCoreApplication::processEvents();
+    CPlainView plain(node, nHeight);
 
-    CSamples samplesPanel;
-    CSamples samplesPlain;
+    CPair pair(state);
     for (auto _ : state) {
-        state.SetIterationTime(samplesPanel.Time([&panel] { panel.Viewport()->repaint(); }));
-        samplesPlain.Time([&plain] { plain.viewport()->repaint(); });
+        pair.Time([&panel] { panel.Viewport()->repaint(); }, [&plain] { plain.viewport()->repaint(); });
     }
-    state.counters["ratio"] = samplesPanel.Median() / samplesPlain.Median();
-    state.counters["plain_ms"] = samplesPlain.Median() * 1e3;
+}
+
+void BM_RepaintInThemeFont(benchmark::State& state)
+{
+    Repaint(state, ThemeFont::Get());
+}
+
+void BM_RepaintInPlatformFont(benchmark::State& state)
+{
+    Repaint(state, QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 }
 
 } // namespace
 
-BENCHMARK(BM_RepaintViewport)->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(2.0);
+BENCHMARK(BM_RepaintInThemeFont)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(CPair::GetCount());
+BENCHMARK(BM_RepaintInPlatformFont)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(CPair::GetCount());

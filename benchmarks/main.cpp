@@ -1,4 +1,7 @@
+#include "Kestrel/theme/ThemeFont.h"
+
 #include <QApplication>
+#include <QFont>
 #include <QStyleFactory>
 
 #include <benchmark/benchmark.h>
@@ -10,6 +13,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
+    QApplication::setFont(ThemeFont::Get());
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
     benchmark::Initialize(&argc, argv);

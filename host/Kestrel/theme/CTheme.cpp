@@ -1,6 +1,7 @@
 #include "Kestrel/theme/CTheme.h"
 
 #include "Kestrel/GuiThread.h"
+#include "Kestrel/theme/ThemeFont.h"
 
 #include <QApplication>
 #include <QFile>
@@ -10,10 +11,6 @@
 #include <QStyleFactory>
 
 namespace {
-
-constexpr int nFontPixels = 12;
-// "Project: " and "UID: " of the panel's rows get into the 45 and 32 pixels that are kept for them.
-constexpr qreal fLetterSpacing = -0.35;
 
 QString ReadText(const QString& strPath)
 {
@@ -44,12 +41,7 @@ QString CTheme::GetName() const
 void CTheme::Apply(QApplication& application) const
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont font;
-    // The second has the East Asian scripts and is no higher than the first: the panel's rows leave a line 15 pixels.
-    font.setFamilies({ QStringLiteral("Inter"), QStringLiteral("WenQuanYi Micro Hei") });
-    font.setPixelSize(nFontPixels);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, fLetterSpacing);
-    QApplication::setFont(font);
+    QApplication::setFont(ThemeFont::Get());
     ApplyColours(application);
 }
 
