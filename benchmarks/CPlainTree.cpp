@@ -4,6 +4,7 @@
 
 #include "nodes/SProcessorAllNode.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QHostAddress>
 #include <QStandardItemModel>
@@ -67,6 +68,7 @@ void CPlainTree::Prepare(QTreeWidget* pTree)
     pTree->setIndentation(15);
     pTree->resize(CBenchPanel::nWidth, CBenchPanel::nDefaultHeight);
     pTree->show();
+    QCoreApplication::processEvents();
 }
 
 void CPlainTree::Filter(QTreeWidget* pTree, const QString& strText)

@@ -1,5 +1,6 @@
 #include "data/CProcessorTreeData.h"
 #include "delegate/CProcessorTreeDelegate.h"
+#include "delegate/CRowIcons.h"
 #include "delegate/RowLook.h"
 #include "delegate/RowText.h"
 #include "delegate/SGroupRowGeometry.h"
@@ -13,7 +14,6 @@
 #include <QPainter>
 #include <QRadialGradient>
 #include <QStringList>
-#include <QSvgRenderer>
 #include <QTextOption>
 
 namespace {
@@ -36,12 +36,18 @@ void SetTextPen(QPainter* painter, QStyle::State state)
     }
 }
 
+const QGradientStops& GlowStops()
+{
+    static const QGradientStops stops{ { 0.0, QColor::fromRgba(RowLook::rgbaGlowMiddle) },
+                                       { RowLook::fGlowFading, QColor::fromRgba(RowLook::rgbaGlowFading) },
+                                       { 1.0, QColor::fromRgba(RowLook::rgbaGlowEnd) } };
+    return stops;
+}
+
 QRadialGradient GlowGradient(const QPointF& ptMiddle)
 {
     QRadialGradient gradient(ptMiddle, RowLook::fGlowRadius);
-    gradient.setColorAt(0.0, QColor::fromRgba(RowLook::rgbaGlowMiddle));
-    gradient.setColorAt(RowLook::fGlowFading, QColor::fromRgba(RowLook::rgbaGlowFading));
-    gradient.setColorAt(1.0, QColor::fromRgba(RowLook::rgbaGlowEnd));
+    gradient.setStops(GlowStops());
     return gradient;
 }
 
@@ -54,25 +60,19 @@ void DrawGlow(QPainter* painter, const SProcessorRowGeometry& geometry)
     painter->restore();
 }
 
-void DrawIcon(QPainter* painter, QSvgRenderer& renderer, const QString& strPath, const QRectF& rcIcon)
-{
-    renderer.load(strPath);
-    renderer.render(painter, rcIcon);
-}
-
 // In this order: glow, dot, role, Chief.
 void DrawMarks(QPainter* painter, const SProcessorRowGeometry& geometry, const SProcessorNode& node, bool bChief)
 {
-    QSvgRenderer renderer;
+    CRowIcons icons(painter);
     if (node.bOnline) {
         DrawGlow(painter, geometry);
     }
-    DrawIcon(painter, renderer, RowLook::IconDot(node.bOnline), geometry.rcDot);
+    icons.Draw(RowLook::IconDot(node.bOnline), geometry.rcDot);
     if (node.bOnline && node.nFailover != 0 && !node.strProject.isEmpty()) {
-        DrawIcon(painter, renderer, RowLook::IconFailover(node.nFailover == 1), geometry.rcFailover);
+        icons.Draw(RowLook::IconFailover(node.nFailover == 1), geometry.rcFailover);
     }
     if (bChief) {
-        DrawIcon(painter, renderer, RowLook::IconChief(), geometry.rcChief);
+        icons.Draw(RowLook::IconChief(), geometry.rcChief);
     }
 }
 
@@ -166,8 +166,7 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
 
     QStyledItemDelegate::paint(painter, option, index);
     SetRowFont(painter);
-    QSvgRenderer renderer;
-    DrawIcon(painter, renderer, RowLook::IconGroup(bChief, option.state & QStyle::State_Selected), geometry.rcIcon);
+    CRowIcons(painter).Draw(RowLook::IconGroup(bChief, option.state & QStyle::State_Selected), geometry.rcIcon);
     SetTextPen(painter, option.state);
     const QString strElided = GetElidedText(strText, static_cast<int>(geometry.rcText.width()), painter->font(), index);
     painter->drawText(geometry.rcText, strElided, QTextOption());

@@ -277,7 +277,9 @@ void CProcessorTree::DrawNodeShape(QPainter* pPainter, const QRect& rcRow, const
     if (mark == EnRowMark::Hovered || mark == EnRowMark::DropFrame) {
         indexHover = index;
     }
-    CRowPainter(*pPainter).PaintNode(rcRow, mark);
+    if (mark != EnRowMark::None) {
+        CRowPainter(*pPainter).PaintNode(rcRow, mark);
+    }
 }
 
 // The card of a processor that is neither selected nor hovered is invisible.
