@@ -115,7 +115,7 @@ const SProcessorAllNode& CBenchPanel::Tree() const
 void CBenchPanel::SelectFirstProcessor()
 {
     const QUuid id = nodeTree.listGroup.constFirst().listProcessor.constFirst().idNode;
-    Select({ id });
+    g_pProcessorTreeData->SetSelectedNodes({ id });
 }
 
 void CBenchPanel::SelectAll()
@@ -131,14 +131,7 @@ void CBenchPanel::SelectAll()
         fnAdd(group.listProcessor);
     }
     fnAdd(nodeTree.listProcessor);
-    Select(vecId);
-}
-
-void CBenchPanel::Select(const std::vector<QUuid>& vecId)
-{
-    control.Set([&vecId](SControlAnswers& answers) { answers.vecDiscoveredSelection = vecId; });
-    g_pProcessorTreeData->Refresh();
-    Settle();
+    g_pProcessorTreeData->SetSelectedNodes(vecId);
 }
 
 void CBenchPanel::ChangeOneProcessor()

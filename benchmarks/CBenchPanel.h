@@ -33,6 +33,8 @@ public:
     /// Gives the library a new tree and waits until it is on the screen.
     void SetTree(const SProcessorAllNode& node);
     const SProcessorAllNode& Tree() const;
+
+    /// What the store names as selected; the rows follow with the next rebuild.
     void SelectFirstProcessor();
 
     /// The root, all groups and all processors, in the order of the rows.
@@ -58,7 +60,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Select(const std::vector<QUuid>& vecId);
     void ResizeViewport(int nHeight);
 
     CControlDouble control;

@@ -48,16 +48,23 @@ CDoubleJournal::CCallGuard CDoubleJournal::Enter(EnCallKind kind, const QString&
     std::unique_lock<std::mutex> lock(mutex);
     ++nUnderWay;
     listCall.append({ kind, strOperation, strArguments, ThreadTag() });
-    listWaiting.append(strOperation);
     condition.notify_all();
-    condition.wait(lock, [this, &strOperation] { return !IsHeld(strOperation); });
-    listWaiting.removeOne(strOperation);
+    WaitAtGate(lock, strOperation);
     const FnDuring fnDuring = TakeDuring(strOperation);
     lock.unlock(); // it may call the library itself
     if (fnDuring) {
         fnDuring();
     }
     return CCallGuard(*this);
+}
+
+void CDoubleJournal::WaitAtGate(std::unique_lock<std::mutex>& lock, const QString& strOperation)
+{
+    if (IsHeld(strOperation)) {
+        listWaiting.append(strOperation);
+        condition.wait(lock, [this, &strOperation] { return !IsHeld(strOperation); });
+        listWaiting.removeOne(strOperation);
+    }
 }
 
 void CDoubleJournal::Leave()

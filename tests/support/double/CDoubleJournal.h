@@ -61,6 +61,7 @@ public:
     bool WaitForHeld(const QString& strOperation, int nTimeout);
 
 private:
+    void WaitAtGate(std::unique_lock<std::mutex>& lock, const QString& strOperation);
     void Leave();
     bool IsHeld(const QString& strOperation) const;
     int CountCalls(const QString& strOperation) const;
