@@ -19,7 +19,7 @@ test_packages=(
     at-spi2-core python3-pyatspi dbus # what a screen reader hears of the application
     weston                      # the application on Wayland, in a window of that X server
     gdb                         # debugging, as CONTRIBUTING.md does it
-    valgrind                    # what Qt's own code, which is not instrumented, does to memory
+    valgrind                    # what Qt's own code, which is not instrumented, does to memory; instructions of benchmarks
     binutils python3 pkg-config # the exported symbols, the include rules, the flags of the fuzzer
     python3-pil                 # pixels of the screen
     git debootstrap             # the README's commands on a bare system

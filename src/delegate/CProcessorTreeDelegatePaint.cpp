@@ -96,6 +96,12 @@ void PublishShortened(const QModelIndex& index, const QString& strText, const QS
     }
 }
 
+const QTextOption& TextOption()
+{
+    static const QTextOption option;
+    return option;
+}
+
 QString GroupText(const SProcessorGroupNode& group)
 {
     if (group.listProcessor.isEmpty()) {
@@ -112,7 +118,7 @@ bool ShowsChief(const SProcessorGroupNode& group)
 void DrawLines(QPainter* painter, const SInfoRowGeometry& geometry, const QStringList& listLine)
 {
     for (int i = 0; i < listLine.size(); ++i) {
-        painter->drawText(geometry.arrLine.at(static_cast<size_t>(i)), listLine.at(i), QTextOption());
+        painter->drawText(geometry.arrLine.at(static_cast<size_t>(i)), listLine.at(i), TextOption());
     }
 }
 
@@ -141,7 +147,7 @@ void CProcessorTreeDelegate::PaintProcessor(QPainter* painter, const QStyleOptio
     SetRowFont(painter);
     SetTextPen(painter, option.state);
     const QString strElided = GetElidedText(node.strName, static_cast<int>(geometry.rcName.width()), painter->font(), index);
-    painter->drawText(geometry.rcName, strElided, QTextOption());
+    painter->drawText(geometry.rcName, strElided, TextOption());
     PublishShortened(index, node.strName, strElided);
     PublishMarks(index, geometry, node, bChief);
 }
@@ -169,7 +175,7 @@ void CProcessorTreeDelegate::PaintGroup(QPainter* painter, const QStyleOptionVie
     CRowIcons(painter).Draw(RowLook::IconGroup(bChief, option.state & QStyle::State_Selected), geometry.rcIcon);
     SetTextPen(painter, option.state);
     const QString strElided = GetElidedText(strText, static_cast<int>(geometry.rcText.width()), painter->font(), index);
-    painter->drawText(geometry.rcText, strElided, QTextOption());
+    painter->drawText(geometry.rcText, strElided, TextOption());
     PublishShortened(index, strText, strElided);
 }
 
