@@ -52,9 +52,9 @@ CDragImage::CDragImage(QTreeView& treeView, const QModelIndexList& listRow, cons
     Paint(treeView, vecRect);
 }
 
-QImage CDragImage::GetImage() const
+QPixmap CDragImage::TakePixmap()
 {
-    return image;
+    return QPixmap::fromImage(std::move(image));
 }
 
 QPoint CDragImage::GetHotSpot() const
@@ -64,7 +64,7 @@ QPoint CDragImage::GetHotSpot() const
 
 void CDragImage::RemoveBackground(QImage& image, const QColor& background)
 {
-    image = image.convertToFormat(QImage::Format_ARGB32);
+    image = std::move(image).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y) {
         QRgb* const pLine = reinterpret_cast<QRgb*>(image.scanLine(y));
         std::replace(pLine, pLine + image.width(), background.rgba(), qRgba(0, 0, 0, 0));

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QModelIndexList>
+#include <QPixmap>
 #include <QPoint>
 #include <QVector>
 
@@ -17,8 +18,9 @@ public:
     /// for a drag that starts at pos of its viewport. GUI thread.
     CDragImage(QTreeView& treeView, const QModelIndexList& listRow, const QPoint& pos);
 
-    /// Null for a tree that is too narrow to leave a picture between the margins.
-    QImage GetImage() const;
+    /// Gives the picture away, which may have the height of all rows of a list. Null for a tree that is too narrow to leave one
+    /// between the margins.
+    QPixmap TakePixmap();
 
     /// Where the mouse holds the image. Its x is that of pos, not counted from the margin: beyond the image for a
     /// drag that starts in the last 2 * RowLook::nDragMargin pixels of the tree.

@@ -119,8 +119,8 @@ void CProcessorTree::StartDrag(const QPoint& pos)
     pDrag = new QDrag(this);
     const SDragPayload payload = SDragPayload::ForRows(listSelected);
     if (payload.bAllow) {
-        const CDragImage image(*this, listSelected, pos);
-        pDrag->setPixmap(QPixmap::fromImage(image.GetImage()));
+        CDragImage image(*this, listSelected, pos);
+        pDrag->setPixmap(image.TakePixmap());
         pDrag->setHotSpot(image.GetHotSpot());
     }
     pDrag->setMimeData(payload.ToMime());

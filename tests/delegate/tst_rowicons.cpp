@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QResource>
 
+#include <private/qabstractfileengine_p.h>
+
 namespace {
 
 const QRectF rcIcon(4, 4, 16, 16);
@@ -54,6 +56,19 @@ SDrawn DrawnByPath(const QString& strName)
         renderer.render(pPainter, rcIcon);
     });
 }
+
+// Sees the paths that are opened as files, and leaves them to Qt.
+class CPathWatch : public QAbstractFileEngineHandler
+{
+public:
+    QAbstractFileEngine* create(const QString& fileName) const override
+    {
+        listPath.append(fileName);
+        return nullptr;
+    }
+
+    mutable QStringList listPath;
+};
 
 QImage Blank()
 {
@@ -128,6 +143,20 @@ private slots:
         QCOMPARE(Drawn(QStringLiteral("unknownentity.svg")).listSaid.size(), 1);
         Drawn(strFirst);
         QCOMPARE(Drawn(QStringLiteral("plain.svg")).image, DrawnByPath(QStringLiteral("plain.svg")).image);
+    }
+
+    // What goes by its path makes a parser of its own.
+    void keptParserIsReadyForEachFile()
+    {
+        const CPathWatch watch;
+        Drawn(QStringLiteral("plain.svg"));
+        Drawn(QStringLiteral("long.svg"));
+        QCOMPARE(watch.listPath, QStringList());
+        Drawn(QStringLiteral("cut.svg"));
+        QVERIFY(watch.listPath.contains(Path(QStringLiteral("cut.svg"))));
+        watch.listPath.clear();
+        Drawn(QStringLiteral("plain.svg"));
+        QCOMPARE(watch.listPath, QStringList());
     }
 
     void fileIsReadAnewAtEachDrawing()
