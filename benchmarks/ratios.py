@@ -20,7 +20,7 @@ ROOT = pathlib.Path(__file__).parents[1]
 PROGRAM = os.environ.get("BENCHMARKS", str(ROOT / "build/release/bin/ptv_benchmarks"))
 COUNTED = {  # by instructions: the largest quotient of the two samples
     "BM_RepaintInThemeFont": [("panel", "plain", 1.45)],
-    "BM_RepaintInPlatformFont": [("panel", "plain", 1.5)],
+    "BM_RepaintInPlatformFont": [("panel", "plain", 1.45)],
     "BM_MessageToPixels": [("panel", "plain", 1.25), ("nothing", "panel", 0.005)],
     "BM_HoverMove": [("panel", "plain", 1.5)],
     "BM_SearchKey": [("panel", "plain", 1.5)],

@@ -117,6 +117,32 @@ private slots:
         QVERIFY(pView->viewport()->rect().intersects(pView->visualRect(pView->model()->index(49, 0))));
     }
 
+    void whatWasWrittenWhileTheDockWasShutIsSeenFromItsEnd_data()
+    {
+        QTest::addColumn<bool>("bShownBefore");
+        QTest::newRow("never open") << false;
+        QTest::newRow("open before") << true;
+    }
+
+    void whatWasWrittenWhileTheDockWasShutIsSeenFromItsEnd()
+    {
+        QFETCH(bool, bShownBefore);
+        CCallLog log(4096);
+        CJournalDock dock(log, CTheme(), nullptr);
+        dock.resize(600, 200);
+        dock.setVisible(bShownBefore);
+        dock.hide();
+        const auto* pView = dock.findChild<QTreeView*>("Journal");
+
+        for (int n = 0; n < 50; ++n) {
+            log.Write(RecordCommand, "RuntimeControl", QStringLiteral("SetBusy(true) %1").arg(n));
+        }
+        QTRY_COMPARE(pView->model()->rowCount(), 50);
+        dock.show();
+
+        QTRY_VERIFY(pView->viewport()->rect().intersects(pView->visualRect(pView->model()->index(49, 0))));
+    }
+
     void aStormLeavesTheDockBoundedAndAtTheNewest()
     {
         CCallLog log(4096);

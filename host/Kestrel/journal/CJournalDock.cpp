@@ -59,6 +59,9 @@ void CJournalDock::showEvent(QShowEvent* event)
 {
     QDockWidget::showEvent(event);
     FitColumns();
+    if (IsAtEnd()) { // of what it had when it was last seen
+        pView->scrollToBottom();
+    }
 }
 
 QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
@@ -165,10 +168,15 @@ void CJournalDock::Read()
         return;
     }
     nRead = vecRecord.back().nNumber;
-    const QScrollBar* pBar = pView->verticalScrollBar();
-    const bool bAtEnd = pBar->value() == pBar->maximum();
+    const bool bAtEnd = IsAtEnd();
     pModel->Append(vecRecord);
-    if (bAtEnd) {
+    if (bAtEnd && isVisible()) { // it lays all rows out
         pView->scrollToBottom();
     }
+}
+
+bool CJournalDock::IsAtEnd() const
+{
+    const QScrollBar* pBar = pView->verticalScrollBar();
+    return pBar->value() == pBar->maximum();
 }
