@@ -44,6 +44,7 @@ SProcessorNode MakeProcessor(int nNumber)
 
 CBenchPanel::CBenchPanel(int nHeight)
 {
+    control.StopJournal(); // of the double's own time nothing is to be measured
     window.setStyleSheet(Sheet());
     CUIManagement management(&window);
     CProcessorTreeView_Init(&pPanel, &management);

@@ -143,6 +143,11 @@ QList<SCall> CControlDouble::Journal() const
     return d->state.journal.Calls();
 }
 
+void CControlDouble::StopJournal()
+{
+    d->state.journal.Stop();
+}
+
 void CControlDouble::ClearJournal()
 {
     d->state.journal.Clear();

@@ -58,6 +58,13 @@ CDoubleJournal::CCallGuard CDoubleJournal::Enter(EnCallKind kind, const QString&
     return CCallGuard(*this);
 }
 
+CDoubleJournal::CCallGuard CDoubleJournal::EnterUnwritten()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    ++nUnderWay;
+    return CCallGuard(*this);
+}
+
 void CDoubleJournal::WaitAtGate(std::unique_lock<std::mutex>& lock, const QString& strOperation)
 {
     if (IsHeld(strOperation)) {

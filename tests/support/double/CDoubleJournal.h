@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -40,6 +41,20 @@ public:
     QList<SCall> Calls() const;
     void Clear();
 
+    /// From now on calls are neither written down nor held: for whoever measures what goes on around them. There is no way back.
+    void Stop()
+    {
+        bStopped = true;
+    }
+
+    bool IsStopped() const
+    {
+        return bStopped;
+    }
+
+    /// What Enter() is to a stopped journal.
+    CCallGuard EnterUnwritten();
+
     /// fn runs once, inside the next call of the operation, on the thread of that call.
     void During(const QString& strOperation, const FnDuring& fn);
 
@@ -67,6 +82,7 @@ private:
     int CountCalls(const QString& strOperation) const;
     FnDuring TakeDuring(const QString& strOperation);
 
+    std::atomic<bool> bStopped{ false };
     mutable std::mutex mutex;          ///< guards the fields below
     std::condition_variable condition; ///< any of them changed
     QList<SCall> listCall;

@@ -67,6 +67,9 @@ protected:
 private:
     CGuard Enter(EnCallKind kind, const char* pOperation, const QString& strArguments) const
     {
+        if (state.journal.IsStopped()) {
+            return state.journal.EnterUnwritten();
+        }
         return state.journal.Enter(kind, strObject + QLatin1Char('.') + QLatin1String(pOperation), strArguments);
     }
 };
