@@ -137,9 +137,9 @@ private slots:
         for (int n = 0; n < 50; ++n) {
             log.Write(RecordCommand, "RuntimeControl", QStringLiteral("SetBusy(true) %1").arg(n));
         }
-        QTRY_COMPARE(pView->model()->rowCount(), 50);
         dock.show();
 
+        QTRY_COMPARE(pView->model()->rowCount(), 50);
         QTRY_VERIFY(pView->viewport()->rect().intersects(pView->visualRect(pView->model()->index(49, 0))));
     }
 

@@ -43,7 +43,6 @@ CJournalDock::CJournalDock(CCallLog& journalIn, const CTheme& theme, QWidget* pa
     connect(&theme, &CTheme::Changed, this, [this, &theme] { UpdateColours(theme); });
     UpdateColours(theme);
     UpdateText();
-    ReadSoon();
 }
 
 void CJournalDock::changeEvent(QEvent* event)
@@ -59,9 +58,7 @@ void CJournalDock::showEvent(QShowEvent* event)
 {
     QDockWidget::showEvent(event);
     FitColumns();
-    if (IsAtEnd()) { // of what it had when it was last seen
-        pView->scrollToBottom();
-    }
+    Read();
 }
 
 QMap<int, QColor> CJournalDock::GetKindColours(const CTheme& theme)
@@ -154,9 +151,10 @@ void CJournalDock::FitColumns()
     pView->setMinimumWidth(nWidth);
 }
 
+// A dock that is shut reads nothing: the log keeps more than the dock can show until it opens.
 void CJournalDock::ReadSoon()
 {
-    if (!timer.isActive()) {
+    if (isVisible() && !timer.isActive()) {
         timer.start();
     }
 }
@@ -168,15 +166,10 @@ void CJournalDock::Read()
         return;
     }
     nRead = vecRecord.back().nNumber;
-    const bool bAtEnd = IsAtEnd();
+    const QScrollBar* pBar = pView->verticalScrollBar();
+    const bool bAtEnd = pBar->value() == pBar->maximum();
     pModel->Append(vecRecord);
-    if (bAtEnd && isVisible()) { // it lays all rows out
+    if (bAtEnd) {
         pView->scrollToBottom();
     }
-}
-
-bool CJournalDock::IsAtEnd() const
-{
-    const QScrollBar* pBar = pView->verticalScrollBar();
-    return pBar->value() == pBar->maximum();
 }

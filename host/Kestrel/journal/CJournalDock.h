@@ -39,7 +39,6 @@ private:
     /// No title of a column is cut off; its font is known only when it is shown.
     void FitColumns();
     void ReadSoon();
-    bool IsAtEnd() const; ///< the last row is in sight, or was when the rows were
     void Read();
 
     CCallLog& journal;

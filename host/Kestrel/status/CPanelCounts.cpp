@@ -97,7 +97,9 @@ void CPanelCounts::Count()
         const QLineEdit* pSearch = PanelAccess::FindSearchEdit(pPanel);
         counts.bSearching = pSearch && !pSearch->text().isEmpty();
         CountSelected(counts, *pTree);
-        CountFound(counts, *pTree, {});
+        if (counts.bSearching) {
+            CountFound(counts, *pTree, {});
+        }
     }
     emit Counted();
 }

@@ -7,7 +7,9 @@ struct SPanelCounts
     int nProcessorsSelected = 0;
     int nHidden = 0;         ///< selected groups and processors that the search hides
     bool bSearching = false; ///< a text to search for is there
-    int nFound = 0;          ///< processors that the search leaves
+
+    // Counted while there is such a text.
+    int nFound = 0; ///< processors that the search leaves
     int nProcessors = 0;
     int nGroupsFound = 0; ///< groups that it leaves, but not for a processor in them
 };
