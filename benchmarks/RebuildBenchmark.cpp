@@ -71,5 +71,5 @@ void BM_SelectionOverRebuild(benchmark::State& state)
 } // namespace
 
 BENCHMARK(BM_Rebuild)->Unit(benchmark::kMillisecond)->Arg(256)->Arg(1024)->Arg(4096)->Arg(16384);
-BENCHMARK(BM_RebuildGrowth)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(10);
+BENCHMARK(BM_RebuildGrowth)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(CPair::GetCount() / 9);
 BENCHMARK(BM_SelectionOverRebuild)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(CPair::GetCount());

@@ -137,6 +137,7 @@ private slots:
         for (int n = 0; n < 50; ++n) {
             log.Write(RecordCommand, "RuntimeControl", QStringLiteral("SetBusy(true) %1").arg(n));
         }
+        QCoreApplication::processEvents(); // the dock has heard of them
         dock.show();
 
         QTRY_COMPARE(pView->model()->rowCount(), 50);
