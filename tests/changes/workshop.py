@@ -1,0 +1,189 @@
+"""Where changes are planted: a copy of the checkout with a build of its own, and the test programs that look at it."""
+import concurrent.futures
+import filecmp
+import json
+import os
+import re
+import resource
+import shutil
+import signal
+import subprocess
+import threading
+import time
+from dataclasses import dataclass, field
+
+LEFT_OUT = ("build", ".git", "shots", "__pycache__")
+# What a change makes of a variable or of brackets is no fault of its own.
+LENIENT = "".join(f'_Pragma("GCC diagnostic ignored \\"-W{name}\\"") ' for name in (
+    "unused-parameter", "unused-variable", "unused-but-set-variable", "unused-function", "unused-value", "parentheses",
+    "type-limits", "bool-compare", "sign-compare", "overflow", "narrowing", "unused-const-variable", "unused-but-set-parameter"))
+MOST_MEMORY = 6 << 30  # a loop without an end must not take the machine along
+FAILURE = re.compile(r"^(?:FAIL!|QFATAL)\s*:?\s*(.*)$")
+
+
+@dataclass
+class Test:
+    name: str
+    command: list
+    environment: dict = field(default_factory=dict)
+    folder: str = "."
+    limit: float = 60  # seconds
+
+
+def synchronise(source, target):
+    """Makes the target the source's copy; files that are the same keep their time."""
+    def left_out(folder, names):
+        return [name for name in names if name in LEFT_OUT]
+
+    def copy(one, other):
+        if not os.path.exists(other) or not filecmp.cmp(one, other, shallow=False):
+            shutil.copy2(one, other)
+            os.utime(other)
+
+    shutil.copytree(source, target, ignore=left_out, copy_function=copy, dirs_exist_ok=True)
+    for folder, names, files in os.walk(target):
+        names[:] = [name for name in names if name not in LEFT_OUT]
+        for name in files:
+            path = os.path.join(folder, name)
+            if not os.path.exists(os.path.join(source, os.path.relpath(path, target))):
+                os.remove(path)
+
+
+class Workshop:
+    """The copy at root; tests are programs that a build makes anew when they need it."""
+
+    def __init__(self, root, build, tests, jobs=1):
+        self.root, self.build_command, self.tests, self.jobs = root, build, tests, jobs
+
+    def build(self):
+        """None, or the compiler's first error."""
+        done = subprocess.run(self.build_command, cwd=self.root, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        if done.returncode == 0:
+            return None
+        errors = [line for line in done.stdout.splitlines() if "error" in line]
+        return errors[0] if errors else done.stdout[-300:].strip() or "no word of the build"
+
+    def measure(self):
+        """Runs each test on the unchanged copy, which sets its limit. Returns the first failure, None for none."""
+        for test in self.tests:
+            start = time.monotonic()
+            reason = self.run_one(test, threading.Event())
+            if reason:
+                return f"{test.name}: {reason}"
+            test.limit = min(test.limit, 10 + 5 * (time.monotonic() - start))
+        return None
+
+    def run_one(self, test, stop):
+        """None when it passes or was stopped, else why it fails; it ends with its first failure."""
+        process = subprocess.Popen(test.command, cwd=test.folder, env={**os.environ, **test.environment}, text=True, errors="replace",
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, start_new_session=True,
+                                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY)))
+        late = threading.Event()
+        done = threading.Event()
+
+        def watch():
+            end = time.monotonic() + test.limit
+            while not done.wait(0.05):
+                if time.monotonic() > end:
+                    late.set()
+                if late.is_set() or stop.is_set():
+                    end_group(process)
+                    return
+
+        watcher = threading.Thread(target=watch)
+        watcher.start()
+        reason = None
+        for line in process.stdout:
+            failure = FAILURE.match(line)
+            if failure:
+                reason = failure.group(1).strip()
+                end_group(process)
+                break
+        process.stdout.close()
+        code = process.wait()
+        done.set()
+        watcher.join()
+        if reason:
+            return reason
+        if late.is_set():
+            return f"not done after {test.limit:.0f} s"
+        return None if code == 0 or stop.is_set() else f"exit code {code}"
+
+    def first_failure(self, folder):
+        """(test, reason) of a test that fails, twice, those of the folder first; None when all pass."""
+        near = [test for test in self.tests if test.name.startswith(f"tst_{folder}_")]
+        for group in (near, [test for test in self.tests if test not in near]):
+            while group:
+                failure = self.failure_among(group)
+                if not failure:
+                    break
+                test, reason = failure
+                if self.run_one(test, threading.Event()):
+                    return test.name, reason
+                group = [other for other in group if other is not test]  # it was the load
+        return None
+
+    def failure_among(self, tests):
+        stop = threading.Event()
+        found = []
+
+        def run(test):
+            reason = None if stop.is_set() else self.run_one(test, stop)
+            if reason and not stop.is_set():
+                stop.set()
+                found.append((test, reason))
+
+        with concurrent.futures.ThreadPoolExecutor(self.jobs) as pool:
+            list(pool.map(run, tests))
+        return found[0] if found else None
+
+    def try_change(self, change):
+        """("noticed" | "unnoticed" | "does not build", by what). The copy is as before afterwards."""
+        path = self.root / change.path
+        text = path.read_text(encoding="utf-8")
+        path.write_text(f"{LENIENT}\n#line 1\n{change.apply(text)}", encoding="utf-8")
+        try:
+            error = self.build()
+            if error:
+                return "does not build", error
+            failure = self.first_failure(change.path.split("/")[1])
+            return ("noticed", f"{failure[0]}: {failure[1]}") if failure else ("unnoticed", "")
+        finally:
+            path.write_text(text, encoding="utf-8")
+
+
+def end_group(process):
+    try:
+        os.killpg(process.pid, signal.SIGKILL)
+    except ProcessLookupError:
+        return  # it has ended by itself
+
+
+def tests_of(folder, pattern):
+    """The quick tests of a build whose names match."""
+    listing = json.loads(subprocess.run(["ctest", "--show-only=json-v1", "-L", "^quick$", "-R", pattern], cwd=folder, check=True,
+                                        stdout=subprocess.PIPE, text=True).stdout)
+    for test in listing["tests"]:
+        properties = {entry["name"]: entry["value"] for entry in test["properties"]}
+        environment = dict(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", ()))
+        if "command" not in test:  # not built yet
+            continue
+        yield Test(test["name"], test["command"], environment, properties["WORKING_DIRECTORY"], properties.get("TIMEOUT", 60))
+
+
+def open_workshop(root, place, pattern, jobs):
+    """A workshop with a copy of the checkout, built."""
+    synchronise(root, place)
+    environment = os.environ
+    environment["CCACHE_BASEDIR"] = str(place)
+    subprocess.run(["cmake", "--preset", "dev"], cwd=place, check=True, stdout=subprocess.DEVNULL)
+    names = quick_names(place / "build/dev", pattern)
+    build = ["cmake", "--build", "--preset", "dev", f"-j{jobs}", "--target", *names]
+    subprocess.run(build, cwd=place, check=True, stdout=subprocess.DEVNULL)
+    return Workshop(place, build, list(tests_of(place / "build/dev", pattern)), jobs)
+
+
+def quick_names(folder, pattern):
+    listing = subprocess.run(["ctest", "-N", "-L", "^quick$", "-R", pattern], cwd=folder, check=True, stdout=subprocess.PIPE,
+                             stderr=subprocess.DEVNULL, text=True).stdout
+    return re.findall(r"Test +#\d+: (\S+)", listing)
