@@ -37,7 +37,7 @@ all | quick | long) round=${1:-all} ;;
 esac
 case $round in
 quick) stages=4 ;;
-all) stages=10 ;;
+all) stages=11 ;;
 long) stages=14 ;;
 esac
 mkdir -p "$log_dir"
@@ -139,6 +139,9 @@ run_rest() {
 
     section "Fuzzing the reader of list files"
     step "fuzzing, 20 s" scripts/fuzz.sh 20
+
+    section "Coverage of the panel"
+    step "coverage" scripts/coverage.sh
 
     section "Checkers"
     step "checkers" scripts/check.sh

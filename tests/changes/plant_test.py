@@ -107,7 +107,7 @@ class PlantingTest(unittest.TestCase):
         """Tests that pass while the condition of the shell holds, a build that fails without a "QReadLocker"."""
         tests = [workshop.Test(f"tst_sample_{number}", ["sh", "-c", condition], {}, self.root, 20)
                  for number, condition in enumerate(conditions)]
-        build = ["sh", "-c", "grep -q QReadLocker src/sample/Sample.cpp || { echo 'error: no lock'; exit 1; }"]
+        build = ["sh", "-c", "echo $* >>built; grep -q QReadLocker src/sample/Sample.cpp || { echo 'error: no lock'; exit 1; }", "build"]
         return workshop.Workshop(self.root, build, tests, 2)
 
     def verdict(self, change, *conditions):
@@ -128,6 +128,15 @@ class PlantingTest(unittest.TestCase):
     def test_a_test_that_fails_once_by_chance_has_not_noticed(self):
         verdict = self.verdict(changes("call")[0], "[ -e once ] || { touch once; exit 1; }")
         self.assertEqual(verdict, ("unnoticed", ""))
+
+    def test_the_tests_of_another_folder_are_not_built_for_what_is_noticed_in_its_own(self):
+        shop = self.shop("exit 1", "true")
+        shop.tests[1].name = "tst_other"
+        self.assertEqual(shop.try_change(changes("call")[0])[0], "noticed")
+        self.assertEqual((self.root / "built").read_text(), "tst_sample_0\n")
+        shop.tests[0].command = ["true"]
+        self.assertEqual(shop.try_change(changes("call")[0])[0], "unnoticed")
+        self.assertEqual((self.root / "built").read_text(), "tst_sample_0\ntst_sample_0\ntst_other\n")
 
     def test_a_change_that_no_test_sees_is_unnoticed(self):
         self.assertEqual(self.verdict(changes("call")[1], "true"), ("unnoticed", ""))
