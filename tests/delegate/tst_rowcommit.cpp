@@ -100,6 +100,18 @@ private slots:
         QCOMPARE(store.control.Calls(), QStringList());
     }
 
+    void nameOfBlanksIsSentAsTyped()
+    {
+        CRowView view;
+        for (const QModelIndex& index : { Gamma(view), view.Row(NodeGroup, GroupId(strStage)) }) {
+            QLineEdit* pEditor = view.Edit(index);
+            QTest::keyClicks(pEditor, QStringLiteral("  "));
+            QTest::keyClick(pEditor, Qt::Key_Return);
+        }
+        QCOMPARE(store.control.CommandsWithThread(),
+                 QStringList({ RenameGamma(QStringLiteral("  ")), "gui: g_pPrcListControl.RenameGroup(Stage, \"  \")" }));
+    }
+
     void nameOfAnotherNodeIsSent()
     {
         CRowView view;
