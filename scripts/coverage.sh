@@ -13,7 +13,8 @@ jobs=$(nproc)
 left_out='^tst_shell_pluginfile$'
 
 cmake --preset coverage >/dev/null
-mapfile -t names < <(ctest --test-dir build/coverage -N -L '^quick$' -R "$tests" -E "$left_out" 2>/dev/null | sed -n 's/^ *Test *#[0-9]*: //p')
+listing=$(ctest --test-dir build/coverage -N -L '^quick$' -R "$tests" -E "$left_out" 2>/dev/null)
+mapfile -t names < <(sed -n 's/^ *Test *#[0-9]*: //p' <<<"$listing")
 cmake --build --preset coverage -j "$jobs" --target "${names[@]}"
 
 rm -rf "$report"

@@ -15,7 +15,9 @@ LOCK = re.compile(r"^ +(?:const )?(?:std::)?\w*(?:lock_guard|unique_lock|Locker)
 KIND_OF_LOCK = re.compile(r"(?<=const C)(Read|Write)(?=Locker \w+\()")
 # A line that can hold a statement, and the start of a call: an object's path without a blank in it.
 START = re.compile(r"^ +(?=(?:emit )?[A-Za-z_*(])", re.M)
-CALL = re.compile(r"(?:emit )?(?:static_cast<[^;]*?>\([^;]*?\)->)?[A-Za-z_][\w:]*(?:<[\w:*, ]+>)?(?:(?:\.|->)[\w:]+|\[[^\]]*\])*\(")
+CALL = re.compile(r"(?:emit )?(?:static_cast<[^;]*?>\([^;]*?\)->)?"
+                  r"[A-Za-z_][\w:]*(?:<[\w:*, ]+>)?(?:(?:\.|->)[\w:]+|\[[^\]]*\])*\(")
+CHAIN = re.compile(r"\s*(?:\.|->)\w+(?=\()")
 NO_CALL = re.compile(r"(?:if|while|for|switch|return|catch|sizeof|Q_[A-Z_]+)\b")
 CLOSING = {"(": ")", "{": "}", "[": "]"}
 
@@ -77,10 +79,8 @@ def end_of_call(code, start):
     if not match or NO_CALL.match(code, start):
         return None
     end = end_of_brackets(code, match.end() - 1)
-    chain = end and re.compile(r"\s*(?:\.|->)\w+(?=\()").match(code, end)
-    while chain:
+    while end and (chain := CHAIN.match(code, end)):
         end = end_of_brackets(code, chain.end())
-        chain = end and re.compile(r"\s*(?:\.|->)\w+(?=\()").match(code, end)
     return end + 1 if end and code[end:end + 1] == ";" else None
 
 

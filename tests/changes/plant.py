@@ -134,7 +134,8 @@ def main():
     if options.list:
         for change in changes:
             text = (ROOT / change.path).read_text(encoding="utf-8")
-            print(f"{'same behaviour' if known.has(change, text) else '':14} {change.path}:{change.line}: {full_story(change, text)}")
+            note = "same behaviour" if known.has(change, text) else ""
+            print(f"{note:14} {change.path}:{change.line}: {full_story(change, text)}")
         return 0
     shop = workshop.open_workshop(ROOT, ROOT / "build/changes", options.tests, options.jobs)
     failure = shop.measure()

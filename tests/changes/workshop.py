@@ -76,9 +76,7 @@ class Workshop:
 
     def run_one(self, test, stop):
         """None when it passes or was stopped, else why it fails; it ends with its first failure."""
-        process = subprocess.Popen(test.command, cwd=test.folder, env={**os.environ, **test.environment}, text=True, errors="replace",
-                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, start_new_session=True,
-                                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY)))
+        process = start(test)
         late = threading.Event()
         done = threading.Event()
 
@@ -157,6 +155,15 @@ class Workshop:
             if reason:
                 return "noticed", reason
         return "unnoticed", ""
+
+
+def start(test):
+    def limit():
+        resource.setrlimit(resource.RLIMIT_AS, (MOST_MEMORY, MOST_MEMORY))
+
+    return subprocess.Popen(test.command, cwd=test.folder, env={**os.environ, **test.environment}, text=True, errors="replace",
+                            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                            start_new_session=True, preexec_fn=limit)
 
 
 def end_group(process):

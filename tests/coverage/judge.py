@@ -82,7 +82,8 @@ def judge(root, coverage, reasons):
     for what, limit in LIMITS.items():
         if coverage.share(what) < limit:
             faults.append(f"only {coverage.share(what):.2%} of {PLURAL[what]} are covered, not {limit:.0%}")
-    faults += [f"a reason that nothing needs: {reason.what} | {reason.file} | {reason.text}" for reason in reasons if not reason.used]
+    unused = [reason for reason in reasons if not reason.used]
+    faults += [f"a reason that nothing needs: {reason.what} | {reason.file} | {reason.text}" for reason in unused]
     return listing, faults
 
 

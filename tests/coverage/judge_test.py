@@ -19,7 +19,8 @@ class JudgeTest(unittest.TestCase):
         (self.root / "src/half.cpp").write_text(SOURCE)
 
     def faults(self, lines, branches, *reasons):
-        records = [f"SF:{self.root}/tests/tst_half.cpp", "DA:1,0", f"SF:{self.root}/src/half.cpp"] + [f"DA:{line},{count}" for line, count in lines]
+        records = [f"SF:{self.root}/tests/tst_half.cpp", "DA:1,0", f"SF:{self.root}/src/half.cpp"]
+        records += [f"DA:{line},{count}" for line, count in lines]
         records += [f"BRDA:{line},0,{number},{count}" for number, (line, count) in enumerate(branches)]
         coverage = judge.read_lcov("\n".join(records + ["end_of_record"]), self.root)
         return judge.judge(self.root, coverage, list(judge.read_reasons("# a comment\n" + "\n".join(reasons))))[1]
