@@ -67,46 +67,28 @@ class Workshop:
     def measure(self):
         """Runs each test on the unchanged copy, which sets its limit. Returns the first failure, None for none."""
         for test in self.tests:
-            start = time.monotonic()
+            begin = time.monotonic()
             reason = self.run_one(test, threading.Event())
             if reason:
                 return f"{test.name}: {reason}"
-            test.limit = min(test.limit, 10 + 5 * (time.monotonic() - start))
+            test.limit = min(test.limit, 10 + 5 * (time.monotonic() - begin))
         return None
 
     def run_one(self, test, stop):
         """None when it passes or was stopped, else why it fails; it ends with its first failure."""
         process = start(test)
-        late = threading.Event()
-        done = threading.Event()
-
-        def watch():
-            end = time.monotonic() + test.limit
-            while not done.wait(0.05):
-                if time.monotonic() > end:
-                    late.set()
-                if late.is_set() or stop.is_set():
-                    end_group(process)
-                    return
-
-        watcher = threading.Thread(target=watch)
+        late, done = threading.Event(), threading.Event()
+        watcher = threading.Thread(target=watch, args=(process, test.limit, stop, late, done))
         watcher.start()
-        reason = None
-        for line in process.stdout:
-            failure = FAILURE.match(line)
-            if failure:
-                reason = failure.group(1).strip()
-                end_group(process)
-                break
-        process.stdout.close()
+        reason = first_fault(process)
         code = process.wait()
         done.set()
         watcher.join()
-        if reason:
+        if reason or stop.is_set():
             return reason
         if late.is_set():
             return f"not done after {test.limit:.0f} s"
-        return None if code == 0 or stop.is_set() else f"exit code {code}"
+        return None if code == 0 else f"exit code {code}"
 
     def first_failure(self, tests):
         """"test: reason" of one that fails, twice; None when all pass."""
@@ -164,6 +146,29 @@ def start(test):
     return subprocess.Popen(test.command, cwd=test.folder, env={**os.environ, **test.environment}, text=True, errors="replace",
                             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                             start_new_session=True, preexec_fn=limit)
+
+
+def first_fault(process):
+    """Ends the process with the first line that says so; None when no line does."""
+    reason = None
+    for line in process.stdout:
+        failure = FAILURE.match(line)
+        if failure:
+            reason = failure.group(1).strip()
+            end_group(process)
+            break
+    process.stdout.close()
+    return reason
+
+
+def watch(process, limit, stop, late, done):
+    end = time.monotonic() + limit
+    while not done.wait(0.05):
+        if time.monotonic() > end:
+            late.set()
+        if late.is_set() or stop.is_set():
+            end_group(process)
+            return
 
 
 def end_group(process):
