@@ -8,6 +8,7 @@ build. The exit code is 0 when enough is noticed."""
 import argparse
 import fnmatch
 import random
+import re
 import sys
 import time
 from pathlib import Path
@@ -21,6 +22,7 @@ TESTS = "^tst_(data|model|tree|delegate|toolbar|dialogs|shell)_"
 # How many of a hundred changes are of which kind, about.
 SHARES = {"comparison": 32, "constant": 25, "call": 30, "order": 8, "lock": 5}
 ENOUGH = 0.97
+FUNCTION = re.compile(r"^(?=[^\s#/}])(?:.*?[ *&])??([\w:~]+)\(", re.M)
 
 
 def all_changes(root):
@@ -33,7 +35,7 @@ def all_changes(root):
 
 class Known:
     """Changes of which it is known that they change no behaviour: lines "file | change | reason", in which the change is as
-    the report has it and * stands for anything."""
+    the report has it, with or without its function, and * stands for anything."""
 
     def __init__(self, text):
         self.entries = []
@@ -45,8 +47,9 @@ class Known:
                 self.entries.append((file, change.replace("[", "[[]")))
 
     def has(self, change, text):
-        return any(fnmatch.fnmatchcase(change.path, file) and fnmatch.fnmatchcase(full_story(change, text), story)
-                   for file, story in self.entries)
+        stories = (full_story(change, text), f"{full_story(change, text)} in {function_of(change, text)}")
+        return any(fnmatch.fnmatchcase(change.path, file) and any(fnmatch.fnmatchcase(story, known) for story in stories)
+                   for file, known in self.entries)
 
 
 def full_story(change, text):
@@ -55,6 +58,12 @@ def full_story(change, text):
         return change.story()
     line = text.splitlines()[change.line - 1].strip()
     return f"{change.story()} in: {line}"
+
+
+def function_of(change, text):
+    """The name of the function that it is in, with its class; empty outside of all."""
+    names = FUNCTION.findall(text, 0, change.start)
+    return names[-1] if names else ""
 
 
 def draw(changes, generator):

@@ -90,6 +90,9 @@ class DrawingTest(unittest.TestCase):
         self.assertTrue(known.has(changes("call")[1], SAMPLE))
         self.assertFalse(known.has(changes("call")[0], SAMPLE))
         self.assertEqual([change.old for change in changes("constant") if known.has(change, SAMPLE)], ["12", "12"])
+        in_function = plant.Known("src/* | call left out: * in CSample::Close | for the sample\nsrc/* | * in CSample::Open | another\n")
+        self.assertEqual([in_function.has(change, SAMPLE) for change in changes("call")], [True, True, True])
+        self.assertFalse(in_function.has(changes("comparison")[0], SAMPLE))
         with self.assertRaises(ValueError):
             plant.Known("src/*.cpp | call left out: Hide(); | ")
 
