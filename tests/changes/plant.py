@@ -119,18 +119,21 @@ def arguments():
     parser.add_argument("--seed", type=int, help="of the drawing; a fresh one by default")
     parser.add_argument("--count", type=int, default=100, help="how many changes that build")
     parser.add_argument("--tests", default=TESTS, help="regular expression of the quick tests")
-    parser.add_argument("--at", action="append", help="FILE:LINE or FILE: all changes there instead of random ones")
+    parser.add_argument("--at", action="append", help="FILE:LINE, FILE or folder: changes of it alone")
     parser.add_argument("--kind", choices=SHARES, help="changes of this kind alone")
     parser.add_argument("--jobs", type=int, default=2, help="compilers and tests at a time")
     parser.add_argument("--list", action="store_true", help="prints the changes that would be tried, tries none")
     return parser.parse_args()
 
 
-def chosen(options, known):
+def is_at(change, places):
+    place = f"{change.path}:{change.line}"
+    return not places or any(place == wanted or place.startswith((f"{wanted}:", f"{wanted.rstrip('/')}/")) for wanted in places)
+
+
+def chosen(options):
     """The changes to try, in their order."""
-    changes = [change for change in all_changes(ROOT) if options.kind in (None, change.kind)]
-    if options.at:
-        return [change for change in changes if {change.path, f"{change.path}:{change.line}"} & set(options.at)]
+    changes = [change for change in all_changes(ROOT) if options.kind in (None, change.kind) and is_at(change, options.at)]
     seed = options.seed if options.seed is not None else random.SystemRandom().randrange(1, 1000000)
     print(f"seed {seed}", flush=True)
     return draw(changes, random.Random(seed))
@@ -139,7 +142,7 @@ def chosen(options, known):
 def main():
     options = arguments()
     known = Known((Path(__file__).parent / "same_behaviour.txt").read_text(encoding="utf-8"))
-    changes = chosen(options, known)
+    changes = chosen(options)
     if options.list:
         for change in changes:
             text = (ROOT / change.path).read_text(encoding="utf-8")

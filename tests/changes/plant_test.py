@@ -84,6 +84,13 @@ class DrawingTest(unittest.TestCase):
         self.assertCountEqual(first, every)
         self.assertNotEqual(first, list(plant.draw(every, random.Random(8))))
 
+    def test_a_place_is_a_line_a_file_or_a_folder(self):
+        change = changes("call")[0]
+        for places in (None, ["src/sample/Sample.cpp:7"], ["src/sample/Sample.cpp"], ["src/other", "src/sample/"], ["src"]):
+            self.assertTrue(plant.is_at(change, places), places)
+        for place in ("src/sample/Sample.cpp:70", "src/sample/Sample.cpp:8", "src/sam", "src/sample/Sample.h"):
+            self.assertFalse(plant.is_at(change, [place]), place)
+
     def test_what_is_known_to_change_nothing_has_its_reason(self):
         known = plant.Known("# a comment\nsrc/*.cpp | call left out: pWindow->Hide(); | it is hidden\n"
                             "src/* | constant: 12 becomes * in: *Save* | any size will do\n")
