@@ -44,9 +44,9 @@ bool Enter(const CTreeFixture& fixture, const QMimeData* pData)
 }
 
 /// As after an enter that was refused.
-bool Move(const CTreeFixture& fixture, const QMimeData* pData)
+bool Move(const CTreeFixture& fixture, const QMimeData* pData, const QPoint& pos = QPoint(100, 40))
 {
-    QDragMoveEvent event(QPoint(100, 40), Qt::MoveAction, pData, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent event(pos, Qt::MoveAction, pData, Qt::LeftButton, Qt::NoModifier);
     event.setAccepted(false);
     fixture.pTree->dragMoveEvent(&event);
     return event.isAccepted();
@@ -436,6 +436,24 @@ private slots:
         PressLeft(fixture, pos);
         QVERIFY(SweepIntoDrag(fixture, pos + QPoint(0, 9)));
         QVERIFY(fixture.pTree->findChildren<QDrag*>().last()->pixmap().isNull());
+    }
+
+    void aDragOfAnotherTreeAtTheEdgeScrollsNothingHere()
+    {
+        CTreeFixture fixture(Site());
+        fixture.pTree->resize(300, 120);
+        fixture.pTree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        QScrollBar* const pBar = fixture.pTree->verticalScrollBar();
+        QVERIFY(pBar->isVisible() && pBar->maximum() > 40);
+        pBar->setValue(40);
+        const QScopedPointer<QMimeData> pData(Payload(true));
+        QVERIFY(Move(fixture, pData.data(), QPoint(100, 5)));
+        QTimer* const pTimer = fixture.pTree->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+        bool bTicked = false;
+        connect(pTimer, &QTimer::timeout, pTimer, [&bTicked] { bTicked = true; });
+        pTimer->start(1);
+        QTRY_VERIFY(bTicked);
+        QCOMPARE(pBar->value(), 40);
     }
 
     void afterADragThatEndedElsewhereTheScrollTimerTicksOn()
