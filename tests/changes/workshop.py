@@ -17,6 +17,7 @@ LEFT_OUT = ("build", ".git", "shots", "__pycache__")
 LENIENT = "".join(f'_Pragma("GCC diagnostic ignored \\"-W{name}\\"") ' for name in (
     "unused-parameter", "unused-variable", "unused-but-set-variable", "unused-function", "unused-value", "parentheses",
     "type-limits", "bool-compare", "sign-compare", "overflow", "narrowing", "unused-const-variable", "unused-but-set-parameter"))
+PATIENCE = 600  # seconds for a test of the unchanged copy, on a machine that may have more to do
 MOST_MEMORY = 6 << 30  # a loop without an end must not take the machine along
 FAILURE = re.compile(r"^(?:FAIL!|QFATAL)\s*:?\s*(.*)$")
 
@@ -27,7 +28,7 @@ class Test:
     command: list
     environment: dict = field(default_factory=dict)
     folder: str = "."
-    limit: float = 60  # seconds
+    limit: float = PATIENCE  # seconds
 
 
 def synchronise(source, target):
@@ -67,11 +68,12 @@ class Workshop:
     def measure(self):
         """Runs each test on the unchanged copy, which sets its limit. Returns the first failure, None for none."""
         for test in self.tests:
+            test.limit = PATIENCE
             begin = time.monotonic()
             reason = self.run_one(test, threading.Event())
             if reason:
                 return f"{test.name}: {reason}"
-            test.limit = min(test.limit, 10 + 5 * (time.monotonic() - begin))
+            test.limit = 10 + 5 * (time.monotonic() - begin)
         return None
 
     def run_one(self, test, stop):
@@ -187,7 +189,7 @@ def tests_of(folder, pattern):
         environment = dict(entry.split("=", 1) for entry in properties.get("ENVIRONMENT", ()))
         if "command" not in test:  # not built yet
             continue
-        yield Test(test["name"], test["command"], environment, properties["WORKING_DIRECTORY"], properties.get("TIMEOUT", 60))
+        yield Test(test["name"], test["command"], environment, properties["WORKING_DIRECTORY"])
 
 
 def open_workshop(root, place, pattern, jobs):
