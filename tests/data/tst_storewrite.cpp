@@ -88,6 +88,8 @@ private slots:
                                 << Fn([](SProcessorAllNode& node) { return &node.listGroup[0].listProcessor[1].bExpanded; });
         QTest::newRow("member of a later group")
             << ProcessorId("c") << Fn([](SProcessorAllNode& node) { return &node.listGroup[2].listProcessor[0].bExpanded; });
+        QTest::newRow("first processor in no group")
+            << ProcessorId("d") << Fn([](SProcessorAllNode& node) { return &node.listProcessor[0].bExpanded; });
         QTest::newRow("processor in no group")
             << ProcessorId("e") << Fn([](SProcessorAllNode& node) { return &node.listProcessor[1].bExpanded; });
         QTest::newRow("unknown") << ProcessorId("nobody") << Fn();
