@@ -6,6 +6,7 @@ import random
 import sys
 import tempfile
 import unittest
+import unittest.mock
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent))  # as a run by hand has it
@@ -13,6 +14,7 @@ import mutations  # noqa: E402
 import plant  # noqa: E402
 import workshop  # noqa: E402
 
+watch = workshop.watch
 SAMPLE = """// Sizes: 3 == 3; Open();
 void CSample::Close(int nOpen)
 {
@@ -31,6 +33,11 @@ void CSample::Close(int nOpen)
 
 def changes(kind, text=SAMPLE, path="src/sample/Sample.cpp"):
     return [change for change in mutations.changes_of(path, text) if change.kind == kind]
+
+
+def impatient(process, limit, stop, late, done):
+    """As if the limit of the first run, 5 s, were over at once."""
+    watch(process, 0.1 if limit == 5 else limit, stop, late, done)
 
 
 def planted(kind, text=SAMPLE):
@@ -148,6 +155,12 @@ class PlantingTest(unittest.TestCase):
         shop.tests[0].command = ["true"]
         self.assertEqual(shop.try_change(changes("call")[0])[0], "unnoticed")
         self.assertEqual((self.root / "built").read_text(), "tst_sample_0\ntst_sample_0\ntst_other\n")
+
+    def test_a_test_that_the_load_makes_late_has_not_noticed(self):
+        shop = self.shop("[ -e once ] || { touch once; exec tail -f /dev/null; }")
+        shop.tests[0].limit = 5
+        with unittest.mock.patch.object(workshop, "watch", impatient):
+            self.assertEqual(shop.try_change(changes("call")[0]), ("unnoticed", ""))
 
     def test_a_change_that_no_test_sees_is_unnoticed(self):
         self.assertEqual(self.verdict(changes("call")[1], "true"), ("unnoticed", ""))
