@@ -35,11 +35,6 @@ def changes(kind, text=SAMPLE, path="src/sample/Sample.cpp"):
     return [change for change in mutations.changes_of(path, text) if change.kind == kind]
 
 
-def impatient(process, limit, stop, late, done):
-    """As if the limit of the first run, 5 s, were over at once."""
-    watch(process, 0.1 if limit == 5 else limit, stop, late, done)
-
-
 def planted(kind, text=SAMPLE):
     """(old, new) of each line that a change of this kind has changed."""
     for change in changes(kind, text):
@@ -159,8 +154,15 @@ class PlantingTest(unittest.TestCase):
     def test_a_test_that_the_load_makes_late_has_not_noticed(self):
         shop = self.shop("[ -e once ] || { touch once; exec tail -f /dev/null; }")
         shop.tests[0].limit = 5
+        limits = []
+
+        def impatient(process, limit, *events):
+            limits.append(limit)
+            watch(process, 0.1 if len(limits) == 1 else limit, *events)
+
         with unittest.mock.patch.object(workshop, "watch", impatient):
             self.assertEqual(shop.try_change(changes("call")[0]), ("unnoticed", ""))
+        self.assertEqual(limits, [5, 20])
 
     def test_a_change_that_no_test_sees_is_unnoticed(self):
         self.assertEqual(self.verdict(changes("call")[1], "true"), ("unnoticed", ""))
