@@ -44,6 +44,11 @@ class JudgeTest(unittest.TestCase):
         self.assertEqual(self.faults([(1, 1)], [(3, 1)], "line | src/half.cpp | return 0 | never negative"),
                          ["a reason that nothing needs: line | src/half.cpp | return 0"])
 
+    def test_a_reason_for_what_chance_decides_may_be_needed_or_not(self):
+        reason = "line? | src/half.cpp | return 0 | in a race alone"
+        self.assertEqual(self.faults([(number, 1) for number in range(1, 60)], [(3, 1)], reason), [])
+        self.assertEqual(self.faults([(number, 1) for number in range(1, 60)] + [(4, 0)], [(3, 1)], reason), [])
+
 
 if __name__ == "__main__":
     unittest.main()
