@@ -38,7 +38,7 @@ esac
 case $round in
 quick) stages=4 ;;
 all) stages=11 ;;
-long) stages=14 ;;
+long) stages=15 ;;
 esac
 mkdir -p "$log_dir"
 
