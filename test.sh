@@ -37,8 +37,8 @@ all | quick | long) round=${1:-all} ;;
 esac
 case $round in
 quick) stages=4 ;;
-all) stages=11 ;;
-long) stages=15 ;;
+all) stages=12 ;;
+long) stages=16 ;;
 esac
 mkdir -p "$log_dir"
 
@@ -149,8 +149,11 @@ run_rest() {
     section "Debian packages"
     build package && step "Debian packages" scripts/package.sh
 
-    section "Stress and end to end"
-    run_tests dev -L '^(e2e|stress)$'
+    section "Stress"
+    run_tests dev -j "$jobs" -L '^stress$'
+
+    section "End to end"
+    run_tests dev -L '^e2e$'
 }
 
 run_long() {

@@ -24,6 +24,7 @@ test_packages=(
     python3-pil                 # pixels of the screen
     git debootstrap             # the README's commands on a bare system
     clang clang-tidy clazy
+    llvm                        # the counts of the coverage
     clang-format-19             # the release's own cannot insert braces
     lld                         # links the test programs in a quarter of the time
     libclang-rt-14-dev          # its sanitizers and fuzzer, which clang only recommends
@@ -37,7 +38,7 @@ test_packages=(
 
 # What stands for the packages where there is no dpkg.
 run_commands=(g++ cmake ninja lrelease)
-test_commands=(Xvfb openbox weston xdotool xclip xwininfo gdb valgrind nm python3 doxygen clang-format-19 clang-tidy clazy-standalone)
+test_commands=(Xvfb openbox weston xdotool xclip xwininfo gdb valgrind nm python3 doxygen clang-format-19 clang-tidy clazy-standalone llvm-cov)
 run_modules=(Qt5Core Qt5Widgets Qt5Svg Qt5Network Qt5Concurrent)
 
 die() {
