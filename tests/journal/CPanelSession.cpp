@@ -113,8 +113,7 @@ void CPanelSession::Delete()
 
 void CPanelSession::Settle()
 {
-    constexpr int nMostWait = 1000;
-    static_cast<void>(QTest::qWaitFor([] { return AreWorkersAsleep(); }, nMostWait));
+    static_cast<void>(QTest::qWaitFor([] { return AreWorkersAsleep(); }, nPatience));
     QCoreApplication::processEvents();
 }
 
@@ -185,12 +184,12 @@ bool CPanelSession::CanRefresh() const
 
 void CPanelSession::ChoosePane(bool bSimulator)
 {
-    const QString strPosition = bSimulator ? "middle" : "first";
-    QTest::mouseClick(Find<QPushButton>(View(),
-                                        [&](QPushButton* pThis) {
-                                            return pThis->objectName() == "Tab" && pThis->property("Position") == strPosition;
-                                        }),
-                      Qt::LeftButton);
+    QTest::mouseClick(Tab(bSimulator), Qt::LeftButton);
+}
+
+bool CPanelSession::HasPane(bool bSimulator) const
+{
+    return Tab(bSimulator)->isChecked();
 }
 
 void CPanelSession::ChooseInMenu(const QString& strName, const QStringList& listPath)
@@ -237,6 +236,13 @@ CProcessorTreeView* CPanelSession::View() const
 CProcessorTree* CPanelSession::Tree() const
 {
     return static_cast<CProcessorTree*>(View()->findChild<QStackedLayout*>()->currentWidget());
+}
+
+QPushButton* CPanelSession::Tab(bool bSimulator) const
+{
+    const QString strPosition = bSimulator ? "middle" : "first";
+    return Find<QPushButton>(
+        View(), [&](QPushButton* pThis) { return pThis->objectName() == "Tab" && pThis->property("Position") == strPosition; });
 }
 
 QToolButton* CPanelSession::Button(const QString& strToolTip) const

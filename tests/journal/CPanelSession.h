@@ -10,6 +10,7 @@
 class CProcessorTree;
 class CProcessorTreeView;
 class ICorvidWidget;
+class QPushButton;
 class QToolButton;
 
 /// The real panel in a window, over whatever the eight globals point to, and a user who works with it. Rows go by their names.
@@ -23,7 +24,7 @@ public:
     /// Ends the panel, as a host does.
     void Delete();
 
-    /// Waits until the panel shows what its worker has read, or for a second while that has no rest.
+    /// Waits until the panel shows what its worker has read.
     static void Settle();
 
     /// The row is there, in the current pane.
@@ -40,6 +41,7 @@ public:
     void Refresh();
     bool CanRefresh() const; ///< the button is enabled
     void ChoosePane(bool bSimulator);
+    bool HasPane(bool bSimulator) const; ///< its tab is chosen
     void ChooseInMenu(const QString& strName, const QStringList& listPath);
     void TriggerEntry(const QString& strText);
     void Fold(const QString& strName);
@@ -56,6 +58,7 @@ public:
 private:
     CProcessorTreeView* View() const;
     CProcessorTree* Tree() const;
+    QPushButton* Tab(bool bSimulator) const;
     QToolButton* Button(const QString& strToolTip) const; ///< of the tool bar; null for none
     QModelIndex Row(const QString& strName) const;
 

@@ -13,6 +13,13 @@ SSessionStep AcceptDialogOf(const QString& strToolTip)
              [strToolTip](const CPanelSession& session) { return session.CanPress(strToolTip); } };
 }
 
+SSessionStep ChoosePane(bool bSimulator)
+{
+    return { {},
+             [bSimulator](CPanelSession& session) { session.ChoosePane(bSimulator); },
+             [bSimulator](const CPanelSession& session) { return session.HasPane(!bSimulator); } };
+}
+
 SSessionStep AddGroup()
 {
     return { "loose", [](CPanelSession& session) { session.PressButton("Add group"); },
@@ -34,9 +41,9 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
           } },
         { "Yard", [](CPanelSession& session) { session.ChooseInMenu("loose", { "Move to group", "Yard" }); } },
         { "loose", [](CPanelSession& session) { session.Fold("Stage"); } },
-        { {}, [](CPanelSession& session) { session.ChoosePane(true); } },
+        ChoosePane(true),
         AcceptDialogOf("Add simulators"),
-        { {}, [](CPanelSession& session) { session.ChoosePane(false); } },
+        ChoosePane(false),
         { {},
           [](CPanelSession& session) { session.Refresh(); },
           [](const CPanelSession& session) { return session.CanRefresh(); } },

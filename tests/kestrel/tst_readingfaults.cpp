@@ -86,11 +86,12 @@ bool IsRenamed(CFaultWindow& scene, const QUuid& id, int nWhich)
     QSignalSpy rebuilds(scene.kestrel.Tree()->model(), &QAbstractItemModel::rowsInserted);
     rebuilds.wait(nWhile);
     scene.kestrel.Key(Qt::Key_F2);
-    if (!scene.kestrel.Tree()->viewport()->findChild<QLineEdit*>()) {
+    auto* const pEditor = scene.kestrel.Tree()->viewport()->findChild<QLineEdit*>();
+    if (!pEditor) {
         return false;
     }
-    scene.kestrel.Type("Named");
-    scene.kestrel.Key(Qt::Key_Return);
+    QTest::keyClicks(pEditor, "Named"); // unlike keys to the window without a look at events, among which is the next reading
+    QTest::keyClick(pEditor, Qt::Key_Return);
     return !scene.CommandedIds().isEmpty();
 }
 
