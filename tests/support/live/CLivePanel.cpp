@@ -4,12 +4,11 @@
 #include "data/CProcessorTreeData.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
-#include "interfaces/control/IProtocalControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
 #include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
-#include "interfaces/widgets/CBaseThread.h"
+#include "live/CWorkerFinder.h"
 #include "model/EnItemRole.h"
 #include "nodes/EnNodeType.h"
 
@@ -35,42 +34,6 @@ public:
 
 private:
     QWidget* pParent;
-};
-
-/// Finds out which worker attaches while it lives.
-class CWorkerFinder final : public IProtocalControl
-{
-public:
-    CWorkerFinder()
-    {
-        g_pProtocalControl = this;
-    }
-
-    ~CWorkerFinder()
-    {
-        g_pProtocalControl = pInner;
-    }
-    Q_DISABLE_COPY(CWorkerFinder)
-
-    void Attach(CObserver* pObserver) override
-    {
-        pWorker = dynamic_cast<CBaseThread*>(pObserver);
-        pInner->Attach(pObserver);
-    }
-
-    void Detach(CObserver* pObserver) override
-    {
-        pInner->Detach(pObserver);
-    }
-
-    CBaseThread* GetWorker() const
-    {
-        return pWorker;
-    }
-
-private:
-    IProtocalControl* pInner = g_pProtocalControl;
-    CBaseThread* pWorker = nullptr;
 };
 
 bool AreEqual(const SProcessorAllNode& first, const SProcessorAllNode& second)

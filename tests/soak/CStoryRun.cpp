@@ -1,0 +1,181 @@
+#include "CStoryRun.h"
+
+#include "check/Invariants.h"
+#include "check/KeptExceptions.h"
+#include "play/Verbs.h"
+
+#include <algorithm>
+
+namespace {
+
+bool Has(const QList<SPanelCall>& listCall, const char* szOperation)
+{
+    return std::any_of(listCall.cbegin(), listCall.cend(),
+                       [&](const SPanelCall& call) { return call.strOperation == QLatin1String(szOperation); });
+}
+
+QString Compare(const QString& strWhat, const NodeIds& setFound, const NodeIds& setWanted)
+{
+    return setFound == setWanted
+        ? QString()
+        : QStringLiteral("%1 %2 instead of %3")
+              .arg(strWhat, PanelPicture::GetText(setFound), PanelPicture::GetText(setWanted));
+}
+
+NodeIds GetStored(const SPanelPicture& picture, bool bSimulator)
+{
+    const std::vector<QUuid>& vecSelected = picture.arrSelected[bSimulator ? 1 : 0];
+    return { vecSelected.cbegin(), vecSelected.cend() };
+}
+
+} // namespace
+
+CStoryRun::CStoryRun(const FnTell& fnTellIn) : fnTell(fnTellIn) { }
+
+QString CStoryRun::Play(const StorySteps& vecStep)
+{
+    QString strWrong = Begin();
+    for (auto it = vecStep.begin(); it != vecStep.end() && strWrong.isEmpty(); ++it) {
+        strWrong = PlayStep(*it);
+        if (!strWrong.isEmpty()) {
+            strWrong = QStringLiteral("step %1, %2: %3").arg(nSteps).arg(Story::Write(*it), strWrong);
+        }
+    }
+    if (strWrong.isEmpty() && scene.faults.IsArmed()) {
+        while (!scene.faults.EndStep(scene.panel.library)) { }
+        strWrong = EndFault();
+    }
+    return strWrong;
+}
+
+QString CStoryRun::Begin()
+{
+    const bool bSettled = scene.panel.Settle();
+    scene.before = scene.panel.TakePicture(bSettled);
+    for (CExpectedSelection& expected : scene.arrExpected) {
+        expected.Begin(scene.before);
+        expected.Rebuild();
+    }
+    scene.Expected().End(scene.before, false);
+    const QString strWrong = Invariants::CheckAll(scene.before);
+    return strWrong.isEmpty() ? CheckSelection(scene.before) : strWrong;
+}
+
+QString CStoryRun::PlayStep(const SStoryStep& step)
+{
+    const SVerb* const pVerb = Verbs::Find(step.strVerb);
+    if (!pVerb) {
+        return QStringLiteral("there is no such verb");
+    }
+    ++nSteps;
+    scene.intent = {};
+    for (CExpectedSelection& expected : scene.arrExpected) {
+        expected.Begin(scene.before);
+    }
+    scene.panel.record.Take();
+    pVerb->fnDo(scene, step.nFirst, step.nSecond);
+    const bool bSettled = scene.panel.Settle();
+    scene.panel.dialogs.Forget();
+    const QList<SPanelCall> listCall = scene.panel.record.Take();
+    const SPanelPicture after = scene.panel.TakePicture(bSettled);
+    Tell(step, after, listCall);
+    const QString strHits = CheckHits(listCall);
+    NoteLibrary(listCall);
+    const QString strWrong = EndStep(after);
+    scene.before = scene.faults.IsArmed() || strWrong.isEmpty() ? scene.before : after;
+    return strHits.isEmpty() ? strWrong : strHits;
+}
+
+QString CStoryRun::EndStep(const SPanelPicture& after)
+{
+    const bool bUnderFault = scene.faults.IsArmed();
+    for (const bool bSimulator : { false, true }) {
+        scene.arrExpected[bSimulator ? 1 : 0].End(after, bSimulator);
+    }
+    scene.before = after;
+    const QString strWrong = bUnderFault ? Invariants::CheckUnderFault(after) : Invariants::CheckAll(after);
+    if (!strWrong.isEmpty()) {
+        return strWrong;
+    }
+    if (!bUnderFault) {
+        return CheckSelection(after);
+    }
+    return scene.faults.EndStep(scene.panel.library) ? EndFault() : QString();
+}
+
+// The panel shows the truth after the next message that makes it read.
+QString CStoryRun::EndFault()
+{
+    scene.before = scene.panel.TakePicture(scene.panel.Reread());
+    const QString strWrong = Invariants::CheckAll(scene.before);
+    if (!strWrong.isEmpty()) {
+        return QStringLiteral("after a fault: ") + strWrong;
+    }
+    for (const bool bSimulator : { false, true }) {
+        scene.arrExpected[bSimulator ? 1 : 0].Adopt(scene.before, bSimulator);
+    }
+    return Compare(QStringLiteral("after a fault: selected rows"),
+                   PanelPicture::GetIds(PanelPicture::GetSelected(scene.before)), scene.Expected().GetStored());
+}
+
+// What the panel has asked the library to select, where its contract says so.
+void CStoryRun::NoteLibrary(const QList<SPanelCall>& listCall)
+{
+    CExpectedSelection& expected = scene.Expected();
+    for (const SPanelCall& call : listCall) {
+        if (call.strOperation == QLatin1String("AddGroup")) {
+            expected.SelectInLibrary({ call.id });
+        }
+    }
+    const bool bTakesAway = scene.intent.kind == SIntent::Delete || scene.intent.kind == SIntent::Ungroup;
+    if (bTakesAway && !Hits::GetHit(scene.intent.kind, listCall).isEmpty()) {
+        expected.SelectInLibrary({ scene.idAbove });
+    }
+    if (Has(listCall, "RefreshProcessors")) {
+        Has(listCall, "ImportList") ? expected.SelectInLibrary({ QUuid() }) : expected.Rebuild();
+    }
+}
+
+QString CStoryRun::CheckHits(const QList<SPanelCall>& listCall)
+{
+    const NodeIds setHit = Hits::GetHit(scene.intent.kind, listCall);
+    const NodeIds setMeant = Hits::GetMeant(scene.intent, scene.before);
+    if (setHit.isEmpty() || setHit == setMeant || scene.faults.IsBlind()) {
+        return {};
+    }
+    const QString strReason = KeptExceptions::GetReasonToHitOthers(scene.Expected());
+    if (scene.intent.kind == SIntent::Delete && !strReason.isEmpty()) {
+        ++mapKept[strReason];
+        NodeIds setStored = scene.Expected().GetStored();
+        setStored.remove(QUuid());
+        return scene.faults.IsArmed() ? QString() : Compare(QStringLiteral("hit"), setHit, setStored);
+    }
+    return Compare(QStringLiteral("what looks selected is not what was hit:"), setHit, setMeant);
+}
+
+QString CStoryRun::CheckSelection(const SPanelPicture& after) const
+{
+    for (const bool bSimulator : { false, true }) {
+        const QString strWrong = Compare(QStringLiteral("the library has selected"), GetStored(after, bSimulator),
+                                         scene.arrExpected[bSimulator ? 1 : 0].GetStored());
+        if (!strWrong.isEmpty()) {
+            return strWrong;
+        }
+    }
+    return Compare(QStringLiteral("selected rows"), PanelPicture::GetIds(PanelPicture::GetSelected(after)),
+                   PanelPicture::GetIds(scene.arrExpected[after.bSimulator ? 1 : 0].GetRows()));
+}
+
+void CStoryRun::Tell(const SStoryStep& step, const SPanelPicture& after, const QList<SPanelCall>& listCall) const
+{
+    if (!fnTell) {
+        return;
+    }
+    QStringList listText;
+    for (const SPanelCall& call : listCall) {
+        listText.append(QStringLiteral("%1(%2, %3)").arg(call.strOperation, PanelPicture::GetText({ call.id })).arg(call.bValue));
+    }
+    fnTell(QStringLiteral("%1: rows %2, library %3, calls %4")
+               .arg(Story::Write(step), PanelPicture::GetText(PanelPicture::GetIds(PanelPicture::GetSelected(after))),
+                    PanelPicture::GetText(GetStored(after, after.bSimulator)), listText.join(QLatin1String(" "))));
+}

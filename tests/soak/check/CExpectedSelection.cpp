@@ -1,0 +1,292 @@
+#include "check/CExpectedSelection.h"
+
+#include <utility>
+
+namespace {
+
+RowKeys PickIds(const RowKeys& setRow, const NodeIds& setId)
+{
+    RowKeys setPicked;
+    for (const SPictureKey& key : setRow) {
+        if (setId.contains(key.id)) {
+            setPicked.insert(key);
+        }
+    }
+    return setPicked;
+}
+
+} // namespace
+
+void CExpectedSelection::Begin(const SPanelPicture& picture)
+{
+    before = picture;
+    setAsked.reset();
+    bRebuild = false;
+}
+
+void CExpectedSelection::Press(const SPictureKey& key, Qt::KeyboardModifiers modifiers)
+{
+    if (key.nType == NodeInfo) {
+        return;
+    }
+    const RowKeys setBefore = GetRows();
+    if (modifiers & Qt::ShiftModifier) {
+        SelectRange(key);
+    } else {
+        Select(key, modifiers & Qt::ControlModifier);
+        keyAnchor = key;
+    }
+    before.keyCurrent = key;
+    Report(setBefore);
+}
+
+void CExpectedSelection::PressRight(const SPictureKey& key, Qt::KeyboardModifiers modifiers)
+{
+    if (key.nType == NodeInfo) {
+        return;
+    }
+    const RowKeys setBefore = GetRows();
+    const bool bLeavesAlone = modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
+    if (!bLeavesAlone && !setBefore.contains(key)) {
+        Select(key, false);
+    }
+    keyAnchor = key;
+    before.keyCurrent = key;
+    Report(setBefore);
+}
+
+void CExpectedSelection::StepTo(const SPictureKey& key, Qt::KeyboardModifiers modifiers)
+{
+    const RowKeys setBefore = GetRows();
+    if (modifiers & Qt::ShiftModifier) {
+        setLast = { key };
+        bDeselects = false;
+    } else {
+        Select(key, modifiers & Qt::ControlModifier);
+        keyAnchor = key;
+    }
+    before.keyCurrent = key;
+    Report(setBefore);
+}
+
+void CExpectedSelection::MoveTo(const SPictureKey& key, Qt::KeyboardModifiers modifiers)
+{
+    const RowKeys setBefore = GetRows();
+    if (modifiers & Qt::ShiftModifier) {
+        SelectRange(key);
+    } else {
+        if (!(modifiers & Qt::ControlModifier)) {
+            Select(key, false);
+        }
+        keyAnchor = key;
+    }
+    before.keyCurrent = key;
+    Report(setBefore);
+}
+
+void CExpectedSelection::PressSpace(bool bToggles)
+{
+    if (before.keyCurrent.nType == 0) {
+        return;
+    }
+    const RowKeys setBefore = GetRows();
+    Finalise();
+    bDeselects = bToggles && setKept.contains(before.keyCurrent);
+    setLast = { before.keyCurrent };
+    Report(setBefore);
+}
+
+void CExpectedSelection::SelectAll()
+{
+    const RowKeys setBefore = GetRows();
+    setKept.clear();
+    setLast.clear();
+    bDeselects = false;
+    for (const SPictureRow& row : std::as_const(before.vecRow)) {
+        if (row.bLaidOut) {
+            setLast.insert(row.key);
+        }
+    }
+    Report(setBefore);
+}
+
+void CExpectedSelection::OpenEditor()
+{
+    bSuppressed = bSuppressed || GetSeen().size() == 1;
+}
+
+void CExpectedSelection::CloseEditor(const SPictureKey& keyCurrent)
+{
+    if (!keyCurrent.id.isNull()) {
+        Finalise();
+        bDeselects = false;
+        setLast = { { keyCurrent.nType == NodeInfo ? NodeProcessor : keyCurrent.nType, keyCurrent.id } };
+    }
+    bSuppressed = false;
+}
+
+void CExpectedSelection::DropEditor()
+{
+    bSuppressed = false;
+}
+
+void CExpectedSelection::SelectInLibrary(const NodeIds& setId)
+{
+    setAsked = setId;
+}
+
+void CExpectedSelection::Rebuild()
+{
+    bRebuild = true;
+}
+
+void CExpectedSelection::End(const SPanelPicture& picture, bool bSimulator)
+{
+    const NodeIds setKnown = PanelPicture::GetIds(picture.arrTree[bSimulator ? 1 : 0]);
+    if (!setStored.isEmpty() && setStored.intersect(setKnown).isEmpty()) {
+        setStored = { QUuid() };
+    }
+    setKept = PickIds(setKept, setKnown);
+    setLast = PickIds(setLast, setKnown);
+    if (bSimulator != picture.bSimulator) {
+        return;
+    }
+    before = picture;
+    TakeLibrarySelection(picture);
+    if (picture.bRebuilt || bRebuild) {
+        RestoreRows();
+    }
+}
+
+void CExpectedSelection::TakeLibrarySelection(const SPanelPicture& picture)
+{
+    if (!setAsked) {
+        return;
+    }
+    NodeIds setTaken = *setAsked;
+    setTaken.intersect(PanelPicture::GetIds(picture.Tree()));
+    if (setTaken.isEmpty() || setTaken == setStored) {
+        return;
+    }
+    setStored = setTaken;
+    RestoreRows();
+    const NodeIds setSeen = PanelPicture::GetIds(GetSeen());
+    if (!setSeen.isEmpty() && !bSuppressed) { // each row that comes back is reported
+        setStored = setSeen;
+    }
+}
+
+void CExpectedSelection::Adopt(const SPanelPicture& picture, bool bSimulator)
+{
+    const std::vector<QUuid>& vecSelected = picture.arrSelected[bSimulator ? 1 : 0];
+    setStored = NodeIds(vecSelected.cbegin(), vecSelected.cend());
+    if (bSimulator == picture.bSimulator) {
+        before = picture;
+        setKept.clear();
+        setLast = PanelPicture::GetSelected(picture);
+        bDeselects = false;
+    }
+}
+
+RowKeys CExpectedSelection::GetRows() const
+{
+    return bDeselects ? RowKeys(setKept).subtract(setLast) : RowKeys(setKept).unite(setLast);
+}
+
+RowKeys CExpectedSelection::GetSeen() const
+{
+    RowKeys setSeen = GetRows();
+    for (const SPictureRow& row : before.vecRow) {
+        if (row.bHidden) {
+            setSeen.remove(row.key);
+        }
+    }
+    return setSeen;
+}
+
+// The children of folded groups do not count, what the filter hides does.
+QUuid CExpectedSelection::GetNodeAboveRows() const
+{
+    const RowKeys setRow = GetRows();
+    QUuid idAbove;
+    bool bOpen = false;
+    for (const SPictureRow& row : before.vecRow) {
+        const bool bShownMember = row.nDepth == 2 && row.key.nType == NodeProcessor && bOpen;
+        bOpen = row.nDepth == 1 ? row.key.nType == NodeGroup && row.bExpanded : bOpen;
+        if (row.nDepth != 1 && !bShownMember) {
+            continue;
+        }
+        if (setRow.contains(row.key)) {
+            break;
+        }
+        idAbove = row.key.id;
+    }
+    return idAbove;
+}
+
+void CExpectedSelection::Select(const SPictureKey& key, bool bToggles)
+{
+    if (bToggles) {
+        Finalise();
+        bDeselects = setKept.contains(key);
+    } else {
+        setKept.clear();
+        bDeselects = false;
+    }
+    setLast = { key };
+}
+
+void CExpectedSelection::Finalise()
+{
+    setKept = GetRows();
+    setLast.clear();
+    bDeselects = false;
+}
+
+// From where ranges start, as long as that row can be seen.
+void CExpectedSelection::SelectRange(const SPictureKey& keyEnd)
+{
+    if (!IsLaidOut(keyAnchor)) {
+        keyAnchor = IsLaidOut(before.keyCurrent) ? before.keyCurrent : keyEnd;
+    }
+    bDeselects = false;
+    setLast.clear();
+    bool bInside = false;
+    for (const SPictureRow& row : std::as_const(before.vecRow)) {
+        const bool bLimit = row.key == keyAnchor || row.key == keyEnd;
+        if (row.bLaidOut && (bInside || bLimit)) {
+            setLast.insert(row.key);
+        }
+        bInside = bInside != (bLimit && !(keyAnchor == keyEnd));
+    }
+}
+
+void CExpectedSelection::Report(const RowKeys& setBefore)
+{
+    const RowKeys setSeen = GetSeen();
+    if (!bSuppressed && !(GetRows() == setBefore) && !setSeen.isEmpty()) {
+        setStored = PanelPicture::GetIds(setSeen);
+    }
+}
+
+// As the library says; a pane without a recorded selection gets its root.
+void CExpectedSelection::RestoreRows()
+{
+    if (setStored.isEmpty()) {
+        setStored = { QUuid() };
+    }
+    const RowKeys setKeptBefore = std::exchange(setKept, {});
+    setLast.clear();
+    bDeselects = false;
+    for (const SPictureRow& row : std::as_const(before.vecRow)) {
+        if (row.key.nType != NodeInfo && setStored.contains(row.key.id)) {
+            (setKeptBefore.contains(row.key) ? setKept : setLast).insert(row.key);
+        }
+    }
+}
+
+bool CExpectedSelection::IsLaidOut(const SPictureKey& key) const
+{
+    const int nRow = PanelPicture::FindRow(before, key);
+    return nRow >= 0 && before.vecRow.at(nRow).bLaidOut;
+}

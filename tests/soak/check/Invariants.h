@@ -1,0 +1,34 @@
+#pragma once
+
+#include "panel/SPanelPicture.h"
+
+/// What holds whenever the panel has settled, whatever was done. Each answers with what is wrong, empty when nothing is.
+namespace Invariants {
+
+/// The rows are those of the library's tree, in its order, and open as it says. The root and groups without members are left
+/// out of the latter: a rebuild always opens the root, and there is nothing to see of the others.
+QString CheckRows(const SPanelPicture& picture);
+
+/// The map of ids leads to each row but the information rows, and to nothing else.
+QString CheckIdMap(const SPanelPicture& picture);
+
+/// The filter hides what neither matches nor stands in a group whose name does, and groups of which nothing is left.
+QString CheckFilter(const SPanelPicture& picture);
+
+/// Each SetBusy(true) had its SetBusy(false).
+QString CheckBusy(const SPanelPicture& picture);
+
+/// No message box, dialog or menu stays open.
+QString CheckNothingOpen(const SPanelPicture& picture);
+
+/// Neither the model tester nor Qt complains, but for what KeptExceptions names.
+QString CheckComplaints(const SPanelPicture& picture);
+
+/// The panel came to rest.
+QString CheckSettled(const SPanelPicture& picture);
+
+/// Those that hold under any fault of the library, and then all. The first that is broken.
+QString CheckUnderFault(const SPanelPicture& picture);
+QString CheckAll(const SPanelPicture& picture); ///< as above
+
+} // namespace Invariants

@@ -1,0 +1,117 @@
+// Random stories with the panel, for as long as one likes. The same seed gives the same stories: piece n of a run with the seed
+// s is the first piece of a run with the seed s + n.
+
+#include "CStoryRun.h"
+#include "TestMain.h"
+#include "play/Verbs.h"
+#include "story/StoryMaker.h"
+
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int nStepsOfPiece = 50; // in one window
+constexpr std::chrono::seconds timeShrinking{ 90 };
+
+struct SSoakOptions
+{
+    quint32 nSeed = 0;
+    int nSteps = 2000;
+    int nMinutes = 0;
+    bool bTell = false;
+    QString strStory;
+};
+
+void Print(const QString& strLine)
+{
+    std::printf("%s\n", qPrintable(strLine));
+    std::fflush(stdout);
+}
+
+SSoakOptions ReadOptions(const QCoreApplication& application)
+{
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addOptions({ { QStringLiteral("seed"), QStringLiteral("The first seed; a random one without it."), QStringLiteral("n") },
+                        { QStringLiteral("steps"), QStringLiteral("How many steps, in pieces of 50."), QStringLiteral("n") },
+                        { QStringLiteral("minutes"), QStringLiteral("For how long, in place of steps."), QStringLiteral("n") },
+                        { QStringLiteral("story"), QStringLiteral("This story alone: \"click.0.3 delete.0.0\"."),
+                          QStringLiteral("steps") },
+                        { QStringLiteral("tell"), QStringLiteral("Print what each step does.") } });
+    parser.process(application);
+    SSoakOptions options;
+    options.nSeed = parser.isSet(QStringLiteral("seed")) ? parser.value(QStringLiteral("seed")).toUInt()
+                                                         : QRandomGenerator::global()->generate() % 1000000;
+    options.nSteps = parser.isSet(QStringLiteral("steps")) ? parser.value(QStringLiteral("steps")).toInt() : options.nSteps;
+    options.nMinutes = parser.value(QStringLiteral("minutes")).toInt();
+    options.bTell = parser.isSet(QStringLiteral("tell"));
+    options.strStory = parser.value(QStringLiteral("story"));
+    return options;
+}
+
+int PlayStory(const SSoakOptions& options)
+{
+    StorySteps vecStep;
+    if (!Story::Read(options.strStory, vecStep)) {
+        Print(QStringLiteral("that is no story"));
+        return 2;
+    }
+    const QString strWrong = CStoryRun(options.bTell ? CStoryRun::FnTell(&Print) : CStoryRun::FnTell()).Play(vecStep);
+    Print(strWrong.isEmpty() ? QStringLiteral("all was well") : strWrong);
+    return strWrong.isEmpty() ? 0 : 1;
+}
+
+void Report(const StorySteps& vecStep, const QString& strWrong)
+{
+    Print(QStringLiteral("went wrong: ") + strWrong);
+    Print(QStringLiteral("the story: ") + Story::Write(vecStep));
+    const StorySteps vecShort = StoryMaker::Shrink(vecStep, timeShrinking, [](const StorySteps& vecShorter) {
+        return !CStoryRun().Play(vecShorter).isEmpty();
+    });
+    Print(QStringLiteral("in short: %1\nwhere %2").arg(Story::Write(vecShort), CStoryRun().Play(vecShort)));
+}
+
+int Soak(const SSoakOptions& options)
+{
+    Print(QStringLiteral("seed %1").arg(options.nSeed));
+    const std::vector<QString> vecVerb = Verbs::GetWeighted();
+    QElapsedTimer timer;
+    timer.start();
+    int nSteps = 0;
+    QMap<QString, int> mapKept;
+    const auto isOver = [&] { return options.nMinutes > 0 ? timer.elapsed() >= 60000LL * options.nMinutes : nSteps >= options.nSteps; };
+    for (quint32 nSeed = options.nSeed; !isOver(); ++nSeed) {
+        const StorySteps vecStep = StoryMaker::Build(nSeed, nStepsOfPiece, vecVerb);
+        CStoryRun run(options.bTell ? CStoryRun::FnTell(&Print) : CStoryRun::FnTell());
+        const QString strWrong = run.Play(vecStep);
+        nSteps += run.GetCount();
+        for (auto it = run.GetKept().cbegin(); it != run.GetKept().cend(); ++it) {
+            mapKept[it.key()] += it.value();
+        }
+        if (!strWrong.isEmpty()) {
+            Print(QStringLiteral("seed %1, after %2 steps").arg(nSeed).arg(nSteps));
+            Report(vecStep, strWrong);
+            return 1;
+        }
+    }
+    for (auto it = mapKept.cbegin(); it != mapKept.cend(); ++it) {
+        Print(QStringLiteral("%1 times: %2").arg(it.value()).arg(it.key()));
+    }
+    Print(QStringLiteral("%1 steps in %2 s, all was well").arg(nSteps).arg(timer.elapsed() / 1000));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    TestMain::PrepareProcess();
+    QApplication application(argc, argv);
+    TestMain::PrepareApplication();
+    const SSoakOptions options = ReadOptions(application);
+    return options.strStory.isEmpty() ? Soak(options) : PlayStory(options);
+}

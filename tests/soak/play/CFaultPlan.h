@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QList>
+#include <QString>
+
+class CControlLibrary;
+
+/// What goes wrong in the library at present: every fault that a scenario can ask for, for a step or a few.
+class CFaultPlan
+{
+public:
+    /// The number chooses the fault, the detail what it is about and for how many steps. The nodes are ids as text.
+    void Arm(CControlLibrary& library, int nFault, int nDetail, const QString& strNode, const QString& strOther);
+
+    /// A step is over. True when that was the last one under a fault; nothing goes wrong any more then, but for messages that
+    /// are still to be lost, to come twice or to change places.
+    bool EndStep(CControlLibrary& library);
+
+    bool IsArmed() const
+    {
+        return nStepsLeft > 0;
+    }
+
+    /// Whether ids collide: commands for a row may go to another.
+    bool IsBlind() const
+    {
+        return bBlind;
+    }
+
+private:
+    void End(CControlLibrary& library);
+
+    int nStepsLeft = 0;
+    bool bBlind = false;
+    QList<QJsonObject> listEnd; ///< the steps that end what has no end of its own
+};
