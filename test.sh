@@ -5,7 +5,7 @@
 #              an hour when the compiler cache knows the sources, about twice that when it does not
 #   quick      the daily round: a build, the quick tests, the layout of the sources
 #   long       everything, then for hours: stress, end to end and quick tests over and over on an overloaded machine,
-#              the rounds of years, fuzzing for an hour
+#              the rounds of years, fuzzing for an hour, random stories with the panel for two
 #
 # Installs what is missing first (scripts/setup.sh). Each stage has its number and the time at which it began, each
 # build says how far it is; logs are kept in build/test-logs. The last line: "N passed, N failed", summed over all
@@ -38,7 +38,7 @@ esac
 case $round in
 quick) stages=4 ;;
 all) stages=12 ;;
-long) stages=16 ;;
+long) stages=17 ;;
 esac
 mkdir -p "$log_dir"
 
@@ -170,6 +170,9 @@ run_long() {
 
     section "Fuzzing for an hour"
     step "fuzzing, 3600 s" scripts/fuzz.sh 3600
+
+    section "Random stories with the panel, for two hours"
+    step "stories" env QT_QPA_PLATFORM=offscreen build/dev/bin/ptv_soak --minutes 120
 }
 
 # Read whole before it runs, so that an edit meanwhile does no harm.

@@ -82,7 +82,6 @@ QString CStoryRun::PlayStep(const SStoryStep& step)
     const QString strHits = CheckHits(listCall);
     NoteLibrary(listCall);
     const QString strWrong = EndStep(after);
-    scene.before = scene.faults.IsArmed() || strWrong.isEmpty() ? scene.before : after;
     return strHits.isEmpty() ? strWrong : strHits;
 }
 
@@ -143,7 +142,7 @@ QString CStoryRun::CheckHits(const QList<SPanelCall>& listCall)
     if (setHit.isEmpty() || setHit == setMeant || scene.faults.IsBlind()) {
         return {};
     }
-    const QString strReason = KeptExceptions::GetReasonToHitOthers(scene.Expected());
+    const QString strReason = KeptExceptions::GetReasonToHitOthers(scene.Expected().GetApart());
     if (scene.intent.kind == SIntent::Delete && !strReason.isEmpty()) {
         ++mapKept[strReason];
         NodeIds setStored = scene.Expected().GetStored();

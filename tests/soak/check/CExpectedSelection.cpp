@@ -119,7 +119,7 @@ void CExpectedSelection::CloseEditor(const SPictureKey& keyCurrent)
 {
     if (!keyCurrent.id.isNull()) {
         Finalise();
-        bDeselects = false;
+        apart = ApartEditor;
         setLast = { { keyCurrent.nType == NodeInfo ? NodeProcessor : keyCurrent.nType, keyCurrent.id } };
     }
     bSuppressed = false;
@@ -172,6 +172,7 @@ void CExpectedSelection::TakeLibrarySelection(const SPanelPicture& picture)
     RestoreRows();
     const NodeIds setSeen = PanelPicture::GetIds(GetSeen());
     if (!setSeen.isEmpty() && !bSuppressed) { // each row that comes back is reported
+        apart = setSeen == setStored ? ApartNot : ApartFilter;
         setStored = setSeen;
     }
 }
@@ -264,9 +265,20 @@ void CExpectedSelection::SelectRange(const SPictureKey& keyEnd)
 void CExpectedSelection::Report(const RowKeys& setBefore)
 {
     const RowKeys setSeen = GetSeen();
-    if (!bSuppressed && !(GetRows() == setBefore) && !setSeen.isEmpty()) {
-        setStored = PanelPicture::GetIds(setSeen);
+    if (GetRows() == setBefore) {
+        return;
     }
+    if (bSuppressed || setSeen.isEmpty()) {
+        apart = bSuppressed ? ApartSuppressed : GetRows().isEmpty() ? ApartEmptied : ApartFilter;
+        return;
+    }
+    setStored = PanelPicture::GetIds(setSeen);
+    apart = !(GetRows() == setSeen) ? ApartFilter : setStored.isEmpty() ? ApartInfo : ApartNot;
+}
+
+EnApart CExpectedSelection::GetApart() const
+{
+    return GetRows() == GetSeen() ? apart : ApartFilter;
 }
 
 // As the library says; a pane without a recorded selection gets its root.
@@ -275,6 +287,7 @@ void CExpectedSelection::RestoreRows()
     if (setStored.isEmpty()) {
         setStored = { QUuid() };
     }
+    apart = ApartNot;
     const RowKeys setKeptBefore = std::exchange(setKept, {});
     setLast.clear();
     bDeselects = false;

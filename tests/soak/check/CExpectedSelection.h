@@ -4,6 +4,17 @@
 
 #include <optional>
 
+/// Why what looks selected is not what the library has selected.
+enum EnApart
+{
+    ApartNot,
+    ApartSuppressed, ///< a rename keeps selections from going out, also where no editor has opened
+    ApartEmptied,    ///< the last selected row was taken out
+    ApartInfo,       ///< an information row alone is reported as no node at all
+    ApartFilter,     ///< a selected row is hidden, or was as the selection went out
+    ApartEditor      ///< the end of a rename has selected its row, without a report
+};
+
 /// What has to be selected in one pane after what the user, the panel's commands and the library have done: on the screen, and
 /// in the library. Works from the picture before a step and never looks at what became of it, but for whether rows were replaced.
 ///
@@ -52,12 +63,7 @@ public:
     RowKeys GetRows() const;          ///< that are selected on the screen or hidden
     RowKeys GetSeen() const;          ///< without the hidden ones
     QUuid GetNodeAboveRows() const;   ///< which takes over when the selected rows go; null for the root
-
-    /// Whether a rename keeps selections from going out.
-    bool IsSuppressed() const
-    {
-        return bSuppressed;
-    }
+    EnApart GetApart() const;         ///< why screen and library differ
 
 private:
     void Select(const SPictureKey& key, bool bToggles);
@@ -77,4 +83,5 @@ private:
     std::optional<NodeIds> setAsked; ///< of the library in this step
     bool bSuppressed = false;
     bool bRebuild = false;
+    EnApart apart = ApartNot; ///< since the last report
 };

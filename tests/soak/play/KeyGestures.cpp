@@ -139,7 +139,7 @@ void KeyGestures::Delete(SScene& scene, int nFirst, int)
 {
     scene.Mean(SIntent::Delete);
     if (nFirst % 4 == 0) {
-        const QList<QAction*> listAction = scene.panel.Tree()->findChildren<QAction*>({}, Qt::FindDirectChildrenOnly);
+        const QList<QAction*> listAction = scene.panel.Tree()->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
         const auto isDelete = [](const QAction* pAction) { return pAction->text() == QLatin1String("Delete"); };
         if ((*std::find_if(listAction.cbegin(), listAction.cend(), isDelete))->isEnabled()) {
             scene.Expected().Rebuild();

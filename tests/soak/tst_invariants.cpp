@@ -1,0 +1,185 @@
+#include "CNameRegistry.h"
+#include "CStoryRun.h"
+#include "TestMain.h"
+#include "check/Invariants.h"
+#include "story/StoryMaker.h"
+
+namespace {
+
+/// What is made out of a picture that is right, and who has to notice.
+struct SLie
+{
+    const char* szName;
+    QString (*fnCheck)(const SPanelPicture& picture);
+    void (*fnLie)(SPanelPicture& picture);
+};
+
+const SLie arrLie[] = {
+    { "a row too many", &Invariants::CheckRows, [](SPanelPicture& picture) { picture.vecRow.append(picture.vecRow.last()); } },
+    { "a row that is missing", &Invariants::CheckRows, [](SPanelPicture& picture) { picture.vecRow.removeLast(); } },
+    { "two rows in another order", &Invariants::CheckRows,
+      [](SPanelPicture& picture) { std::swap(picture.vecRow[2], picture.vecRow[4]); } },
+    { "a row of another kind", &Invariants::CheckRows, [](SPanelPicture& picture) { picture.vecRow[2].key.nType = NodeGroup; } },
+    { "a member beside its group", &Invariants::CheckRows, [](SPanelPicture& picture) { picture.vecRow[2].nDepth = 1; } },
+    { "a group that is folded here alone", &Invariants::CheckRows,
+      [](SPanelPicture& picture) { picture.vecRow[1].bExpanded = false; } },
+    { "an id that leads nowhere", &Invariants::CheckIdMap, [](SPanelPicture& picture) { picture.vecRow[2].bMapped = false; } },
+    { "an id without a row", &Invariants::CheckIdMap, [](SPanelPicture& picture) { ++picture.nMapped; } },
+    { "a row that hides without a filter", &Invariants::CheckFilter,
+      [](SPanelPicture& picture) { picture.vecRow[2].bHidden = true; } },
+    { "a filter that hides nothing", &Invariants::CheckFilter, [](SPanelPicture& picture) { picture.strSearch = "zzz"; } },
+    { "busy without an end", &Invariants::CheckBusy, [](SPanelPicture& picture) { picture.nBusy = 1; } },
+    { "an end without a beginning", &Invariants::CheckBusy, [](SPanelPicture& picture) { picture.nBusy = -1; } },
+    { "a box that stays open", &Invariants::CheckNothingOpen, [](SPanelPicture& picture) { picture.listOpen.append("Delete"); } },
+    { "the model tester complains", &Invariants::CheckComplaints,
+      [](SPanelPicture& picture) { picture.listComplaint.append("FAIL! model->hasIndex(0, 0) () returned FALSE"); } },
+    { "Qt complains", &Invariants::CheckComplaints,
+      [](SPanelPicture& picture) { picture.listComplaint.append("QObject: Cannot create children"); } },
+    { "no rest", &Invariants::CheckSettled, [](SPanelPicture& picture) { picture.bSettled = false; } },
+};
+
+NodeIds Ids(const QStringList& listName)
+{
+    NodeIds setId;
+    for (const QString& strName : listName) {
+        setId.insert(ProcessorId(strName));
+    }
+    return setId;
+}
+
+SPictureKey Row(const QString& strName)
+{
+    return { NodeProcessor, ProcessorId(strName) };
+}
+
+StorySteps Read(const QString& strStory)
+{
+    StorySteps vecStep;
+    Story::Read(strStory, vecStep);
+    return vecStep;
+}
+
+} // namespace
+
+/// Whether the checks of the soak notice what they are for, and what it has found.
+class CInvariantsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aLieIsCaught_data()
+    {
+        QTest::addColumn<int>("nLie");
+        for (int n = 0; n < int(sizeof(arrLie) / sizeof(arrLie[0])); ++n) {
+            QTest::newRow(arrLie[n].szName) << n;
+        }
+    }
+
+    void aLieIsCaught()
+    {
+        QFETCH(int, nLie);
+        const SLie& lie = arrLie[nLie];
+        SPanelPicture picture = TakePicture();
+        QCOMPARE(Invariants::CheckAll(picture), QString());
+
+        lie.fnLie(picture);
+
+        QVERIFY(!lie.fnCheck(picture).isEmpty());
+        QVERIFY(!Invariants::CheckAll(picture).isEmpty());
+    }
+
+    void whoIsHitInPlaceOfWhomIsNoticed()
+    {
+        const SPanelPicture picture = TakePicture();
+        const SIntent intent{ SIntent::Delete, { Row("alpha"), Row("beta") } };
+
+        QCOMPARE(Hits::GetMeant(intent, picture), Ids({ "alpha", "beta" }));
+        QCOMPARE(Hits::GetHit(SIntent::Delete, { { "DeleteProcessor", ProcessorId("alpha") }, { "SetBusy", {}, true } }),
+                 Ids({ "alpha" }));
+    }
+
+    void onlyMembersLeaveTheirGroup()
+    {
+        const SIntent intent{ SIntent::RemoveFromGroup, { Row("alpha"), Row("loose") } };
+
+        QCOMPARE(Hits::GetMeant(intent, TakePicture()), Ids({ "alpha" }));
+    }
+
+    void aRangeIsExpectedFromTheLastClick()
+    {
+        CExpectedSelection expected;
+        expected.Begin(TakePicture());
+
+        expected.Press(Row("beta"), {});
+        expected.Press(Row("gamma"), Qt::ShiftModifier);
+        expected.Press(Row("loose"), Qt::ControlModifier);
+        expected.Press(Row("beta"), Qt::ControlModifier);
+
+        QCOMPARE(expected.GetStored(), Ids({ "gamma", "loose" }));
+    }
+
+    void anEmptiedSelectionIsExpectedToStayInTheLibrary()
+    {
+        CExpectedSelection expected;
+        expected.Begin(TakePicture());
+
+        expected.Press(Row("beta"), {});
+        expected.Press(Row("beta"), Qt::ControlModifier);
+
+        QVERIFY(expected.GetRows().isEmpty());
+        QCOMPARE(expected.GetStored(), Ids({ "beta" }));
+    }
+
+    void aStoryIsTheSameForTheSameSeed()
+    {
+        const std::vector<QString> vecVerb{ "click", "key" };
+
+        QCOMPARE(Story::Write(StoryMaker::Build(7, 20, vecVerb)), Story::Write(StoryMaker::Build(7, 20, vecVerb)));
+        QVERIFY(Story::Write(StoryMaker::Build(7, 20, vecVerb)) != Story::Write(StoryMaker::Build(8, 20, vecVerb)));
+    }
+
+    void aStoryShrinksToWhatMatters()
+    {
+        const StorySteps vecStep = StoryMaker::Build(7, 50, { "click", "key", "fold", "delete" });
+        const auto goesWrong = [](const StorySteps& vecShorter) {
+            const QString strStory = Story::Write(vecShorter);
+            return strStory.contains("delete") && strStory.indexOf("fold") < strStory.lastIndexOf("delete")
+                && strStory.contains("fold");
+        };
+        QVERIFY(goesWrong(vecStep));
+
+        QCOMPARE(Story::Write(StoryMaker::Shrink(vecStep, std::chrono::seconds(20), goesWrong)), QString("fold.0.0 delete.0.0"));
+    }
+
+    void whatIsNoStoryIsRefused()
+    {
+        StorySteps vecStep;
+
+        QVERIFY(!Story::Read("click.1", vecStep));
+        QVERIFY(!CStoryRun().Play(Read("nonsense.0.0")).isEmpty());
+    }
+
+    void whatWasFoundPasses_data()
+    {
+        QTest::addColumn<QString>("strStory");
+        QTest::newRow("a hidden row stays selected under a search")
+            << "click.1.0 search.4.0 click.1.4 search.0.0 delete.0.0";
+    }
+
+    void whatWasFoundPasses()
+    {
+        QFETCH(QString, strStory);
+        QCOMPARE(CStoryRun().Play(Read(strStory)), QString());
+    }
+
+private:
+    static SPanelPicture TakePicture()
+    {
+        CSoakPanel panel;
+        const bool bSettled = panel.Settle();
+        return panel.TakePicture(bSettled);
+    }
+};
+
+PTV_TEST_MAIN(CInvariantsTest)
+#include "tst_invariants.moc"
