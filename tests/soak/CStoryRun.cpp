@@ -48,9 +48,10 @@ QString CStoryRun::Play(const StorySteps& vecStep)
     return strWrong;
 }
 
+// The store is the process's: what it has kept of another window is no change, and nobody would build the rows.
 QString CStoryRun::Begin()
 {
-    const bool bSettled = scene.panel.Settle();
+    const bool bSettled = scene.panel.Reread();
     scene.before = scene.panel.TakePicture(bSettled);
     for (CExpectedSelection& expected : scene.arrExpected) {
         expected.Begin(scene.before);
@@ -73,6 +74,7 @@ QString CStoryRun::PlayStep(const SStoryStep& step)
         expected.Begin(scene.before);
     }
     scene.panel.record.Take();
+    QApplication::setActiveWindow(&scene.panel.window);
     pVerb->fnDo(scene, step.nFirst, step.nSecond);
     const bool bSettled = scene.panel.Settle();
     scene.panel.dialogs.Forget();

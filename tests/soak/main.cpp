@@ -75,33 +75,52 @@ void Report(const StorySteps& vecStep, const QString& strWrong)
     Print(QStringLiteral("in short: %1\nwhere %2").arg(Story::Write(vecShort), CStoryRun().Play(vecShort)));
 }
 
+/// What several runs have come to.
+struct SSum
+{
+    int nSteps = 0;
+    QMap<QString, int> mapKept;
+};
+
+// What is wrong; empty when nothing is.
+QString PlayPiece(const StorySteps& vecStep, bool bTell, SSum& sum)
+{
+    CStoryRun run(bTell ? CStoryRun::FnTell(&Print) : CStoryRun::FnTell());
+    const QString strWrong = run.Play(vecStep);
+    sum.nSteps += run.GetCount();
+    for (auto it = run.GetKept().cbegin(); it != run.GetKept().cend(); ++it) {
+        sum.mapKept[it.key()] += it.value();
+    }
+    return strWrong;
+}
+
+void PrintSum(const SSum& sum, qint64 nMilliseconds)
+{
+    for (auto it = sum.mapKept.cbegin(); it != sum.mapKept.cend(); ++it) {
+        Print(QStringLiteral("%1 times: %2").arg(it.value()).arg(it.key()));
+    }
+    Print(QStringLiteral("%1 steps in %2 s, all was well").arg(sum.nSteps).arg(nMilliseconds / 1000));
+}
+
 int Soak(const SSoakOptions& options)
 {
     Print(QStringLiteral("seed %1").arg(options.nSeed));
     const std::vector<QString> vecVerb = Verbs::GetWeighted();
+    const qint64 nLongest = 60000LL * options.nMinutes;
     QElapsedTimer timer;
     timer.start();
-    int nSteps = 0;
-    QMap<QString, int> mapKept;
-    const auto isOver = [&] { return options.nMinutes > 0 ? timer.elapsed() >= 60000LL * options.nMinutes : nSteps >= options.nSteps; };
+    SSum sum;
+    const auto isOver = [&] { return nLongest > 0 ? timer.elapsed() >= nLongest : sum.nSteps >= options.nSteps; };
     for (quint32 nSeed = options.nSeed; !isOver(); ++nSeed) {
         const StorySteps vecStep = StoryMaker::Build(nSeed, nStepsOfPiece, vecVerb);
-        CStoryRun run(options.bTell ? CStoryRun::FnTell(&Print) : CStoryRun::FnTell());
-        const QString strWrong = run.Play(vecStep);
-        nSteps += run.GetCount();
-        for (auto it = run.GetKept().cbegin(); it != run.GetKept().cend(); ++it) {
-            mapKept[it.key()] += it.value();
-        }
+        const QString strWrong = PlayPiece(vecStep, options.bTell, sum);
         if (!strWrong.isEmpty()) {
-            Print(QStringLiteral("seed %1, after %2 steps").arg(nSeed).arg(nSteps));
+            Print(QStringLiteral("seed %1, after %2 steps").arg(nSeed).arg(sum.nSteps));
             Report(vecStep, strWrong);
             return 1;
         }
     }
-    for (auto it = mapKept.cbegin(); it != mapKept.cend(); ++it) {
-        Print(QStringLiteral("%1 times: %2").arg(it.value()).arg(it.key()));
-    }
-    Print(QStringLiteral("%1 steps in %2 s, all was well").arg(nSteps).arg(timer.elapsed() / 1000));
+    PrintSum(sum, timer.elapsed());
     return 0;
 }
 

@@ -36,7 +36,10 @@ QStringList CComplaints::Take()
 
 void CComplaints::Handle(QtMsgType type, const QMessageLogContext& context, const QString& strText)
 {
-    if ((type != QtWarningMsg && type != QtCriticalMsg) || IsOfThePlatform(strText)) {
+    if (IsOfThePlatform(strText) || type == QtInfoMsg) {
+        return;
+    }
+    if (type != QtWarningMsg && type != QtCriticalMsg) {
         pListening->pBefore(type, context, strText);
         return;
     }

@@ -17,6 +17,7 @@
 #include <QLibrary>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStackedLayout>
 #include <QThreadPool>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -149,9 +150,10 @@ void CSoakPanel::Load()
     fnInit(&pPanel, &host);
     watch.SetWorker(finder.GetWorker());
     window.layout()->addWidget(View());
-    listTree = View()->findChildren<QTreeView*>(QStringLiteral("ProcessorTree"));
-    for (QTreeView* const pTree : std::as_const(listTree)) {
-        Watch(pTree);
+    const auto* const pStack = View()->findChild<QStackedLayout*>();
+    for (int n = 0; n < pStack->count(); ++n) {
+        listTree.append(qobject_cast<QTreeView*>(pStack->widget(n)));
+        Watch(listTree.last());
     }
 }
 

@@ -138,8 +138,10 @@ void Refresh(SScene& scene, int, int)
 
 void SelectAll(SScene& scene, int, int)
 {
-    scene.Expected().SelectAll();
     scene.panel.Tree()->setFocus();
+    if (scene.panel.Tree()->hasFocus()) { // the host's menu means who has the keys
+        scene.Expected().SelectAll();
+    }
     QMetaObject::invokeMethod(scene.panel.View(), "DealMenuBar", Q_ARG(int, nSelectAll), Q_ARG(QVariant, true));
 }
 
