@@ -18,8 +18,7 @@ QString Compare(const QString& strWhat, const NodeIds& setFound, const NodeIds& 
 {
     return setFound == setWanted
         ? QString()
-        : QStringLiteral("%1 %2 instead of %3")
-              .arg(strWhat, PanelPicture::GetText(setFound), PanelPicture::GetText(setWanted));
+        : QStringLiteral("%1 %2 instead of %3").arg(strWhat, PanelPicture::GetText(setFound), PanelPicture::GetText(setWanted));
 }
 
 NodeIds GetStored(const SPanelPicture& picture, bool bSimulator)
@@ -98,8 +97,12 @@ QString CStoryRun::EndStep(const SPanelPicture& after)
     if (!strWrong.isEmpty()) {
         return strWrong;
     }
-    if (!bUnderFault) {
+    if (!bUnderFault && !scene.arrExpected[after.bSimulator ? 1 : 0].IsUnsure()) {
         return CheckSelection(after);
+    }
+    if (!bUnderFault) {
+        scene.arrExpected[after.bSimulator ? 1 : 0].Adopt(after, after.bSimulator);
+        return {};
     }
     return scene.faults.EndStep(scene.panel.library) ? EndFault() : QString();
 }
@@ -115,8 +118,8 @@ QString CStoryRun::EndFault()
     for (const bool bSimulator : { false, true }) {
         scene.arrExpected[bSimulator ? 1 : 0].Adopt(scene.before, bSimulator);
     }
-    return Compare(QStringLiteral("after a fault: selected rows"),
-                   PanelPicture::GetIds(PanelPicture::GetSelected(scene.before)), scene.Expected().GetStored());
+    return Compare(QStringLiteral("after a fault: selected rows"), PanelPicture::GetIds(PanelPicture::GetSelected(scene.before)),
+                   scene.Expected().GetStored());
 }
 
 // What the panel has asked the library to select, where its contract says so.
@@ -176,7 +179,8 @@ void CStoryRun::Tell(const SStoryStep& step, const SPanelPicture& after, const Q
     for (const SPanelCall& call : listCall) {
         listText.append(QStringLiteral("%1(%2, %3)").arg(call.strOperation, PanelPicture::GetText({ call.id })).arg(call.bValue));
     }
-    fnTell(QStringLiteral("%1: rows %2, library %3, calls %4")
+    fnTell(QStringLiteral("%1: rows %2, library %3, current %5, calls %4")
                .arg(Story::Write(step), PanelPicture::GetText(PanelPicture::GetIds(PanelPicture::GetSelected(after))),
-                    PanelPicture::GetText(GetStored(after, after.bSimulator)), listText.join(QLatin1String(" "))));
+                    PanelPicture::GetText(GetStored(after, after.bSimulator)), listText.join(QLatin1String(" ")),
+                    PanelPicture::GetText({ after.keyCurrent.id })));
 }

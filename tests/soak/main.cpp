@@ -36,12 +36,12 @@ SSoakOptions ReadOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOptions({ { QStringLiteral("seed"), QStringLiteral("The first seed; a random one without it."), QStringLiteral("n") },
-                        { QStringLiteral("steps"), QStringLiteral("How many steps, in pieces of 50."), QStringLiteral("n") },
-                        { QStringLiteral("minutes"), QStringLiteral("For how long, in place of steps."), QStringLiteral("n") },
-                        { QStringLiteral("story"), QStringLiteral("This story alone: \"click.0.3 delete.0.0\"."),
-                          QStringLiteral("steps") },
-                        { QStringLiteral("tell"), QStringLiteral("Print what each step does.") } });
+    parser.addOptions(
+        { { QStringLiteral("seed"), QStringLiteral("The first seed; a random one without it."), QStringLiteral("n") },
+          { QStringLiteral("steps"), QStringLiteral("How many steps, in pieces of 50."), QStringLiteral("n") },
+          { QStringLiteral("minutes"), QStringLiteral("For how long, in place of steps."), QStringLiteral("n") },
+          { QStringLiteral("story"), QStringLiteral("This story alone: \"click.0.3 delete.0.0\"."), QStringLiteral("steps") },
+          { QStringLiteral("tell"), QStringLiteral("Print what each step does.") } });
     parser.process(application);
     SSoakOptions options;
     options.nSeed = parser.isSet(QStringLiteral("seed")) ? parser.value(QStringLiteral("seed")).toUInt()
@@ -69,9 +69,8 @@ void Report(const StorySteps& vecStep, const QString& strWrong)
 {
     Print(QStringLiteral("went wrong: ") + strWrong);
     Print(QStringLiteral("the story: ") + Story::Write(vecStep));
-    const StorySteps vecShort = StoryMaker::Shrink(vecStep, timeShrinking, [](const StorySteps& vecShorter) {
-        return !CStoryRun().Play(vecShorter).isEmpty();
-    });
+    const StorySteps vecShort = StoryMaker::Shrink(
+        vecStep, timeShrinking, [](const StorySteps& vecShorter) { return !CStoryRun().Play(vecShorter).isEmpty(); });
     Print(QStringLiteral("in short: %1\nwhere %2").arg(Story::Write(vecShort), CStoryRun().Play(vecShort)));
 }
 

@@ -162,8 +162,7 @@ private slots:
     void whatWasFoundPasses_data()
     {
         QTest::addColumn<QString>("strStory");
-        QTest::newRow("a hidden row stays selected under a search")
-            << "click.1.0 search.4.0 click.1.4 search.0.0 delete.0.0";
+        QTest::newRow("a hidden row stays selected under a search") << "click.1.0 search.4.0 click.1.4 search.0.0 delete.0.0";
     }
 
     void whatWasFoundPasses()

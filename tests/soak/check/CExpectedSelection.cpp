@@ -22,6 +22,7 @@ void CExpectedSelection::Begin(const SPanelPicture& picture)
     before = picture;
     setAsked.reset();
     bRebuild = false;
+    bRangeUnsure = false;
 }
 
 void CExpectedSelection::Press(const SPictureKey& key, Qt::KeyboardModifiers modifiers)
@@ -31,7 +32,7 @@ void CExpectedSelection::Press(const SPictureKey& key, Qt::KeyboardModifiers mod
     }
     const RowKeys setBefore = GetRows();
     if (modifiers & Qt::ShiftModifier) {
-        SelectRange(key);
+        SelectRange(key, false);
     } else {
         Select(key, modifiers & Qt::ControlModifier);
         keyAnchor = key;
@@ -73,7 +74,7 @@ void CExpectedSelection::MoveTo(const SPictureKey& key, Qt::KeyboardModifiers mo
 {
     const RowKeys setBefore = GetRows();
     if (modifiers & Qt::ShiftModifier) {
-        SelectRange(key);
+        SelectRange(key, true);
     } else {
         if (!(modifiers & Qt::ControlModifier)) {
             Select(key, false);
@@ -125,7 +126,7 @@ void CExpectedSelection::CloseEditor(const SPictureKey& keyCurrent)
     bSuppressed = false;
 }
 
-void CExpectedSelection::DropEditor()
+void CExpectedSelection::EndSuppression()
 {
     bSuppressed = false;
 }
@@ -186,6 +187,8 @@ void CExpectedSelection::Adopt(const SPanelPicture& picture, bool bSimulator)
         setKept.clear();
         setLast = PanelPicture::GetSelected(picture);
         bDeselects = false;
+        bUnsure = true;
+        apart = ApartNot;
     }
 }
 
@@ -233,6 +236,7 @@ void CExpectedSelection::Select(const SPictureKey& key, bool bToggles)
     } else {
         setKept.clear();
         bDeselects = false;
+        bUnsure = false;
     }
     setLast = { key };
 }
@@ -244,12 +248,13 @@ void CExpectedSelection::Finalise()
     bDeselects = false;
 }
 
-// From where ranges start, as long as that row can be seen.
-void CExpectedSelection::SelectRange(const SPictureKey& keyEnd)
+// From where ranges start, as long as that row can be seen. A key on a row that is folded away begins at the top of what is seen.
+void CExpectedSelection::SelectRange(const SPictureKey& keyEnd, bool bByKey)
 {
     if (!IsLaidOut(keyAnchor)) {
         keyAnchor = IsLaidOut(before.keyCurrent) ? before.keyCurrent : keyEnd;
     }
+    bRangeUnsure = bUnsure || (bByKey && !IsLaidOut(before.keyCurrent) && before.keyCurrent.nType != 0);
     bDeselects = false;
     setLast.clear();
     bool bInside = false;

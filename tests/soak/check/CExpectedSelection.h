@@ -40,7 +40,7 @@ public:
     /// An editor was asked for; where none opens the selection stays unreported. Nothing unless exactly one row is selected.
     void OpenEditor();
     void CloseEditor(const SPictureKey& keyCurrent); ///< with that current row
-    void DropEditor();                               ///< its row was replaced
+    void EndSuppression();                           ///< its row was replaced, or a group was made
 
     /// Somebody asks the library for this selection; ids that it does not know are left out.
     void SelectInLibrary(const NodeIds& setId);
@@ -51,6 +51,12 @@ public:
     /// The step is over.
     void End(const SPanelPicture& picture, bool bSimulator);
 
+    /// Whether it cannot be said where the range of this step began, since something had gone wrong before.
+    bool IsUnsure() const
+    {
+        return bRangeUnsure;
+    }
+
     /// Takes what is there for right.
     void Adopt(const SPanelPicture& picture, bool bSimulator);
 
@@ -60,15 +66,15 @@ public:
         return setStored;
     }
 
-    RowKeys GetRows() const;          ///< that are selected on the screen or hidden
-    RowKeys GetSeen() const;          ///< without the hidden ones
-    QUuid GetNodeAboveRows() const;   ///< which takes over when the selected rows go; null for the root
-    EnApart GetApart() const;         ///< why screen and library differ
+    RowKeys GetRows() const;        ///< that are selected on the screen or hidden
+    RowKeys GetSeen() const;        ///< without the hidden ones
+    QUuid GetNodeAboveRows() const; ///< which takes over when the selected rows go; null for the root
+    EnApart GetApart() const;       ///< why screen and library differ
 
 private:
     void Select(const SPictureKey& key, bool bToggles);
     void Finalise();
-    void SelectRange(const SPictureKey& keyEnd);
+    void SelectRange(const SPictureKey& keyEnd, bool bByKey);
     void Report(const RowKeys& setBefore);
     void RestoreRows();
     void TakeLibrarySelection(const SPanelPicture& picture);
@@ -83,5 +89,7 @@ private:
     std::optional<NodeIds> setAsked; ///< of the library in this step
     bool bSuppressed = false;
     bool bRebuild = false;
-    EnApart apart = ApartNot; ///< since the last report
+    bool bUnsure = false;      ///< where a range would begin and what it would replace
+    bool bRangeUnsure = false; ///< and there was one in this step
+    EnApart apart = ApartNot;  ///< since the last report
 };

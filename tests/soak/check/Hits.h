@@ -10,10 +10,10 @@ struct SIntent
     {
         Nothing,
         Delete,
-        Group,          ///< also an entry of "Move to group" and a drop: the processors
-        Ungroup,        ///< the groups
+        Group,           ///< also an entry of "Move to group" and a drop: the processors
+        Ungroup,         ///< the groups
         RemoveFromGroup, ///< the members of groups
-        Rename          ///< the one row
+        Rename           ///< the one row
     };
 
     EnKind kind = Nothing;

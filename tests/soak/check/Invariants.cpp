@@ -51,8 +51,8 @@ QVector<SWantedRow> GetWanted(const SPanelPicture& picture)
     const QString& strText = picture.strSearch;
     QVector<SWantedRow> vecWanted{ { { NodeAll, QUuid() }, 0, true, false, false } };
     for (const SProcessorGroupNode& group : picture.Tree().listGroup) {
-        vecWanted.append({ { NodeGroup, group.idNode }, 1, group.bExpanded, !group.listProcessor.isEmpty(),
-                           !IsGroupShown(group, strText) });
+        vecWanted.append(
+            { { NodeGroup, group.idNode }, 1, group.bExpanded, !group.listProcessor.isEmpty(), !IsGroupShown(group, strText) });
         AddProcessors(vecWanted, group.listProcessor, 2, strText, group.strName.contains(strText, Qt::CaseInsensitive));
     }
     AddProcessors(vecWanted, picture.Tree().listProcessor, 1, strText, false);
@@ -151,6 +151,5 @@ QString Invariants::CheckUnderFault(const SPanelPicture& picture)
 
 QString Invariants::CheckAll(const SPanelPicture& picture)
 {
-    return FindFirst(picture,
-                     { CheckSettled, CheckBusy, CheckNothingOpen, CheckComplaints, CheckRows, CheckIdMap, CheckFilter });
+    return FindFirst(picture, { CheckSettled, CheckBusy, CheckNothingOpen, CheckComplaints, CheckRows, CheckIdMap, CheckFilter });
 }

@@ -4,7 +4,10 @@ bool KeptExceptions::IsComplaint(const QString& strComplaint)
 {
     // The rows of the root are set one by one with setChild(), as the contract has it; the first one under a root without rows
     // makes QStandardItemModel announce a row that the tester does not find yet.
-    return strComplaint.startsWith(QLatin1String("FAIL! ")) && strComplaint.contains(QLatin1String("childIndex.isValid()"));
+    const bool bFirstRow = strComplaint.startsWith(QLatin1String("FAIL! childIndex.isValid() "));
+    // F2 on a selected row in a folded group: its editor gets the width of the row, which is nothing, less the margins.
+    const bool bNoWidth = strComplaint.contains(QLatin1String("(/QLineEdit) Negative sizes"));
+    return bFirstRow || bNoWidth;
 }
 
 QString KeptExceptions::GetReasonToHitOthers(EnApart apart)

@@ -7,7 +7,8 @@
 
 #include <functional>
 
-/// Answers every dialog that comes up: by the answer that waits, else by closing it. One that is still open after its answer is closed, too.
+/// Answers every dialog that comes up: by the answer that waits, else by closing it. One that is still open after its answer is
+/// closed, too.
 class CDialogAnswers : public QObject
 {
 public:

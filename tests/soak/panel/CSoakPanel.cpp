@@ -28,9 +28,9 @@
 namespace {
 
 constexpr char szEntryPoint[] = "_Z23CProcessorTreeView_InitPP13ICorvidWidgetP13IUIManagement";
-constexpr int nMark = 777;          // a message that means nothing to anybody
-constexpr int nWakeUp = 300;        // milliseconds after which the worker may have slept through its message
-constexpr int nMostFlushes = 100;   // of what goes on and on
+constexpr int nMark = 777;        // a message that means nothing to anybody
+constexpr int nWakeUp = 300;      // milliseconds after which the worker may have slept through its message
+constexpr int nMostFlushes = 100; // of what goes on and on
 using FnInit = int (*)(ICorvidWidget**, IUIManagement*);
 
 class CHost final : public IUIManagement
@@ -49,13 +49,13 @@ private:
 
 SProcessorAllNode Site()
 {
-    return Root({ Group("Stage",
-                        { Processor("alpha").Ip("10.0.0.1").Type(12, "KX-4").Online().Primary().Project("Show"),
-                          Processor("beta").Ip("10.0.0.2").Type(12, "KX-4").Backup().Expanded(false),
-                          Processor("gamma").Ip("10.0.0.3").Type(22, "KX-8").Online().Expanded(false) }),
-                  Group("Hall"),
-                  Group("Yard", { Processor("delta").Ip("10.0.1.4").Online().Expanded(false) }).Expanded(false) },
-                { Processor("loose").Ip("10.0.1.5").Online().Expanded(false), Processor("other").Ip("10.0.1.6").Expanded(false) });
+    return Root(
+        { Group("Stage",
+                { Processor("alpha").Ip("10.0.0.1").Type(12, "KX-4").Online().Primary().Project("Show"),
+                  Processor("beta").Ip("10.0.0.2").Type(12, "KX-4").Backup().Expanded(false),
+                  Processor("gamma").Ip("10.0.0.3").Type(22, "KX-8").Online().Expanded(false) }),
+          Group("Hall"), Group("Yard", { Processor("delta").Ip("10.0.1.4").Online().Expanded(false) }).Expanded(false) },
+        { Processor("loose").Ip("10.0.1.5").Online().Expanded(false), Processor("other").Ip("10.0.1.6").Expanded(false) });
 }
 
 FnInit FindEntryPoint()

@@ -34,8 +34,8 @@ public:
     /// when that takes too long.
     bool Settle();
 
-    /// Raises messages that make the panel read until one has come, then settles and has all rows built anew, as a host may. False
-    /// when that takes too long.
+    /// Raises messages that make the panel read until one has come, then settles and has all rows built anew, as a host may.
+    /// False when that takes too long.
     bool Reread();
 
     /// As it stands; what was rebuilt and complained since the picture before.

@@ -46,17 +46,17 @@ struct SPictureRow
 /// All that is looked at when the panel has settled: a value without a widget, so that checks can be tried on any.
 struct SPanelPicture
 {
-    bool bSimulator = false;      ///< the library's current pane
-    QVector<SPictureRow> vecRow;  ///< of the tree of that pane, from the top, folded and hidden ones too
-    SPictureKey keyCurrent;       ///< the current row of the view
-    int nMapped = 0;              ///< entries of the map of ids
-    bool bRebuilt = false;        ///< rows have come or gone since the picture before
-    QString strSearch;            ///< in the search box
-    int nBusy = 0;                ///< SetBusy(true) without their SetBusy(false)
-    QStringList listOpen;         ///< dialogs, menus and editors that are on the screen
-    QStringList listComplaint;    ///< of the model tester and of Qt, since the picture before
-    bool bSettled = true;         ///< false: messages came without an end
-    std::array<SProcessorAllNode, 2> arrTree;         ///< the library's, Discovered first
+    bool bSimulator = false;                       ///< the library's current pane
+    QVector<SPictureRow> vecRow;                   ///< of the tree of that pane, from the top, folded and hidden ones too
+    SPictureKey keyCurrent;                        ///< the current row of the view
+    int nMapped = 0;                               ///< entries of the map of ids
+    bool bRebuilt = false;                         ///< rows have come or gone since the picture before
+    QString strSearch;                             ///< in the search box
+    int nBusy = 0;                                 ///< SetBusy(true) without their SetBusy(false)
+    QStringList listOpen;                          ///< dialogs, menus and editors that are on the screen
+    QStringList listComplaint;                     ///< of the model tester and of Qt, since the picture before
+    bool bSettled = true;                          ///< false: messages came without an end
+    std::array<SProcessorAllNode, 2> arrTree;      ///< the library's, Discovered first
     std::array<std::vector<QUuid>, 2> arrSelected; ///< as arrTree
 
     const SProcessorAllNode& Tree() const

@@ -150,14 +150,15 @@ void SelectAll(SScene& scene, int, int)
 std::vector<SVerb> BarGestures::GetVerbs()
 {
     return {
-        { "search", 5, &Search }, { "tab", 4, &ChooseTab },  { "add", 4, &Add },        { "import", 1, &Import },
+        { "search", 5, &Search }, { "tab", 4, &ChooseTab },   { "add", 4, &Add },       { "import", 1, &Import },
         { "export", 1, &Export }, { "refresh", 2, &Refresh }, { "all", 1, &SelectAll },
     };
 }
 
 bool BarGestures::PressButton(SScene& scene, const QString& strToolTip)
 {
-    QToolButton* const pButton = Find<QToolButton>(scene, [&](const QToolButton* pThis) { return pThis->toolTip() == strToolTip; });
+    QToolButton* const pButton
+        = Find<QToolButton>(scene, [&](const QToolButton* pThis) { return pThis->toolTip() == strToolTip; });
     if (!pButton || !pButton->isEnabled()) {
         return false;
     }

@@ -88,8 +88,7 @@ QJsonObject BuildEnd(QJsonObject step)
 void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QString& strNode, const QString& strOther)
 {
     const int nKind = nFault % nKinds;
-    const QJsonObject step
-        = nKind < 7 ? BuildCallFault(nKind, nDetail) : BuildReadingFault(nKind, nDetail, strNode, strOther);
+    const QJsonObject step = nKind < 7 ? BuildCallFault(nKind, nDetail) : BuildReadingFault(nKind, nDetail, strNode, strOther);
     Run(library, step);
     const QJsonObject stepEnd = BuildEnd(step);
     if (!stepEnd.isEmpty()) {

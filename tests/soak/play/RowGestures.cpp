@@ -98,6 +98,9 @@ void Choose(SScene& scene, QMenu* pMenu, int nChoice)
             listPath.append(listGroup.at(nChoice % listGroup.size())->text());
         }
     }
+    if (strEntry == QLatin1String("Group")) {
+        scene.Expected().EndSuppression();
+    }
     if (!strEntry.isEmpty()) {
         CMenuDriver::Choose(pMenu, listPath);
     }
@@ -130,9 +133,8 @@ QMimeData* PackRows(bool bAllow)
 void Drag(SScene& scene, int, int nSecond)
 {
     const RowKeys setSeen = scene.panel.GetSeen();
-    const bool bAllow = std::none_of(setSeen.cbegin(), setSeen.cend(), [](const SPictureKey& key) {
-        return key.nType == NodeGroup || key.nType == NodeAll;
-    });
+    const bool bAllow = std::none_of(setSeen.cbegin(), setSeen.cend(),
+                                     [](const SPictureKey& key) { return key.nType == NodeGroup || key.nType == NodeAll; });
     const QScopedPointer<QMimeData> pMime(PackRows(bAllow));
     const QPoint pos = Reach(scene, scene.PickRow(nSecond));
     QWidget* const pViewport = scene.panel.Tree()->viewport();

@@ -115,7 +115,8 @@ void ChangeTree(SScene& scene, int nFirst, int nSecond)
 {
     switch (nFirst % 4) {
     case 0:
-        Take(scene, QStringLiteral("move"), { { "node", PickProcessor(scene, nSecond) }, { "group", PickGroup(scene, nFirst / 10) } });
+        Take(scene, QStringLiteral("move"),
+             { { "node", PickProcessor(scene, nSecond) }, { "group", PickGroup(scene, nFirst / 10) } });
         break;
     case 1:
         Take(scene, QStringLiteral("move"), { { "node", PickProcessor(scene, nSecond) } });
