@@ -175,7 +175,7 @@ private:
     static SPanelPicture TakePicture()
     {
         CSoakPanel panel;
-        const bool bSettled = panel.Settle();
+        const bool bSettled = panel.Reread();
         return panel.TakePicture(bSettled);
     }
 };

@@ -32,7 +32,7 @@ void CExpectedSelection::Press(const SPictureKey& key, Qt::KeyboardModifiers mod
     }
     const RowKeys setBefore = GetRows();
     if (modifiers & Qt::ShiftModifier) {
-        SelectRange(key, false);
+        SelectRange(key);
     } else {
         Select(key, modifiers & Qt::ControlModifier);
         keyAnchor = key;
@@ -74,7 +74,7 @@ void CExpectedSelection::MoveTo(const SPictureKey& key, Qt::KeyboardModifiers mo
 {
     const RowKeys setBefore = GetRows();
     if (modifiers & Qt::ShiftModifier) {
-        SelectRange(key, true);
+        SelectRange(key);
     } else {
         if (!(modifiers & Qt::ControlModifier)) {
             Select(key, false);
@@ -83,6 +83,12 @@ void CExpectedSelection::MoveTo(const SPictureKey& key, Qt::KeyboardModifiers mo
     }
     before.keyCurrent = key;
     Report(setBefore);
+}
+
+// A range from a row that is folded away begins at the top of what is seen: that depends on where the view has scrolled.
+void CExpectedSelection::PrepareMove()
+{
+    PrepareRange(before.keyCurrent);
 }
 
 void CExpectedSelection::PressSpace(bool bToggles)
@@ -248,13 +254,18 @@ void CExpectedSelection::Finalise()
     bDeselects = false;
 }
 
-// From where ranges start, as long as that row can be seen. A key on a row that is folded away begins at the top of what is seen.
-void CExpectedSelection::SelectRange(const SPictureKey& keyEnd, bool bByKey)
+// From where ranges start, as long as that row can be seen.
+void CExpectedSelection::PrepareRange(const SPictureKey& keyEnd)
 {
     if (!IsLaidOut(keyAnchor)) {
         keyAnchor = IsLaidOut(before.keyCurrent) ? before.keyCurrent : keyEnd;
     }
-    bRangeUnsure = bUnsure || (bByKey && !IsLaidOut(before.keyCurrent) && before.keyCurrent.nType != 0);
+}
+
+void CExpectedSelection::SelectRange(const SPictureKey& keyEnd)
+{
+    PrepareRange(keyEnd);
+    bRangeUnsure = bUnsure || !IsLaidOut(keyAnchor);
     bDeselects = false;
     setLast.clear();
     bool bInside = false;

@@ -33,6 +33,7 @@ public:
     void PressRight(const SPictureKey& key, Qt::KeyboardModifiers modifiers);
     void StepTo(const SPictureKey& key, Qt::KeyboardModifiers modifiers); ///< by Up or Down
     void MoveTo(const SPictureKey& key, Qt::KeyboardModifiers modifiers); ///< by a key of the base class
+    void PrepareMove(); ///< before MoveTo with Shift, also where it does not move
     void PressSpace(bool bToggles);
     void SelectAll();
     /// @}
@@ -74,7 +75,8 @@ public:
 private:
     void Select(const SPictureKey& key, bool bToggles);
     void Finalise();
-    void SelectRange(const SPictureKey& keyEnd, bool bByKey);
+    void SelectRange(const SPictureKey& keyEnd);
+    void PrepareRange(const SPictureKey& keyEnd);
     void Report(const RowKeys& setBefore);
     void RestoreRows();
     void TakeLibrarySelection(const SPanelPicture& picture);

@@ -62,6 +62,21 @@ void StepBy(SScene& scene, Qt::Key key, Qt::KeyboardModifiers modifiers)
     }
 }
 
+// Left on a folded row and Right on an open one go to the parent widget.
+bool ReachesView(const SScene& scene, Qt::Key key, const RowKeys& setSeen)
+{
+    if (key != Qt::Key_Left && key != Qt::Key_Right) {
+        return key == Qt::Key_Home || key == Qt::Key_End || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    }
+    const int nRow = setSeen.size() == 1 ? PanelPicture::FindRow(scene.before, *setSeen.cbegin()) : -1;
+    if (nRow < 0) {
+        return false;
+    }
+    const QVector<SPictureRow>& vecRow = scene.before.vecRow;
+    const bool bHasChildren = nRow + 1 < vecRow.size() && vecRow.at(nRow + 1).nDepth > vecRow.at(nRow).nDepth;
+    return !bHasChildren || vecRow.at(nRow).bExpanded != (key == Qt::Key_Right);
+}
+
 void Press(SScene& scene, Qt::Key key, Qt::KeyboardModifiers modifiers = {})
 {
     scene.panel.Tree()->setFocus();
@@ -109,6 +124,9 @@ void KeyGestures::PressKey(SScene& scene, int nFirst, int nSecond)
         scene.Expected().PressSpace(modifiers & Qt::ControlModifier);
     } else if (key == Qt::Key_Up || key == Qt::Key_Down) {
         StepBy(scene, key, modifiers);
+    }
+    if (modifiers & Qt::ShiftModifier && ReachesView(scene, key, scene.Expected().GetSeen())) {
+        scene.Expected().PrepareMove();
     }
     const bool bMoves = key != Qt::Key_Up && key != Qt::Key_Down;
     Press(scene, key, modifiers);
