@@ -74,6 +74,7 @@ QString CStoryRun::PlayStep(const SStoryStep& step)
     }
     scene.panel.record.Take();
     QApplication::setActiveWindow(&scene.panel.window);
+    scene.Expected().NoteCurrent(CSoakPanel::GetKey(scene.panel.Tree()->currentIndex())); // the focus brings one along
     pVerb->fnDo(scene, step.nFirst, step.nSecond);
     const bool bSettled = scene.panel.Settle();
     scene.panel.dialogs.Forget();

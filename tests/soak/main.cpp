@@ -81,12 +81,13 @@ struct SSum
     QMap<QString, int> mapKept;
 };
 
-// What is wrong; empty when nothing is.
-QString PlayPiece(const StorySteps& vecStep, bool bTell, SSum& sum)
+// What is wrong; empty when nothing is. The story ends where it goes wrong.
+QString PlayPiece(StorySteps& vecStep, bool bTell, SSum& sum)
 {
     CStoryRun run(bTell ? CStoryRun::FnTell(&Print) : CStoryRun::FnTell());
     const QString strWrong = run.Play(vecStep);
     sum.nSteps += run.GetCount();
+    vecStep.resize(static_cast<size_t>(run.GetCount()));
     for (auto it = run.GetKept().cbegin(); it != run.GetKept().cend(); ++it) {
         sum.mapKept[it.key()] += it.value();
     }
@@ -111,7 +112,7 @@ int Soak(const SSoakOptions& options)
     SSum sum;
     const auto isOver = [&] { return nLongest > 0 ? timer.elapsed() >= nLongest : sum.nSteps >= options.nSteps; };
     for (quint32 nSeed = options.nSeed; !isOver(); ++nSeed) {
-        const StorySteps vecStep = StoryMaker::Build(nSeed, nStepsOfPiece, vecVerb);
+        StorySteps vecStep = StoryMaker::Build(nSeed, nStepsOfPiece, vecVerb);
         const QString strWrong = PlayPiece(vecStep, options.bTell, sum);
         if (!strWrong.isEmpty()) {
             Print(QStringLiteral("seed %1, after %2 steps").arg(nSeed).arg(sum.nSteps));

@@ -32,6 +32,7 @@ void CExpectedSelection::Press(const SPictureKey& key, Qt::KeyboardModifiers mod
     }
     const RowKeys setBefore = GetRows();
     if (modifiers & Qt::ShiftModifier) {
+        PrepareRange(key);
         SelectRange(key);
     } else {
         Select(key, modifiers & Qt::ControlModifier);
@@ -62,6 +63,7 @@ void CExpectedSelection::StepTo(const SPictureKey& key, Qt::KeyboardModifiers mo
     if (modifiers & Qt::ShiftModifier) {
         setLast = { key };
         bDeselects = false;
+        bRangeUnsure = bUnsure;
     } else {
         Select(key, modifiers & Qt::ControlModifier);
         keyAnchor = key;
@@ -85,19 +87,32 @@ void CExpectedSelection::MoveTo(const SPictureKey& key, Qt::KeyboardModifiers mo
     Report(setBefore);
 }
 
+void CExpectedSelection::NoteCurrent(const SPictureKey& key)
+{
+    before.keyCurrent = key;
+}
+
+const SPictureKey& CExpectedSelection::GetCurrent() const
+{
+    return before.keyCurrent;
+}
+
 // A range from a row that is folded away begins at the top of what is seen: that depends on where the view has scrolled.
 void CExpectedSelection::PrepareMove()
 {
     PrepareRange(before.keyCurrent);
+    if (before.keyCurrent.nType == 0 && PanelPicture::FindRow(before, keyAnchor) >= 0) {
+        before.keyCurrent = keyAnchor;
+    }
 }
 
 void CExpectedSelection::PressSpace(bool bToggles)
 {
+    const RowKeys setBefore = GetRows();
+    Finalise();
     if (before.keyCurrent.nType == 0) {
         return;
     }
-    const RowKeys setBefore = GetRows();
-    Finalise();
     bDeselects = bToggles && setKept.contains(before.keyCurrent);
     setLast = { before.keyCurrent };
     Report(setBefore);
@@ -150,6 +165,7 @@ void CExpectedSelection::Rebuild()
 void CExpectedSelection::End(const SPanelPicture& picture, bool bSimulator)
 {
     const NodeIds setKnown = PanelPicture::GetIds(picture.arrTree[bSimulator ? 1 : 0]);
+    const NodeIds setBefore = setStored;
     if (!setStored.isEmpty() && setStored.intersect(setKnown).isEmpty()) {
         setStored = { QUuid() };
     }
@@ -159,26 +175,31 @@ void CExpectedSelection::End(const SPanelPicture& picture, bool bSimulator)
         return;
     }
     before = picture;
-    TakeLibrarySelection(picture);
-    if (picture.bRebuilt || bRebuild) {
+    const bool bAsked = TakeAsked(setKnown);
+    if (bAsked || setStored != setBefore) {
+        ReportRestored(); // behind the rows, if they were replaced, too
+    } else if (picture.bRebuilt || bRebuild) {
         RestoreRows();
     }
 }
 
-void CExpectedSelection::TakeLibrarySelection(const SPanelPicture& picture)
+// False when that is no change.
+bool CExpectedSelection::TakeAsked(const NodeIds& setKnown)
 {
-    if (!setAsked) {
-        return;
-    }
-    NodeIds setTaken = *setAsked;
-    setTaken.intersect(PanelPicture::GetIds(picture.Tree()));
+    const NodeIds setTaken = setAsked ? NodeIds(*setAsked).intersect(setKnown) : NodeIds();
     if (setTaken.isEmpty() || setTaken == setStored) {
-        return;
+        return false;
     }
     setStored = setTaken;
+    return true;
+}
+
+// Each row that comes back is reported, without what the filter hides.
+void CExpectedSelection::ReportRestored()
+{
     RestoreRows();
     const NodeIds setSeen = PanelPicture::GetIds(GetSeen());
-    if (!setSeen.isEmpty() && !bSuppressed) { // each row that comes back is reported
+    if (!setSeen.isEmpty() && !bSuppressed) {
         apart = setSeen == setStored ? ApartNot : ApartFilter;
         setStored = setSeen;
     }
@@ -264,7 +285,6 @@ void CExpectedSelection::PrepareRange(const SPictureKey& keyEnd)
 
 void CExpectedSelection::SelectRange(const SPictureKey& keyEnd)
 {
-    PrepareRange(keyEnd);
     bRangeUnsure = bUnsure || !IsLaidOut(keyAnchor);
     bDeselects = false;
     setLast.clear();

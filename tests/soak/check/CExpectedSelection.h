@@ -27,6 +27,10 @@ public:
     /// A step begins with these rows.
     void Begin(const SPanelPicture& picture);
 
+    /// The current row is another by now, as after the focus has come.
+    void NoteCurrent(const SPictureKey& key);
+    const SPictureKey& GetCurrent() const; ///< where a key sets out from
+
     /// Below: what the user does with a row that is laid out.
     /// @{
     void Press(const SPictureKey& key, Qt::KeyboardModifiers modifiers);
@@ -79,7 +83,8 @@ private:
     void PrepareRange(const SPictureKey& keyEnd);
     void Report(const RowKeys& setBefore);
     void RestoreRows();
-    void TakeLibrarySelection(const SPanelPicture& picture);
+    bool TakeAsked(const NodeIds& setKnown);
+    void ReportRestored();
     bool IsLaidOut(const SPictureKey& key) const;
 
     SPanelPicture before;

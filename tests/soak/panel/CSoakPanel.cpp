@@ -224,6 +224,7 @@ bool CSoakPanel::Flush()
         std::this_thread::yield();
     }
     QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // nothing else does without an event loop
     return true;
 }
 

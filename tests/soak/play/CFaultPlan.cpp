@@ -7,6 +7,7 @@ namespace {
 
 constexpr int nMilliseconds = 20; // a call is late by so much: it is waited for in real time
 constexpr int nKinds = 14;
+constexpr int nCollide = 12;
 
 QString Pick(const QStringList& listName, int nNumber)
 {
@@ -61,7 +62,7 @@ QJsonObject BuildReadingFault(int nFault, int nDetail, const QString& strNode, c
         return { { "do", "empty-message" }, { "message", nDetail % 60 } };
     case 11:
         return { { "do", "flicker" }, { "node", strNode }, { "count", 1 + nDetail % 5 } };
-    case 12:
+    case nCollide:
         return { { "do", "collide" }, { "node", strNode }, { "with", strOther }, { "for", 60 } };
     default:
         return { { "do", "clock-back" }, { "by", 1 + nDetail } };
@@ -72,7 +73,7 @@ QJsonObject BuildReadingFault(int nFault, int nDetail, const QString& strNode, c
 QJsonObject BuildEnd(QJsonObject step)
 {
     const QString strDo = step.value(QLatin1String("do")).toString();
-    if (strDo == QLatin1String("latency") || strDo == QLatin1String("hang") || strDo == QLatin1String("collide")) {
+    if (strDo == QLatin1String("latency") || strDo == QLatin1String("hang")) {
         step.insert(QStringLiteral("for"), 0);
     } else if (strDo == QLatin1String("throw") || strDo == QLatin1String("refuse-selection") || strDo == QLatin1String("refuse")
                || strDo == QLatin1String("flicker")) {
@@ -90,12 +91,14 @@ void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QS
     const int nKind = nFault % nKinds;
     const QJsonObject step = nKind < 7 ? BuildCallFault(nKind, nDetail) : BuildReadingFault(nKind, nDetail, strNode, strOther);
     Run(library, step);
+    if (nKind == nCollide) {
+        listCollided.append(QUuid(strNode));
+    }
     const QJsonObject stepEnd = BuildEnd(step);
     if (!stepEnd.isEmpty()) {
         listEnd.append(stepEnd);
     }
     nStepsLeft = 2 + nDetail % 3; // this one is the first
-    bBlind = bBlind || nKind == 12;
 }
 
 bool CFaultPlan::EndStep(CControlLibrary& library)
@@ -115,5 +118,8 @@ void CFaultPlan::End(CControlLibrary& library)
     listEnd.clear();
     library.faults.calls.TakeImportCode();
     library.faults.calls.TakeExportCode();
-    bBlind = false;
+    for (const QUuid& id : std::as_const(listCollided)) { // also when it has gone: a step would be passed over
+        library.faults.readings.Collide(id, id, std::chrono::milliseconds(0));
+    }
+    listCollided.clear();
 }

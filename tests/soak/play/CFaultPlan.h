@@ -3,6 +3,7 @@
 #include <QJsonObject>
 #include <QList>
 #include <QString>
+#include <QUuid>
 
 class CControlLibrary;
 
@@ -25,13 +26,13 @@ public:
     /// Whether ids collide: commands for a row may go to another.
     bool IsBlind() const
     {
-        return bBlind;
+        return !listCollided.isEmpty();
     }
 
 private:
     void End(CControlLibrary& library);
 
     int nStepsLeft = 0;
-    bool bBlind = false;
+    QList<QUuid> listCollided;  ///< that are read with the id of another
     QList<QJsonObject> listEnd; ///< the steps that end what has no end of its own
 };

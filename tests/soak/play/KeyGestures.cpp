@@ -117,6 +117,8 @@ void TakeEditorAway(SScene& scene)
 void KeyGestures::PressKey(SScene& scene, int nFirst, int nSecond)
 {
     const Qt::Key key = arrKey[nFirst % nKeys];
+    scene.panel.Tree()->setFocus();
+    scene.Expected().NoteCurrent(CSoakPanel::GetKey(scene.panel.Tree()->currentIndex()));
     const Qt::KeyboardModifiers modifiers = key == Qt::Key_A ? Qt::ControlModifier : arrModifier[nSecond % 3];
     if (key == Qt::Key_A) {
         scene.Expected().SelectAll();
@@ -128,10 +130,11 @@ void KeyGestures::PressKey(SScene& scene, int nFirst, int nSecond)
     if (modifiers & Qt::ShiftModifier && ReachesView(scene, key, scene.Expected().GetSeen())) {
         scene.Expected().PrepareMove();
     }
+    const SPictureKey keyBefore = scene.Expected().GetCurrent();
     const bool bMoves = key != Qt::Key_Up && key != Qt::Key_Down;
     Press(scene, key, modifiers);
     const SPictureKey keyCurrent = CSoakPanel::GetKey(scene.panel.Tree()->currentIndex());
-    if (bMoves && !(keyCurrent == scene.before.keyCurrent)) {
+    if (bMoves && !(keyCurrent == keyBefore)) {
         scene.Expected().MoveTo(keyCurrent, modifiers); // how far depends on the view's size
     }
 }
