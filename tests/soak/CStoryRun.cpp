@@ -79,7 +79,11 @@ QString CStoryRun::PlayStep(const SStoryStep& step)
     const bool bSettled = scene.panel.Settle();
     scene.panel.dialogs.Forget();
     const QList<SPanelCall> listCall = scene.panel.record.Take();
-    const SPanelPicture after = scene.panel.TakePicture(bSettled);
+    SPanelPicture after = scene.panel.TakePicture(bSettled);
+    if (after.bRebuilt) {
+        scene.setFoldApart.clear();
+    }
+    after.setFoldApart = scene.setFoldApart;
     Tell(step, after, listCall);
     const QString strHits = CheckHits(listCall);
     NoteLibrary(listCall);

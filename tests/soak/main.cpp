@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -24,6 +25,7 @@ struct SSoakOptions
     int nMinutes = 0;
     bool bTell = false;
     QString strStory;
+    QStringList listVerb; ///< empty for all
 };
 
 void Print(const QString& strLine)
@@ -41,6 +43,7 @@ SSoakOptions ReadOptions(const QCoreApplication& application)
           { QStringLiteral("steps"), QStringLiteral("How many steps, in pieces of 50."), QStringLiteral("n") },
           { QStringLiteral("minutes"), QStringLiteral("For how long, in place of steps."), QStringLiteral("n") },
           { QStringLiteral("story"), QStringLiteral("This story alone: \"click.0.3 delete.0.0\"."), QStringLiteral("steps") },
+          { QStringLiteral("verbs"), QStringLiteral("Of these verbs alone: \"click key\"."), QStringLiteral("verbs") },
           { QStringLiteral("tell"), QStringLiteral("Print what each step does.") } });
     parser.process(application);
     SSoakOptions options;
@@ -49,6 +52,7 @@ SSoakOptions ReadOptions(const QCoreApplication& application)
     options.nSteps = parser.isSet(QStringLiteral("steps")) ? parser.value(QStringLiteral("steps")).toInt() : options.nSteps;
     options.nMinutes = parser.value(QStringLiteral("minutes")).toInt();
     options.bTell = parser.isSet(QStringLiteral("tell"));
+    options.listVerb = parser.value(QStringLiteral("verbs")).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     options.strStory = parser.value(QStringLiteral("story"));
     return options;
 }
@@ -102,10 +106,22 @@ void PrintSum(const SSum& sum, qint64 nMilliseconds)
     Print(QStringLiteral("%1 steps in %2 s, all was well").arg(sum.nSteps).arg(nMilliseconds / 1000));
 }
 
+std::vector<QString> GetVerbs(const QStringList& listVerb)
+{
+    std::vector<QString> vecVerb = Verbs::GetWeighted();
+    const auto isLeftOut = [&](const QString& strVerb) { return !listVerb.isEmpty() && !listVerb.contains(strVerb); };
+    vecVerb.erase(std::remove_if(vecVerb.begin(), vecVerb.end(), isLeftOut), vecVerb.end());
+    return vecVerb;
+}
+
 int Soak(const SSoakOptions& options)
 {
+    const std::vector<QString> vecVerb = GetVerbs(options.listVerb);
+    if (vecVerb.empty()) {
+        Print(QStringLiteral("there are no such verbs"));
+        return 2;
+    }
     Print(QStringLiteral("seed %1").arg(options.nSeed));
-    const std::vector<QString> vecVerb = Verbs::GetWeighted();
     const qint64 nLongest = 60000LL * options.nMinutes;
     QElapsedTimer timer;
     timer.start();

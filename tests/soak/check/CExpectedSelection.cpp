@@ -215,7 +215,7 @@ void CExpectedSelection::Adopt(const SPanelPicture& picture, bool bSimulator)
         setLast = PanelPicture::GetSelected(picture);
         bDeselects = false;
         bUnsure = true;
-        apart = ApartNot;
+        apart = PanelPicture::GetIds(setLast) == setStored ? ApartNot : apart;
     }
 }
 

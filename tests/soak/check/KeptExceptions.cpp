@@ -28,3 +28,10 @@ QString KeptExceptions::GetReasonToHitOthers(EnApart apart)
     }
     return {};
 }
+
+// The view takes "+" and "-" on a row without children for a fold of it. An information row has the id of its processor, and a
+// fold is passed on by the id of its row, whatever its kind; End is how it becomes the current one.
+bool KeptExceptions::IsFoldApart(Qt::Key key, const SPictureKey& keyCurrent)
+{
+    return keyCurrent.nType == NodeInfo && (key == Qt::Key_Plus || key == Qt::Key_Minus);
+}

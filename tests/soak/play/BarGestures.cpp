@@ -145,6 +145,15 @@ void SelectAll(SScene& scene, int, int)
     QMetaObject::invokeMethod(scene.panel.View(), "DealMenuBar", Q_ARG(int, nSelectAll), Q_ARG(QVariant, true));
 }
 
+// A screen reader begins to listen, or ends.
+void SwitchReader(SScene& scene, int nFirst, int)
+{
+    scene.pReader.reset();
+    if (nFirst % 2 == 0) {
+        scene.pReader = std::make_unique<CScreenReader>();
+    }
+}
+
 } // namespace
 
 std::vector<SVerb> BarGestures::GetVerbs()
@@ -152,6 +161,7 @@ std::vector<SVerb> BarGestures::GetVerbs()
     return {
         { "search", 5, &Search }, { "tab", 4, &ChooseTab },   { "add", 4, &Add },       { "import", 1, &Import },
         { "export", 1, &Export }, { "refresh", 2, &Refresh }, { "all", 1, &SelectAll },
+        { "reader", 1, &SwitchReader },
     };
 }
 

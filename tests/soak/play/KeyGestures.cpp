@@ -1,5 +1,6 @@
 #include "play/KeyGestures.h"
 
+#include "check/KeptExceptions.h"
 #include "play/BarGestures.h"
 
 #include <QAbstractButton>
@@ -131,6 +132,9 @@ void KeyGestures::PressKey(SScene& scene, int nFirst, int nSecond)
         scene.Expected().PrepareMove();
     }
     const SPictureKey keyBefore = scene.Expected().GetCurrent();
+    if (KeptExceptions::IsFoldApart(key, keyBefore)) {
+        scene.setFoldApart.insert(keyBefore.id);
+    }
     const bool bMoves = key != Qt::Key_Up && key != Qt::Key_Down;
     Press(scene, key, modifiers);
     const SPictureKey keyCurrent = CSoakPanel::GetKey(scene.panel.Tree()->currentIndex());

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "CScreenReader.h"
 #include "check/CExpectedSelection.h"
 #include "check/Hits.h"
 #include "panel/CSoakPanel.h"
 #include "play/CFaultPlan.h"
 
 #include <array>
+#include <memory>
 
 /// The panel with what is expected of it, and the step under way.
 struct SScene
@@ -17,6 +19,8 @@ struct SScene
     SIntent intent;       ///< of the step
     QUuid idAbove;        ///< which takes over when the intent takes nodes away
     CFaultPlan faults;
+    NodeIds setFoldApart;                   ///< see SPanelPicture; until the rows are replaced
+    std::unique_ptr<CScreenReader> pReader; ///< null while nobody listens
 
     /// Of the pane that the step began in.
     CExpectedSelection& Expected()
