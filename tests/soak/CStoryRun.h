@@ -38,7 +38,6 @@ private:
     QString EndFault();
     void NoteLibrary(const QList<SPanelCall>& listCall);
     QString CheckHits(const QList<SPanelCall>& listCall);
-    QString CheckSelection(const SPanelPicture& after) const;
     void Tell(const SStoryStep& step, const SPanelPicture& after, const QList<SPanelCall>& listCall) const;
 
     FnTell fnTell;

@@ -1,5 +1,8 @@
 #include "check/Hits.h"
 
+#include "check/Invariants.h"
+#include "check/KeptExceptions.h"
+
 namespace {
 
 bool IsOf(SIntent::EnKind kind, const SPanelCall& call)
@@ -66,4 +69,21 @@ NodeIds Hits::GetMeant(const SIntent& intent, const SPanelPicture& before)
         }
     }
     return setId;
+}
+
+QString Hits::Check(const SIntent& intent, const QList<SPanelCall>& listCall, const SPanelPicture& before,
+                    const CExpectedSelection& expected, QString& strKept)
+{
+    const NodeIds setHit = GetHit(intent.kind, listCall);
+    const NodeIds setMeant = GetMeant(intent, before);
+    if (setHit.isEmpty() || setHit == setMeant) {
+        return {};
+    }
+    if (intent.kind == SIntent::Delete) {
+        strKept = KeptExceptions::GetReasonToHitOthers(expected.GetApart());
+    }
+    NodeIds setStored = expected.GetStored();
+    setStored.remove(QUuid());
+    return Invariants::Compare(QStringLiteral("not hit what looks selected, but"), setHit,
+                               strKept.isEmpty() ? setMeant : setStored);
 }

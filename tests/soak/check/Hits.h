@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/CExpectedSelection.h"
 #include "panel/CCallRecord.h"
 #include "panel/SPanelPicture.h"
 
@@ -28,5 +29,10 @@ NodeIds GetHit(SIntent::EnKind kind, const QList<SPanelCall>& listCall);
 
 /// Those that the command is to hit out of what looks selected in a picture of the moment before. The null id is never hit.
 NodeIds GetMeant(const SIntent& intent, const SPanelPicture& before);
+
+/// What is wrong with what the calls have hit; empty when nothing is. Where others were hit for a reason of KeptExceptions, it
+/// has to be what the library had selected, and strKept gets the reason.
+QString Check(const SIntent& intent, const QList<SPanelCall>& listCall, const SPanelPicture& before,
+              const CExpectedSelection& expected, QString& strKept);
 
 } // namespace Hits

@@ -144,6 +144,27 @@ QString Invariants::CheckSettled(const SPanelPicture& picture)
     return picture.bSettled ? QString() : QStringLiteral("messages or jobs without an end");
 }
 
+QString Invariants::CheckSelection(const SPanelPicture& picture, const std::array<CExpectedSelection, 2>& arrExpected)
+{
+    for (size_t n = 0; n < arrExpected.size(); ++n) {
+        const std::vector<QUuid>& vecSelected = picture.arrSelected[n];
+        const QString strWrong = Compare(QStringLiteral("the library has selected"), { vecSelected.cbegin(), vecSelected.cend() },
+                                         arrExpected[n].GetStored());
+        if (!strWrong.isEmpty()) {
+            return strWrong;
+        }
+    }
+    return Compare(QStringLiteral("selected rows"), PanelPicture::GetIds(PanelPicture::GetSelected(picture)),
+                   PanelPicture::GetIds(arrExpected[picture.bSimulator ? 1 : 0].GetRows()));
+}
+
+QString Invariants::Compare(const QString& strWhat, const NodeIds& setFound, const NodeIds& setWanted)
+{
+    return setFound == setWanted
+        ? QString()
+        : QStringLiteral("%1 %2 instead of %3").arg(strWhat, PanelPicture::GetText(setFound), PanelPicture::GetText(setWanted));
+}
+
 QString Invariants::CheckUnderFault(const SPanelPicture& picture)
 {
     return FindFirst(picture, { CheckSettled, CheckBusy, CheckNothingOpen, CheckComplaints });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/CExpectedSelection.h"
 #include "panel/SPanelPicture.h"
 
 /// What holds whenever the panel has settled, whatever was done. Each answers with what is wrong, empty when nothing is.
@@ -26,6 +27,12 @@ QString CheckComplaints(const SPanelPicture& picture);
 
 /// The panel came to rest.
 QString CheckSettled(const SPanelPicture& picture);
+
+/// What the rows and the library have selected is what it has come to, Discovered first.
+QString CheckSelection(const SPanelPicture& picture, const std::array<CExpectedSelection, 2>& arrExpected);
+
+/// Two sets that have to be the same, in words.
+QString Compare(const QString& strWhat, const NodeIds& setFound, const NodeIds& setWanted);
 
 /// Those that hold under any fault of the library, and then all. The first that is broken.
 QString CheckUnderFault(const SPanelPicture& picture);

@@ -11,8 +11,8 @@ bool IsComplaint(const QString& strComplaint);
 /// Why Delete, which takes the store's selection, may hit other nodes than those that look selected; empty when it may not.
 QString GetReasonToHitOthers(EnApart apart);
 
-/// Whether that key on that current row may leave a processor open on the screen and folded in the library, or the other way round,
-/// until its row is replaced.
+/// Whether that key on that current row may leave a processor open on the screen and folded in the library, or the other way
+/// round, until its row is replaced.
 bool IsFoldApart(Qt::Key key, const SPictureKey& keyCurrent);
 
 } // namespace KeptExceptions

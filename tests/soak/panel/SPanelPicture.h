@@ -55,7 +55,7 @@ struct SPanelPicture
     int nBusy = 0;                                 ///< SetBusy(true) without their SetBusy(false)
     QStringList listOpen;                          ///< dialogs, menus and editors that are on the screen
     QStringList listComplaint;                     ///< of the model tester and of Qt, since the picture before
-    NodeIds setFoldApart;      ///< processors that need not be open as the library says, see KeptExceptions
+    NodeIds setFoldApart;                          ///< processors that need not be open as the library says, see KeptExceptions
     bool bSettled = true;                          ///< false: messages came without an end
     std::array<SProcessorAllNode, 2> arrTree;      ///< the library's, Discovered first
     std::array<std::vector<QUuid>, 2> arrSelected; ///< as arrTree

@@ -160,8 +160,7 @@ std::vector<SVerb> BarGestures::GetVerbs()
 {
     return {
         { "search", 5, &Search }, { "tab", 4, &ChooseTab },   { "add", 4, &Add },       { "import", 1, &Import },
-        { "export", 1, &Export }, { "refresh", 2, &Refresh }, { "all", 1, &SelectAll },
-        { "reader", 1, &SwitchReader },
+        { "export", 1, &Export }, { "refresh", 2, &Refresh }, { "all", 1, &SelectAll }, { "reader", 1, &SwitchReader },
     };
 }
 
