@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int nStepsOfPiece = 50; // in one window
-constexpr std::chrono::seconds timeShrinking{ 90 };
+constexpr std::chrono::seconds timeShrinking{ 30 };
 
 struct SSoakOptions
 {

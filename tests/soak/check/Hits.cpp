@@ -76,7 +76,8 @@ QString Hits::Check(const SIntent& intent, const QList<SPanelCall>& listCall, co
 {
     const NodeIds setHit = GetHit(intent.kind, listCall);
     const NodeIds setMeant = GetMeant(intent, before);
-    if (setHit.isEmpty() || setHit == setMeant) {
+    const bool bDeclined = setHit.isEmpty() && intent.kind == SIntent::Delete; // a lock, a processor in use, a No
+    if (setHit == setMeant || bDeclined) {
         return {};
     }
     if (intent.kind == SIntent::Delete) {

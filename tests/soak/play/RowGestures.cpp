@@ -41,6 +41,23 @@ void Click(SScene& scene, int nFirst, int nSecond)
     QTest::mouseClick(scene.panel.Tree()->viewport(), Qt::LeftButton, modifiers, Reach(scene, nRow));
 }
 
+// Two processors, or one.
+void ClickProcessors(SScene& scene, int nFirst, int nSecond)
+{
+    QVector<int> vecRow = PanelPicture::GetLaidOut(scene.before);
+    const auto isOther = [&](int n) { return scene.before.vecRow.at(n).key.nType != NodeProcessor; };
+    vecRow.erase(std::remove_if(vecRow.begin(), vecRow.end(), isOther), vecRow.end());
+    if (vecRow.isEmpty()) {
+        return;
+    }
+    for (const int nNumber : { nFirst, nSecond }) {
+        const int nRow = vecRow.at(nNumber % vecRow.size());
+        const Qt::KeyboardModifiers modifiers = nNumber == nFirst ? Qt::NoModifier : Qt::ControlModifier;
+        scene.Expected().Press(scene.before.vecRow.at(nRow).key, modifiers);
+        QTest::mouseClick(scene.panel.Tree()->viewport(), Qt::LeftButton, modifiers, Reach(scene, nRow));
+    }
+}
+
 // By its mark, or by a double click.
 void Fold(SScene& scene, int nFirst, int nSecond)
 {
@@ -107,10 +124,18 @@ void Choose(SScene& scene, QMenu* pMenu, int nChoice)
     CloseMenus();
 }
 
+int PickSelected(const SScene& scene, int nNumber)
+{
+    QVector<int> vecRow = PanelPicture::GetLaidOut(scene.before);
+    const auto isOther = [&](int n) { return !scene.before.vecRow.at(n).bSelected; };
+    vecRow.erase(std::remove_if(vecRow.begin(), vecRow.end(), isOther), vecRow.end());
+    return vecRow.isEmpty() ? scene.PickRow(nNumber) : vecRow.at(nNumber % vecRow.size());
+}
+
 // A right click, and what its menu offers. Deleting is agreed to.
 void ChooseInMenu(SScene& scene, int nFirst, int nSecond)
 {
-    const int nRow = scene.PickRow(nSecond);
+    const int nRow = nFirst % 2 == 0 ? scene.PickRow(nSecond) : PickSelected(scene, nSecond);
     const Qt::KeyboardModifiers modifiers = nFirst % 5 == 0 ? Qt::ControlModifier : Qt::NoModifier;
     scene.Expected().PressRight(scene.before.vecRow.at(nRow).key, modifiers);
     scene.panel.dialogs.Expect([](QDialog* pDialog) { KeyGestures::Agree(pDialog, 0); });
@@ -136,14 +161,17 @@ void Drag(SScene& scene, int, int nSecond)
     const bool bAllow = std::none_of(setSeen.cbegin(), setSeen.cend(),
                                      [](const SPictureKey& key) { return key.nType == NodeGroup || key.nType == NodeAll; });
     const QScopedPointer<QMimeData> pMime(PackRows(bAllow));
-    const QPoint pos = Reach(scene, scene.PickRow(nSecond));
+    const int nRow = scene.PickRow(nSecond);
+    const QPoint pos = Reach(scene, nRow);
     QWidget* const pViewport = scene.panel.Tree()->viewport();
     QDragEnterEvent enter(pos, Qt::MoveAction, pMime.data(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(pViewport, &enter);
     if (!enter.isAccepted() || setSeen.isEmpty()) {
         return;
     }
-    scene.Mean(SIntent::Group);
+    if (scene.before.vecRow.at(nRow).key.nType != NodeInfo) { // which takes no drop
+        scene.Mean(SIntent::Group);
+    }
     QDragMoveEvent move(pos, Qt::MoveAction, pMime.data(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(pViewport, &move);
     QDropEvent drop(pos, Qt::MoveAction, pMime.data(), Qt::LeftButton, Qt::NoModifier);
@@ -156,9 +184,10 @@ std::vector<SVerb> RowGestures::GetVerbs()
 {
     return {
         { "click", 16, &Click },
+        { "pick", 6, &ClickProcessors },
         { "fold", 8, &Fold },
-        { "menu", 8, &ChooseInMenu },
-        { "drag", 4, &Drag },
+        { "menu", 10, &ChooseInMenu },
+        { "drag", 6, &Drag },
         { "key", 12, &KeyGestures::PressKey },
         { "rename", 4, &KeyGestures::Rename },
         { "delete", 3, &KeyGestures::Delete },
