@@ -134,7 +134,7 @@ void CExpectedSelection::SelectAll()
 
 void CExpectedSelection::OpenEditor()
 {
-    bSuppressed = bSuppressed || GetSeen().size() == 1;
+    bSuppressed = true;
 }
 
 void CExpectedSelection::CloseEditor(const SPictureKey& keyCurrent)

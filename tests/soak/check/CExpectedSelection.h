@@ -42,7 +42,7 @@ public:
     void SelectAll();
     /// @}
 
-    /// An editor was asked for; where none opens the selection stays unreported. Nothing unless exactly one row is selected.
+    /// An editor was asked for, for the one row that is selected; where none opens the selection stays unreported.
     void OpenEditor();
     void CloseEditor(const SPictureKey& keyCurrent); ///< with that current row
     void EndSuppression();                           ///< its row was replaced, or a group was made

@@ -145,10 +145,17 @@ void KeyGestures::PressKey(SScene& scene, int nFirst, int nSecond)
 
 void KeyGestures::Rename(SScene& scene, int nFirst, int nSecond)
 {
-    scene.Expected().OpenEditor();
+    const RowKeys setSeen = scene.panel.GetSeen();
+    if (setSeen.size() == 1) {
+        scene.Expected().OpenEditor();
+    }
     Press(scene, Qt::Key_F2);
     QLineEdit* const pEditor = FindEditor(scene);
     if (!pEditor) {
+        const int nType = setSeen.size() == 1 ? setSeen.cbegin()->nType : 0;
+        if (nType == NodeGroup || nType == NodeProcessor) { // the focus has come and gone: it has opened and closed
+            scene.Expected().EndSuppression();
+        }
         return;
     }
     pEditor->selectAll();
