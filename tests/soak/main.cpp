@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int nStepsOfPiece = 50; // in one window
-constexpr std::chrono::seconds timeShrinking{ 30 };
+constexpr std::chrono::seconds timeShrinking{ 120 };
 
 struct SSoakOptions
 {

@@ -177,6 +177,9 @@ void CExpectedSelection::End(const SPanelPicture& picture, bool bSimulator)
     before = picture;
     const bool bAsked = TakeAsked(setKnown);
     if (bAsked || setStored != setBefore) {
+        if (bRebuild) { // by the panel itself, before it has heard of the change
+            PlaceRows(setBefore);
+        }
         ReportRestored(); // behind the rows, if they were replaced, too
     } else if (picture.bRebuilt || bRebuild) {
         RestoreRows();
@@ -324,11 +327,16 @@ void CExpectedSelection::RestoreRows()
         setStored = { QUuid() };
     }
     apart = ApartNot;
+    PlaceRows(setStored);
+}
+
+void CExpectedSelection::PlaceRows(const NodeIds& setSelected)
+{
     const RowKeys setKeptBefore = std::exchange(setKept, {});
     setLast.clear();
     bDeselects = false;
     for (const SPictureRow& row : std::as_const(before.vecRow)) {
-        if (row.key.nType != NodeInfo && setStored.contains(row.key.id)) {
+        if (row.key.nType != NodeInfo && setSelected.contains(row.key.id)) {
             (setKeptBefore.contains(row.key) ? setKept : setLast).insert(row.key);
         }
     }

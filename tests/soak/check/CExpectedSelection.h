@@ -83,6 +83,7 @@ private:
     void PrepareRange(const SPictureKey& keyEnd);
     void Report(const RowKeys& setBefore);
     void RestoreRows();
+    void PlaceRows(const NodeIds& setSelected);
     bool TakeAsked(const NodeIds& setKnown);
     void ReportRestored();
     bool IsLaidOut(const SPictureKey& key) const;
