@@ -2,6 +2,7 @@
 #include "CStoryRun.h"
 #include "TestMain.h"
 #include "check/Invariants.h"
+#include "check/KeptExceptions.h"
 #include "story/StoryMaker.h"
 
 namespace {
@@ -146,6 +147,15 @@ private slots:
         QCOMPARE(Hits::GetMeant(intent, TakePicture()), Ids({ "alpha" }));
     }
 
+    void onlyAnInformationRowMayFoldApart()
+    {
+        const SPictureKey keyInfo{ NodeInfo, ProcessorId("alpha") };
+
+        QVERIFY(KeptExceptions::IsFoldApart(Qt::Key_Left, keyInfo));
+        QVERIFY(!KeptExceptions::IsFoldApart(Qt::Key_Left, Row("alpha")));
+        QVERIFY(!KeptExceptions::IsFoldApart(Qt::Key_Right, keyInfo));
+    }
+
     void aRangeIsExpectedFromTheLastClick()
     {
         CExpectedSelection expected;
@@ -212,9 +222,14 @@ private slots:
         QTest::newRow("an emptied selection is deleted all the same") << "click.0.4 click.1.4 delete.0.0" << "emptied";
         QTest::newRow("F2 on the root, and then another row") << "click.0.0 rename.0.0 click.0.4 edit.6.0 rename.0.0" << "";
         QTest::newRow("F2 on a row in a folded group") << "click.0.4 fold.0.1 rename.0.0" << "";
-        QTest::newRow("a fold of an information row") << "key.5.0 key.34.0 key.31.0 key.34.0 key.35.0" << "";
+        QTest::newRow("a fold of an information row") << "key.5.0 key.8.0 key.5.0 key.8.0 key.9.0" << "";
+        QTest::newRow("a fold of an information row that is folded away")
+            << "key.5.0 key.8.0 key.5.0 fold.0.0 key.8.0 fold.0.0 key.2.0"
+            << "";
+        QTest::newRow("all below a row unfolds, and its information row folds") << "key.5.0 key.13.0 key.5.0 key.2.0" << "";
+        QTest::newRow("a row is deleted that the last click took out") << "pick.0.1 click.1.2 delete.0.0 click.3.7" << "";
         QTest::newRow("the first row of an empty root") << "all.0.0 delete.0.0 add.0.0" << "";
-        QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.31.10" << "";
+        QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.5.1" << "";
         QTest::newRow("a group ends what F2 on the root has begun")
             << "click.0.0 rename.0.0 click.0.12 menu.1.12 click.0.4" << "";
     }

@@ -29,9 +29,11 @@ QString KeptExceptions::GetReasonToHitOthers(EnApart apart)
     return {};
 }
 
-// The view takes "+" and "-" on a row without children for a fold of it. An information row has the id of its processor, and a
-// fold is passed on by the id of its row, whatever its kind; End is how it becomes the current one.
+// The view takes "+", "-" and "*" on a row without children for a fold of it, wherever that row is hidden, and Left once it
+// passes for open. An information row has the id of its processor, and a fold is passed on by the id of its row, whatever its
+// kind; End is how it becomes the current one.
 bool KeptExceptions::IsFoldApart(Qt::Key key, const SPictureKey& keyCurrent)
 {
-    return keyCurrent.nType == NodeInfo && (key == Qt::Key_Plus || key == Qt::Key_Minus);
+    const bool bFolds = key == Qt::Key_Plus || key == Qt::Key_Minus || key == Qt::Key_Asterisk || key == Qt::Key_Left;
+    return bFolds && keyCurrent.nType == NodeInfo;
 }

@@ -14,8 +14,8 @@
 namespace {
 
 constexpr Qt::Key arrKey[]
-    = { Qt::Key_Down,  Qt::Key_Up,   Qt::Key_Left,  Qt::Key_Right, Qt::Key_Home,   Qt::Key_End,   Qt::Key_PageDown,
-        Qt::Key_Space, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_A,     Qt::Key_PageUp, Qt::Key_Return };
+    = { Qt::Key_Down,  Qt::Key_Up,   Qt::Key_Left,  Qt::Key_Right, Qt::Key_Home,   Qt::Key_End,    Qt::Key_PageDown,
+        Qt::Key_Space, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_A,     Qt::Key_PageUp, Qt::Key_Return, Qt::Key_Asterisk };
 constexpr int nKeys = sizeof(arrKey) / sizeof(arrKey[0]);
 constexpr Qt::KeyboardModifiers arrModifier[] = { Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier };
 constexpr const char* arrName[] = { "Yard", "new name", "KX-4", "beta", "10.0.1", "zzz" };
