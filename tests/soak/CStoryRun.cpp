@@ -104,9 +104,11 @@ QString CStoryRun::EndStep(const SPanelPicture& after)
     return scene.faults.EndStep(scene.panel.library) ? EndFault() : QString();
 }
 
-// The panel shows the truth after the next message that makes it read.
+// The panel shows the truth after the next message that makes it read. Where the call threw that a switch of the panes makes, the
+// library hears of the next switch alone.
 QString CStoryRun::EndFault()
 {
+    scene.panel.library.processors.SetSimulatorPane(scene.panel.IsSimulatorShown());
     scene.before = scene.panel.TakePicture(scene.panel.Reread());
     scene.setFoldApart.clear();
     const QString strWrong = Invariants::CheckAll(scene.before);

@@ -32,6 +32,7 @@ const SLie arrLie[] = {
     { "busy without an end", &Invariants::CheckBusy, [](SPanelPicture& picture) { picture.nBusy = 1; } },
     { "an end without a beginning", &Invariants::CheckBusy, [](SPanelPicture& picture) { picture.nBusy = -1; } },
     { "a box that stays open", &Invariants::CheckNothingOpen, [](SPanelPicture& picture) { picture.listOpen.append("Delete"); } },
+    { "two panes at once", &Invariants::CheckPane, [](SPanelPicture& picture) { picture.bLibrarySimulator = true; } },
     { "the model tester complains", &Invariants::CheckComplaints,
       [](SPanelPicture& picture) { picture.listComplaint.append("FAIL! model->hasIndex(0, 0) () returned FALSE"); } },
     { "Qt complains", &Invariants::CheckComplaints,
@@ -227,7 +228,8 @@ private slots:
             << "key.5.0 key.8.0 key.5.0 fold.0.0 key.8.0 fold.0.0 key.2.0"
             << "";
         QTest::newRow("all below a row unfolds, and its information row folds") << "key.5.0 key.13.0 key.5.0 key.2.0" << "";
-        QTest::newRow("a row is deleted that the last click took out") << "pick.0.1 click.1.2 delete.0.0 click.3.7" << "";
+        QTest::newRow("a row is deleted that the last click took out")
+            << "pick.0.1 click.1.2 delete.0.0 search.7.0 click.3.1" << "";
         QTest::newRow("the first row of an empty root") << "all.0.0 delete.0.0 add.0.0" << "";
         QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.5.1" << "";
         QTest::newRow("a group ends what F2 on the root has begun")

@@ -129,6 +129,11 @@ QString Invariants::CheckNothingOpen(const SPanelPicture& picture)
     return picture.listOpen.isEmpty() ? QString() : QStringLiteral("still open: ") + picture.listOpen.join(QLatin1String(", "));
 }
 
+QString Invariants::CheckPane(const SPanelPicture& picture)
+{
+    return picture.bSimulator == picture.bLibrarySimulator ? QString() : QStringLiteral("the library is in the other pane");
+}
+
 QString Invariants::CheckComplaints(const SPanelPicture& picture)
 {
     for (const QString& strComplaint : picture.listComplaint) {
@@ -172,5 +177,6 @@ QString Invariants::CheckUnderFault(const SPanelPicture& picture)
 
 QString Invariants::CheckAll(const SPanelPicture& picture)
 {
-    return FindFirst(picture, { CheckSettled, CheckBusy, CheckNothingOpen, CheckComplaints, CheckRows, CheckIdMap, CheckFilter });
+    return FindFirst(
+        picture, { CheckSettled, CheckBusy, CheckNothingOpen, CheckPane, CheckComplaints, CheckRows, CheckIdMap, CheckFilter });
 }

@@ -22,6 +22,9 @@ QString CheckBusy(const SPanelPicture& picture);
 /// No message box, dialog or menu stays open.
 QString CheckNothingOpen(const SPanelPicture& picture);
 
+/// The pane on the screen is the library's.
+QString CheckPane(const SPanelPicture& picture);
+
 /// Neither the model tester nor Qt complains, but for what KeptExceptions names.
 QString CheckComplaints(const SPanelPicture& picture);
 

@@ -150,7 +150,7 @@ void CSoakPanel::Load()
     fnInit(&pPanel, &host);
     watch.SetWorker(finder.GetWorker());
     window.layout()->addWidget(View());
-    const auto* const pStack = View()->findChild<QStackedLayout*>();
+    pStack = View()->findChild<QStackedLayout*>();
     for (int n = 0; n < pStack->count(); ++n) {
         listTree.append(qobject_cast<QTreeView*>(pStack->widget(n)));
         Watch(listTree.last());
@@ -240,7 +240,8 @@ SPanelPicture CSoakPanel::TakePicture(bool bSettled)
 {
     SPanelPicture picture;
     picture.bSettled = bSettled;
-    picture.bSimulator = library.processors.IsSimulatorPane();
+    picture.bSimulator = IsSimulatorShown();
+    picture.bLibrarySimulator = library.processors.IsSimulatorPane();
     picture.vecRow = GetRows();
     picture.keyCurrent = GetKey(Tree()->currentIndex());
     picture.nMapped = IdMap::Get(Tree()).size();
@@ -295,9 +296,14 @@ SPictureKey CSoakPanel::GetKey(const QModelIndex& index)
     return { index.data(RoleNodeType).toInt(), index.data(RoleNodeId).value<QUuid>() };
 }
 
+bool CSoakPanel::IsSimulatorShown() const
+{
+    return pStack->currentIndex() == 1;
+}
+
 QTreeView* CSoakPanel::Tree() const
 {
-    return listTree.at(library.processors.IsSimulatorPane() ? 1 : 0);
+    return listTree.at(pStack->currentIndex());
 }
 
 QWidget* CSoakPanel::View() const

@@ -18,6 +18,7 @@
 
 class CSearchBox;
 class ICorvidWidget;
+class QStackedLayout;
 class QTreeView;
 
 /// The shipped plug-in, loaded by its symbol, over the real control library and behind the decorators that a host puts in
@@ -50,7 +51,8 @@ public:
     /// The key of a row; of the kind 0 for none.
     static SPictureKey GetKey(const QModelIndex& index);
 
-    QTreeView* Tree() const; ///< of the library's current pane
+    bool IsSimulatorShown() const; ///< the pane on the screen
+    QTreeView* Tree() const;       ///< of that pane
     QWidget* View() const;
     CSearchBox* SearchBox() const;
     QString GetListPath() const;
@@ -80,6 +82,7 @@ private:
     std::unique_ptr<CControlJournal> pJournal;
     CQueueWatch watch;
     ICorvidWidget* pPanel = nullptr;
-    QList<QTreeView*> listTree; ///< Discovered first
+    const QStackedLayout* pStack = nullptr; ///< of the trees
+    QList<QTreeView*> listTree;             ///< Discovered first
     bool bRebuilt = false;
 };

@@ -46,7 +46,8 @@ struct SPictureRow
 /// All that is looked at when the panel has settled: a value without a widget, so that checks can be tried on any.
 struct SPanelPicture
 {
-    bool bSimulator = false;                       ///< the library's current pane
+    bool bSimulator = false;                       ///< the pane on the screen
+    bool bLibrarySimulator = false;                ///< the library's current pane
     QVector<SPictureRow> vecRow;                   ///< of the tree of that pane, from the top, folded and hidden ones too
     SPictureKey keyCurrent;                        ///< the current row of the view
     int nMapped = 0;                               ///< entries of the map of ids
