@@ -2,6 +2,7 @@
 
 #include "check/Invariants.h"
 #include "play/Verbs.h"
+#include "play/WorldEvents.h"
 
 #include <algorithm>
 
@@ -67,6 +68,7 @@ QString CStoryRun::PlayStep(const SStoryStep& step)
     scene.panel.record.Take();
     QApplication::setActiveWindow(&scene.panel.window);
     scene.Expected().NoteCurrent(CSoakPanel::GetKey(scene.panel.Tree()->currentIndex())); // the focus brings one along
+    WorldEvents::GoOn(scene);
     pVerb->fnDo(scene, step.nFirst, step.nSecond);
     const bool bSettled = scene.panel.Settle();
     scene.panel.dialogs.Forget();

@@ -86,12 +86,17 @@ QJsonObject BuildEnd(QJsonObject step)
 
 } // namespace
 
-void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QString& strNode, const QString& strOther)
+QJsonObject CFaultPlan::BuildStep(int nFault, int nDetail, const QString& strNode, const QString& strOther)
 {
     const int nKind = nFault % nKinds;
-    const QJsonObject step = nKind < 7 ? BuildCallFault(nKind, nDetail) : BuildReadingFault(nKind, nDetail, strNode, strOther);
+    return nKind < 7 ? BuildCallFault(nKind, nDetail) : BuildReadingFault(nKind, nDetail, strNode, strOther);
+}
+
+void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QString& strNode, const QString& strOther)
+{
+    const QJsonObject step = BuildStep(nFault, nDetail, strNode, strOther);
     Run(library, step);
-    if (nKind == nCollide) {
+    if (nFault % nKinds == nCollide) {
         listCollided.append(QUuid(strNode));
     }
     const QJsonObject stepEnd = BuildEnd(step);

@@ -11,6 +11,9 @@ class CControlLibrary;
 class CFaultPlan
 {
 public:
+    /// The scenario's step that Arm takes.
+    static QJsonObject BuildStep(int nFault, int nDetail, const QString& strNode, const QString& strOther);
+
     /// The number chooses the fault, the detail what it is about and for how many steps. The nodes are ids as text.
     void Arm(CControlLibrary& library, int nFault, int nDetail, const QString& strNode, const QString& strOther);
 

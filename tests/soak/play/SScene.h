@@ -19,6 +19,7 @@ struct SScene
     SIntent intent;       ///< of the step
     QUuid idAbove;        ///< which takes over when the intent takes nodes away
     CFaultPlan faults;
+    QVector<SScenarioStep> vecFollow;       ///< what follows from the world's steps so far: one of it in each step
     NodeIds setFoldApart;                   ///< see SPanelPicture; until the rows are replaced
     std::unique_ptr<CScreenReader> pReader; ///< null while nobody listens
 

@@ -49,14 +49,14 @@ QString PickGroup(const SScene& scene, int nNumber)
 void Take(SScene& scene, const QString& strDo, QJsonObject keys)
 {
     keys.insert(QStringLiteral("do"), strDo);
-    scene.panel.library.runner.Run({ 0, strDo, keys });
+    scene.vecFollow += scene.panel.library.runner.Run({ 0, strDo, keys }).vecFollow;
 }
 
 void ChangeDevice(SScene& scene, int nFirst, int nSecond)
 {
     const QString strNode = PickProcessor(scene, nSecond);
     static constexpr const char* arrRole[] = { "none", "primary", "backup" };
-    switch (nFirst % 6) {
+    switch (nFirst % 8) {
     case 0:
         Take(scene, QStringLiteral("offline"), { { "node", strNode } });
         break;
@@ -64,7 +64,7 @@ void ChangeDevice(SScene& scene, int nFirst, int nSecond)
         Take(scene, QStringLiteral("online"), { { "node", strNode } });
         break;
     case 2:
-        Take(scene, QStringLiteral("role"), { { "node", strNode }, { "role", arrRole[nFirst / 6 % 3] } });
+        Take(scene, QStringLiteral("role"), { { "node", strNode }, { "role", arrRole[nFirst / 8 % 3] } });
         break;
     case 3:
         Take(scene, QStringLiteral("project"), { { "node", strNode }, { "project", nFirst % 4 == 3 ? "Show" : "" } });
@@ -72,8 +72,14 @@ void ChangeDevice(SScene& scene, int nFirst, int nSecond)
     case 4:
         Take(scene, QStringLiteral("fail-over"), { { "node", strNode } });
         break;
+    case 5:
+        Take(scene, QStringLiteral("boot"), { { "node", strNode } });
+        break;
+    case 6:
+        Take(scene, QStringLiteral("storm"), { { "rate", 10 }, { "for", nSecond / 40.0 } });
+        break;
     default:
-        Take(scene, QStringLiteral("chief"), { { "group", PickGroup(scene, nFirst / 6) }, { "node", strNode } });
+        Take(scene, QStringLiteral("chief"), { { "group", PickGroup(scene, nFirst / 8) }, { "node", strNode } });
     }
 }
 
@@ -116,7 +122,7 @@ void ChangeTree(SScene& scene, int nFirst, int nSecond)
     switch (nFirst % 4) {
     case 0:
         Take(scene, QStringLiteral("move"),
-             { { "node", PickProcessor(scene, nSecond) }, { "group", PickGroup(scene, nFirst / 10) } });
+             { { "node", PickProcessor(scene, nSecond) }, { "group", PickGroup(scene, nFirst / 4) } });
         break;
     case 1:
         Take(scene, QStringLiteral("move"), { { "node", PickProcessor(scene, nSecond) } });
@@ -130,10 +136,29 @@ void ChangeTree(SScene& scene, int nFirst, int nSecond)
     }
 }
 
+// Who stands in the network, and who looks for it in place of the user.
+void ChangeNetwork(SScene& scene, int nFirst, int nSecond)
+{
+    const QString strIp = QStringLiteral("10.0.2.%1").arg(1 + nSecond);
+    switch (nFirst % 4) {
+    case 0:
+        Take(scene, QStringLiteral("appear"), { { "ip", strIp }, { "name", QStringLiteral("Found %1").arg(nSecond) } });
+        break;
+    case 1:
+        Take(scene, QStringLiteral("silent"), { { "ip", strIp } });
+        break;
+    case 2:
+        Take(scene, QStringLiteral("scan"), {});
+        break;
+    default:
+        Take(scene, QStringLiteral("add-processor"), { { "ip", strIp } });
+    }
+}
+
 // What others do to the list.
 void EditList(SScene& scene, int nFirst, int nSecond)
 {
-    switch (nFirst % 10) {
+    switch (nFirst % 9) {
     case 0:
     case 1:
         Select(scene, nFirst, nSecond);
@@ -145,14 +170,10 @@ void EditList(SScene& scene, int nFirst, int nSecond)
         Take(scene, QStringLiteral("delete"), { { "node", PickNode(scene, nSecond) } });
         break;
     case 4:
-        Take(scene, QStringLiteral("add-simulators"), { { "count", 1 } });
-        break;
-    case 5:
-        Take(scene, QStringLiteral("appear"),
-             { { "ip", QStringLiteral("10.0.2.%1").arg(1 + nSecond) }, { "name", QStringLiteral("Found %1").arg(nSecond) } });
+        Take(scene, QStringLiteral("add-simulators"), { { "count", 1 + nSecond % 2 } });
         break;
     default:
-        ChangeTree(scene, nFirst - 6, nSecond);
+        ChangeTree(scene, nFirst % 9 - 5 + nFirst / 9 * 4, nSecond);
     }
 }
 
@@ -163,12 +184,18 @@ void BreakSomething(SScene& scene, int nFirst, int nSecond)
 
 } // namespace
 
+void WorldEvents::GoOn(SScene& scene)
+{
+    if (!scene.vecFollow.isEmpty()) {
+        const SScenarioStep step = scene.vecFollow.takeFirst();
+        scene.vecFollow += scene.panel.library.runner.Run(step).vecFollow;
+    }
+}
+
 std::vector<SVerb> WorldEvents::GetVerbs()
 {
     return {
-        { "device", 6, &ChangeDevice },
-        { "host", 3, &ChangeHost },
-        { "edit", 8, &EditList },
-        { "fault", 4, &BreakSomething },
+        { "device", 6, &ChangeDevice }, { "host", 3, &ChangeHost },      { "network", 2, &ChangeNetwork },
+        { "edit", 8, &EditList },       { "fault", 4, &BreakSomething },
     };
 }

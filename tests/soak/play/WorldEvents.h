@@ -9,4 +9,7 @@ namespace WorldEvents {
 
 std::vector<SVerb> GetVerbs();
 
+/// The next thing follows from what has happened: a device that restarts answers again, a storm goes on.
+void GoOn(SScene& scene);
+
 } // namespace WorldEvents
