@@ -104,17 +104,22 @@ void ChangeHost(SScene& scene, int nFirst, int nSecond)
     }
 }
 
+// The same nodes in another order would be a change to the library that is none to what is expected.
 void Select(SScene& scene, int nFirst, int nSecond)
 {
-    QJsonArray arrayNode;
     NodeIds setId;
+    QJsonArray arrayNode;
     for (int n = 0; n < 1 + nFirst / 10 % 3; ++n) {
         const QString strNode = PickNode(scene, nSecond + 2 * n);
-        arrayNode.append(strNode);
+        if (!setId.contains(QUuid(strNode))) {
+            arrayNode.append(strNode);
+        }
         setId.insert(QUuid(strNode));
     }
-    scene.Expected().SelectInLibrary(setId);
-    Take(scene, QStringLiteral("select"), { { "nodes", arrayNode } });
+    if (setId != scene.Expected().GetStored()) {
+        scene.Expected().SelectInLibrary(setId);
+        Take(scene, QStringLiteral("select"), { { "nodes", arrayNode } });
+    }
 }
 
 void ChangeTree(SScene& scene, int nFirst, int nSecond)
