@@ -7,6 +7,7 @@ namespace {
 
 constexpr int nMilliseconds = 20; // a call is late by so much: it is waited for in real time
 constexpr int nKinds = 14;
+constexpr int nFlicker = 11;
 constexpr int nCollide = 12;
 
 QString Pick(const QStringList& listName, int nNumber)
@@ -60,7 +61,7 @@ QJsonObject BuildReadingFault(int nFault, int nDetail, const QString& strNode, c
         return { { "do", "reorder-messages" }, { "count", 2 + nDetail % 3 } };
     case 10:
         return { { "do", "empty-message" }, { "message", nDetail % 60 } };
-    case 11:
+    case nFlicker:
         return { { "do", "flicker" }, { "node", strNode }, { "count", 1 + nDetail % 5 } };
     case nCollide:
         return { { "do", "collide" }, { "node", strNode }, { "with", strOther }, { "for", 60 } };
@@ -75,8 +76,8 @@ QJsonObject BuildEnd(QJsonObject step)
     const QString strDo = step.value(QLatin1String("do")).toString();
     if (strDo == QLatin1String("latency") || strDo == QLatin1String("hang")) {
         step.insert(QStringLiteral("for"), 0);
-    } else if (strDo == QLatin1String("throw") || strDo == QLatin1String("refuse-selection") || strDo == QLatin1String("refuse")
-               || strDo == QLatin1String("flicker")) {
+    } else if (strDo == QLatin1String("throw") || strDo == QLatin1String("refuse-selection")
+               || strDo == QLatin1String("refuse")) {
         step.insert(QStringLiteral("count"), 0);
     } else {
         return {};
@@ -96,7 +97,9 @@ void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QS
 {
     const QJsonObject step = BuildStep(nFault, nDetail, strNode, strOther);
     Run(library, step);
-    if (nFault % nKinds == nCollide) {
+    if (nFault % nKinds == nFlicker) {
+        listFlickering.append(QUuid(strNode));
+    } else if (nFault % nKinds == nCollide) {
         listCollided.append(QUuid(strNode));
     }
     const QJsonObject stepEnd = BuildEnd(step);
@@ -123,8 +126,18 @@ void CFaultPlan::End(CControlLibrary& library)
     listEnd.clear();
     library.faults.calls.TakeImportCode();
     library.faults.calls.TakeExportCode();
-    for (const QUuid& id : std::as_const(listCollided)) { // also when it has gone: a step would be passed over
+    EndMisreading(library);
+}
+
+// Also of a node that has gone, for an import may bring it back; a step would be passed over.
+void CFaultPlan::EndMisreading(CControlLibrary& library)
+{
+    for (const QUuid& id : std::as_const(listFlickering)) {
+        library.faults.readings.Flicker(id, QString(), 0);
+    }
+    for (const QUuid& id : std::as_const(listCollided)) {
         library.faults.readings.Collide(id, id, std::chrono::milliseconds(0));
     }
+    listFlickering.clear();
     listCollided.clear();
 }

@@ -34,8 +34,10 @@ public:
 
 private:
     void End(CControlLibrary& library);
+    void EndMisreading(CControlLibrary& library);
 
     int nStepsLeft = 0;
-    QList<QUuid> listCollided;  ///< that are read with the id of another
-    QList<QJsonObject> listEnd; ///< the steps that end what has no end of its own
+    QList<QUuid> listFlickering; ///< that are read with other values
+    QList<QUuid> listCollided;   ///< that are read with the id of another
+    QList<QJsonObject> listEnd;  ///< the steps that end what has no end of its own
 };
