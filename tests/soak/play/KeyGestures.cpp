@@ -153,8 +153,9 @@ void KeyGestures::Rename(SScene& scene, int nFirst, int nSecond)
     QLineEdit* const pEditor = FindEditor(scene);
     if (!pEditor) {
         const int nType = setSeen.size() == 1 ? setSeen.cbegin()->nType : 0;
-        if (nType == NodeGroup || nType == NodeProcessor) { // the focus has come and gone: it has opened and closed
-            scene.Expected().EndSuppression();
+        if (nType == NodeGroup || nType == NodeProcessor) { // on a row that is folded away it has opened and closed
+            scene.Mean(SIntent::Rename);
+            scene.Expected().CloseEditor(CSoakPanel::GetKey(scene.panel.Tree()->currentIndex()));
         }
         return;
     }
