@@ -206,6 +206,17 @@ void CExpectedSelection::ReportRestored()
         apart = setSeen == setStored ? ApartNot : ApartFilter;
         setStored = setSeen;
     }
+    SelectHiddenAgain();
+}
+
+// One processor that the library has selected and that does not show is selected once more: the next range replaces it.
+void CExpectedSelection::SelectHiddenAgain()
+{
+    const RowKeys setRow = GetRows();
+    if (setRow.size() == 1 && setRow.cbegin()->nType == NodeProcessor && GetSeen().isEmpty()) {
+        setKept.clear();
+        setLast = setRow;
+    }
 }
 
 void CExpectedSelection::Adopt(const SPanelPicture& picture, bool bSimulator)

@@ -86,6 +86,7 @@ private:
     void PlaceRows(const NodeIds& setSelected);
     bool TakeAsked(const NodeIds& setKnown);
     void ReportRestored();
+    void SelectHiddenAgain();
     bool IsLaidOut(const SPictureKey& key) const;
 
     SPanelPicture before;
