@@ -150,7 +150,8 @@ QString CStoryRun::CheckHits(const QList<SPanelCall>& listCall)
         ++mapKept[strKept];
     }
     // Ids that collide hit others by their nature, and what the library has selected by now is not known under a fault.
-    const bool bExcused = scene.faults.IsBlind() || (scene.faults.IsArmed() && !strKept.isEmpty());
+    const bool bUnheard = scene.intent.kind == SIntent::Delete && (scene.faults.IsDeaf() || !strKept.isEmpty());
+    const bool bExcused = scene.faults.IsBlind() || (scene.faults.IsArmed() && bUnheard);
     return bExcused ? QString() : strWrong;
 }
 

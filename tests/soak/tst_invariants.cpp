@@ -253,6 +253,8 @@ private slots:
         QTest::newRow("F2 on a row that is folded away, and a range") << "edit.0.8 refresh.0.0 rename.0.0 click.2.0" << "";
         QTest::newRow("the library selects a row that a search hides, and a range follows")
             << "all.0.0 menu.0.6 tab.15.0 add.1.0 pick.0.1 search.2.0 click.18.23 edit.28.16 click.19.39" << "";
+        QTest::newRow("lost messages, and a deletion of what the panel knows")
+            << "rename.0.0 add.0.0 fault.7.17 key.0.0 import.1.0 delete.0.0" << "";
         QTest::newRow("a node flickers, goes and comes back") << "fault.39.0 edit.3.0 import.1.0" << "";
         QTest::newRow("the first row of an empty root") << "all.0.0 delete.0.0 add.0.0" << "";
         QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.5.1" << "";

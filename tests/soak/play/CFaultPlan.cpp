@@ -7,6 +7,9 @@ namespace {
 
 constexpr int nMilliseconds = 20; // a call is late by so much: it is waited for in real time
 constexpr int nKinds = 14;
+constexpr int nThrow = 2;
+constexpr int nLose = 7;
+constexpr int nReorder = 9;
 constexpr int nFlicker = 11;
 constexpr int nCollide = 12;
 
@@ -34,7 +37,7 @@ QJsonObject BuildCallFault(int nFault, int nDetail)
         return { { "do", "latency" }, { "call", Pick(ControlCalls::GetHeld(), nDetail) }, { "ms", nMilliseconds }, { "for", 1 } };
     case 1:
         return { { "do", "hang" }, { "call", Pick(ControlCalls::GetHeld(), nDetail) }, { "for", nMilliseconds / 1000.0 } };
-    case 2:
+    case nThrow:
         return { { "do", "throw" },
                  { "call", PickCall(nDetail) },
                  { "count", 1 + nDetail % 2 },
@@ -53,11 +56,11 @@ QJsonObject BuildCallFault(int nFault, int nDetail)
 QJsonObject BuildReadingFault(int nFault, int nDetail, const QString& strNode, const QString& strOther)
 {
     switch (nFault) {
-    case 7:
+    case nLose:
         return { { "do", "lose-messages" }, { "count", 1 + nDetail % 3 } };
     case 8:
         return { { "do", "double-messages" }, { "count", 1 + nDetail % 3 } };
-    case 9:
+    case nReorder:
         return { { "do", "reorder-messages" }, { "count", 2 + nDetail % 3 } };
     case 10:
         return { { "do", "empty-message" }, { "message", nDetail % 60 } };
@@ -97,9 +100,11 @@ void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QS
 {
     const QJsonObject step = BuildStep(nFault, nDetail, strNode, strOther);
     Run(library, step);
-    if (nFault % nKinds == nFlicker) {
+    const int nKind = nFault % nKinds;
+    bDeaf = bDeaf || nKind == nThrow || nKind == nLose || nKind == nReorder;
+    if (nKind == nFlicker) {
         listFlickering.append(QUuid(strNode));
-    } else if (nFault % nKinds == nCollide) {
+    } else if (nKind == nCollide) {
         listCollided.append(QUuid(strNode));
     }
     const QJsonObject stepEnd = BuildEnd(step);
@@ -127,6 +132,7 @@ void CFaultPlan::End(CControlLibrary& library)
     library.faults.calls.TakeImportCode();
     library.faults.calls.TakeExportCode();
     EndMisreading(library);
+    bDeaf = false;
 }
 
 // Also of a node that has gone, for an import may bring it back; a step would be passed over.

@@ -32,11 +32,18 @@ public:
         return !listCollided.isEmpty();
     }
 
+    /// Whether the panel may not have heard what the library has selected: Delete, which takes what it has heard, may hit that.
+    bool IsDeaf() const
+    {
+        return bDeaf;
+    }
+
 private:
     void End(CControlLibrary& library);
     void EndMisreading(CControlLibrary& library);
 
     int nStepsLeft = 0;
+    bool bDeaf = false;
     QList<QUuid> listFlickering; ///< that are read with other values
     QList<QUuid> listCollided;   ///< that are read with the id of another
     QList<QJsonObject> listEnd;  ///< the steps that end what has no end of its own
