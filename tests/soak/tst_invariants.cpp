@@ -238,7 +238,7 @@ private slots:
             << "click.0.2 search.7.0 click.1.1 search.0.0 delete.0.0" << "filter";
         QTest::newRow("what a search hides is deleted with what it shows")
             << "click.0.4 click.1.2 search.7.0 delete.0.0" << "filter";
-        QTest::newRow("a search, and another selection from outside") << "all.0.0 search.1.0 edit.3.0" << "";
+        QTest::newRow("a search, and what it hides is selected no more") << "all.0.0 search.1.0 edit.3.0" << "";
         QTest::newRow("an emptied selection is deleted all the same") << "click.0.4 click.1.4 delete.0.0" << "emptied";
         QTest::newRow("F2 on the root, and then another row") << "click.0.0 rename.0.0 click.0.4 edit.5.0 rename.0.0" << "";
         QTest::newRow("F2 on a row in a folded group") << "click.0.4 fold.0.1 rename.0.0" << "";
@@ -255,6 +255,10 @@ private slots:
             << "all.0.0 menu.0.6 tab.15.0 add.1.0 pick.0.1 search.2.0 click.18.23 edit.28.16 click.19.39" << "";
         QTest::newRow("lost messages, and a deletion of what the panel knows")
             << "rename.0.0 add.0.0 fault.7.17 key.0.0 import.1.0 delete.0.0" << "";
+        QTest::newRow("an information row alone is no node") << "key.5.0 key.8.0 key.5.0 delete.0.0" << "";
+        QTest::newRow("after F2 on the root no selection goes out") << "rename.0.0 edit.0.2 click.0.8 delete.0.0" << "F2";
+        QTest::newRow("a refused rename has selected the current row")
+            << "click.0.2 click.1.4 click.1.4 host.0.0 rename.3.0 host.0.1 delete.0.0" << "end of a rename";
         QTest::newRow("a node flickers, goes and comes back") << "fault.39.0 edit.3.0 import.1.0" << "";
         QTest::newRow("the first row of an empty root") << "all.0.0 delete.0.0 add.0.0" << "";
         QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.5.1" << "";

@@ -323,7 +323,7 @@ void CExpectedSelection::Report(const RowKeys& setBefore)
         return;
     }
     setStored = PanelPicture::GetIds(setSeen);
-    apart = !(GetRows() == setSeen) ? ApartFilter : setStored.isEmpty() ? ApartInfo : ApartNot;
+    apart = GetRows() == setSeen ? ApartNot : ApartFilter;
 }
 
 EnApart CExpectedSelection::GetApart() const

@@ -10,7 +10,6 @@ enum EnApart
     ApartNot,
     ApartSuppressed, ///< a rename keeps selections from going out, also where no editor has opened
     ApartEmptied,    ///< the last selected row was taken out
-    ApartInfo,       ///< an information row alone is reported as no node at all
     ApartFilter,     ///< a selected row is hidden, or was as the selection went out
     ApartEditor      ///< the end of a rename has selected its row, without a report
 };
@@ -20,7 +19,8 @@ enum EnApart
 ///
 /// The view's rules: a click selects alone, with Ctrl it changes one row, with Shift it draws a range in place of the last one.
 /// The panel's: a selection goes out when it changes, without what the filter hides, unless nothing of it is left or a
-/// rename is under way; replaced rows are selected as the library says.
+/// rename is under way; replaced rows are selected as the library says. An information row is no node: alone it is reported as
+/// none at all.
 class CExpectedSelection
 {
 public:

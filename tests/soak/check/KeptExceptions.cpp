@@ -19,8 +19,6 @@ QString KeptExceptions::GetReasonToHitOthers(EnApart apart)
         return QStringLiteral("F2 sets the suppression before an editor opens; where none does it stays until one has closed");
     case ApartEmptied:
         return QStringLiteral("an emptied selection is not reported: store and library keep the last one");
-    case ApartInfo:
-        return QStringLiteral("an information row alone is reported as no node at all");
     case ApartFilter:
         return QStringLiteral("the filter only hides: a hidden row stays selected, and a report leaves it out");
     case ApartEditor:

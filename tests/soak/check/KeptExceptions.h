@@ -2,7 +2,8 @@
 
 #include "check/CExpectedSelection.h"
 
-/// Where what looks wrong is what the panel's contract leads to, each with its reason. The whole list.
+/// Where what looks wrong is what the panel's contract leads to, each with its reason. The whole list: what the contract makes of
+/// the selection alone is no exception, but what CExpectedSelection expects.
 namespace KeptExceptions {
 
 /// A complaint of Qt or of the model tester that is the contract's own doing.
