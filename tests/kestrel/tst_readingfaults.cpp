@@ -77,20 +77,20 @@ void Delete(CFaultWindow& scene, const QUuid& id, int nWhich)
     scene.kestrel.Key(Qt::Key_Delete);
 }
 
-/// The user presses F2 just after the rows were rebuilt, or when they have not been for a while, and types. False when no editor
-/// has come, or a reading that was under way has taken it away.
+/// The user presses F2 just after the rows were rebuilt, or when they have not been for a while, and types between two readings:
+/// unlike keys to the window, those to a widget come without a look at other events. False when no command has come of it.
 bool IsRenamed(CFaultWindow& scene, const QUuid& id, int nWhich)
 {
     constexpr int nWhile = 300; // ms, several messages long
     ClickRow(scene, id, nWhich);
     QSignalSpy rebuilds(scene.kestrel.Tree()->model(), &QAbstractItemModel::rowsInserted);
     rebuilds.wait(nWhile);
-    scene.kestrel.Key(Qt::Key_F2);
+    QTest::keyClick(scene.kestrel.Tree(), Qt::Key_F2);
     auto* const pEditor = scene.kestrel.Tree()->viewport()->findChild<QLineEdit*>();
     if (!pEditor) {
         return false;
     }
-    QTest::keyClicks(pEditor, "Named"); // unlike keys to the window without a look at events, among which is the next reading
+    QTest::keyClicks(pEditor, "Named");
     QTest::keyClick(pEditor, Qt::Key_Return);
     return !scene.CommandedIds().isEmpty();
 }
