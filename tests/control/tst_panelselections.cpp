@@ -19,7 +19,7 @@ namespace {
 
 constexpr int nSelections = 100;
 constexpr int nNodes = 20;
-constexpr int nTriesInBurst = 20; ///< of one selection
+constexpr int nMostTries = 20; ///< of one selection
 
 /// Of the library's list, so that each selection has others than the one before: two of three are processors.
 QString GetName(int nSelection, int nNode)
@@ -76,7 +76,7 @@ private slots:
         int nBurst = 0;
         for (int nSelection = 0; nSelection < nSelections; ++nSelection) {
             const std::vector<QUuid> vecId = GetIds(nSelection);
-            int nTries = bDevicesChange ? nTriesInBurst : 1;
+            int nTries = nMostTries;
             do {
                 QVERIFY2(nTries-- > 0, QByteArray::number(nSelection));
                 CDeviceBurst burst(*library, false, bDevicesChange ? 100000 : 0, 20s, 1500 * nBurst++);
@@ -91,8 +91,9 @@ private slots:
     }
 
 private:
-    // Between two of the panel's reports a refresh may read the half of a selection, which is shown and reported then: a
-    // library's selection during a refresh can get lost, and the more easily the longer a report takes.
+    // Between two of the panel's reports a refresh, if only that of the report before, may read the half of a selection, which is
+    // shown and reported then: a library's selection during a refresh can get lost, and the more easily the longer a report
+    // takes.
     static bool IsLost(std::vector<QUuid> vecId)
     {
         std::vector<QUuid> vecNow = g_pRuntimeControl->GetSelectedNodes(g_pRuntimeControl->IsSimulatorPane());
