@@ -259,6 +259,8 @@ private slots:
         QTest::newRow("after F2 on the root no selection goes out") << "rename.0.0 edit.0.2 click.0.8 delete.0.0" << "F2";
         QTest::newRow("a refused rename has selected the current row")
             << "click.0.2 click.1.4 click.1.4 host.0.0 rename.3.0 host.0.1 delete.0.0" << "end of a rename";
+        QTest::newRow("a refresh without a selection selects the root")
+            << "network.0.0 import.1.0 key.33.0 refresh.0.0 click.13.0" << "";
         QTest::newRow("a node flickers, goes and comes back") << "fault.39.0 edit.3.0 import.1.0" << "";
         QTest::newRow("the first row of an empty root") << "all.0.0 delete.0.0 add.0.0" << "";
         QTest::newRow("a range from a row that is folded away") << "edit.0.8 key.5.1" << "";

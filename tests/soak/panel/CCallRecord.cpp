@@ -28,6 +28,7 @@ void CCallRecord::Write(SJournalRecord&& record)
     const QUuid idGroup = FindFirst<SProcessorGroupNode>(record).idNode;
     const std::lock_guard<std::mutex> lock(mutex);
     listCall.append({ QString::fromLatin1(record.szOperation), idGroup.isNull() ? FindFirst<QUuid>(record) : idGroup, bValue });
+    nCount += std::strcmp(record.szOperation, "PostMessage") == 0 ? 0 : 1;
     if (std::strcmp(record.szOperation, "SetBusy") == 0) {
         nBusy += bValue ? 1 : -1;
     }
@@ -37,6 +38,12 @@ QList<SPanelCall> CCallRecord::Take()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     return std::exchange(listCall, {});
+}
+
+int CCallRecord::GetCount() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return nCount;
 }
 
 int CCallRecord::GetBusy() const

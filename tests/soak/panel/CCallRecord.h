@@ -26,11 +26,15 @@ public:
     /// What has come since the last call, in the order in which it came back.
     QList<SPanelCall> Take();
 
+    /// How many have come in all, without those of PostMessage.
+    int GetCount() const;
+
     /// How many SetBusy(true) have had no SetBusy(false) yet.
     int GetBusy() const;
 
 private:
     mutable std::mutex mutex; ///< guards all below
     QList<SPanelCall> listCall;
+    int nCount = 0;
     int nBusy = 0;
 };

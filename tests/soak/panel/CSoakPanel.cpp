@@ -166,13 +166,15 @@ void CSoakPanel::Watch(QTreeView* pTree)
     QObject::connect(pModel, &QAbstractItemModel::rowsRemoved, pTree, note);
 }
 
+// What the end of a job has asked for while the last messages were shown is still to come.
 bool CSoakPanel::Settle()
 {
     for (int n = 0; n < nMostFlushes; ++n) {
+        const int nCalls = record.GetCount();
         if (!AwaitJobs() || !Flush()) {
             return false;
         }
-        if (watch.GetCount() == 0 && !jobs.IsBusy()) {
+        if (watch.GetCount() == 0 && !jobs.IsBusy() && record.GetCount() == nCalls) {
             return true;
         }
     }
