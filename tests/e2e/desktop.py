@@ -114,7 +114,7 @@ class Desktop:
 
     def double_click(self, x, y):
         self.move(x, y)
-        self.xdotool("click", "--repeat", 2, "--delay", 60, 1)
+        self.xdotool("click", "--repeat", 2, "--delay", 20, 1)
 
     def drag(self, start, end, click_first=False):
         """Press, pull free, travel in steps, let go. click_first: the press makes a double click with one just before it, as

@@ -40,8 +40,12 @@ class Session(Scene):
         self.kestrel.wait_for("SetSelectedNodes", after=mark)
         self.desktop.key("Down", "Down", "Down", "Right")  # to the names of the groups
         self.desktop.key("Escape", "Escape")
+        under = self.kestrel.row(1, 150)
+        empty = self.kestrel.pixel(under)
         self.desktop.key("alt+l")  # the menu with what can be undone, and its name
+        self.kestrel.wait_for_pixel("the menu", under, lambda colour: colour != empty)
         self.desktop.key("Escape")
+        self.kestrel.wait_for_pixel("no menu", under, lambda colour: colour == empty)
         self.desktop.click(*self.kestrel.tool_bar_button("Delete"))
         self.desktop.wait_for_window("^Delete")
         self.desktop.key("Escape")
