@@ -19,7 +19,7 @@ namespace {
 
 constexpr int nSelections = 100;
 constexpr int nNodes = 20;
-constexpr int nMostTries = 20; ///< of one selection
+constexpr int nMostLost = 5; ///< of the hundred
 
 /// Of the library's list, so that each selection has others than the one before: two of three are processors.
 QString GetName(int nSelection, int nNode)
@@ -74,18 +74,20 @@ private slots:
         CLivePanel panel;
         QVERIFY(panel.Settle());
         int nBurst = 0;
+        int nLost = 0;
         for (int nSelection = 0; nSelection < nSelections; ++nSelection) {
             const std::vector<QUuid> vecId = GetIds(nSelection);
-            int nTries = nMostTries;
-            do {
-                QVERIFY2(nTries-- > 0, QByteArray::number(nSelection));
+            for (bool bLost = true; bLost;) {
+                QVERIFY2(nLost <= nMostLost, QByteArray::number(nSelection));
                 CDeviceBurst burst(*library, false, bDevicesChange ? 100000 : 0, 20s, 1500 * nBurst++);
                 std::thread([&] { library->runner.Run(library->scenario.GetSteps().at(nSelection)); }).join();
                 QTRY_VERIFY(panel.HasSelected(vecId) || IsLost(vecId));
                 burst.Stop();
                 burst.Join();
                 QVERIFY(panel.Settle());
-            } while (IsLost(vecId));
+                bLost = IsLost(vecId);
+                nLost += bLost ? 1 : 0;
+            }
             QVERIFY2(panel.HasSelected(vecId), QByteArray::number(nSelection));
         }
     }

@@ -109,8 +109,8 @@ class Reader:
 
     def _say_focus(self, node):
         """What has the focus already is not said again, only better: its state may follow its focus. A row that is rebuilt before
-        it answers has no name any more."""
-        if node.get_role() == Atspi.Role.TABLE_CELL and not node.get_name():
+        it answers has no name any more and is not even enabled."""
+        if node.get_role() == Atspi.Role.TABLE_CELL and not node.get_name() and "disabled" in states(node):
             return
         line = describe(node)
         if node.path == self.focus and not self.lines[-1].startswith("now "):
