@@ -1,8 +1,8 @@
 #include "CBenchPanel.h"
 
+#include "CParentHost.h"
 #include "data/CProcessorTreeData.h"
 #include "interfaces/host/ICorvidWidget.h"
-#include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 #include "tree/CProcessorTree.h"
 
@@ -14,20 +14,6 @@
 namespace {
 
 constexpr int nMessageListChanged = 1;
-
-class CUIManagement final : public IUIManagement
-{
-public:
-    explicit CUIManagement(QWidget* pParentIn) : pParent(pParentIn) { }
-
-    QWidget* GetParentWidget() override
-    {
-        return pParent;
-    }
-
-private:
-    QWidget* pParent;
-};
 
 SProcessorNode MakeProcessor(int nNumber)
 {
@@ -46,7 +32,7 @@ CBenchPanel::CBenchPanel(int nHeight)
 {
     control.StopJournal(); // of the double's own time nothing is to be measured
     window.setStyleSheet(Sheet());
-    CUIManagement management(&window);
+    CParentHost management(&window);
     CProcessorTreeView_Init(&pPanel, &management);
     auto* pLayout = new QVBoxLayout(&window);
     pLayout->setContentsMargins(0, 0, 0, 0);

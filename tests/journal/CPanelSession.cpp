@@ -1,10 +1,10 @@
 #include "CPanelSession.h"
 
 #include "CMenuDriver.h"
+#include "CParentHost.h"
 #include "ProcessThreads.h"
 #include "TestMain.h"
 #include "interfaces/host/ICorvidWidget.h"
-#include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 #include "nodes/SProcessorAllNode.h"
 #include "shell/CProcessorTreeView.h"
@@ -23,20 +23,6 @@
 #include <linux/futex.h>
 
 namespace {
-
-class CHost final : public IUIManagement
-{
-public:
-    explicit CHost(QWidget* pParentIn) : pParent(pParentIn) { }
-
-    QWidget* GetParentWidget() override
-    {
-        return pParent;
-    }
-
-private:
-    QWidget* pParent;
-};
 
 template <typename Part, typename FnIs> Part* Find(const QWidget* pParent, FnIs fnIs)
 {
@@ -91,7 +77,7 @@ bool AreWorkersAsleep()
 
 CPanelSession::CPanelSession()
 {
-    CHost management(&window);
+    CParentHost management(&window);
     CProcessorTreeView_Init(&pWidget, &management);
     auto* pLayout = new QVBoxLayout(&window);
     pLayout->addWidget(View());

@@ -1,6 +1,7 @@
 #include "panel/CSoakPanel.h"
 
 #include "Builders.h"
+#include "CParentHost.h"
 #include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/messages/EnControlMessage.h"
 #include "Patience.h"
@@ -32,20 +33,6 @@ constexpr int nMark = 777;        // a message that means nothing to anybody
 constexpr int nWakeUp = 300;      // milliseconds after which the worker may have slept through its message
 constexpr int nMostFlushes = 100; // of what goes on and on
 using FnInit = int (*)(ICorvidWidget**, IUIManagement*);
-
-class CHost final : public IUIManagement
-{
-public:
-    explicit CHost(QWidget* pParentIn) : pParent(pParentIn) { }
-
-    QWidget* GetParentWidget() override
-    {
-        return pParent;
-    }
-
-private:
-    QWidget* pParent;
-};
 
 SProcessorAllNode Site()
 {
@@ -145,7 +132,7 @@ SControlOptions CSoakPanel::Prepare() const
 void CSoakPanel::Load()
 {
     static const FnInit fnInit = FindEntryPoint();
-    CHost host(&window);
+    CParentHost host(&window);
     const CWorkerFinder finder;
     fnInit(&pPanel, &host);
     watch.SetWorker(finder.GetWorker());

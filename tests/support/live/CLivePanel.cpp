@@ -1,12 +1,12 @@
 #include "live/CLivePanel.h"
 
+#include "CParentHost.h"
 #include "Patience.h"
 #include "data/CProcessorTreeData.h"
 #include "interfaces/control/CorvidControl.h"
 #include "interfaces/control/IPrcListControl.h"
 #include "interfaces/control/IRuntimeControl.h"
 #include "interfaces/host/ICorvidWidget.h"
-#include "interfaces/host/IUIManagement.h"
 #include "interfaces/host/ProcessorTreeViewInit.h"
 #include "live/CWorkerFinder.h"
 #include "model/EnItemRole.h"
@@ -21,20 +21,6 @@
 #include <algorithm>
 
 namespace {
-
-class CHost final : public IUIManagement
-{
-public:
-    explicit CHost(QWidget* pParentIn) : pParent(pParentIn) { }
-
-    QWidget* GetParentWidget() override
-    {
-        return pParent;
-    }
-
-private:
-    QWidget* pParent;
-};
 
 bool AreEqual(const SProcessorAllNode& first, const SProcessorAllNode& second)
 {
@@ -120,7 +106,7 @@ CLivePanel::~CLivePanel()
 
 void CLivePanel::Create()
 {
-    CHost host(&window);
+    CParentHost host(&window);
     const CWorkerFinder finder;
     CProcessorTreeView_Init(&pPanel, &host);
     watch.SetWorker(finder.GetWorker());
