@@ -13,11 +13,12 @@
 
 namespace {
 
-// In the zone that the machine has now. QDateTime asks for the zone three times, which takes longer than all the rest of a
-// reading that finds nothing changed.
+// In the zone that the process has had since its first local time: to look for another one, as QDateTime does three times,
+// takes longer than all the rest of a reading that finds nothing changed.
 std::tm GetLocalTime()
 {
-    tzset();
+    static const bool bZoneSet = (tzset(), true);
+    Q_UNUSED(bZoneSet)
     const std::time_t nTime = std::time(nullptr);
     std::tm time{};
     localtime_r(&nTime, &time);

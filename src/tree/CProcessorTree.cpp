@@ -23,6 +23,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -163,6 +164,34 @@ void CProcessorTree::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         UpdateText();
     }
+}
+
+// A rebuild takes the header's section to its default width and back. Told of it, the view would lay itself out and paint
+// itself a second time, some moments later.
+void CProcessorTree::doItemsLayout()
+{
+    const QSignalBlocker blocker(header());
+    const QScopedValueRollback kept(optionsKept, std::make_optional(QTreeView::viewOptions()));
+    QTreeView::doItemsLayout();
+}
+
+void CProcessorTree::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles)
+{
+    if (!bPainting) {
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
+    }
+}
+
+void CProcessorTree::paintEvent(QPaintEvent* event)
+{
+    const QScopedValueRollback painting(bPainting, true);
+    const QScopedValueRollback kept(optionsKept, std::make_optional(QTreeView::viewOptions()));
+    QTreeView::paintEvent(event);
+}
+
+QStyleOptionViewItem CProcessorTree::viewOptions() const
+{
+    return optionsKept ? *optionsKept : QTreeView::viewOptions();
 }
 
 void CProcessorTree::RefreshTree()

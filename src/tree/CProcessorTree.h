@@ -8,6 +8,7 @@
 #include <QUuid>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CProcessorTreeDelegate;
@@ -60,6 +61,11 @@ public:
     /// Deletes what the store names as selected, with a question or, bAsk false, without; see DeleteCommand::Run().
     void DeleteNode(bool bAsk);
 
+    void doItemsLayout() override;
+
+    /// What the painting of a row leaves in its item shows nowhere: it asks for no second paint.
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles = {}) override;
+
 protected slots:
     /// Reports the selection, unless rows are being rebuilt, renamed or grouped: then nothing happens.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
@@ -97,6 +103,11 @@ protected:
 
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+    /// The base class's, which asks the style anew: during a layout and a paint, which want them for each row, those of its
+    /// begin.
+    QStyleOptionViewItem viewOptions() const override;
 
     /// Paints the shape behind the row, then the row.
     void drawRow(QPainter* painter, const QStyleOptionViewItem& options, const QModelIndex& index) const override;
@@ -168,6 +179,7 @@ private:
     bool bDragArmed = false;
     bool bDragging = false;          ///< a drag that this tree has started runs
     QPointer<QDrag> pDrag;           ///< of that drag; Qt deletes it
+    bool bPainting = false;          ///< paintEvent() runs: what changes in the model is of its own making
     bool bRebuilding = false;        ///< RefreshTree() runs: selection changes are nobody's doing
     bool bSuppressSelection = false; ///< a rename or a grouping runs: selection changes are not reported
     QTimer* pScrollTimer = nullptr;
@@ -175,6 +187,7 @@ private:
     bool bScrollDown = false;
     std::unique_ptr<CSelectionAnchor> pAnchor;
     std::unique_ptr<CTreeKeys> pKeys;
-    std::unique_ptr<CRenameWatch> pRenameWatch; ///< ends the suppression when the editor goes unclosed
-    CRowReader* pReader = nullptr;              ///< what screen readers say of the rows
+    std::unique_ptr<CRenameWatch> pRenameWatch;      ///< ends the suppression when the editor goes unclosed
+    CRowReader* pReader = nullptr;                   ///< what screen readers say of the rows
+    std::optional<QStyleOptionViewItem> optionsKept; ///< those of the layout or the paint that runs
 };

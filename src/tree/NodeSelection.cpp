@@ -20,22 +20,27 @@ QUuid IdOf(const QModelIndex& index)
     return RowValue::NodeId(index);
 }
 
-void AddIds(QSet<QUuid>& setId, const QList<SProcessorNode>& listProcessor)
+void AddKnown(QSet<QUuid>& setKnown, const QSet<QUuid>& setAsked, const QList<SProcessorNode>& listProcessor)
 {
     for (const SProcessorNode& processor : listProcessor) {
-        setId.insert(processor.idNode);
+        if (setAsked.contains(processor.idNode)) {
+            setKnown.insert(processor.idNode);
+        }
     }
 }
 
-QSet<QUuid> IdsOf(const SProcessorAllNode& nodeAll)
+// Those of setAsked that a pane has; the null id is its root's. The set of all its ids would take far longer to fill.
+QSet<QUuid> KnownOf(const QSet<QUuid>& setAsked, const SProcessorAllNode& nodeAll)
 {
-    QSet<QUuid> setId{ QUuid() };
+    QSet<QUuid> setKnown{ QUuid() };
     for (const SProcessorGroupNode& group : nodeAll.listGroup) {
-        setId.insert(group.idNode);
-        AddIds(setId, group.listProcessor);
+        if (setAsked.contains(group.idNode)) {
+            setKnown.insert(group.idNode);
+        }
+        AddKnown(setKnown, setAsked, group.listProcessor);
     }
-    AddIds(setId, nodeAll.listProcessor);
-    return setId;
+    AddKnown(setKnown, setAsked, nodeAll.listProcessor);
+    return setKnown;
 }
 
 } // namespace
@@ -58,7 +63,7 @@ std::vector<QUuid> NodeSelection::GetIds(const QModelIndexList& listRow)
 
 std::vector<QUuid> NodeSelection::GetKnownIds(const std::vector<QUuid>& vecId, const SProcessorAllNode& nodeAll)
 {
-    const QSet<QUuid> setKnown = IdsOf(nodeAll);
+    const QSet<QUuid> setKnown = KnownOf(QSet<QUuid>(vecId.cbegin(), vecId.cend()), nodeAll);
     std::vector<QUuid> vecKnown;
     std::copy_if(vecId.cbegin(), vecId.cend(), std::back_inserter(vecKnown),
                  [&setKnown](const QUuid& id) { return setKnown.contains(id); });

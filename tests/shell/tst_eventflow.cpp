@@ -1,3 +1,4 @@
+#include "CEventCounter.h"
 #include "TestMain.h"
 #include "TreeText.h"
 #include "fixtures/CPanelFixture.h"
@@ -37,28 +38,6 @@ const char szSimulator[] = "all [expanded]\n"
                            "    info sim alpha\n"
                            "  processor sim beta [selected]\n"
                            "    info sim beta\n";
-
-/// Counts events of one type.
-class CEventCounter : public QObject
-{
-public:
-    CEventCounter(QObject* pWatchedObject, QEvent::Type nTypeIn) : nType(nTypeIn)
-    {
-        pWatchedObject->installEventFilter(this);
-    }
-
-    int nCount = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        nCount += event->type() == nType ? 1 : 0;
-        return false;
-    }
-
-private:
-    QEvent::Type nType;
-};
 
 /// Writes down in which order things happen to the panel while it is updated.
 class CUpdateLog : public QObject

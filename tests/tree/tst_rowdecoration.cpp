@@ -198,30 +198,6 @@ private slots:
         Hover(fixture, fixture.Row("loose"));
         QCOMPARE(ColorAt(fixture.Grab(), Bare(fixture, fixture.Row("loose"))), colorHovered);
     }
-
-    void paintingComesToRest()
-    {
-        CTreeFixture fixture(Site());
-        class CPaintCounter : public QObject
-        {
-        public:
-            bool eventFilter(QObject*, QEvent* event) override
-            {
-                nPaints += event->type() == QEvent::Paint ? 1 : 0;
-                return false;
-            }
-            int nPaints = 0;
-        } counter;
-        fixture.Grab();
-        QCoreApplication::processEvents();
-        fixture.pTree->viewport()->installEventFilter(&counter);
-        fixture.pTree->RefreshTree();
-        QTRY_VERIFY(counter.nPaints >= 1);
-        for (int i = 0; i < 50; ++i) {
-            QCoreApplication::processEvents();
-        }
-        QVERIFY2(counter.nPaints <= 2, qPrintable(QString::number(counter.nPaints)));
-    }
 };
 
 PTV_TEST_MAIN(CRowDecorationTest)
