@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -34,6 +35,18 @@ void Print(const QString& strLine)
     std::fflush(stdout);
 }
 
+// Ends the program, as the parser does, when the option is there and not a number.
+int ReadNumber(const QCommandLineParser& parser, const QString& strOption, int nDefault)
+{
+    bool bIsNumber = true;
+    const int nNumber = parser.isSet(strOption) ? parser.value(strOption).toInt(&bIsNumber) : nDefault;
+    if (!bIsNumber || nNumber < 0) {
+        std::fprintf(stderr, "--%s is to be a number: %s\n", qPrintable(strOption), qPrintable(parser.value(strOption)));
+        std::exit(2);
+    }
+    return nNumber;
+}
+
 SSoakOptions ReadOptions(const QCoreApplication& application)
 {
     QCommandLineParser parser;
@@ -47,10 +60,10 @@ SSoakOptions ReadOptions(const QCoreApplication& application)
           { QStringLiteral("tell"), QStringLiteral("Print what each step does.") } });
     parser.process(application);
     SSoakOptions options;
-    options.nSeed = parser.isSet(QStringLiteral("seed")) ? parser.value(QStringLiteral("seed")).toUInt()
-                                                         : QRandomGenerator::global()->generate() % 1000000;
-    options.nSteps = parser.isSet(QStringLiteral("steps")) ? parser.value(QStringLiteral("steps")).toInt() : options.nSteps;
-    options.nMinutes = parser.value(QStringLiteral("minutes")).toInt();
+    const int nRandom = static_cast<int>(QRandomGenerator::global()->generate() % 1000000);
+    options.nSeed = static_cast<quint32>(ReadNumber(parser, QStringLiteral("seed"), nRandom));
+    options.nSteps = ReadNumber(parser, QStringLiteral("steps"), options.nSteps);
+    options.nMinutes = ReadNumber(parser, QStringLiteral("minutes"), options.nMinutes);
     options.bTell = parser.isSet(QStringLiteral("tell"));
     options.listVerb = parser.value(QStringLiteral("verbs")).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     options.strStory = parser.value(QStringLiteral("story"));
