@@ -21,6 +21,11 @@ SProcessorNode Station()
     return Processor("Mixer 10.0 left").Type(12, "KX-4 desk").Ip("10.0.0.1");
 }
 
+/// A record of a library's own kind.
+struct SOtherNode final : SNode
+{
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(SProcessorNode)
@@ -39,6 +44,14 @@ private slots:
         QCOMPARE(int(NodeGroup), 2);
         QCOMPARE(int(NodeProcessor), 3);
         QCOMPARE(int(NodeInfo), 4);
+    }
+
+    void aNewRecordIsOpenAndOfNoKind()
+    {
+        const SOtherNode node;
+        QCOMPARE(node.bExpanded, true);
+        QVERIFY(node.strName.isNull());
+        QCOMPARE(node.nNodeType, 0);
     }
 
     void aNewRootIsAnOpenAndEmptyRootNamedAllProcessors()

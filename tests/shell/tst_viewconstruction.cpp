@@ -78,6 +78,14 @@ class CViewConstructionTest : public QObject
     Q_OBJECT
 
 private slots:
+    void theStyleSheetPaintsThePanelItself()
+    {
+        CPanelFixture panel;
+        panel.View()->setStyleSheet(QStringLiteral("#ProcessorTreeView { border-right: 1px solid #123456 }"));
+        const QImage image = panel.View()->grab().toImage();
+        QCOMPARE(image.pixelColor(image.width() - 1, image.height() / 2), QColor("#123456")); // right of the trees
+    }
+
     void theStyleSheetFindsItsHooks_data()
     {
         QTest::addColumn<QString>("name");

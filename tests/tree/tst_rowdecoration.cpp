@@ -1,8 +1,10 @@
 #include "TestMain.h"
 #include "fixtures/CTreeFixture.h"
+#include "tree/CRowPainter.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QPainter>
 
 namespace {
 
@@ -35,6 +37,17 @@ QPoint Bare(const CTreeFixture& fixture, const QModelIndex& index)
 QColor ColorAt(const QImage& image, const QPoint& pos)
 {
     return image.pixelColor(pos);
+}
+
+/// A row of 300 pixels, painted ten times as large so that every edge has pixels of its full colour.
+QImage PaintLarge(EnRowMark mark)
+{
+    QImage image(3000, 320, QImage::Format_ARGB32);
+    image.fill(colorBackground);
+    QPainter painter(&image);
+    painter.scale(10, 10);
+    CRowPainter(painter).PaintNode(QRect(0, 0, 300, 32), mark);
+    return image;
 }
 
 } // namespace
@@ -197,6 +210,20 @@ private slots:
         QCOMPARE(ColorAt(fixture.Grab(), Bare(fixture, fixture.Row("loose"))), colorBackground);
         Hover(fixture, fixture.Row("loose"));
         QCOMPARE(ColorAt(fixture.Grab(), Bare(fixture, fixture.Row("loose"))), colorHovered);
+    }
+
+    void whereADropWouldGoIsMarkedInItsColour_data()
+    {
+        QTest::addColumn<int>("nMark");
+        QTest::newRow("beside a processor") << int(EnRowMark::DropLine);
+        QTest::newRow("into a group") << int(EnRowMark::DropFrame);
+    }
+    void whereADropWouldGoIsMarkedInItsColour()
+    {
+        QFETCH(int, nMark);
+        const QImage image = PaintLarge(EnRowMark(nMark));
+        QCOMPARE(image.pixelColor(1500, 10), colorDrop);
+        QCOMPARE(image.pixelColor(1500, 160), colorBackground);
     }
 };
 

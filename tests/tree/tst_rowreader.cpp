@@ -61,6 +61,27 @@ public:
     mutable int nAsked = 0;
 };
 
+/// The number that Qt gives to the next object after a widget has got the focus.
+class CNextNumber : public QObject
+{
+public:
+    explicit CNextNumber(QWidget* pWidget)
+    {
+        pWidget->installEventFilter(this); // runs before the filters that are there
+    }
+    QAccessible::Id nId = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn) {
+            QWidget widget; // gives its number back when it ends
+            nId = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&widget));
+        }
+        return false;
+    }
+};
+
 /// Runs the event loop until it has nothing to do, timers of no delay among it.
 void Settle()
 {
@@ -347,6 +368,21 @@ private slots:
         pFixture->Press(Qt::Key_Down);
         QCOMPARE(reader.Heard().last(), QStringLiteral("focus: beta, offline / group Stage, 10.0.0.2"));
         QVERIFY(!QAccessible::accessibleInterface(id));
+    }
+
+    void aNumberIsTakenForNobodyBeforeTheEditorEnds()
+    {
+        const CScreenReader reader;
+        pFixture->Click(Row());
+        pFixture->Press(Qt::Key_F2);
+        const CNextNumber next(pFixture->pTree.data());
+        bool bTaken = false;
+        const auto connection
+            = QObject::connect(qApp, &QApplication::focusChanged, [&] { bTaken = QAccessible::accessibleInterface(next.nId); });
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QObject::disconnect(connection);
+        QVERIFY(next.nId != 0);
+        QVERIFY(bTaken);
     }
 
     void chiefModeIsAnnouncedForTheFocusedGroup()
