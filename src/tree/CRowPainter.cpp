@@ -24,12 +24,10 @@ void CRowPainter::PaintNode(const QRect& rcRow, EnRowMark mark)
     case EnRowMark::Hovered:
         painter.fillPath(shape.GetNodePath(), QColor(RowLook::rgbHovered));
         break;
-    case EnRowMark::DropLine: {
-        const QRect rcLine = shape.GetDropLine();
+    case EnRowMark::DropLine:
         painter.setPen(QColor(RowLook::rgbDrop));
-        painter.drawRects(&rcLine, 1);
+        painter.drawRects(QVector<QRect>{ shape.GetDropLine() });
         break;
-    }
     case EnRowMark::DropFrame:
         painter.setPen(QColor(RowLook::rgbDrop));
         painter.drawPath(shape.GetNodePath());

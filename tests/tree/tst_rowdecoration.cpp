@@ -155,6 +155,15 @@ private slots:
         QCOMPARE(ColorAt(image, Bare(fixture, fixture.Info("alpha"))), colorBackground);
     }
 
+    void onlyTheCardOfTheHoveredProcessorIsHovered()
+    {
+        CTreeFixture fixture(Root({}, { Processor("alpha").Expanded(true), Processor("beta").Expanded(true) }));
+        Hover(fixture, fixture.Row("alpha"));
+        const QImage image = fixture.Grab();
+        QCOMPARE(ColorAt(image, Bare(fixture, fixture.Info("alpha"))), colorHoveredCard);
+        QCOMPARE(ColorAt(image, Bare(fixture, fixture.Info("beta"))), colorBackground);
+    }
+
     void theCardOfAProcessorHasTheColourOfItsState_data()
     {
         QTest::addColumn<bool>("bSelected");
