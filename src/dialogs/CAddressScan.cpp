@@ -1,9 +1,11 @@
 #include "dialogs/CAddressScan.h"
 
+#include <algorithm>
+
 CAddressScan::CAddressScan(quint32 nStart)
 {
-    for (int i = nPlaces - 1; i >= 0; --i) {
-        arrPlace[i] = int(nStart & 0xFF);
+    for (auto it = arrPlace.rbegin(); it != arrPlace.rend(); ++it) {
+        *it = int(nStart & 0xFF);
         nStart >>= 8;
     }
 }
@@ -19,17 +21,12 @@ quint32 CAddressScan::GetAddress() const
 
 bool CAddressScan::Next()
 {
-    int i = nPlaces - 1;
-    while (i >= 0 && arrPlace[i] >= nHighest) {
-        --i;
-    }
-    if (i < 0) {
+    const auto itLast = std::find_if(arrPlace.rbegin(), arrPlace.rend(), [](int nPlace) { return nPlace < nHighest; });
+    if (itLast == arrPlace.rend()) {
         return false;
     }
-    ++arrPlace[i];
-    while (++i < nPlaces) {
-        arrPlace[i] = 0;
-    }
+    ++*itLast;
+    std::fill(itLast.base(), arrPlace.end(), 0);
     return true;
 }
 

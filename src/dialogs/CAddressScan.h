@@ -2,6 +2,8 @@
 
 #include <QSet>
 
+#include <array>
+
 /// The walk over the addresses that a new processor may be offered, in order. Each place runs up to 254
 /// and then starts again at 0 while the place before it goes up by one, so no address with 255 in any
 /// place is ever met. Addresses are in host order.
@@ -23,8 +25,7 @@ public:
     static constexpr quint32 nFirst = 0xC0A8010A; ///< 192.168.1.10
 
 private:
-    static constexpr int nPlaces = 4;
     static constexpr int nHighest = 254; ///< of each place
 
-    int arrPlace[nPlaces]; ///< the four numbers of the address, the first one leftmost
+    std::array<int, 4> arrPlace; ///< the four numbers of the address, the first one leftmost
 };

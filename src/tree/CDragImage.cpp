@@ -65,10 +65,8 @@ QPoint CDragImage::GetHotSpot() const
 void CDragImage::RemoveBackground(QImage& image, const QColor& background)
 {
     image = std::move(image).convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        QRgb* const pLine = reinterpret_cast<QRgb*>(image.scanLine(y));
-        std::replace(pLine, pLine + image.width(), background.rgba(), qRgba(0, 0, 0, 0));
-    }
+    QRgb* const pPixels = reinterpret_cast<QRgb*>(image.bits()); // lines of 32 bits a pixel have no gap between them
+    std::replace(pPixels, pPixels + image.sizeInBytes() / sizeof(QRgb), background.rgba(), qRgba(0, 0, 0, 0));
 }
 
 void CDragImage::Paint(QTreeView& treeView, const QVector<QRect>& vecRow)
