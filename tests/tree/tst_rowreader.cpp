@@ -4,6 +4,7 @@
 #include "CScreenReader.h"
 #include "TestMain.h"
 #include "TreeText.h"
+#include "data/CProcessorTreeData.h"
 #include "fixtures/CTreeFixture.h"
 
 #include <QLineEdit>
@@ -493,6 +494,23 @@ private slots:
         pFixture->Change([](SControlAnswers& answers) { answers.vecDiscoveredSelection = { ProcessorId("beta") }; });
         Settle();
         QCOMPARE(reader.Heard(), QStringList({ "focus: beta, offline / group Stage, 10.0.0.2" }));
+    }
+
+    void theLibraryHearsOfASelectionBeforeTheReader()
+    {
+        const CScreenReader reader;
+        static QStringList listHeard;
+        listHeard.clear();
+        const auto handlerBefore = QAccessible::installUpdateHandler([](QAccessibleEvent* pEvent) {
+            if (pEvent->type() == QAccessible::SelectionAdd) {
+                listHeard.append(QStringLiteral("reader"));
+            }
+        });
+        QObject::connect(g_pProcessorTreeData, &CProcessorTreeData::NotifyButton, pFixture->pTree.data(),
+                         [] { listHeard.append(QStringLiteral("library")); });
+        pFixture->Click(pFixture->Row("beta"));
+        QAccessible::installUpdateHandler(handlerBefore);
+        QCOMPARE(listHeard, QStringList({ "library", "reader" }));
     }
 
     void aSelectionThatChangesNothingIsNotAnnounced()
