@@ -351,6 +351,28 @@ private slots:
         QVERIFY(other.hasFocus());
     }
 
+    void aSecondRebuildLeavesTheFocusThatTheTreeHasByThen()
+    {
+        CTreeFixture fixture(Site());
+        QVERIFY(OpenEditor(fixture, "alpha"));
+        fixture.pTree->RefreshTree();
+        fixture.pTree->setFocus();
+        fixture.pTree->RefreshTree(); // the editor has not ended yet
+        QVERIFY(fixture.pTree->hasFocus());
+    }
+
+    void anotherEditorThatClosesLeavesTheOpenOneWatched()
+    {
+        CTreeFixture fixture(Site());
+        QLineEdit* const pEditor = OpenEditor(fixture, "alpha");
+        QLineEdit other(fixture.pTree->viewport());
+        fixture.pTree->closeEditor(&other, QAbstractItemDelegate::NoHint);
+        fixture.pTree->selectionModel()->select(fixture.Root(), QItemSelectionModel::ClearAndSelect);
+        fixture.pTree->DealAction(ActionRename); // opens none, and nothing is reported until an editor has ended
+        delete pEditor;
+        QVERIFY(ReportsSelections(fixture));
+    }
+
     void theLateEndOfATakenEditorLeavesReportsOff()
     {
         CTreeFixture fixture(Site());
