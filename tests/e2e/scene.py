@@ -1,5 +1,6 @@
 """What every end-to-end test starts from: a desktop, the application with a small list, and its end."""
 
+import itertools
 import os
 import pathlib
 import shutil
@@ -66,9 +67,14 @@ class Scene(unittest.TestCase):
         self.kestrel.wait_for("SetSelectedNodes", after=mark)
 
     def wait_for_hover(self, row):
-        """Moves the mouse to a row that is not selected and waits until it is lit."""
-        self.desktop.move(*self.kestrel.row(row, 200))
-        self.kestrel.wait_for_pixel("the row under the mouse lit", self.kestrel.row(row, 250), lambda colour: colour == HOVERED)
+        """Moves the mouse on a row that is not selected until it is lit: a move may come while a drag still ends."""
+        columns = itertools.cycle((200, 201))
+
+        def is_lit():
+            self.desktop.move(*self.kestrel.row(row, next(columns)))
+            return self.kestrel.pixel(self.kestrel.row(row, 250)) == HOVERED
+
+        desktop.wait_until("the row under the mouse lit", is_lit)
 
     def expect_commands(self, expected, after):
         """The commands behind the mark are exactly these, in this order."""
