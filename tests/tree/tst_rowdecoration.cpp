@@ -46,6 +46,7 @@ QImage PaintLarge(EnRowMark mark)
     image.fill(colorBackground);
     QPainter painter(&image);
     painter.scale(10, 10);
+    painter.setBrush(Qt::red); // of whoever painted before
     CRowPainter(painter).PaintNode(QRect(0, 0, 300, 32), mark);
     return image;
 }
