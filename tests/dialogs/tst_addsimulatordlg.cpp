@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 
 namespace {
 
@@ -283,6 +284,18 @@ private slots:
         QCOMPARE(dlg.GetOutput(), 3);
         QVERIFY(parts.pOutput->isEnabled());
         QCOMPARE(parts.VisibleOutputs(), QStringList({ "5G port", "10G fiber" }));
+    }
+
+    void anOutputThatFollowsItsTypeIsNobodysChoice()
+    {
+        const CAddSimulatorDlg dlg(&pHost->window);
+        const SParts parts(dlg);
+        const QSignalSpy chosen(parts.pOutput, &CComboBox::SelectChanged);
+        parts.ChooseType(41);
+        QCOMPARE(dlg.GetOutput(), 1);
+        parts.ChooseType(13);
+        QCOMPARE(dlg.GetOutput(), 3);
+        QCOMPARE(chosen.count(), 0);
     }
 
     void anyOtherTypeKeepsTheOutput()
