@@ -89,6 +89,18 @@ private slots:
         QCOMPARE(paints.nCount, 1);
     }
 
+    void whatIsWrittenIntoARowBesidesIsPainted()
+    {
+        CTreeFixture fixture(Site(3));
+        Settle();
+        CEventCounter paints(fixture.pTree->viewport(), QEvent::Paint);
+
+        QVERIFY(fixture.pTree->model()->setData(fixture.Row("alpha"), QStringLiteral("a tip"), Qt::ToolTipRole));
+        Settle();
+
+        QCOMPARE(paints.nCount, 1);
+    }
+
     void aViewThatIsWiderReachesItsNewEdge()
     {
         CTreeFixture fixture(Site(3));
