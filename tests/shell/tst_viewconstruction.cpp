@@ -78,16 +78,6 @@ class CViewConstructionTest : public QObject
     Q_OBJECT
 
 private slots:
-    void theTabsStandSideBySideAtTheLeftOfTheHeader()
-    {
-        CPanelFixture panel;
-        const int nWidth = panel.DiscoveredTab()->parentWidget()->width();
-        QCOMPARE(panel.DiscoveredTab()->x(), 0);
-        QCOMPARE(panel.SimulatorTab()->x(), panel.DiscoveredTab()->width());
-        QCOMPARE(panel.RefreshButton()->geometry().right(), nWidth - 1);
-        QVERIFY(panel.SimulatorTab()->geometry().right() < panel.RefreshButton()->x());
-    }
-
     void theStyleSheetPaintsThePanelItself()
     {
         CPanelFixture panel;
