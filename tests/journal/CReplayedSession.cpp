@@ -45,6 +45,12 @@ public:
 
 } // namespace
 
+// It starts behind the last read of a refresh, which asks for the pane.
+bool CReplayedSession::BeginsWithSimulators(const CRecordedRun& run)
+{
+    return !run.HasBeginning() && run.GetLines().at(run.GetFirstPlace() - 1).fields.value("result").toBool();
+}
+
 void CReplayedSession::Play(const CRecordedRun& run, const std::vector<SSessionStep>& vecStep)
 {
     CReplayLibrary library(run);
@@ -62,6 +68,7 @@ void CReplayedSession::Play(const CRecordedRun& run, const std::vector<SSessionS
         SPlay play{ run.GetLines(), vecStep, library, session, run.GetTeardownNumber(), run.GetFirstPlace() };
         session.fnBeforeAnswer = [&] { PlayLines(play, true); };
         if (!run.HasBeginning()) {
+            session.ChoosePane(BeginsWithSimulators(run));
             library.ShowFirstState();
         }
         PlayLines(play, false);

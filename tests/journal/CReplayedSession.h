@@ -16,6 +16,9 @@ public:
     /// Looks at, or changes, the library before a line is delivered.
     std::function<void(CReplayLibrary&, const SRecordedLine&)> fnBefore;
 
+    /// Whether the simulators were shown where a run without its beginning starts.
+    static bool BeginsWithSimulators(const CRecordedRun& run);
+
     /// Plays all of it and ends the panel.
     void Play(const CRecordedRun& run, const std::vector<SSessionStep>& vecStep);
 

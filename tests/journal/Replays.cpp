@@ -22,6 +22,27 @@ QString Replays::Play(const CRecordedRun& run, const std::vector<SSessionStep>& 
     return QStringLiteral("%1 instead of %2").arg(replayed.GetText(), recorded.GetText());
 }
 
+QString Replays::PlayWithoutFirstFiles(const CRecordedSession& recorded, const std::vector<SSessionStep>& vecStep,
+                                       const std::function<void(const CRecordedRun&)>& fnBefore)
+{
+    CRecordedRun run = Read(recorded);
+    while (run.GetFirstPlace() < run.GetLines().size()) {
+        if (fnBefore) {
+            fnBefore(run);
+        }
+        const QString strFault = Play(run, vecStep, recorded);
+        if (!strFault.isEmpty()) {
+            return strFault;
+        }
+        recorded.RemoveFirstFiles(1);
+        QString strError;
+        if (!run.Read(recorded.GetFolder(), strError)) {
+            break;
+        }
+    }
+    return run.HasBeginning() ? QStringLiteral("the run is in one file") : QString();
+}
+
 QString Replays::FindFault(const std::function<QString()>& fnPlay)
 {
     QString strFault = fnPlay();

@@ -20,6 +20,13 @@ SSessionStep ChoosePane(bool bSimulator)
              [bSimulator](const CPanelSession& session) { return session.HasPane(!bSimulator); } };
 }
 
+SSessionStep Refresh()
+{
+    return { {},
+             [](CPanelSession& session) { session.Refresh(); },
+             [](const CPanelSession& session) { return session.CanRefresh(); } };
+}
+
 SSessionStep AddGroup()
 {
     return { "loose", [](CPanelSession& session) { session.PressButton("Add group"); },
@@ -44,9 +51,7 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
         ChoosePane(true),
         AcceptDialogOf("Add simulators"),
         ChoosePane(false),
-        { {},
-          [](CPanelSession& session) { session.Refresh(); },
-          [](const CPanelSession& session) { return session.CanRefresh(); } },
+        Refresh(),
         AcceptDialogOf("Add a processor"),
         { "other",
           [](CPanelSession& session) {
@@ -88,6 +93,14 @@ std::vector<SSessionStep> SessionSteps::Short()
                            session.Answer("Yes");
                            session.PressButton("Delete");
                        } });
+    return vecStep;
+}
+
+std::vector<SSessionStep> SessionSteps::InTheOtherPane()
+{
+    std::vector<SSessionStep> vecStep(5, Refresh());
+    vecStep.insert(vecStep.begin(), { ChoosePane(true), AcceptDialogOf("Add simulators") });
+    vecStep.insert(vecStep.end(), { ChoosePane(false), { "alpha", [](CPanelSession& session) { session.Click("alpha"); } } });
     return vecStep;
 }
 

@@ -14,6 +14,9 @@ std::vector<SSessionStep> Selections();
 /// Some selections, a group whose id the panel makes, and a row deleted.
 std::vector<SSessionStep> Short();
 
+/// A simulator is added and the list refreshed again and again, before the user goes back to the devices.
+std::vector<SSessionStep> InTheOtherPane();
+
 /// Devices that change in bursts.
 QByteArray Storm();
 

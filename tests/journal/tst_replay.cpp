@@ -272,6 +272,17 @@ private slots:
         }
     }
 
+    void aRunThatBeginsInTheOtherPanePlays()
+    {
+        const std::vector<SSessionStep> vecStep = SessionSteps::InTheOtherPane();
+        const CRecordedSession recorded({ vecStep, {}, false, 4096 });
+        int nSimulators = 0;
+        const auto count = [&](const CRecordedRun& run) { nSimulators += CReplayedSession::BeginsWithSimulators(run) ? 1 : 0; };
+
+        QCOMPARE(Replays::PlayWithoutFirstFiles(recorded, vecStep, count), QString());
+        QVERIFY(nSimulators > 0);
+    }
+
     void aMaskedRecordingPlays()
     {
         const CRecordedSession recorded({ { { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },

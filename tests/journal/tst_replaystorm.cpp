@@ -74,19 +74,7 @@ private:
     {
         const CRecordedSession recorded({ vecStep, SessionSteps::Storm(), false, 8192 });
         const CLoad load;
-        CRecordedRun run = Replays::Read(recorded);
-        while (run.GetFirstPlace() < run.GetLines().size()) {
-            const QString strFault = Replays::Play(run, vecStep, recorded);
-            if (!strFault.isEmpty()) {
-                return strFault;
-            }
-            recorded.RemoveFirstFiles(1);
-            QString strError;
-            if (!run.Read(recorded.GetFolder(), strError)) {
-                break;
-            }
-        }
-        return run.HasBeginning() ? QStringLiteral("the run is in one file") : QString();
+        return Replays::PlayWithoutFirstFiles(recorded, vecStep);
     }
 
     QString PlayTenTimes() const
