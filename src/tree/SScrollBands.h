@@ -10,6 +10,6 @@ struct SScrollBands
     /// size is the tree's; pos is that of the drag, in the viewport. In a tree lower than both bands it can be in both.
     SScrollBands(const QSize& size, const QPoint& pos);
 
-    bool bUp = false;   ///< pos is in the upper band
-    bool bDown = false; ///< pos is in the lower band
+    bool bUp;   ///< pos is in the upper band
+    bool bDown; ///< pos is in the lower band
 };

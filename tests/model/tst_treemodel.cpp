@@ -3,6 +3,7 @@
 #include "TreeText.h"
 #include "model/CProcessorItem.h"
 #include "model/EnItemRole.h"
+#include "model/SRowKey.h"
 #include "nodes/EnNodeType.h"
 
 #include <QSignalSpy>
@@ -106,6 +107,18 @@ private slots:
         QTEST(index.data(RoleNodeType).toInt(), "nKind");
         QTEST(index.row(), "nRow");
         QCOMPARE(index.parent().data(RoleNodeId).toUuid(), idParent);
+    }
+
+    void everyRowIsFoundByItsKey()
+    {
+        CModelFixture fixture(TwoGroups());
+        fixture.Rebuild();
+        const QModelIndexList listIndex = fixture.pModel->match(fixture.pModel->index(0, 0), RoleNodeType, QString(), -1,
+                                                                Qt::MatchContains | Qt::MatchRecursive);
+        QCOMPARE(listIndex.size(), 13);
+        for (const QModelIndex& index : listIndex) {
+            QCOMPARE(fixture.pModel->FindRow(SRowKey::Of(index)), index);
+        }
     }
 
     void anIdWithoutARowGivesTheRoot_data()

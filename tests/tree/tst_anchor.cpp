@@ -388,6 +388,20 @@ private slots:
         QCOMPARE(fixture.Selected(), (QStringList{ "c", "d" }));
     }
 
+    void aRangeFromAnInformationRowStartsThereAfterARebuild()
+    {
+        CTreeFixture fixture(
+            Root({}, { Processor("a").Expanded(false), Processor("b").Expanded(false), Processor("open").Expanded(true) }));
+        fixture.Press(Qt::Key_End);
+        QCOMPARE(fixture.pTree->currentIndex(), fixture.Info("open"));
+        Rebuild(fixture);
+        ClickRow(fixture, "b", Qt::ShiftModifier);
+        for (const QModelIndex& index : { fixture.Row("b"), fixture.Row("open"), fixture.Info("open") }) {
+            QVERIFY(fixture.pTree->selectionModel()->isSelected(index));
+        }
+        QVERIFY(!fixture.pTree->selectionModel()->isSelected(fixture.Row("a")));
+    }
+
     void aRangeWithNothingToStartAtIsTheClickedRow()
     {
         CTreeFixture fixture(Site());
