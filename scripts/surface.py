@@ -53,7 +53,9 @@ def dump(root, folder):
     """The records and tables of the headers, as abigail's file in the folder."""
     (folder / "surface.cpp").write_text(source(root), encoding="utf-8")
     flags = run("pkg-config", "--cflags", "Qt5Core", "Qt5Network", "Qt5Widgets").split()
-    run("g++", *OPTIONS, *(f"-I{root / place}" for place in INCLUDE_ROOTS), *flags, folder / "surface.cpp", "-o", folder / "surface.so")
+    named = f"-fdebug-prefix-map={folder}=."  # the same surface is the same file
+    run("g++", *OPTIONS, *(f"-I{root / place}" for place in INCLUDE_ROOTS), *flags, named, folder / "surface.cpp", "-o",
+        folder / "surface.so")
     directories = [word for name in HEADERS for word in ("--headers-dir", root / name)]
     run("abidw", *FORM, *directories, "--out-file", folder / "surface.abi", folder / "surface.so")
     return folder / "surface.abi"
