@@ -8,6 +8,7 @@ namespace {
 constexpr int nMilliseconds = 20; // a call is late by so much: it is waited for in real time
 constexpr int nKinds = 14;
 constexpr int nThrow = 2;
+constexpr int nRefuseSelection = 3;
 constexpr int nLose = 7;
 constexpr int nReorder = 9;
 constexpr int nFlicker = 11;
@@ -42,7 +43,7 @@ QJsonObject BuildCallFault(int nFault, int nDetail)
                  { "call", PickCall(nDetail) },
                  { "count", 1 + nDetail % 2 },
                  { "thrown", nDetail % 3 == 0 ? "other" : "error" } };
-    case 3:
+    case nRefuseSelection:
         return { { "do", "refuse-selection" }, { "count", 1 + nDetail % 2 } };
     case 4:
         return { { "do", "import-code" }, { "code", nDetail % 7 } };
@@ -101,7 +102,7 @@ void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QS
     const QJsonObject step = BuildStep(nFault, nDetail, strNode, strOther);
     Run(library, step);
     const int nKind = nFault % nKinds;
-    bDeaf = bDeaf || nKind == nThrow || nKind == nLose || nKind == nReorder;
+    bDeaf = bDeaf || nKind == nThrow || nKind == nRefuseSelection || nKind == nLose || nKind == nReorder;
     if (nKind == nFlicker) {
         listFlickering.append(QUuid(strNode));
     } else if (nKind == nCollide) {

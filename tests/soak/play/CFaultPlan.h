@@ -32,7 +32,8 @@ public:
         return !listCollided.isEmpty();
     }
 
-    /// Whether the panel may not have heard what the library has selected: Delete, which takes what it has heard, may hit that.
+    /// Whether the panel may not have heard what the library has selected, or the library not what the panel has: Delete, which
+    /// takes what the panel has heard, may hit that.
     bool IsDeaf() const
     {
         return bDeaf;
