@@ -39,7 +39,6 @@ QAbstractButton* Button(const CFaultWindow& scene, const QString& strToolTip)
 /// All that the panel does off the GUI thread, at the same time: the worker's reading, a job of the pool and three threads.
 void StartEverything(const CFaultWindow& scene)
 {
-    scene.kestrel.pHost->OpenProject(QStringLiteral("Aurora"));
     scene.kestrel.pPanel->GetWidget()->findChild<QAbstractButton*>(QStringLiteral("IconButtonTitle"))->click();
     for (const char* szNode : { "Door 1", "Main stage" }) {
         scene.kestrel.Select({ szNode });
@@ -49,6 +48,7 @@ void StartEverything(const CFaultWindow& scene)
     driver.Answer("DialogAccept");
     Button(scene, QStringLiteral("Add a processor"))->click();
     QTRY_VERIFY(driver.IsDone());
+    scene.kestrel.pHost->OpenProject(QStringLiteral("Aurora")); // whose processors are not deleted any more
 }
 
 /// The calls that have not been as late as they should yet.
