@@ -103,6 +103,9 @@ QString CStoryRun::EndStep(const SPanelPicture& after)
         scene.arrExpected[after.bSimulator ? 1 : 0].Adopt(after, after.bSimulator);
         return {};
     }
+    if (scene.faults.IsRefusing()) { // and the next refresh brings the library's selection back
+        scene.arrExpected[after.bSimulator ? 1 : 0].Adopt(after, after.bSimulator);
+    }
     return scene.faults.EndStep(scene.panel.library) ? EndFault() : QString();
 }
 

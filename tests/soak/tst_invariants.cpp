@@ -267,7 +267,7 @@ private slots:
         QTest::newRow("a group ends what F2 on the root has begun")
             << "click.0.0 rename.0.0 click.0.12 menu.1.12 click.0.4" << "";
         QTest::newRow("a refused selection leaves the one that a search hides")
-            << "search.7.0 pick.0.0 delete.0.0 device.30.8 fault.31.1 fold.0.0 delete.0.0" << "";
+            << "search.7.0 pick.0.0 delete.0.0 device.30.8 fault.31.1 fold.0.0 delete.0.0" << "filter";
     }
 
     void whatWasFoundPasses()

@@ -102,7 +102,8 @@ void CFaultPlan::Arm(CControlLibrary& library, int nFault, int nDetail, const QS
     const QJsonObject step = BuildStep(nFault, nDetail, strNode, strOther);
     Run(library, step);
     const int nKind = nFault % nKinds;
-    bDeaf = bDeaf || nKind == nThrow || nKind == nRefuseSelection || nKind == nLose || nKind == nReorder;
+    bDeaf = bDeaf || nKind == nThrow || nKind == nLose || nKind == nReorder;
+    bRefusing = bRefusing || nKind == nRefuseSelection;
     if (nKind == nFlicker) {
         listFlickering.append(QUuid(strNode));
     } else if (nKind == nCollide) {
@@ -134,6 +135,7 @@ void CFaultPlan::End(CControlLibrary& library)
     library.faults.calls.TakeExportCode();
     EndMisreading(library);
     bDeaf = false;
+    bRefusing = false;
 }
 
 // Also of a node that has gone, for an import may bring it back; a step would be passed over.

@@ -32,11 +32,16 @@ public:
         return !listCollided.isEmpty();
     }
 
-    /// Whether the panel may not have heard what the library has selected, or the library not what the panel has: Delete, which
-    /// takes what the panel has heard, may hit that.
+    /// Whether the panel may not have heard what the library has selected: Delete, which takes what it has heard, may hit that.
     bool IsDeaf() const
     {
         return bDeaf;
+    }
+
+    /// Whether the library may have refused what the panel has selected.
+    bool IsRefusing() const
+    {
+        return bRefusing;
     }
 
 private:
@@ -45,6 +50,7 @@ private:
 
     int nStepsLeft = 0;
     bool bDeaf = false;
+    bool bRefusing = false;
     QList<QUuid> listFlickering; ///< that are read with other values
     QList<QUuid> listCollided;   ///< that are read with the id of another
     QList<QJsonObject> listEnd;  ///< the steps that end what has no end of its own
