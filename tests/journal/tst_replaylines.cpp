@@ -44,6 +44,15 @@ QJsonObject MakeLine(double dNumber, const QString& strKind, const QString& strO
     return line;
 }
 
+/// Of the tool bar.
+QJsonObject MakeQuestion(double dNumber, const QUuid& id)
+{
+    QJsonObject line = MakeLine(dNumber, "call", "IsDeleteBlocked", { { "result", false } });
+    line["object"] = "RuntimeControl";
+    line["args"] = QJsonArray{ id.toString(QUuid::WithoutBraces) };
+    return line;
+}
+
 /// As it is before it is edited, without gaps.
 void NumberAsBefore(CEditedRecording& recording)
 {
@@ -202,6 +211,42 @@ private slots:
         replayed.Play(edited.Read(), vecStep);
 
         QCOMPARE(replayed.GetFault().isEmpty(), bAsked);
+    }
+
+    void aCommandThatSelectsWhatWasReadBeforeIsTheUsersOwn_data()
+    {
+        QTest::addColumn<bool>("bHandedBack");
+        QTest::newRow("alone") << false;
+        QTest::newRow("and handed back") << true;
+    }
+
+    // It looks like one that is handed back to the library.
+    void aCommandThatSelectsWhatWasReadBeforeIsTheUsersOwn()
+    {
+        QFETCH(bool, bHandedBack);
+        const std::vector<SSessionStep> vecClick{
+            { "loose", [](CPanelSession& session) { session.Click("loose"); } },
+            { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },
+        };
+        const CRecordedSession recorded(SSessionPlan{ vecClick });
+        CEditedRecording edited(recorded.GetFolder());
+        const int nAt = edited.Find("SetSelectedNodes", edited.FindLast("step"));
+        edited.listLine[edited.Find("GetSelectedNodes")]["result"] = edited.listLine[nAt]["args"].toArray().at(0);
+        const double dBefore = edited.listLine[nAt]["n"].toDouble() - 1;
+        edited.listLine.insert(nAt, MakeQuestion(dBefore, QUuid())); // does not come
+        if (bHandedBack) {                                           // nor does this
+            const int nLock = edited.Find("IsSimulatorPane", nAt);
+            QJsonObject again = edited.listLine[nAt + 1];
+            again["n"] = edited.listLine[nLock]["n"].toDouble() + 1;
+            edited.listLine.insert(nLock + 1, again);
+        }
+
+        CReplayedSession replayed;
+        replayed.nMostWait = 1000;
+        replayed.Play(edited.Read(), vecClick);
+
+        QCOMPARE(replayed.GetFault(), QString());
+        QCOMPARE(replayed.GetText(), recorded.GetText());
     }
 
 private:

@@ -24,6 +24,12 @@ SReplayMatch CGuiCalls::Take(const SReplayedCall& call, const SReplayMoment& mom
     if (nAt < calls.GetSize() && calls.Match(nAt, call, moment.ids)) {
         return Accept(nAt);
     }
+    const int nDemanded = calls.FindOpen(nNext, false);
+    const bool bDemanded = nDemanded < calls.GetSize();
+    const bool bDue = bDemanded && calls.GetLine(nDemanded).nNumber < moment.nExpected;
+    if (bDue && calls.Match(nDemanded, call, moment.ids)) { // even where it could be one that is handed back
+        return Accept(nDemanded);
+    }
     const int nExcused = FindExcused(call, moment);
     if (nExcused < calls.GetSize()) {
         calls.SetState(nExcused, CExpectedCalls::Made);
@@ -32,11 +38,7 @@ SReplayMatch CGuiCalls::Take(const SReplayedCall& call, const SReplayMoment& mom
     if (bExcused) {
         return { Answer(call, moment), 0, {}, nullptr, 0 };
     }
-    const int nDemanded = calls.FindOpen(nNext, false);
-    if (nDemanded < calls.GetSize() && calls.Match(nDemanded, call, moment.ids)) {
-        return Accept(nDemanded);
-    }
-    return Refuse(call, moment);
+    return bDemanded && calls.Match(nDemanded, call, moment.ids) ? Accept(nDemanded) : Refuse(call, moment);
 }
 
 SReplayMatch CGuiCalls::Accept(int nAt)
