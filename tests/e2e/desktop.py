@@ -20,7 +20,9 @@ from PIL import ImageChops, ImageGrab
 DEADLINE = 20.0  # seconds that anything may take
 POLL = 0.03
 START = 20.0  # seconds that a server or a window manager may take
-RESTS = 8  # looks at the rows at the end of a run
+RESTING = 2.0  # seconds that the rows may take to come to rest at the end of a run
+REST = 0.2  # seconds without a change: they have
+GAP = 0.1  # seconds from look to look at most
 TYPIST = 180  # milliseconds from key to key
 
 ROW = 32
@@ -239,16 +241,21 @@ class Kestrel:
         return code
 
     def _remember_rows(self):
-        """What the rows look like at the end, and when, unless they do not come to rest."""
+        """What the rows look like at the end, and when, unless they do not come to rest. Who looked too seldom would take a device
+        that drops out and comes back for one at rest."""
         self.desktop.move(self.desktop.SIZE[0] - 2, self.desktop.SIZE[1] - 2)
         former = None
-        for _ in range(RESTS):
+        begun = seen = time.monotonic()
+        end = seen + RESTING
+        while seen < end:
             rows = self.desktop.grab().convert("RGB").crop(self._rows_on_screen())
-            if former and ImageChops.difference(rows, former).getbbox() is None:
+            before, seen = seen, time.monotonic()
+            if former is None or seen - before > GAP or ImageChops.difference(rows, former).getbbox():
+                former, begun, moment = rows, seen, datetime.datetime.now()  # wall clock: as the recording counts
+            elif seen - begun > REST:
                 self.last_rows, self.last_time = former, moment.strftime("%H:%M:%S.%f")[:-3]
                 return
-            former, moment = rows, datetime.datetime.now()  # wall clock: as the recording counts
-            time.sleep(0.2)  # paced: between two looks at the rows
+            time.sleep(POLL)  # paced: between two looks at the rows
 
     def rows_in_window(self):
         """The rows of the panel: left, top, right, bottom."""
