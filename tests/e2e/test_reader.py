@@ -36,10 +36,21 @@ class Listening(Scene):
         """Down; what is said until and with that line. A refresh that comes between undoes a step, which is made again."""
         before = len(self.reader.lines)
         for _ in range(TRIES):
+            mark = self.kestrel.mark()
             self.desktop.key("Down")
             if desktop.poll(lambda: self.reader.listen() and line in self.reader.lines[before:], UNDONE):
-                return self.reader.lines[before:]
+                said = self.reader.lines[before:]
+                self.wait_for_refresh(mark)
+                return said
         raise desktop.Failure(f"'{line}' is not said; said was {self.reader.lines[before:]}")
+
+    def wait_for_refresh(self, mark):
+        """The panel has read what came of a selection behind that mark: no refresh is on its way that would undo the next step."""
+        def calls():
+            found = self.kestrel.journal("^(SetSelectedNodes|GetDiscoveredTree|IsSimulatorPane)", after=mark)
+            return " ".join(text.split("(")[0] for text in found)
+        desktop.wait_until("a refresh behind the step",
+                           lambda: re.search("SetSelectedNodes.* GetDiscoveredTree.* IsSimulatorPane", calls()))
 
     def said_after_renaming(self, name, line):
         """The focus may be back in the list before the library has renamed: of the old name nothing counts."""
