@@ -311,6 +311,30 @@ private slots:
         QVERIFY(!scene.pMenu->isVisible());
     }
 
+    // On X11 keys still go to the menu for a moment.
+    void aKeyToAMenuThatHasClosedReachesNobody()
+    {
+        CScene scene;
+        CPlaying playing(scene.window);
+        scene.pEdit->setFocus();
+        const QJsonObject menu{ { "menu", "QMainWindow[0]/CMenu[0]" } };
+        const SRecordedLine line = Line("key press",
+                                        { { "window", "QMainWindow[0]/CMenu[0]" },
+                                          { "target", WidgetPath::Get(scene.pEdit) },
+                                          { "key", 'A' },
+                                          { "text", "a" } });
+        QVERIFY(playing.Do(Line("menu", menu)));
+        QVERIFY(playing.Obstacle(line).contains("is not there"));
+
+        QVERIFY(playing.Do(Line("menu closed", menu)));
+        QCOMPARE(playing.Obstacle(line), QString());
+        QVERIFY(playing.Do(line));
+        QCOMPARE(scene.pEdit->text(), QString());
+
+        QVERIFY(playing.Do(Line("menu", menu))); // the next one
+        QVERIFY(playing.Obstacle(line).contains("is not there"));
+    }
+
     void aDialogThatStaysOpenIsAnsweredAsItWas()
     {
         CScene scene;

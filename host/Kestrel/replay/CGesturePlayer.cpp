@@ -103,7 +103,8 @@ void CGesturePlayer::Prepare() const
 
 QString CGesturePlayer::FindObstacle(const SRecordedLine& line) const
 {
-    const bool bFree = IsConsequence(line) || follower.IsAway(line) || follower.IsForeignMenuKey(line);
+    const bool bFree
+        = IsConsequence(line) || follower.IsAway(line) || follower.IsForeignMenuKey(line) || follower.IsBehindMenu(line);
     return bFree ? QString() : (this->*FindOperation(line)->fnFind)(line);
 }
 

@@ -174,6 +174,11 @@ bool CScreenFollower::IsAway(const SRecordedLine& line) const
                        [&](const QString& strAway) { return strWindow.startsWith(strAway) || strTarget.startsWith(strAway); });
 }
 
+bool CScreenFollower::IsBehindMenu(const SRecordedLine& line) const
+{
+    return setClosed.contains(GetText(line, "window"));
+}
+
 void CScreenFollower::ExpectMissing(bool bExpected)
 {
     bMissing = bExpected;
@@ -211,6 +216,7 @@ const QAction* CScreenFollower::FindEntry(const SRecordedLine& line) const
 
 bool CScreenFollower::FollowMenu(const SRecordedLine& line)
 {
+    setClosed.remove(GetText(line, "menu"));
     auto* pMenu = qobject_cast<QMenu*>(WidgetPath::Find(GetText(line, "menu")));
     auto* pBar = pMenu ? qobject_cast<QMenuBar*>(pMenu->parentWidget()) : nullptr;
     if (pBar && !pMenu->isVisible()) {
@@ -222,6 +228,7 @@ bool CScreenFollower::FollowMenu(const SRecordedLine& line)
 // By the entry that was chosen, where it can be: closing it alone would choose none.
 bool CScreenFollower::FollowMenuEnd(const SRecordedLine& line)
 {
+    setClosed.insert(GetText(line, "menu"));
     auto* pMenu = FindOpen<QMenu>(line, "menu");
     auto* pMenuOfEntry = pEntryNext ? FindOpen<QMenu>(*pEntryNext, "menu") : nullptr;
     const QAction* pEntry = pMenuOfEntry ? FindEntry(*pEntryNext) : nullptr;

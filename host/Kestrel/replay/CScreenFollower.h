@@ -54,6 +54,9 @@ public:
     /// one that asks for files.
     bool IsAway(const SRecordedLine& line) const;
 
+    /// Whether a gesture goes to a menu that had closed before: it reached nobody.
+    bool IsBehindMenu(const SRecordedLine& line) const;
+
     /// Whether the last gesture asked for a part of the host that a replay does not have: a dialog that does not come is then
     /// one of that part.
     void ExpectMissing(bool bExpected);
@@ -84,6 +87,7 @@ private:
     CUnwinding unwinding;
     const SCircumstances circumstances;
     QSet<QString> setAway;                     ///< paths of dialogs, see IsAway
+    QSet<QString> setClosed;                   ///< paths of menus, see IsBehindMenu
     bool bMissing = false;                     ///< see ExpectMissing
     const SRecordedLine* pEntryNext = nullptr; ///< see ExpectEntry
     int nScrollDiscovered = 0;                 ///< as recorded last
