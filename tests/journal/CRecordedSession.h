@@ -33,7 +33,8 @@ struct SSessionPlan
 class CRecordedSession
 {
 public:
-    /// Takes all steps, one when the jobs of the one before are done, waits for the end of the scenario, and ends the panel.
+    /// Takes all steps, one when the jobs of the one before are done and, without a scenario, when the panel has read what came
+    /// of it; waits for the end of the scenario, and ends the panel.
     explicit CRecordedSession(const SSessionPlan& plan);
 
     QString GetFolder() const;

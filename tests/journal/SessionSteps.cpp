@@ -27,6 +27,11 @@ SSessionStep Refresh()
              [](const CPanelSession& session) { return session.CanRefresh(); } };
 }
 
+SSessionStep ClickAlpha()
+{
+    return { "alpha", [](CPanelSession& session) { session.Click("alpha"); } };
+}
+
 SSessionStep AddGroup()
 {
     return { "loose", [](CPanelSession& session) { session.PressButton("Add group"); },
@@ -75,7 +80,7 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
 std::vector<SSessionStep> SessionSteps::Selections()
 {
     return {
-        { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },
+        ClickAlpha(),
         { "beta", [](CPanelSession& session) { session.Click("beta", Qt::ControlModifier); } },
         { "loose", [](CPanelSession& session) { session.Click("loose"); } },
         { "loose", [](CPanelSession& session) { session.Press(Qt::Key_Down); } },
@@ -99,8 +104,8 @@ std::vector<SSessionStep> SessionSteps::Short()
 std::vector<SSessionStep> SessionSteps::InTheOtherPane()
 {
     std::vector<SSessionStep> vecStep(5, Refresh());
-    vecStep.insert(vecStep.begin(), { ChoosePane(true), AcceptDialogOf("Add simulators") });
-    vecStep.insert(vecStep.end(), { ChoosePane(false), { "alpha", [](CPanelSession& session) { session.Click("alpha"); } } });
+    vecStep.insert(vecStep.begin(), { ClickAlpha(), ChoosePane(true), AcceptDialogOf("Add simulators") });
+    vecStep.insert(vecStep.end(), { ChoosePane(false), ClickAlpha() });
     return vecStep;
 }
 

@@ -14,7 +14,8 @@ std::vector<SSessionStep> Selections();
 /// Some selections, a group whose id the panel makes, and a row deleted.
 std::vector<SSessionStep> Short();
 
-/// A simulator is added and the list refreshed again and again, before the user goes back to the devices.
+/// A simulator is added and the list refreshed again and again, before the user goes back to the devices. Like any user he has
+/// seen them first: until then what the panel calls depends on time.
 std::vector<SSessionStep> InTheOtherPane();
 
 /// Devices that change in bursts.

@@ -41,7 +41,8 @@ public:
     /// Clicks the rows of these names, with Control held from the second on.
     void Select(const QStringList& listName) const;
 
-    /// Runs a command and waits until the panel shows another list.
+    /// Runs a command and waits until the panel shows another list and none follows: a refresh that is on its way would undo a
+    /// click, or take an editor away.
     void AndShown(const std::function<void()>& fnCommand) const;
 
     /// A key to whatever has the focus.
