@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # ./test.sh [quick|long|--help]
 #
-#   (nothing)  everything that must hold: builds, quick tests, sanitizers, checkers, end to end; about a quarter of
-#              an hour when the compiler cache knows the sources, about twice that when it does not
+#   (nothing)  everything that must hold: builds, quick tests, sanitizers, checkers, end to end; about an hour on two
+#              cores
 #   quick      the daily round: a build, the quick tests, the layout of the sources
 #   long       everything, then for hours: stress, end to end and quick tests over and over on an overloaded machine,
 #              the rounds of years, fuzzing for an hour, random stories with the panel for two
