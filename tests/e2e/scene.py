@@ -83,6 +83,7 @@ class Scene(unittest.TestCase):
         self.assertEqual(self.kestrel.commands(after), expected)
 
 
+COLUMNS = (90, 130, 170)  # of clicks on a row: two at one place would make a double click
 SELECTED = (0x5F, 0x64, 0x6D)
 HOVERED = (0x42, 0x46, 0x4D)
 TREE = (0x1C, 0x1E, 0x21)

@@ -8,7 +8,7 @@ import re
 import desktop
 from listfile import processor, short_id
 from rows import Rows, outline_of
-from scene import HOVERED, SELECTED, Scene, small_list
+from scene import COLUMNS, HOVERED, SELECTED, Scene, small_list
 
 RATE = 20  # changes a second
 SECONDS = 240  # longer than any script takes
@@ -100,7 +100,7 @@ class Storm(Scene):
         super().setUp()
         self.rows = Rows(*self.LIST())
         self.disagreements, self.met = [], set()
-        self.columns = itertools.cycle((90, 130, 170))  # no second press at the same place: it would be a double click
+        self.columns = itertools.cycle(COLUMNS)
         self.restless = itertools.cycle((300, 304))  # where in its row the mouse is
         self.behind = self.followed = self.kestrel.mark()
         self.begun = self.steady()

@@ -5,12 +5,11 @@ import unittest
 import desktop
 import listfile
 from listfile import group, processor, short_id
-from scene import SELECTED, Scene
+from scene import COLUMNS, SELECTED, Scene
 
 GROUPS = ("Stage", "Hall", "Foyer")
 NAMES = ("Balcony", "Pit", "Grid", "Booth", "Rig A", "Rig B", "Pulpit", "Choir", "Organ", "Cloak", "Bar", "Steps",
          "Attic", "Vault", "Yard", "Gate", "Tower", "Nave", "Crypt", "Crane")
-COLUMNS = (90, 130, 170)  # of the clicks on a row: two at one place would make a double click
 
 
 def house():

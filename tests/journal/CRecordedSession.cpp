@@ -1,6 +1,7 @@
 #include "CRecordedSession.h"
 
 #include "Builders.h"
+#include "CQuiet.h"
 #include "CorvidControl/file/ListFormat.h"
 #include "CorvidControl/objects/CControlHost.h"
 #include "TestMain.h"
@@ -10,7 +11,6 @@
 #include "journal/recording/CJournalRecorder.h"
 #include "journal/recording/CJournalRing.h"
 
-#include <QElapsedTimer>
 #include <QThreadPool>
 
 namespace {
@@ -69,30 +69,6 @@ struct SRunJournal
     CJobs jobs;
 };
 
-/// Knows when nothing has been called for a while.
-class CQuiet
-{
-public:
-    explicit CQuiet(const CCallLog& logIn) : log(logIn)
-    {
-        timer.start();
-    }
-
-    bool Is()
-    {
-        constexpr int nQuietMilliseconds = 100;
-        if (std::exchange(nLast, log.GetLastNumber()) != log.GetLastNumber()) {
-            timer.start();
-        }
-        return timer.elapsed() > nQuietMilliseconds;
-    }
-
-private:
-    const CCallLog& log;
-    quint64 nLast = 0;
-    QElapsedTimer timer;
-};
-
 // What the worker has read may take from a step what it needs.
 bool IsReadyAtRest(const SSessionStep& step, const CPanelSession& session)
 {
@@ -145,7 +121,7 @@ void CRecordedSession::Record(const SSessionPlan& plan)
     CPanelSession session;
     session.fnBeforeAnswer = [&] { NoteStep(run.guard, -1); };
     pHost->StartLife();
-    CQuiet quiet(run.log);
+    CQuiet quiet([&] { return run.log.GetLastNumber(); });
     for (std::size_t n = 0; n < plan.vecStep.size(); ++n) {
         const SSessionStep& step = plan.vecStep[n];
         // Without a scenario no refresh is on its way, either, that would undo the step.

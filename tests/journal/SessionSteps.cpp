@@ -27,11 +27,6 @@ SSessionStep Refresh()
              [](const CPanelSession& session) { return session.CanRefresh(); } };
 }
 
-SSessionStep ClickAlpha()
-{
-    return { "alpha", [](CPanelSession& session) { session.Click("alpha"); } };
-}
-
 SSessionStep AddGroup()
 {
     return { "loose", [](CPanelSession& session) { session.PressButton("Add group"); },
@@ -39,6 +34,11 @@ SSessionStep AddGroup()
 }
 
 } // namespace
+
+SSessionStep SessionSteps::Click(const QString& strRow)
+{
+    return { strRow, [strRow](CPanelSession& session) { session.Click(strRow); } };
+}
 
 std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
 {
@@ -71,7 +71,7 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
               session.Answer("ButtonOk");
               session.TriggerEntry("Import");
           } },
-        { "imported", [](CPanelSession& session) { session.Click("imported"); } },
+        Click("imported"),
     };
     vecStep.insert(vecStep.end(), vecMore.begin(), vecMore.end());
     return vecStep;
@@ -80,11 +80,9 @@ std::vector<SSessionStep> SessionSteps::All(const QString& strImport)
 std::vector<SSessionStep> SessionSteps::Selections()
 {
     return {
-        ClickAlpha(),
-        { "beta", [](CPanelSession& session) { session.Click("beta", Qt::ControlModifier); } },
-        { "loose", [](CPanelSession& session) { session.Click("loose"); } },
-        { "loose", [](CPanelSession& session) { session.Press(Qt::Key_Down); } },
-        { "Stage", [](CPanelSession& session) { session.Click("Stage"); } },
+        Click("alpha"), { "beta", [](CPanelSession& session) { session.Click("beta", Qt::ControlModifier); } },
+        Click("loose"), { "loose", [](CPanelSession& session) { session.Press(Qt::Key_Down); } },
+        Click("Stage"),
     };
 }
 
@@ -104,8 +102,8 @@ std::vector<SSessionStep> SessionSteps::Short()
 std::vector<SSessionStep> SessionSteps::InTheOtherPane()
 {
     std::vector<SSessionStep> vecStep(5, Refresh());
-    vecStep.insert(vecStep.begin(), { ClickAlpha(), ChoosePane(true), AcceptDialogOf("Add simulators") });
-    vecStep.insert(vecStep.end(), { ChoosePane(false), ClickAlpha() });
+    vecStep.insert(vecStep.begin(), { Click("alpha"), ChoosePane(true), AcceptDialogOf("Add simulators") });
+    vecStep.insert(vecStep.end(), { ChoosePane(false), Click("alpha") });
     return vecStep;
 }
 

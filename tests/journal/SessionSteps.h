@@ -5,6 +5,9 @@
 /// Sessions that tests record.
 namespace SessionSteps {
 
+/// A click on the row of that name.
+SSessionStep Click(const QString& strRow);
+
 /// Everything that a user does with the list; a file to import is at strImport.
 std::vector<SSessionStep> All(const QString& strImport);
 

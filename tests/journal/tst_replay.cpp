@@ -285,10 +285,10 @@ private slots:
 
     void aMaskedRecordingPlays()
     {
-        const CRecordedSession recorded({ { { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },
-                                            { "loose", [](CPanelSession& session) { session.PressButton("Add group"); } } },
-                                          {},
-                                          true });
+        const CRecordedSession recorded(
+            { { SessionSteps::Click("alpha"), { "loose", [](CPanelSession& session) { session.PressButton("Add group"); } } },
+              {},
+              true });
         const CRecordedRun run = Replays::Read(recorded);
         QVERIFY(run.IsMasked());
 

@@ -53,6 +53,16 @@ QJsonObject MakeQuestion(double dNumber, const QUuid& id)
     return line;
 }
 
+/// The worker has read at first what the last step selects, and the tool bar asks something before, which it does not do again.
+/// Returns the place of that step's command.
+int LetReadBefore(CEditedRecording& recording)
+{
+    const int nAt = recording.Find("SetSelectedNodes", recording.FindLast("step"));
+    recording.listLine[recording.Find("GetSelectedNodes")]["result"] = recording.listLine[nAt]["args"].toArray().at(0);
+    recording.listLine.insert(nAt, MakeQuestion(recording.listLine[nAt]["n"].toDouble() - 1, QUuid()));
+    return nAt + 1;
+}
+
 /// As it is before it is edited, without gaps.
 void NumberAsBefore(CEditedRecording& recording)
 {
@@ -224,19 +234,12 @@ private slots:
     void aCommandThatSelectsWhatWasReadBeforeIsTheUsersOwn()
     {
         QFETCH(bool, bHandedBack);
-        const std::vector<SSessionStep> vecClick{
-            { "loose", [](CPanelSession& session) { session.Click("loose"); } },
-            { "alpha", [](CPanelSession& session) { session.Click("alpha"); } },
-        };
         const CRecordedSession recorded(SSessionPlan{ vecClick });
         CEditedRecording edited(recorded.GetFolder());
-        const int nAt = edited.Find("SetSelectedNodes", edited.FindLast("step"));
-        edited.listLine[edited.Find("GetSelectedNodes")]["result"] = edited.listLine[nAt]["args"].toArray().at(0);
-        const double dBefore = edited.listLine[nAt]["n"].toDouble() - 1;
-        edited.listLine.insert(nAt, MakeQuestion(dBefore, QUuid())); // does not come
-        if (bHandedBack) {                                           // nor does this
+        const int nAt = LetReadBefore(edited);
+        if (bHandedBack) { // which does not come
             const int nLock = edited.Find("IsSimulatorPane", nAt);
-            QJsonObject again = edited.listLine[nAt + 1];
+            QJsonObject again = edited.listLine[nAt];
             again["n"] = edited.listLine[nLock]["n"].toDouble() + 1;
             edited.listLine.insert(nLock + 1, again);
         }
@@ -249,8 +252,28 @@ private slots:
         QCOMPARE(replayed.GetText(), recorded.GetText());
     }
 
+    void whatIsHandedBackBeforeAStepIsNotItsCommand()
+    {
+        const CRecordedSession recorded(SSessionPlan{ vecClick });
+        CEditedRecording edited(recorded.GetFolder());
+        const int nAt = LetReadBefore(edited);
+        const QUuid idSelected(edited.listLine[nAt]["args"].toArray().at(0).toArray().at(0).toString());
+
+        CReplayedSession replayed;
+        replayed.nMostWait = 1000;
+        replayed.fnBefore = [&](CReplayLibrary& library, const SRecordedLine& line) {
+            if (line.fields.value("step") == 1) {
+                (*library.GetPointers().ppRuntime)->SetSelectedNodes({ idSelected });
+            }
+        };
+        replayed.Play(edited.Read(), { vecClick.front(), { {}, [](CPanelSession&) { } } });
+
+        QVERIFY2(replayed.GetFault().startsWith("The panel did not call SetSelectedNodes"), qPrintable(replayed.GetFault()));
+    }
+
 private:
     const std::vector<SSessionStep> vecStep = SessionSteps::Short();
+    const std::vector<SSessionStep> vecClick{ SessionSteps::Click("loose"), SessionSteps::Click("alpha") };
     std::unique_ptr<CRecordedSession> pRecorded;
 };
 

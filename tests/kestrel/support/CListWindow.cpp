@@ -1,6 +1,7 @@
 #include "CListWindow.h"
 
 #include "CMenuDriver.h"
+#include "CQuiet.h"
 #include "Kestrel/player/PanelAccess.h"
 #include "TestMain.h"
 #include "interfaces/control/CorvidControl.h"
@@ -12,7 +13,6 @@
 #include <QContextMenuEvent>
 #include <QDataStream>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -20,13 +20,10 @@
 #include <QStatusBar>
 #include <QTreeView>
 
-#include <utility>
-
 namespace {
 
 constexpr int nWalls = 4;
 constexpr int nDoors = 3;
-constexpr int nRestMilliseconds = 100; ///< longer than refreshes of one command are apart
 
 /// The handler of drops, which is protected; the call is virtual.
 class CDropAccess : public QTreeView
@@ -128,16 +125,8 @@ void CListWindow::AndShown(const std::function<void()>& fnCommand) const
     const QSignalSpy spyRows(Tree()->model(), &QAbstractItemModel::rowsInserted);
     fnCommand();
     QTRY_VERIFY(!spyRows.isEmpty());
-    QElapsedTimer timer;
-    timer.start();
-    int nSeen = 0;
-    const auto isAtRest = [&] {
-        if (std::exchange(nSeen, spyRows.size()) != spyRows.size()) {
-            timer.start();
-        }
-        return timer.hasExpired(nRestMilliseconds);
-    };
-    QTRY_VERIFY(isAtRest());
+    CQuiet quiet([&] { return static_cast<quint64>(spyRows.size()); });
+    QTRY_VERIFY(quiet.Is());
 }
 
 void CListWindow::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
